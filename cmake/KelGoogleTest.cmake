@@ -1,0 +1,18 @@
+# Gives GTest::gtest: the installed library, or, for another target than this machine, one built from the sources that
+# Debian's libgtest-dev brings along. Nothing is fetched.
+
+if(CMAKE_CROSSCOMPILING)
+  set(KEL_GTEST_SORGENTI /usr/src/googletest/googletest CACHE PATH "GoogleTest's sources, for cross builds")
+  if(NOT EXISTS ${KEL_GTEST_SORGENTI}/src/gtest-all.cc)
+    message(FATAL_ERROR "No GoogleTest sources in ${KEL_GTEST_SORGENTI}: install libgtest-dev, "
+      "set KEL_GTEST_SORGENTI, or configure with -DKEL_BUILD_TESTS=OFF")
+  endif()
+  find_package(Threads REQUIRED)
+  add_library(kel_gtest STATIC EXCLUDE_FROM_ALL ${KEL_GTEST_SORGENTI}/src/gtest-all.cc)
+  target_compile_features(kel_gtest PUBLIC cxx_std_14)
+  target_include_directories(kel_gtest SYSTEM PUBLIC ${KEL_GTEST_SORGENTI}/include PRIVATE ${KEL_GTEST_SORGENTI})
+  target_link_libraries(kel_gtest PUBLIC Threads::Threads)
+  add_library(GTest::gtest ALIAS kel_gtest)
+else()
+  find_package(GTest REQUIRED)
+endif()
