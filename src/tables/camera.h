@@ -1,0 +1,41 @@
+// Rules of the camera tables.
+#ifndef KEL_TABLES_CAMERA_H
+#define KEL_TABLES_CAMERA_H
+
+#include "kelfunzioni.h"
+#include "tables/invarianti.h"
+
+namespace kel {
+
+// Whether the camera shows the extended function of a parameter code. Only the families 0xB0nn and 0xE0nn can be shown;
+// of these the first twenty may be hidden one by one: time, date, clock and status, predictive time, the other odometers.
+constexpr bool estesa_visibile(int codice) {
+    constexpr unsigned nascoste = 1u << 7 | 1u << 8 | 1u << 9 | 1u << 10 | 1u << 11 | 1u << 17 | 1u << 18 | 1u << 19;
+    const unsigned famiglia = static_cast<unsigned>(codice) & 0xFF00u;
+    const unsigned numero = static_cast<unsigned>(codice) & 0xFFu;
+    if (famiglia != 0xB000u && famiglia != 0xE000u)
+        return false;
+    return numero >= 20 || (nascoste >> numero & 1u) == 0;
+}
+
+// -1 is no code, and may stand more than once.
+template <std::size_t N>
+constexpr bool codici_unici(const t_SFunzioneZumikoCam (&tabella)[N]) {
+    for (std::size_t i = 0; i < N; ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            if (tabella[i].codice != -1 && tabella[i].codice == tabella[j].codice)
+                return false;
+    return true;
+}
+
+template <std::size_t N>
+constexpr bool testi_in_misura(const t_SFunzioneZumikoCam (&tabella)[N]) {
+    for (const t_SFunzioneZumikoCam& riga : tabella)
+        if (!ascii(riga.udm, 6) || !ascii(riga.breve, 4) || !ascii(riga.testo, 16) || !ascii(riga.id, 24))
+            return false;
+    return true;
+}
+
+}  // namespace kel
+
+#endif

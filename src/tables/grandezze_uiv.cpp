@@ -1,0 +1,157 @@
+// The quantity table: for each quantity, and for the objects that differ from the rest of it, the names, the units and the
+// position variants.
+//
+// A look-up takes the first row of the quantity that has the object or no object, so the rows of particular objects stand
+// before the generic row of their quantity. The diagnostic number of lambda stands apart from the other row of its
+// quantity: rows of one quantity are not always neighbours.
+#include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
+#include "tables/invarianti.h"
+
+namespace kel {
+namespace {
+
+// The counts are taken from the arrays.
+template <std::size_t NumUdm>
+constexpr s_grandezza_fisica_uiv riga(kel_funpos chiave, const char* breve, const char* testo,
+                                      const s_udm_associata (&udm)[NumUdm]) {
+    return {chiave, breve, testo, static_cast<int>(NumUdm), udm, 0, nullptr};
+}
+
+template <std::size_t NumUdm, std::size_t NumVarianti>
+constexpr s_grandezza_fisica_uiv riga(kel_funpos chiave, const char* breve, const char* testo,
+                                      const s_udm_associata (&udm)[NumUdm],
+                                      const s_variante_posizione (&varianti)[NumVarianti]) {
+    return {chiave, breve, testo, static_cast<int>(NumUdm), udm, static_cast<int>(NumVarianti), varianti};
+}
+
+}  // namespace
+}  // namespace kel
+
+using kel::fid;
+using kel::riga;
+
+// clang-format off
+extern "C" {
+
+//       quantity, object                                       short   name                 units                     variants
+constexpr s_grandezza_fisica_uiv uib_grandezza_fisica_uiv[] = {
+    riga(fid(FID_PHI_PERCENT, FID_OBJ_BRAKE_LOAD),              "X",    "Pct Brake Load",    pct_udm_associate),
+    riga(fid(FID_PHI_PERCENT, FID_OBJ_ENGINE_LOAD),             "X",    "Pct Engine Load",   pct_udm_associate),
+    riga(fid(FID_PHI_PERCENT, FID_OBJ_THROTTLE_LOAD),           "X",    "Pct Throttle Load", pct_udm_associate),
+    riga(fid(FID_PHI_PERCENT),                                  "X",    "Percent",           pct_udm_associate),
+    riga(fid(FID_PHI_PERCENT_SEC_RATIO, FID_OBJ_BRAKE_LOAD),    "Xs",   "Rate Brake Load",   pct_sec_udm_associate),
+    riga(fid(FID_PHI_PERCENT_SEC_RATIO, FID_OBJ_ENGINE_LOAD),   "Xs",   "Rate Engine Load",  pct_sec_udm_associate),
+    riga(fid(FID_PHI_PERCENT_SEC_RATIO, FID_OBJ_THROTTLE_LOAD), "Xs",   "Rate Thrtle Load",  pct_sec_udm_associate),
+    riga(fid(FID_PHI_PERCENT_SEC_RATIO),                        "Xs",   "Rate",              pct_sec_udm_associate),
+    riga(fid(FID_PHI_ACCELERATION, FID_OBJ_X),                  "G",    "Inline Accel",      g_udm_associate),
+    riga(fid(FID_PHI_ACCELERATION, FID_OBJ_Y),                  "G",    "Lateral Accel",     g_udm_associate),
+    riga(fid(FID_PHI_ACCELERATION, FID_OBJ_Z),                  "G",    "Vertical Accel",    g_udm_associate),
+    riga(fid(FID_PHI_ACCELERATION, FID_OBJ_HORIZONTAL_PLANE),   "G",    "GSum",              g_udm_associate),
+    riga(fid(FID_PHI_ACCELERATION),                             "G",    "Acceleration",      g_udm_associate),
+    riga(fid(FID_PHI_ANGLE),                                    "A",    "Angle",             deg_udm_associate),
+    riga(fid(FID_PHI_ANGLE_SEC_RATIO, FID_OBJ_X),               "As",   "Roll Rate",         gyro_udm_associate),
+    riga(fid(FID_PHI_ANGLE_SEC_RATIO, FID_OBJ_Y),               "As",   "Pitch Rate",        gyro_udm_associate),
+    riga(fid(FID_PHI_ANGLE_SEC_RATIO, FID_OBJ_Z),               "As",   "Yaw Rate",          gyro_udm_associate),
+    riga(fid(FID_PHI_ANGLE_SEC_RATIO),                          "As",   "Ang Velocity",      deg_sec_udm_associate),
+    riga(fid(FID_PHI_CODE, FID_OBJ_GEAR),                       "GeaN", "Gear",              code_udm_associate),
+    riga(fid(FID_PHI_CODE, FID_OBJ_ERROR),                      "ErrN", "Error Code",        code_udm_associate),
+    riga(fid(FID_PHI_CODE),                                     "N",    "Code",              code_udm_associate),
+    riga(fid(FID_PHI_NUMBER, FID_OBJ_LAMBDA),                   "LDgn", "Lambda Diagn",      code_udm_associate),
+    riga(fid(FID_PHI_COORDINATE, FID_OBJ_LATITUDE),             "La",   "Latitude",          coord_lat_udm_associate),
+    riga(fid(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE),            "Lo",   "Longitude",         coord_lon_udm_associate),
+    riga(fid(FID_PHI_COORDINATE, FID_OBJ_ALTITUDE),             "Al",   "Altitude",          coord_alt_udm_associate),
+    riga(fid(FID_PHI_COORDINATE),                               "C",    "Coordinate",        coord_udm_associate),
+    riga(fid(FID_PHI_DISTANCE),                                 "D",    "Distance",          m_udm_associate),
+    riga(fid(FID_PHI_FREQUENCY),                                "F",    "Frequency",         Hz_udm_associate),
+    riga(fid(FID_PHI_MASS_SEC_RATIO, FID_OBJ_AIR),              "Ms",   "Air Mass Flow",     kg_sec_udm_associate),
+    riga(fid(FID_PHI_MASS_SEC_RATIO),                           "Ms",   "Mass Flow",         kg_sec_udm_associate),
+    riga(fid(FID_PHI_NUMBER),                                   "N",    "Number",            hash_udm_associate),
+    riga(fid(FID_PHI_POSITION),                                 "P",    "Position",          pos_udm_associate),
+    riga(fid(FID_PHI_POWER),                                    "Pw",   "Power",             kW_sec_udm_associate),
+    riga(fid(FID_PHI_PRESSURE, FID_OBJ_OIL),                    "OP",   "Oil Pressure",      bar_oil_udm_associate),
+    riga(fid(FID_PHI_PRESSURE, FID_OBJ_BRAKE_FLUID),            "BP",   "Brake Press",       bar_brake_udm_associate,  z4_pres_brk),
+    riga(fid(FID_PHI_PRESSURE),                                 "P",    "Pressure",          bar_udm_associate),
+    riga(fid(FID_PHI_RPM),                                      "R",    "RPM",               rpm_udm_associate),
+    riga(fid(FID_PHI_SPEED),                                    "S",    "Speed",             kmh_udm_associate,        z4_speed),
+    riga(fid(FID_PHI_TEMPERATURE),                              "T",    "Temperature",       C_udm_associate),
+    riga(fid(FID_PHI_TIME, FID_OBJ_LAP),                        "lt",   "Lap Time",          time_udm_associate),
+    riga(fid(FID_PHI_TIME, FID_OBJ_STATUS_OFF),                 "of",   "Time",              s_udm_associate,          z4_time_off),
+    riga(fid(FID_PHI_TIME, FID_OBJ_RUNNING_LAP),                "lt",   "Time",              time_udm_associate),
+    riga(fid(FID_PHI_TIME, FID_OBJ_PREDICTIVE),                 "lt",   "Time",              time_udm_associate),
+    riga(fid(FID_PHI_TIME, FID_OBJ_PREDICTIVE_VS_BEST_DIFF),    "lt",   "Time",              time_udm_associate),
+    riga(fid(FID_PHI_TIME, FID_OBJ_PREDICTIVE_VS_PREC_DIFF),    "lt",   "Time",              time_udm_associate),
+    riga(fid(FID_PHI_TIME, FID_OBJ_PREDICTIVE_VS_REF_DIFF),     "lt",   "Time",              time_udm_associate),
+    riga(fid(FID_PHI_TIME),                                     "t",    "Time",              ms_udm_associate),
+    riga(fid(FID_PHI_TORQUE),                                   "Tr",   "Torque",            Nm_udm_associate),
+    riga(fid(FID_PHI_VELOCITY),                                 "Ve",   "Velocity",          kmh_vel_udm_associate,    z4_velocity),
+    riga(fid(FID_PHI_VOLTAGE, FID_OBJ_BATTERY),                 "BV",   "Battery Voltage",   battery_udm_associate),
+    riga(fid(FID_PHI_VOLTAGE),                                  "V",    "Voltage",           mV_udm_associate),
+    riga(fid(FID_PHI_VOLUME, FID_OBJ_FUEL),                     "FL",   "Fuel Level",        l_udm_associate),
+    riga(fid(FID_PHI_VOLUME),                                   "v",    "Volume",            l_udm_associate),
+    riga(fid(FID_PHI_VOLUME_LAP_PRODUCT),                       "vl",   "Volume in lap",     l_lap_udm_associate),
+    riga(fid(FID_PHI_VOLUME_SEC_RATIO),                         "vs",   "Volume Flow",       l_sec_udm_associate),
+    riga(fid(FID_PHI_DATE),                                     "dt",   "Date",              date_udm_associate),
+    riga(fid(FID_PHI_PACKAGE),                                  "pc",   "Pckg",              pckt_udm_associate),
+    riga(fid(FID_PHI_CURRENT),                                  "C",    "Current",           A_udm_associate),
+    riga(fid(FID_PHI_RPM_SEC),                                  "Rs",   "RPM on sec",        rpm_s_udm_associate),
+    riga(fid(FID_PHI_LAMBDA, FID_OBJ_ENGINE_OUTPUT),            "Lb",   "Lambda",            lambda_udm_associate),
+    riga(fid(FID_PHI_LAMBDA, FID_OBJ_LAMBDA),                   "Lb",   "Lambda",            lambda_udm_associate),
+    riga(fid(FID_PHI_LAMBDA, FID_OBJ_RATIO),                    "AFR",  "AFR",               afr_udm_associate,        z4_num_lambda),
+    riga(fid(FID_PHI_LAMBDA),                                   "Lb",   "Lambda",            lambda_tot_udm_associate),
+    riga(fid(FID_PHI_GEAR, FID_OBJ_GEAR),                       "GeaN", "Gear",              gear_udm_associate),
+    riga(fid(FID_PHI_GEAR),                                     "GeaN", "Generic Gear",      gear_udm_associate),
+    {kel::fine_grandezze, "", "", 0, nullptr, 0, nullptr},
+};
+
+}  // extern "C"
+// clang-format on
+
+namespace kel {
+
+static_assert(fine_solo_in_fondo(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave),
+              "the end row is last and only last");
+static_assert(chiavi_uniche(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave), "a key selects one row");
+static_assert(chiavi_note(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave),
+              "keys have values with descriptors");
+
+constexpr bool chiavi_di_grandezza_e_oggetto() {
+    for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
+        if (riga.chiave >> FID_SHIFT_POS != 0)
+            return false;
+    return true;
+}
+static_assert(chiavi_di_grandezza_e_oggetto(), "only quantity and object select a row");
+
+constexpr bool particolari_prima_della_generica() {
+    for (const s_grandezza_fisica_uiv& generica : uib_grandezza_fisica_uiv) {
+        if (kelFidOggetto(generica.chiave) != 0)
+            continue;
+        for (const s_grandezza_fisica_uiv* dopo = &generica + 1; dopo != std::end(uib_grandezza_fisica_uiv); ++dopo)
+            if (kelFidGrandezza(dopo->chiave) == kelFidGrandezza(generica.chiave))
+                return false;
+    }
+    return true;
+}
+static_assert(particolari_prima_della_generica(), "a row behind its quantity's generic row would never be found");
+
+constexpr bool generica_per_ogni_grandezza() {
+    for (unsigned grandezza = 0; grandezza <= FID_PHI_GEAR; ++grandezza) {
+        bool trovata = false;
+        for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
+            trovata = trovata || riga.chiave == grandezza;
+        if (trovata == (grandezza == FID_PHI_UNDEFINED || grandezza == FID_PHI_CUSTOM))
+            return false;
+    }
+    return true;
+}
+static_assert(generica_per_ogni_grandezza(), "all quantities but the undefined and the custom one have a generic row");
+
+constexpr bool testi_in_misura() {
+    for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
+        if (!ascii(riga.breve, 4) || !ascii(riga.testo, 17))
+            return false;
+    return true;
+}
+static_assert(testi_in_misura(), "texts are ASCII and fit their fields");
+
+}  // namespace kel

@@ -1,0 +1,74 @@
+// Choices of a side or of in/out, as position variants offer them.
+#include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
+#include "tables/invarianti.h"
+
+namespace {
+
+constexpr uint32_t davanti = kel::davanti_dietro(FID_FRONTREAR_FRONT);
+constexpr uint32_t dietro = kel::davanti_dietro(FID_FRONTREAR_REAR);
+constexpr uint32_t sinistra = kel::destra_sinistra(FID_LEFTRIGHT_LEFT);
+constexpr uint32_t destra = kel::destra_sinistra(FID_LEFTRIGHT_RIGHT);
+
+}  // namespace
+
+// clang-format off
+extern "C" {
+
+// In/out: the key is the field's value. This list counts In as 1 and Out as 2, unlike the field itself and the list
+// below; nothing in the library refers to it, and the programs that read it know its numbers.
+//   key  short text
+constexpr s_scelta_fid ios_completo[] = {
+    {1,   "I",  "In"},
+    {2,   "O",  "Out"},
+    {3,   "C",  "Center"},
+};
+
+//   key             short text
+constexpr s_scelta_fid ios_solo_inout[] = {
+    {FID_INOUT_OUT,  "O",  "Out"},
+    {FID_INOUT_IN,   "I",  "In"},
+};
+
+// Sides: the key holds the bits to set in the identifier. Nothing in the library refers to the first list.
+//   key       short  text
+constexpr s_scelta_fid udfrlrs_solo_fr[] = {
+    {davanti,  "Fr",  "Front"},
+    {dietro,   "Re",  "Rear"},
+};
+
+//   key                  short    text
+constexpr s_scelta_fid udfrlrs_solo_frlr[] = {
+    {davanti,             "Fr",    "Front"},
+    {davanti | sinistra,  "FrLe",  "Front Left"},
+    {davanti | destra,    "FrRi",  "Front Right"},
+    {dietro | sinistra,   "ReLe",  "Rear Left"},
+    {dietro | destra,     "ReRi",  "Rear Right"},
+    {dietro,              "Re",    "Rear"},
+};
+
+}  // extern "C"
+// clang-format on
+
+namespace kel {
+
+template <std::size_t N>
+constexpr bool scelte_distinte(const s_scelta_fid (&tabella)[N], uint32_t bit_ammessi) {
+    for (std::size_t i = 0; i < N; ++i) {
+        if (tabella[i].chiave == 0 || (tabella[i].chiave & ~bit_ammessi) != 0)
+            return false;
+        if (!ascii(tabella[i].breve, 4) || !ascii(tabella[i].testo, 11))
+            return false;
+        for (std::size_t j = 0; j < i; ++j)
+            if (tabella[i].chiave == tabella[j].chiave)
+                return false;
+    }
+    return true;
+}
+
+constexpr uint32_t bit_laterali = kelFidLati(FID_MASK_LEFTRIGHT, FID_MASK_FRONTREAR, 0);
+static_assert(scelte_distinte(ios_completo, FID_MASK_INOUT), "keys are values of the in/out field, each once");
+static_assert(scelte_distinte(ios_solo_inout, FID_MASK_INOUT), "keys are values of the in/out field, each once");
+static_assert(scelte_distinte(udfrlrs_solo_fr, bit_laterali), "keys are side bits in their place, each once");
+static_assert(scelte_distinte(udfrlrs_solo_frlr, bit_laterali), "keys are side bits in their place, each once");
+
+}  // namespace kel
