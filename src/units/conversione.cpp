@@ -1,0 +1,31 @@
+// Conversions into a unit and between two units.
+#include <cstring>
+
+#include "aritmetica.h"
+#include "kelfunzioni.h"
+#include "units/grandezza.h"
+
+const s_converter_data* kelFunGetConvData(kel_funpos fid, const char* udm) noexcept {
+    const s_grandezza_fisica_uiv* grandezza = kel::cerca_grandezza(fid);
+    if (udm == nullptr || grandezza == nullptr)
+        return &NULL_udm_associate[0].dati;
+    const s_udm_associata* riga = kel::cerca_udm(*grandezza, udm);
+    return riga != nullptr ? &riga->dati : &grandezza->udm[0].dati;
+}
+
+s_converter_data kelFunGetConvDatas(kel_funpos fid, const char* udmDa, const char* udmA) noexcept {
+    constexpr s_converter_data identita = {"", 0.0f, 1.0f, 0};
+    const s_grandezza_fisica_uiv* grandezza = kel::cerca_grandezza(fid);
+    if (grandezza == nullptr || std::strcmp(udmDa, udmA) == 0)
+        return identita;
+    const s_udm_associata* da = kel::cerca_udm(*grandezza, udmDa);
+    const s_udm_associata* a = kel::cerca_udm(*grandezza, udmA);
+    if (da == nullptr || a == nullptr)
+        return identita;
+
+    // The result carries no reciprocal flag: between a speed and a pace it is the plain linear conversion.
+    s_converter_data conversione = identita;
+    conversione.gain = a->dati.gain / da->dati.gain;
+    conversione.offset = a->dati.offset - (a->dati.gain * da->dati.offset) / da->dati.gain;
+    return conversione;
+}
