@@ -1,0 +1,20 @@
+#include "converters/decoder_coordinata.h"
+
+#include <cstdint>
+
+#include "converters/lettura.h"
+#include "converters/scrittura.h"
+#include "converters/stato.h"
+
+namespace kel {
+
+// Degrees and fraction are printed each with its own sign: -12.3456789 shows as "-12.-3456789". Clients parse it so.
+void testo_coordinata(s_kel_converter*, const void* campione, char* testo) noexcept {
+    constexpr int unita_per_grado = 10000000;
+    const auto grezzo = leggi<int32_t>(campione);
+    if (stato_riservato(grezzo) != 0)
+        return;
+    Scrittore(testo).con_spazi(grezzo / unita_per_grado).testo(".").con_zeri(grezzo % unita_per_grado, 7);
+}
+
+}  // namespace kel

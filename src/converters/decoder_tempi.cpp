@@ -1,0 +1,105 @@
+#include "converters/decoder_tempi.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+#include "converters/lettura.h"
+#include "converters/scrittura.h"
+
+namespace kel {
+namespace {
+
+// A time split for display. The parts of a negative time are negative.
+struct Tempo {
+    int ore = 0;
+    int minuti;
+    int secondi;
+    int centesimi;
+
+    explicit Tempo(int32_t millisecondi) noexcept
+        : minuti(millisecondi / 60000),
+          secondi(millisecondi % 60000 / 1000),
+          centesimi((millisecondi - secondi * 1000) / 10 % 100) {
+        if (minuti >= 60) {
+            ore = minuti / 60;
+            minuti %= 60;
+        }
+    }
+};
+
+bool compatto(const s_kel_converter* conv) noexcept {
+    return conv->larghezza == 5;
+}
+bool ai_decimi(const s_kel_converter* conv) noexcept {
+    return conv->decimali == 1;
+}
+
+// " 1:23.4"
+void minuti_e_decimi(Scrittore& testo, const Tempo& tempo) noexcept {
+    testo.con_spazi(tempo.minuti, 2).testo(":").con_zeri(tempo.secondi, 2).testo(".").con_spazi(tempo.centesimi / 10);
+}
+
+// " 1:02:03"; but for the tenths form, hours keep their last two digits only.
+void ore_minuti_secondi(Scrittore& testo, const Tempo& tempo, int ore) noexcept {
+    testo.con_spazi(ore, 2).testo(":").con_zeri(tempo.minuti, 2).testo(":").con_zeri(tempo.secondi, 2);
+}
+
+void tempo_normale(Scrittore& testo, const Tempo& tempo, bool decimi) noexcept {
+    if (tempo.ore >= 1)
+        ore_minuti_secondi(testo, tempo, decimi ? tempo.ore : tempo.ore % 100);
+    else if (decimi)
+        minuti_e_decimi(testo, tempo);
+    else
+        testo.con_spazi(tempo.minuti, 2).testo(":").con_zeri(tempo.secondi, 2).testo(".").con_zeri(tempo.centesimi, 2);
+}
+
+// As many figures as five places hold; from one hour on a point stands before the seconds.
+void tempo_compatto(Scrittore& testo, const Tempo& tempo, bool decimi) noexcept {
+    if (tempo.ore > 9)
+        testo.con_spazi(tempo.ore, 3).testo(":").con_zeri(tempo.minuti, 2);
+    else if (tempo.ore >= 1)
+        testo.con_spazi(tempo.ore).testo(":").con_zeri(tempo.minuti, 2).testo(".").con_zeri(tempo.secondi, 2);
+    else if (decimi || tempo.minuti > 9)
+        minuti_e_decimi(testo, tempo);
+    else
+        testo.con_spazi(tempo.minuti).testo(":").con_zeri(tempo.secondi, 2).testo(".").con_zeri(tempo.centesimi, 2);
+}
+
+}  // namespace
+
+void testo_tempo_giro(s_kel_converter* conv, const void* campione, char* testo) noexcept {
+    const Tempo tempo(leggi<int32_t>(campione));
+    Scrittore scrittore(testo);
+    if (compatto(conv))
+        tempo_compatto(scrittore, tempo, ai_decimi(conv));
+    else
+        tempo_normale(scrittore, tempo, ai_decimi(conv));
+}
+
+// Only seconds and hundredths: a difference of a minute or more has no meaning on a lap.
+void testo_differenza_tempo(s_kel_converter* conv, const void* campione, char* testo) noexcept {
+    const auto millisecondi = leggi<int32_t>(campione);
+    const Tempo tempo(millisecondi);
+    const bool negativo = millisecondi < 0;
+    Scrittore scrittore(testo);
+    if (compatto(conv))
+        scrittore.testo(negativo ? "-" : " ");
+    else
+        scrittore.testo(negativo ? " -" : " +");
+    scrittore.con_spazi(std::abs(tempo.secondi), 2).testo(".").con_zeri(std::abs(tempo.centesimi), 2);
+}
+
+void testo_tempo_pacchetto(s_kel_converter*, const void* campione, char* testo) noexcept {
+    const Tempo tempo(leggi<int32_t>(campione, 4));
+    Scrittore scrittore(testo);
+    if (tempo.ore >= 1)
+        ore_minuti_secondi(scrittore, tempo, tempo.ore % 100);
+    else
+        scrittore.con_spazi(tempo.minuti, 2)
+            .testo(":")
+            .con_zeri(tempo.secondi, 2)
+            .testo(".")
+            .con_zeri(tempo.centesimi * 10, 3);
+}
+
+}  // namespace kel

@@ -1,0 +1,58 @@
+#include "converters/mezzo_float.h"
+
+#include <bit>
+
+#include "aritmetica.h"
+#include "kelfunzioni.h"
+
+namespace kel {
+namespace {
+
+constexpr uint32_t infinito_float = 0x7F800000;
+constexpr int bit_frazione_tolti = 13;         // 23 fraction bits of a float, 10 of a 16-bit float
+constexpr uint32_t passo_bias = 0x1C000;       // (127 - 15) << 10: from one exponent bias to the other
+constexpr uint32_t inizio_infiniti = 0x23C00;  // exponent 31 + 112, fraction 0, on 10 fraction bits
+constexpr uint32_t primo_normale = 1u << 10;   // smallest pattern with a non-zero exponent
+
+}  // namespace
+
+uint32_t espandi_mezzo(uint32_t mezzo) noexcept {
+    const uint32_t segno = (mezzo & 0x8000) << 16;
+    uint32_t modulo = mezzo & 0x7FFF;
+    if (modulo < primo_normale)  // zero or subnormal: fraction times 2^-24, exact in single precision
+        return segno | std::bit_cast<uint32_t>(static_cast<float>(modulo) * 0x1p-24f);
+    modulo += passo_bias;
+    if (modulo >= inizio_infiniti)  // infinity or NaN: on to exponent 255
+        modulo += passo_bias;
+    return segno | modulo << bit_frazione_tolti;
+}
+
+uint32_t comprimi_mezzo(uint32_t bit_float) noexcept {
+    constexpr uint32_t normale_minimo = 0x38800000;  // 2^-14
+    constexpr uint32_t massimo = 0x477FE000;         // 65504
+    constexpr uint32_t nan_minimo = 0x7F802000;      // the smallest NaN of which a fraction bit is kept
+    const uint32_t segno = bit_float >> 16 & 0x8000;
+    uint32_t modulo = bit_float & 0x7FFFFFFF;
+    if (modulo < normale_minimo)  // 2^37 = 2^24 * 2^13: the subnormal's fraction, where the shift below expects it
+        modulo = static_cast<uint32_t>(std::bit_cast<float>(modulo) * 0x1p37f);
+    else if (modulo > massimo && modulo < infinito_float)
+        modulo = infinito_float;  // never rounded down to 65504
+    else if (modulo > infinito_float && modulo < nan_minimo)
+        modulo = nan_minimo;
+    modulo >>= bit_frazione_tolti;  // truncates: a value never grows
+    if (modulo >= inizio_infiniti)
+        modulo -= passo_bias;
+    if (modulo >= primo_normale)
+        modulo -= passo_bias;
+    return (segno | modulo) & 0xFFFF;
+}
+
+}  // namespace kel
+
+unsigned kelF16compress(unsigned bit_float) noexcept {
+    return kel::comprimi_mezzo(bit_float);
+}
+
+unsigned kelF16decompress(unsigned mezzo) noexcept {
+    return kel::espandi_mezzo(mezzo);
+}
