@@ -1,0 +1,60 @@
+// Lap times and lap numbers as text.
+//
+// Every number is written as unsigned, so that negative times give the large numbers that clients compare with.
+#include <charconv>
+#include <cstdint>
+
+#include "CLaptimeAndStrings.h"
+
+namespace {
+
+// Digits, padded on the left with `riempimento` to at least `larghezza` characters.
+template <typename Numero>
+char* scrivi(char* dove, Numero numero, int larghezza, char riempimento) {
+    constexpr int cifre_massime = 11;  // "-2147483648", "4294967295"
+    char cifre[cifre_massime] = {};
+    const char* fine = std::to_chars(cifre, cifre + cifre_massime, numero).ptr;
+    for (int mancanti = larghezza - static_cast<int>(fine - cifre); mancanti > 0; --mancanti)
+        *dove++ = riempimento;
+    for (const char* cifra = cifre; cifra != fine; ++cifra)
+        *dove++ = *cifra;
+    return dove;
+}
+
+constexpr int byte_tempo = 10 + 1 + 10 + 1 + 2;  // "4294967295:4294967295:59": more than any time needs
+
+char* scrivi_tempo(char* dove, int millisecondi) {
+    constexpr int millisecondi_ora = 3600000;
+    const int ore = millisecondi / millisecondi_ora;
+    const auto resto = static_cast<std::uint32_t>(millisecondi - ore * millisecondi_ora);
+    const std::uint32_t minuti = resto / 60000;
+    const std::uint32_t secondi = resto % 60000 / 1000;
+    if (ore != 0) {
+        dove = scrivi(dove, static_cast<std::uint32_t>(ore), 0, ' ');
+        *dove++ = ':';
+        dove = scrivi(dove, minuti, 2, '0');
+        *dove++ = ':';
+        return scrivi(dove, secondi, 2, '0');
+    }
+    dove = scrivi(dove, minuti, 0, ' ');
+    *dove++ = ':';
+    dove = scrivi(dove, secondi, 2, '0');
+    *dove++ = '.';
+    return scrivi(dove, resto % 1000, 3, '0');
+}
+
+}  // namespace
+
+std::string CLaptimeAndStrings::LapTimeToStringa(int lapTime) {
+    char testo[byte_tempo];
+    return {testo, scrivi_tempo(testo, lapTime)};
+}
+
+std::string CLaptimeAndStrings::LapNumAndTimeToStringa(int lapNum, int lapTime) {
+    constexpr int byte_numero = 11 + 3;  // "-2147483648 - "
+    char testo[byte_numero + byte_tempo];
+    char* fine = scrivi(testo, lapNum, 3, ' ');
+    for (const char c : {' ', '-', ' '})
+        *fine++ = c;
+    return {testo, scrivi_tempo(fine, lapTime)};
+}
