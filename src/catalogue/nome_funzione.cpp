@@ -1,0 +1,101 @@
+// The long name of a function: a readable phrase, from the tables or composed from the fields.
+#include "CFunzioni.h"
+
+namespace {
+
+// The name that a table keyed by whole identifiers has for a function; null when it has none.
+template <typename Riga>
+const char* nome_in_tabella(const Riga* tabella, kel_funpos fid) {
+    for (const Riga* riga = tabella; kelFidFineTabella(riga->fid) == 0; ++riga)
+        if (riga->fid == fid)
+            return riga->testo;
+    return nullptr;
+}
+
+// The name of the quantity's row. A position variant counts only where the object is exactly the row's: a generic row
+// names every other object of its quantity, at any position.
+const char* nome_della_grandezza(kel_funpos fid) {
+    const s_grandezza_fisica_uiv* riga = kelFunGetUIVs(fid);
+    if (riga == nullptr)
+        return nullptr;
+    if (kelFidOggetto(riga->chiave) == kelFidOggetto(fid))
+        for (int i = 0; i < riga->num_varianti; ++i)
+            if (riga->varianti[i].posizione == kelFidPosizione(fid))
+                return riga->varianti[i].testo;
+    return riga->testo;
+}
+
+// The first table that knows the function names it.
+const char* nome_nelle_tabelle(kel_funpos fid) {
+    const char* nome = nome_in_tabella(funz_ZumikoCam_base, fid);
+    if (nome == nullptr)
+        nome = nome_in_tabella(funz_ZumikoCam_estese, fid);
+    if (nome == nullptr)
+        nome = nome_in_tabella(funz_Kel, fid);
+    return nome != nullptr ? nome : nome_della_grandezza(fid);
+}
+
+// The long name's parts, each with its separator.
+class Frase {
+public:
+    Frase(const CFunzioni& catalogo, bool tutti) : catalogo_(catalogo), tutti_(tutti) {}
+
+    template <std::size_t N>
+    void parola(const s_campo_fid (&tabella)[N], unsigned valore) {
+        if (valore < N)
+            testo_ += catalogo_.ConvertiDa8(tabella[valore].testo) + " ";
+    }
+
+    // Undefined values only where every field is asked for.
+    template <std::size_t N>
+    void parola_se_data(const s_campo_fid (&tabella)[N], unsigned valore) {
+        if (valore != 0 || tutti_)
+            parola(tabella, valore);
+    }
+
+    // Left/right, front/rear and up/down are one word; an undefined one has no text.
+    void lati(kel_funpos fid) {
+        testo_ += catalogo_.ConvertiDa8(leftright_FunzKel[kelFidLeftRight(fid)].testo);
+        testo_ += catalogo_.ConvertiDa8(frontrear_FunzKel[kelFidFrontRear(fid)].testo);
+        testo_ += catalogo_.ConvertiDa8(updown_FunzKel[kelFidUpDown(fid)].testo);
+        testo_ += " ";
+    }
+
+    void numero(unsigned numero) { testo_ += std::to_string(numero) + " "; }
+
+    // Trailing blanks go, unless there is nothing else; leading and inner ones stay.
+    std::string finita() {
+        const std::size_t ultimo = testo_.find_last_not_of(' ');
+        if (ultimo != std::string::npos)
+            testo_.erase(ultimo + 1);
+        return testo_;
+    }
+
+private:
+    const CFunzioni& catalogo_;
+    bool tutti_;
+    std::string testo_;
+};
+
+}  // namespace
+
+std::string CFunzioni::getNomeFunzione(kel_funpos fid, bool tutti) const {
+    if (const char* nome = nome_nelle_tabelle(fid))
+        return nome;  // as it stands, without a conversion
+
+    Frase frase(*this, tutti);
+    frase.parola(grandezza_fisica_FunzKel, kelFidGrandezza(fid));
+    if (kelFidGrandezza(fid) == FID_PHI_PACKAGE) {
+        // A packet's specialisation is named as a position would be: that is what users have always read.
+        frase.parola(dettagli_FunzKel, kelFidOggetto(fid));
+        frase.parola_se_data(posizione_FunzKel, kelFidPosizione(fid));
+    } else {
+        frase.parola_se_data(oggetto_misurato_FunzKel, kelFidOggetto(fid));
+    }
+    frase.parola_se_data(inout_FunzKel, kelFidInOut(fid));
+    if (kelFidNumerato(fid) != 0)
+        frase.numero(kelFidNumero(fid));
+    else
+        frase.lati(fid);
+    return frase.finita();
+}

@@ -1,0 +1,36 @@
+// The values of every field of an identifier, for an editor.
+#include <iterator>
+
+#include "CFunzioni.h"
+
+namespace {
+
+using Testi = std::list<std::string>;
+
+template <std::size_t N>
+void aggiungi_xml(const CFunzioni& catalogo, const s_campo_fid (&tabella)[N], Testi& testi) {
+    for (const s_campo_fid& riga : tabella)
+        testi.push_back(catalogo.ConvertiDa8(riga.xml));
+}
+
+}  // namespace
+
+void CFunzioni::GetValoriCampiFID(Testi& grandezze, Testi& oggetti, Testi& posizioni, Testi& dettagli, Testi& specGps,
+                                  Testi& specLaptime, Testi& sensoLati, Testi& inout, Testi& leftright,
+                                  Testi& frontrear, Testi& updown, Testi& numeri) {
+    aggiungi_xml(*this, grandezza_fisica_FunzKel, grandezze);
+    aggiungi_xml(*this, oggetto_misurato_FunzKel, oggetti);
+    aggiungi_xml(*this, posizione_FunzKel, posizioni);
+    aggiungi_xml(*this, dettagli_FunzKel, dettagli);
+    aggiungi_xml(*this, specializzazione_gps_FunzKel, specGps);
+    aggiungi_xml(*this, specializzazione_laptime_FunzKel, specLaptime);
+    aggiungi_xml(*this, inout_FunzKel, inout);
+    aggiungi_xml(*this, leftright_FunzKel, leftright);
+    aggiungi_xml(*this, frontrear_FunzKel, frontrear);
+    aggiungi_xml(*this, updown_FunzKel, updown);
+    // Numbers and the two words are no table texts and pass through no conversion.
+    for (unsigned numero = 0; numero <= FID_MASK_NUMBER; ++numero)
+        numeri.push_back(std::to_string(numero));
+    sensoLati.push_back("Position");
+    sensoLati.push_back("Number");
+}
