@@ -1,0 +1,251 @@
+// Which bytes the reads touch: a page that may not be touched lies right before or right after every sample, packet,
+// channel record and output. A read outside ends the program. Then the same samples at every alignment.
+#include <gtest/gtest.h>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <list>
+#include <vector>
+
+#include "CConverter.h"
+#include "converters/lettura.h"
+
+using namespace kel_test;
+
+namespace {
+
+// Memory between two pages that may not be touched.
+class Recinto {
+public:
+    Recinto() : pagina_(static_cast<std::size_t>(sysconf(_SC_PAGESIZE))) {
+        void* tutto = mmap(nullptr, 3 * pagina_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (tutto == MAP_FAILED) {
+            return;
+        }
+        inizio_ = static_cast<unsigned char*>(tutto);
+        if (mprotect(inizio_ + pagina_, pagina_, PROT_READ | PROT_WRITE) != 0) {
+            munmap(inizio_, 3 * pagina_);
+            inizio_ = nullptr;
+        }
+    }
+    ~Recinto() {
+        if (inizio_ != nullptr) {
+            munmap(inizio_, 3 * pagina_);
+        }
+    }
+    Recinto(const Recinto&) = delete;
+    Recinto& operator=(const Recinto&) = delete;
+
+    bool pronto() const { return inizio_ != nullptr; }
+
+    // Bytes that end where the forbidden page begins.
+    unsigned char* InFondo(std::size_t byte) const { return inizio_ + 2 * pagina_ - byte; }
+    // Bytes that begin right after a forbidden page.
+    unsigned char* InTesta() const { return inizio_ + pagina_; }
+
+private:
+    std::size_t pagina_;
+    unsigned char* inizio_ = nullptr;
+};
+
+std::vector<Byte> Riempimenti(std::size_t byte) {
+    std::vector<Byte> tutti;
+    for (int valore : {0x00, 0x01, 0x35, 0x7F, 0x80, 0xFF}) {
+        tutti.emplace_back(byte, static_cast<unsigned char>(valore));
+    }
+    Byte scala(byte);
+    for (std::size_t i = 0; i < byte; ++i) {
+        scala[i] = static_cast<unsigned char>(i * 37 + 1);
+    }
+    tutti.push_back(scala);
+    return tutti;
+}
+
+const s_converter_data* const kDati[] = {&kIdentita, &kDoppioPiuCinque, &kReciproca};
+
+struct Esito {
+    int ha_valore;
+    std::uint32_t valore;
+    int ha_testo;
+    std::string testo;
+    bool operator==(const Esito&) const = default;
+};
+
+Esito LeggiDa(s_kel_converter conv, const unsigned char* campione) {
+    Esito esito;
+    float valore = -1.0f;
+    esito.ha_valore = kelConvGetValFloat(&conv, campione, &valore);
+    esito.valore = std::bit_cast<std::uint32_t>(valore);
+    char testo[32];
+    esito.ha_testo = kelConvGetString(&conv, campione, testo);
+    esito.testo.assign(testo, sizeof testo);
+    return esito;
+}
+
+// Every converter of a packet or plain sample type that reads `byte` bytes, one after the other.
+template <typename Funzione>
+void PerOgniConvertitore(Funzione&& fai) {
+    for (unsigned tipo = 0; tipo <= 24; ++tipo) {
+        const std::size_t byte = kelFunGetSamplSize(tipo);
+        for (const s_converter_data* dati : kDati) {
+            for (unsigned short num_bit : {static_cast<unsigned short>(0), static_cast<unsigned short>(3)}) {
+                for (std::uint32_t larghezza : {4u, 5u}) {
+                    Impostazione come;
+                    come.dati = dati;
+                    come.num_bit = num_bit;
+                    come.larghezza = larghezza;
+                    come.decimali = 1;
+                    fai(Convertitore(tipo, come), byte, tipo, kel_funpos{0});
+                    come.fid_canale = kelFidComponi(FID_PHI_GEAR, 0, 0);
+                    fai(Convertitore(tipo, come), byte, tipo, kel_funpos{0});
+                }
+            }
+        }
+    }
+    const std::pair<kel_funpos, unsigned> pacchetti[] = {
+        {kPacchettoGps, 8}, {kPacchettoUbx, 9}, {kPacchettoGiro2G, 7}, {kPacchettoGiro1G, 17}, {kPacchettoGiro2Gv2, 7}};
+    for (const auto& [pacchetto, tipo] : pacchetti) {
+        std::list<kel_funpos> interni;
+        CConverter::getAllInnerFunpos(pacchetto, interni);
+        for (kel_funpos fid : interni) {
+            for (const s_converter_data* dati : kDati) {
+                fai(Sottocampo(pacchetto, tipo, fid, dati), kelFunGetSamplSize(tipo), tipo, fid);
+            }
+        }
+    }
+}
+
+class GuardPages : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(recinto_.pronto()) << "mmap or mprotect failed"; }
+    Recinto recinto_;
+};
+
+TEST_F(GuardPages, NothingIsReadAfterASample) {
+    unsigned letti = 0;
+    PerOgniConvertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        for (const Byte& contenuto : Riempimenti(byte)) {
+            unsigned char* campione = recinto_.InFondo(byte);
+            std::copy(contenuto.begin(), contenuto.end(), campione);
+            const Esito esito = LeggiDa(conv, campione);
+            EXPECT_NE(esito.testo.find('\0'), std::string::npos) << "type " << tipo << ", subfield " << fid;
+            ++letti;
+        }
+    });
+    EXPECT_GT(letti, 3000u);
+}
+
+TEST_F(GuardPages, NothingIsReadBeforeASample) {
+    PerOgniConvertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        for (const Byte& contenuto : Riempimenti(byte)) {
+            std::copy(contenuto.begin(), contenuto.end(), recinto_.InTesta());
+            const Esito esito = LeggiDa(conv, recinto_.InTesta());
+            EXPECT_NE(esito.testo.find('\0'), std::string::npos) << "type " << tipo << ", subfield " << fid;
+        }
+    });
+}
+
+TEST_F(GuardPages, BytesRoundASampleDoNotChangeItsReading) {
+    PerOgniConvertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        for (const Byte& contenuto : Riempimenti(byte)) {
+            Byte zeri(byte + 128, 0);
+            Byte uni(byte + 128, 0xFF);
+            std::copy(contenuto.begin(), contenuto.end(), zeri.begin() + 64);
+            std::copy(contenuto.begin(), contenuto.end(), uni.begin() + 64);
+            ASSERT_EQ(LeggiDa(conv, zeri.data() + 64), LeggiDa(conv, uni.data() + 64))
+                << "type " << tipo << ", subfield 0x" << std::hex << fid;
+        }
+    });
+}
+
+TEST_F(GuardPages, ASampleInARecordIsReadInItsPlaceOnly) {
+    for (unsigned tipo = 0; tipo <= 24; ++tipo) {
+        const unsigned byte = kelFunGetSamplSize(tipo);
+        const s_kel_canale canale = Canale(kFid, tipo, 200);
+        s_kel_converter conv{};
+        conv.larghezza = 4;
+        kelConvInit(&conv, &canale, kFid, &kIdentita, 0, 0, 0);
+        // The record would begin 200 bytes before the sample; only the sample itself may be touched.
+        unsigned char* fondo = recinto_.InFondo(byte);
+        std::fill_n(fondo, byte, static_cast<unsigned char>(0x33));
+        LeggiDa(conv, fondo - 200);
+    }
+}
+
+TEST_F(GuardPages, TheTextIsWrittenInsideItsThirtyTwoBytes) {
+    for (bool in_fondo : {true, false}) {
+        char* testo = reinterpret_cast<char*>(in_fondo ? recinto_.InFondo(32) : recinto_.InTesta());
+        PerOgniConvertitore([&](s_kel_converter conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+            for (std::uint32_t larghezza : {0u, 1u, 5u, 31u, 32u, 33u, 64u, 0xFFFFFFFFu}) {
+                for (std::uint32_t decimali : {0u, 3u, 0xFFFFFFFFu}) {
+                    for (int formato = 0; formato < 3; ++formato) {
+                        conv.larghezza = larghezza;
+                        conv.decimali = decimali;
+                        conv.formato = static_cast<eFormatoConv>(formato);
+                        const Byte campione(byte, 0x81);
+                        std::memset(testo, 'x', 32);
+                        kelConvGetString(&conv, campione.data(), testo);
+                        ASSERT_LT(strnlen(testo, 32), 32u)
+                            << "type " << tipo << ", subfield " << fid << ", width " << larghezza;
+                    }
+                }
+            }
+        });
+    }
+}
+
+TEST_F(GuardPages, OnlyTheChannelRecordIsReadAtSetUp) {
+    for (bool in_fondo : {true, false}) {
+        unsigned char* posto = in_fondo ? recinto_.InFondo(sizeof(s_kel_canale)) : recinto_.InTesta();
+        for (unsigned tipo = 0; tipo <= 25; ++tipo) {
+            for (kel_funpos fid : {kFid, kPacchettoGps, kPacchettoGiro1G}) {
+                const s_kel_canale canale = Canale(fid, tipo, 7);
+                std::memcpy(posto, &canale, sizeof canale);
+                s_kel_converter conv{};
+                kelConvInit(&conv, reinterpret_cast<const s_kel_canale*>(posto), 0xA940B, &kIdentita, 0, 0, 0);
+                EXPECT_GE(kelConvGetOffset(&conv), 7u);
+            }
+        }
+    }
+}
+
+TEST(AnyAlignment, OfASampleGivesTheSameReading) {
+    PerOgniConvertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        for (const Byte& contenuto : Riempimenti(byte)) {
+            alignas(8) unsigned char memoria[80];
+            Esito primo;
+            for (std::size_t scarto = 0; scarto < 8; ++scarto) {
+                std::copy(contenuto.begin(), contenuto.end(), memoria + scarto);
+                const Esito esito = LeggiDa(conv, memoria + scarto);
+                if (scarto == 0) {
+                    primo = esito;
+                }
+                ASSERT_EQ(esito, primo) << "type " << tipo << ", subfield 0x" << std::hex << fid << ", offset "
+                                        << scarto;
+            }
+        }
+    });
+}
+
+TEST(AnyAlignment, OfAChannelRecordGivesTheSameConverter) {
+    alignas(8) unsigned char memoria[sizeof(s_kel_canale) + 8];
+    for (std::size_t scarto = 0; scarto < 8; ++scarto) {
+        const s_kel_canale canale = Canale(kPacchettoGps, 8, 5);
+        std::memcpy(memoria + scarto, &canale, sizeof canale);
+        const auto* storto = reinterpret_cast<const s_kel_canale*>(memoria + scarto);
+        s_kel_converter conv{};
+        conv.larghezza = 4;
+        kelConvInit(&conv, storto, 0xA940B, &kIdentita, 0, 0, 0);
+        EXPECT_EQ(kelConvGetOffset(&conv), 56u);
+        CConverter oggetto(storto, 0xA940B, &kIdentita, true, 0, FORMATO_DESTRA, 4);
+        Byte pacchetto(56, 0);
+        pacchetto[51] = 12;
+        float valore = 0.0f;
+        EXPECT_TRUE(oggetto.GetVal(pacchetto.data(), &valore));
+        EXPECT_EQ(valore, 12.0f);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,457 @@
+// The numeric text: width, decimals, alignment, signs, numbers too long, and decimals chosen by magnitude.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "converters/lettura.h"
+
+using namespace kel_test;
+
+namespace {
+
+constexpr eFormatoConv kAltro = static_cast<eFormatoConv>(3);
+
+std::string Testo(float valore, std::uint32_t larghezza, std::uint32_t decimali,
+                  eFormatoConv formato = FORMATO_DESTRA) {
+    Impostazione come;
+    come.larghezza = larghezza;
+    come.decimali = decimali;
+    come.formato = formato;
+    s_kel_converter conv = Convertitore(6, come);
+    const Lettura letto = Leggi(conv, LeFloat(valore));
+    EXPECT_EQ(letto.ha_testo, 1);
+    EXPECT_TRUE(letto.pulito);
+    EXPECT_EQ(conv.decimali, decimali) << "only automatic decimals are written back";
+    return letto.testo;
+}
+
+TEST(NumericText, IsRightAlignedInItsWidth) {
+    EXPECT_EQ(Testo(12.34f, 4, 1), " 12.3");
+    EXPECT_EQ(Testo(7.0f, 4, 0), "   7");
+    EXPECT_EQ(Testo(-7.0f, 4, 0), "  -7");
+    EXPECT_EQ(Testo(0.0f, 4, 0), "   0");
+    EXPECT_EQ(Testo(0.0f, 4, 1), "  0.0");
+    EXPECT_EQ(Testo(1234.0f, 4, 0), "1234");
+    EXPECT_EQ(Testo(100.0f, 4, 0), " 100");
+    EXPECT_EQ(Testo(123.0f, 4, 1), "123.0");
+}
+
+TEST(NumericText, LeftAlignedIsPaddedToItsLength) {
+    EXPECT_EQ(Testo(7.0f, 4, 0, FORMATO_SINISTRA), "7   ");
+    EXPECT_EQ(Testo(-7.0f, 4, 0, FORMATO_SINISTRA), "-7  ");
+    EXPECT_EQ(Testo(12.34f, 4, 1, FORMATO_SINISTRA), "12.3 ");
+    EXPECT_EQ(Testo(-12.34f, 4, 1, FORMATO_SINISTRA), "-12.3");
+    EXPECT_EQ(Testo(-1.5f, 4, 1, FORMATO_SINISTRA), "-1.5 ");
+    EXPECT_EQ(Testo(0.0f, 4, 0, FORMATO_SINISTRA), "0   ");
+    EXPECT_EQ(Testo(0.0f, 4, 1, FORMATO_SINISTRA), "0.0  ");
+    EXPECT_EQ(Testo(1000.0f, 4, 0, FORMATO_SINISTRA), "1000");
+}
+
+TEST(NumericText, CompactIsCutAfterTheLastDigit) {
+    EXPECT_EQ(Testo(7.0f, 4, 0, FORMATO_COMPATTO), "7");
+    EXPECT_EQ(Testo(-7.0f, 4, 0, FORMATO_COMPATTO), "-7");
+    EXPECT_EQ(Testo(12.34f, 4, 1, FORMATO_COMPATTO), "12.3");
+    EXPECT_EQ(Testo(-12.34f, 4, 1, FORMATO_COMPATTO), "-12.3");
+    EXPECT_EQ(Testo(-1.5f, 4, 1, FORMATO_COMPATTO), "-1.5");
+    EXPECT_EQ(Testo(0.0f, 4, 0, FORMATO_COMPATTO), "0");
+    EXPECT_EQ(Testo(0.0f, 4, 1, FORMATO_COMPATTO), "0.0");
+    EXPECT_EQ(Testo(10.0f, 8, 0, FORMATO_COMPATTO), "10");
+    EXPECT_EQ(Testo(0.05f, 8, 3, FORMATO_COMPATTO), "0.050");
+}
+
+TEST(NumericText, AnyOtherFormatIsRightAligned) {
+    for (eFormatoConv formato : {kAltro, static_cast<eFormatoConv>(4), static_cast<eFormatoConv>(0xFFFFFFFFu)}) {
+        EXPECT_EQ(Testo(7.0f, 4, 0, formato), "   7");
+        EXPECT_EQ(Testo(-0.5f, 4, 1, formato), " -0.5");
+    }
+}
+
+TEST(NumericText, KeepsTheZeroBeforeThePoint) {
+    EXPECT_EQ(Testo(0.05f, 4, 1), "  0.1");
+    EXPECT_EQ(Testo(0.5f, 4, 1), "  0.5");
+    EXPECT_EQ(Testo(0.5f, 4, 1, FORMATO_SINISTRA), "0.5  ");
+    EXPECT_EQ(Testo(0.5f, 4, 1, FORMATO_COMPATTO), "0.5");
+    EXPECT_EQ(Testo(0.001f, 5, 3), " 0.001");
+    EXPECT_EQ(Testo(0.5f, 2, 1), "0.5");
+    EXPECT_EQ(Testo(0.5f, 4, 3), "0.500");
+}
+
+TEST(NumericText, WithAsManyDecimalsAsPlacesBeginsWithThePoint) {
+    EXPECT_EQ(Testo(0.5f, 1, 1), ".5");
+    EXPECT_EQ(Testo(0.0f, 1, 1), ".0");
+    EXPECT_EQ(Testo(0.5f, 3, 3), ".500");
+    EXPECT_EQ(Testo(0.05f, 2, 2, FORMATO_COMPATTO), ".05");
+    EXPECT_EQ(Testo(1.0f, 1, 1), ".-");
+    EXPECT_EQ(Testo(1.0f, 3, 3), ".---");
+}
+
+TEST(NumericText, PutsTheMinusBeforeTheFirstDigit) {
+    EXPECT_EQ(Testo(-0.5f, 4, 1), " -0.5");
+    EXPECT_EQ(Testo(-0.5f, 3, 1), "-0.5");
+    EXPECT_EQ(Testo(-1.23f, 4, 2), "-1.23");
+    EXPECT_EQ(Testo(-0.5f, 4, 2), "-0.50");
+    EXPECT_EQ(Testo(-0.5f, 5, 2), " -0.50");
+    EXPECT_EQ(Testo(-0.5f, 5, 3), "-0.500");
+    EXPECT_EQ(Testo(-10.0f, 4, 0), " -10");
+    EXPECT_EQ(Testo(-100.0f, 4, 0), "-100");
+    EXPECT_EQ(Testo(-5.0f, 2, 0), "-5");
+    EXPECT_EQ(Testo(-1005.0f, 6, 0), " -1005");
+    EXPECT_EQ(Testo(-0.5f, 8, 1, FORMATO_SINISTRA), "-0.5     ");
+    EXPECT_EQ(Testo(-0.5f, 8, 1, FORMATO_COMPATTO), "-0.5");
+}
+
+TEST(NumericText, KeepsTheMinusOfANegativeValueThatRoundsToZero) {
+    EXPECT_EQ(Testo(-0.04f, 4, 1), " -0.0");
+    EXPECT_EQ(Testo(-0.04f, 4, 1, FORMATO_COMPATTO), "-0.0");
+    EXPECT_EQ(Testo(-0.3f, 4, 0), "  -0");
+    EXPECT_EQ(Testo(-0.3f, 2, 0), "-0");
+    EXPECT_EQ(Testo(-0.0f, 4, 1), "  0.0") << "minus zero is not negative";
+}
+
+TEST(NumericText, RoundsHalfUpInMagnitude) {
+    EXPECT_EQ(Testo(0.5f, 1, 0), "1");
+    EXPECT_EQ(Testo(1.5f, 4, 0), "   2");
+    EXPECT_EQ(Testo(2.5f, 4, 0), "   3");
+    EXPECT_EQ(Testo(-2.5f, 4, 0), "  -3");
+    EXPECT_EQ(Testo(2.4f, 4, 0), "   2");
+    EXPECT_EQ(Testo(0.25f, 4, 1), "  0.3");
+    EXPECT_EQ(Testo(-0.25f, 4, 1), " -0.3");
+    EXPECT_EQ(Testo(0.125f, 5, 2), "  0.13");
+    EXPECT_EQ(Testo(0.0625f, 5, 3), " 0.063");
+}
+
+TEST(NumericText, ScalesAndRoundsInSinglePrecision) {
+    EXPECT_EQ(Testo(123.45f, 4, 1), "123.5") << "123.449997 * 10 is 1234.5 in single precision";
+    EXPECT_EQ(Testo(1.005f, 5, 2), "  1.01");
+    EXPECT_EQ(Testo(9.8765f, 5, 3), " 9.877");
+    EXPECT_EQ(Testo(0.49999997f, 1, 0), "1") << "0.49999997 + 0.5 is 1 in single precision";
+    EXPECT_EQ(Testo(8388609.0f, 8, 0), " 8388610") << "8388609 + 0.5 is a tie between two floats";
+    EXPECT_EQ(Testo(8388610.0f, 8, 0), " 8388610");
+    EXPECT_EQ(Testo(16777216.0f, 8, 0), "16777216");
+}
+
+TEST(NumericText, ShowsThreeDecimalsForAnyLargerNumber) {
+    for (std::uint32_t decimali : {3u, 4u, 5u, 7u, 100u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        EXPECT_EQ(Testo(1.5f, 6, decimali), "  1.500") << decimali;
+        EXPECT_EQ(Testo(-1.5f, 5, decimali), "-1.500") << decimali;
+        EXPECT_EQ(Testo(1.5f, 4, decimali), "1.500") << decimali;
+        EXPECT_EQ(Testo(12.5f, 4, decimali), "-.---") << decimali;
+    }
+}
+
+TEST(NumericText, TooLongANumberIsDashesWithThePoint) {
+    EXPECT_EQ(Testo(1234.5f, 4, 1), "---.-");
+    EXPECT_EQ(Testo(999.6f, 3, 0), "---");
+    EXPECT_EQ(Testo(999.4f, 3, 0), "999");
+    EXPECT_EQ(Testo(1000.0f, 3, 1), "--.-");
+    EXPECT_EQ(Testo(99.94f, 3, 1), "99.9");
+    EXPECT_EQ(Testo(99.96f, 3, 1), "--.-");
+    EXPECT_EQ(Testo(100.0f, 4, 2), "--.--");
+    EXPECT_EQ(Testo(10.0f, 4, 3), "-.---");
+    EXPECT_EQ(Testo(10.0f, 1, 0), "-");
+    for (eFormatoConv formato : {FORMATO_SINISTRA, FORMATO_COMPATTO}) {
+        EXPECT_EQ(Testo(1234.5f, 4, 1, formato), "---.-");
+        EXPECT_EQ(Testo(12345.0f, 4, 0, formato), "----");
+    }
+}
+
+TEST(NumericText, ANegativeNumberHasOnePlaceLess) {
+    EXPECT_EQ(Testo(-999.0f, 4, 0), "-999");
+    EXPECT_EQ(Testo(-1000.0f, 4, 0), "----");
+    EXPECT_EQ(Testo(-123.4f, 4, 1), "---.-");
+    EXPECT_EQ(Testo(-99.9f, 4, 1), "-99.9");
+    EXPECT_EQ(Testo(-9.96f, 3, 1), "--.-");
+    EXPECT_EQ(Testo(-9.9f, 3, 1), "-9.9");
+}
+
+TEST(NumericText, ANegativeNumberWithoutAPlaceForItsMinusIsDashes) {
+    EXPECT_EQ(Testo(-5.0f, 1, 0), "-");
+    EXPECT_EQ(Testo(-0.3f, 1, 0), "-");
+    EXPECT_EQ(Testo(-0.5f, 2, 1), "-.-");
+    EXPECT_EQ(Testo(-0.5f, 1, 1), ".-");
+    EXPECT_EQ(Testo(-0.005f, 3, 2), "-.--");
+    EXPECT_EQ(Testo(-0.5f, 4, 3), "-.---");
+}
+
+TEST(NumericText, MagnitudesBeyondThirtyTwoBitsAreDashes) {
+    const float infinito = std::numeric_limits<float>::infinity();
+    EXPECT_EQ(Testo(2147483520.0f, 10, 0), "2147483520");
+    EXPECT_EQ(Testo(2147483520.0f, 12, 0), "  2147483520");
+    EXPECT_EQ(Testo(-2147483520.0f, 11, 0), "-2147483520");
+    EXPECT_EQ(Testo(2147483648.0f, 10, 0), "----------");
+    EXPECT_EQ(Testo(-2147483648.0f, 12, 0), "------------");
+    EXPECT_EQ(Testo(4294967296.0f, 12, 0), "------------");
+    EXPECT_EQ(Testo(214748352.0f, 10, 1), "214748352.0");
+    EXPECT_EQ(Testo(214748368.0f, 10, 1), "---------.-");
+    EXPECT_EQ(Testo(3000000.0f, 12, 3), "---------.---");
+    EXPECT_EQ(Testo(3e38f, 12, 0), "------------");
+    EXPECT_EQ(Testo(3e38f, 12, 2), "----------.--");
+    EXPECT_EQ(Testo(infinito, 8, 0), "---") << "an infinite sample is over range";
+}
+
+TEST(NumericText, InfinitiesAndNanThatAreNoBadSampleAreDashes) {
+    // A half float's NaN is a good value; a gain makes an infinity of a large float.
+    Impostazione come;
+    come.larghezza = 5;
+    come.decimali = 1;
+    s_kel_converter mezzo = Convertitore(20, come);
+    for (eFormatoConv formato : {FORMATO_DESTRA, FORMATO_SINISTRA, FORMATO_COMPATTO}) {
+        mezzo.formato = formato;
+        EXPECT_EQ(Leggi(mezzo, Le16(0x7E00)).testo, "----.-");
+        EXPECT_EQ(Leggi(mezzo, Le16(0xFE00)).testo, "----.-");
+    }
+    const s_converter_data kilo = {"k", 0.0f, 1000.0f, 0};
+    come.dati = &kilo;
+    s_kel_converter grande = Convertitore(6, come);
+    EXPECT_EQ(Leggi(grande, LeFloat(3e38f)).testo, "----.-");
+    EXPECT_EQ(Leggi(grande, LeFloat(-3e38f)).testo, "----.-");
+}
+
+TEST(NumericText, WidthZeroIsEmpty) {
+    for (float valore : {0.0f, 7.0f, -7.0f, 3e38f}) {
+        for (eFormatoConv formato : {FORMATO_DESTRA, FORMATO_SINISTRA, FORMATO_COMPATTO}) {
+            EXPECT_EQ(Testo(valore, 0, 0, formato), "");
+        }
+    }
+}
+
+TEST(NumericText, LongFieldsAreClippedToThirtyOneCharacters) {
+    for (std::uint32_t larghezza : {31u, 32u, 33u, 40u, 255u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
+        EXPECT_EQ(Testo(7.0f, larghezza, 0), std::string(30, ' ') + "7") << larghezza;
+        EXPECT_EQ(Testo(-7.0f, larghezza, 0), std::string(29, ' ') + "-7") << larghezza;
+        EXPECT_EQ(Testo(7.0f, larghezza, 0, FORMATO_SINISTRA), "7" + std::string(30, ' ')) << larghezza;
+        EXPECT_EQ(Testo(7.0f, larghezza, 0, FORMATO_COMPATTO), "7") << larghezza;
+        EXPECT_EQ(Testo(3e9f, larghezza, 0), std::string(31, '-')) << larghezza;
+    }
+    for (std::uint32_t larghezza : {30u, 31u, 32u, 40u, 0xFFFFFFFFu}) {
+        EXPECT_EQ(Testo(7.0f, larghezza, 1), std::string(28, ' ') + "7.0") << larghezza;
+        EXPECT_EQ(Testo(-7.0f, larghezza, 3), std::string(25, ' ') + "-7.000") << larghezza;
+        EXPECT_EQ(Testo(3e9f, larghezza, 1), std::string(29, '-') + ".-") << larghezza;
+    }
+    EXPECT_EQ(Testo(7.0f, 30, 0), std::string(29, ' ') + "7");
+}
+
+TEST(NumericText, FewerPlacesThanDecimalsStaysInsideItsField) {
+    // No layout is promised where the point itself does not fit; the text still ends where its field ends.
+    for (std::uint32_t larghezza : {0u, 1u, 2u}) {
+        for (std::uint32_t decimali : {larghezza + 1, 3u, 0xFFFFFFFFu}) {
+            for (float valore : {0.0f, 0.001f, -0.001f, 5.0f, -5.0f, 3e38f}) {
+                EXPECT_LE(Testo(valore, larghezza, decimali).size(), larghezza + 1);
+                EXPECT_LE(Testo(valore, larghezza, decimali, FORMATO_COMPATTO).size(), larghezza + 1);
+            }
+        }
+    }
+}
+
+TEST(NumericText, ShowsTheStatusTextOfABadSample) {
+    Impostazione come;
+    come.larghezza = 4;
+    come.decimali = 1;
+    s_kel_converter conv = Convertitore(1, come);
+    EXPECT_EQ(Leggi(conv, Le16(0xCFFF)).testo, "---");
+    EXPECT_EQ(Leggi(conv, Le16(0xCFFE)).testo, "   ");
+    EXPECT_EQ(Leggi(conv, Le16(0xCFFD)).testo, "---");
+}
+
+TEST(NumericText, WithoutAStatusTextABadSampleIsAQuestionMark) {
+    s_kel_converter conv = Convertitore(1, {});
+    conv.testo_stato = nullptr;
+    EXPECT_EQ(Leggi(conv, Le16(0xCFFF)).testo, "?");
+    EXPECT_EQ(Leggi(conv, Le16(12)).testo, "      12");
+}
+
+TEST(NumericText, WithoutAValueFunctionIsAnError) {
+    s_kel_converter conv = Convertitore(1, {});
+    conv.valore = nullptr;
+    EXPECT_EQ(Leggi(conv, Le16(12)).testo, "Err");
+    conv.testo_stato = nullptr;
+    EXPECT_EQ(Leggi(conv, Le16(12)).testo, "?");
+}
+
+// --- automatic decimals ---------------------------------------------------------------------------------------------
+
+struct Passo {
+    float valore;
+    const char* testo;
+    std::uint32_t decimali;  // after the read
+};
+
+void Cammina(std::uint32_t larghezza, std::uint32_t decimali, const std::vector<Passo>& passi) {
+    Impostazione come;
+    come.larghezza = larghezza;
+    come.decimali = decimali;
+    come.auto_decimali = 1;
+    s_kel_converter conv = Convertitore(6, come);
+    for (const Passo& passo : passi) {
+        char testo[32];
+        ASSERT_EQ(kelConvGetString(&conv, LeFloat(passo.valore).data(), testo), 1);
+        EXPECT_STREQ(testo, passo.testo) << passo.valore;
+        EXPECT_EQ(conv.decimali, passo.decimali) << passo.valore;
+    }
+}
+
+TEST(AutomaticDecimals, HoldTheirChoiceBetweenTheTwoLimits) {
+    // clang-format off
+    Cammina(4, 0, {
+        {5.0f,    "  5.0", 1},
+        {900.0f,  "900.0", 1},
+        {900.5f,  "900.5", 1},
+        {950.0f,  "950.0", 1},
+        {999.9f,  "999.9", 1},
+        {1000.0f, "1000",  0},
+        {999.9f,  "1000",  0},   // still none: rounded to a whole number
+        {950.0f,  " 950",  0},
+        {901.0f,  " 901",  0},
+        {900.0f,  "900.0", 1},
+        {1e6f,    "----",  0},
+        {0.0f,    "  0.0", 1},
+    });
+    // clang-format on
+}
+
+TEST(AutomaticDecimals, OfANegativeValueKeepAPlaceForTheMinus) {
+    // clang-format off
+    Cammina(4, 0, {
+        {-5.0f,    " -5.0", 1},
+        {-90.0f,   "-90.0", 1},
+        {-95.0f,   "-95.0", 1},
+        {-99.9f,   "-99.9", 1},
+        {-99.96f,  "---.-", 1},  // rounds to a hundred, and the limit is not reached
+        {-100.0f,  "-100",  0},
+        {-95.0f,   " -95",  0},
+        {-90.5f,   " -91",  0},
+        {-90.0f,   "-90.0", 1},
+        {-999.0f,  "-999",  0},
+        {-1000.0f, "----",  0},
+    });
+    // clang-format on
+}
+
+TEST(AutomaticDecimals, ScaleWithTheWidth) {
+    // clang-format off
+    Cammina(3, 0, {
+        {90.0f, "90.0", 1}, {95.0f, "95.0", 1}, {100.0f, "100", 0}, {91.0f, " 91", 0}, {90.0f, "90.0", 1},
+        {-9.0f, "-9.0", 1}, {-9.5f, "-9.5", 1}, {-10.0f, "-10", 0}, {-9.5f, "-10", 0}, {-9.0f, "-9.0", 1},
+    });
+    Cammina(5, 0, {
+        {9000.0f, "9000.0", 1}, {9500.0f, "9500.0", 1}, {10000.0f, "10000", 0}, {9001.0f, " 9001", 0},
+        {-900.0f, "-900.0", 1}, {-950.0f, "-950.0", 1}, {-1000.0f, "-1000", 0}, {-901.0f, " -901", 0},
+    });
+    // clang-format on
+}
+
+TEST(AutomaticDecimals, BetweenTheLimitsKeepAnyNumberOfDecimals) {
+    Cammina(6, 2, {{95000.0f, "----.--", 2}, {5.0f, "    5.0", 1}});
+    Cammina(4, 2, {{950.0f, "--.--", 2}, {1000.0f, "1000", 0}});
+}
+
+TEST(AutomaticDecimals, AreNoneInTwoPlacesOrLess) {
+    Cammina(2, 2, {{7.0f, " 7", 0}, {99.0f, "99", 0}, {-7.0f, "-7", 0}});
+    Cammina(1, 1, {{7.0f, "7", 0}});
+    Cammina(0, 3, {{7.0f, "", 0}});
+}
+
+TEST(AutomaticDecimals, WorkInVeryWideFields) {
+    for (std::uint32_t larghezza : {31u, 40u, 100u, 0xFFFFFFFFu}) {
+        Impostazione come;
+        come.larghezza = larghezza;
+        come.auto_decimali = 1;
+        s_kel_converter conv = Convertitore(6, come);
+        EXPECT_EQ(Leggi(conv, LeFloat(5.0f)).testo, std::string(28, ' ') + "5.0") << larghezza;
+        EXPECT_EQ(conv.decimali, 1u) << larghezza;
+        EXPECT_EQ(Leggi(conv, LeFloat(-5.0f)).testo, std::string(27, ' ') + "-5.0") << larghezza;
+        EXPECT_EQ(conv.decimali, 1u) << larghezza;
+    }
+}
+
+TEST(AutomaticDecimals, AnyNonZeroFlagTurnsThemOn) {
+    for (std::uint32_t acceso : {1u, 2u, 0x80000000u, 0xFFFFFFFFu}) {
+        Impostazione come;
+        come.larghezza = 4;
+        come.auto_decimali = acceso;
+        s_kel_converter conv = Convertitore(6, come);
+        EXPECT_EQ(Leggi(conv, LeFloat(5.0f)).testo, "  5.0");
+    }
+}
+
+TEST(AutomaticDecimals, AreLeftAloneByBadSamplesAndValueReads) {
+    Impostazione come;
+    come.larghezza = 4;
+    come.decimali = 2;
+    come.auto_decimali = 1;
+    s_kel_converter conv = Convertitore(1, come);
+    EXPECT_EQ(Leggi(conv, Le16(0xCFFF)).testo, "---");
+    EXPECT_EQ(conv.decimali, 2u);
+    float valore = 0.0f;
+    kelConvGetValFloat(&conv, Le16(5).data(), &valore);
+    EXPECT_EQ(conv.decimali, 2u);
+    EXPECT_EQ(Leggi(conv, Le16(5)).testo, "  5.0");
+    EXPECT_EQ(conv.decimali, 1u);
+}
+
+// --- against a slow model -------------------------------------------------------------------------------------------
+
+std::string Modello(float valore, unsigned larghezza, unsigned decimali, eFormatoConv formato) {
+    const unsigned d = decimali > 3 ? 3 : decimali;
+    const float potenze[] = {1.0f, 10.0f, 100.0f, 1000.0f};
+    const bool negativo = valore < 0.0f;
+    unsigned ammesse = larghezza;
+    if (negativo) {
+        ammesse = static_cast<int>(larghezza) - static_cast<int>(d) > 1 ? larghezza - 1 : 0;
+    }
+    const float scalato = std::fabs(valore) * potenze[d];
+    const float arrotondato = scalato + 0.5f;
+    std::string cifre;
+    if (arrotondato < 2147483648.0f) {
+        cifre = std::to_string(static_cast<std::int32_t>(arrotondato));
+    }
+    const bool trattini = cifre.empty() || cifre.size() > ammesse;
+    if (trattini) {
+        cifre = std::string(larghezza, '-');
+    }
+    while (cifre.size() < larghezza) {
+        cifre.insert(cifre.begin(), '0');
+    }
+    if (d > 0) {
+        cifre.insert(cifre.size() - d, ".");
+    }
+    if (trattini) {
+        return cifre;
+    }
+    std::size_t zeri = 0;
+    while (zeri + 1 < cifre.size() && cifre[zeri] == '0' && cifre[zeri + 1] != '.') {
+        ++zeri;
+    }
+    std::string testo = cifre.substr(zeri);
+    if (negativo) {
+        testo.insert(testo.begin(), '-');
+    }
+    const std::string vuoto(cifre.size() - testo.size(), ' ');
+    if (formato == FORMATO_SINISTRA) {
+        return testo + vuoto;
+    }
+    return formato == FORMATO_COMPATTO ? testo : vuoto + testo;
+}
+
+TEST(NumericText, AgreesWithItsModelOnRandomNumbers) {
+    constexpr unsigned kSeme = 4;
+    std::mt19937 caso(kSeme);
+    for (int i = 0; i < 100000; ++i) {
+        const unsigned decimali = static_cast<unsigned>(caso() % 5);
+        const unsigned minima = decimali > 3 ? 3 : decimali;
+        const unsigned larghezza = minima + static_cast<unsigned>(caso() % (28 - minima));
+        if (larghezza == 0) {
+            continue;
+        }
+        const eFormatoConv formato = static_cast<eFormatoConv>(caso() % 3);
+        const float mantissa = static_cast<float>(static_cast<int>(caso() % 2000001) - 1000000);
+        const float valore = std::ldexp(mantissa, static_cast<int>(caso() % 40) - 28);
+        ASSERT_EQ(Testo(valore, larghezza, decimali, formato), Modello(valore, larghezza, decimali, formato))
+            << "value " << valore << ", width " << larghezza << ", decimals " << decimali << ", format " << formato
+            << ", seed " << kSeme;
+    }
+}
+
+}  // namespace
