@@ -1,0 +1,10 @@
+# Configures and builds the client's project of package/ against an installed prefix.
+set(comando ${CMAKE_COMMAND} -S ${SORGENTE}/package -B ${BUILD} -G ${GENERATORE} --no-warn-unused-cli
+  -DCMAKE_BUILD_TYPE=Release -DCMAKE_C_COMPILER=${CC} -DCMAKE_CXX_COMPILER=${CXX}
+  -DCMAKE_C_FLAGS=${OPZIONI} -DCMAKE_CXX_FLAGS=${OPZIONI}
+  -Dkelfunzioni_ROOT=${PREFISSO})
+if(TOOLCHAIN)
+  list(APPEND comando -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN})
+endif()
+execute_process(COMMAND ${comando} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${BUILD} COMMAND_ERROR_IS_FATAL ANY)

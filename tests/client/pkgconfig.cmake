@@ -1,0 +1,9 @@
+# Builds one C99 program with the flags that pkg-config gives, and nothing else of ours.
+set(ENV{PKG_CONFIG_LIBDIR} ${PREFISSO}/${LIBDIR}/pkgconfig)
+execute_process(COMMAND ${PKG_CONFIG} --cflags --libs kelfunzioni
+  OUTPUT_VARIABLE da_pkg_config OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(argomenti UNIX_COMMAND "${OPZIONI} ${SORGENTE} ${da_pkg_config}")
+execute_process(
+  COMMAND ${CC} -std=c99 -pedantic-errors -Wall -Wextra -Werror ${argomenti}
+    -Wl,-rpath,${PREFISSO}/${LIBDIR} -o ${PROGRAMMA}
+  COMMAND_ERROR_IS_FATAL ANY COMMAND_ECHO STDOUT)
