@@ -1,0 +1,20 @@
+#include "comando.h"
+
+#include <CLI/CLI.hpp>
+
+namespace kel::strumento {
+
+void aggiungiForma(CLI::App& comando, SceltaForma& scelta) {
+    auto* json = comando.add_flag("--json", scelta.json, "Print JSON");
+    comando.add_flag("--csv", scelta.csv, "Print CSV")->excludes(json);
+}
+
+std::string esempi(const char* note, const char* primo, const char* secondo, const char* terzo) {
+    std::string testo = note;
+    testo += testo.empty() ? "Examples:\n" : "\n\nExamples:\n";
+    for (const char* esempio : {primo, secondo, terzo})
+        testo += std::string("  ") + esempio + "\n";
+    return testo.substr(0, testo.size() - 1);
+}
+
+}  // namespace kel::strumento

@@ -1,0 +1,97 @@
+// kelfun functions: what a configuration program would offer.
+#include <CLI/CLI.hpp>
+#include <list>
+#include <map>
+#include <memory>
+
+#include "campi.h"
+#include "celle.h"
+#include "comando.h"
+#include "errori.h"
+#include "identificatore.h"
+#include "unita.h"
+
+namespace kel::strumento {
+
+namespace {
+
+struct Argomenti {
+    std::vector<std::string> filtri;
+    CampiDati campi;
+    SceltaForma forma;
+};
+
+std::vector<unsigned> leggiFiltri(IFunzioni& catalogo, const Argomenti& argomenti) {
+    std::vector<unsigned> filtri;
+    for (const std::string& testo : argomenti.filtri) {
+        // A quantity's name comes before a legacy identifier: none is both but for its capitals ("GEAR", the gear).
+        const s_campo_fid* grandezza = cercaNome(grandezze(), testo);
+        filtri.push_back(grandezza ? static_cast<unsigned>(grandezza->valore) : leggiFid(catalogo, testo));
+    }
+    if (argomenti.campi.dati())
+        filtri.push_back(componi(argomenti.campi));
+    return filtri;
+}
+
+std::vector<std::string> testi(const std::map<unsigned, std::string>& mappa) {
+    std::vector<std::string> tutti;
+    tutti.reserve(mappa.size());
+    for (const auto& voce : mappa)
+        tutti.push_back(voce.second);
+    return tutti;
+}
+
+void riga(Documento& documento, IFunzioni& catalogo, const std::string& grandezza, const SFunzionePerGF& funzione) {
+    std::map<unsigned, std::string> lati;
+    std::map<unsigned, std::string> inout;
+    int primo = -1;
+    int ultimo = -1;
+    catalogo.getFunzDettagli(funzione.funpos, lati, inout, primo, ultimo);
+    std::list<std::string> unita;
+    catalogo.getFunzUIVs(funzione.funpos, unita);
+    documento.riga({Cella::testo(grandezza), Cella::fid(funzione.funpos), Cella::testo(funzione.nome),
+                    Cella::testo(senzaNul(catalogo.getNomeFunzioneShort(funzione.funpos))), Cella::testo(elenco(unita)),
+                    testoOVuota(elenco(testi(lati))), testoOVuota(elenco(testi(inout))),
+                    primo < 0 ? Cella() : Cella::testo(std::to_string(primo) + " to " + std::to_string(ultimo))});
+}
+
+void esegui(const Argomenti& argomenti) {
+    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    std::vector<unsigned> filtri = leggiFiltri(*catalogo, argomenti);
+    std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> funzioni;
+    catalogo->getFunzioni(funzioni, filtri);
+    if (funzioni.empty())
+        throw NonTrovato("no function to offer passes the filter");
+    Documento documento(stdout, argomenti.forma.forma());
+    documento.inizia("functions", "",
+                     {{"quantity", "QUANTITY"},
+                      {"identifier", "IDENTIFIER"},
+                      {"name", "NAME"},
+                      {"short_name", "SHORT"},
+                      {"units", "UNITS"},
+                      {"sides", "SIDES"},
+                      {"inout", "IN/OUT"},
+                      {"numbers", "NUMBERS"}});
+    for (const auto& [grandezza, elenco] : funzioni)
+        for (const SFunzionePerGF& funzione : elenco)
+            riga(documento, *catalogo, catalogo->getStrPhi(grandezza), funzione);
+    documento.fine();
+}
+
+}  // namespace
+
+void aggiungiFunctions(CLI::App& programma) {
+    auto argomenti = std::make_shared<Argomenti>();
+    CLI::App* comando = programma.add_subcommand("functions", "Functions that a configuration program would offer");
+    comando->add_option("FILTER", argomenti->filtri,
+                        "Quantity (temperature) or identifier (0x0B8E)->type_name("
+                        "); several are added up; none: every function");
+    aggiungiCampi(*comando, argomenti->campi);
+    aggiungiForma(*comando, argomenti->forma);
+    comando->footer(esempi("Of a filter only quantity and object count; an object of 0 stands for all.",
+                           "kelfun functions", "kelfun functions temperature speed",
+                           "kelfun functions --quantity pressure --object oil --json"));
+    comando->callback([argomenti] { esegui(*argomenti); });
+}
+
+}  // namespace kel::strumento

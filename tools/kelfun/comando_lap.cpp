@@ -1,0 +1,128 @@
+// kelfun lap: lap times to text and back.
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <limits>
+#include <memory>
+
+#include "CLaptimeAndStrings.h"
+#include "comando.h"
+#include "errori.h"
+#include "numeri.h"
+
+namespace kel::strumento {
+
+namespace {
+
+struct Argomenti {
+    std::vector<std::string> tempi;
+    std::string numero;
+    bool testo = false;
+    bool righe = false;
+    SceltaForma forma;
+};
+
+constexpr int MINIMO = std::numeric_limits<int>::min();
+constexpr int MASSIMO = std::numeric_limits<int>::max();
+
+// The arguments, lines of standard input in place of each "-".
+std::vector<std::string> leggi(const std::vector<std::string>& argomenti) {
+    std::vector<std::string> tutti;
+    for (const std::string& argomento : argomenti) {
+        if (argomento != "-") {
+            tutti.push_back(argomento);
+            continue;
+        }
+        for (std::string riga; std::getline(std::cin, riga);)
+            tutti.push_back(riga);
+    }
+    return tutti;
+}
+
+using Riga = std::vector<Cella>;
+
+Riga rigaElenco(const std::string& riga) {
+    int numero = 0;
+    int tempo = 0;
+    try {
+        CLaptimeAndStrings::StringaToLapNumAndTime(riga, numero, tempo);
+    } catch (const std::out_of_range&) {
+        throw ErroreUso("'" + riga +
+                        "' is no line of a lap list; accepted: 6 characters or more, such as '  7 - 1:23.456'");
+    }
+    return {Cella::citata(riga), Cella::intero(numero), Cella::intero(tempo)};
+}
+
+// With a number the text is a line of a lap list, and the next one has the number after it.
+Riga rigaTempo(int millisecondi, std::optional<int>& numero) {
+    if (!numero)
+        return {Cella::citata(CLaptimeAndStrings::LapTimeToStringa(millisecondi)), Cella(),
+                Cella::intero(millisecondi)};
+    const int questo = *numero;
+    *numero += questo < MASSIMO ? 1 : 0;
+    return {Cella::citata(CLaptimeAndStrings::LapNumAndTimeToStringa(questo, millisecondi)), Cella::intero(questo),
+            Cella::intero(millisecondi)};
+}
+
+Riga rigaTesto(const std::string& testo) {
+    return {Cella::citata(testo), Cella(), Cella::intero(CLaptimeAndStrings::StringaToLapTime(testo))};
+}
+
+Riga riga(const Argomenti& argomenti, const std::string& testo, std::optional<int>& numero) {
+    if (argomenti.righe)
+        return rigaElenco(testo);
+    if (argomenti.testo)
+        return rigaTesto(testo);
+    if (const auto millisecondi = leggiIntero(testo, MINIMO, MASSIMO))
+        return rigaTempo(static_cast<int>(*millisecondi), numero);
+    if (testo.find_first_of(":.") == std::string::npos)
+        throw ErroreUso("'" + testo +
+                        "' is no lap time; accepted: milliseconds (83456) or a text (1:23.456); --text reads anything");
+    return rigaTesto(testo);
+}
+
+void esegui(const Argomenti& argomenti) {
+    std::optional<int> numero;
+    if (!argomenti.numero.empty()) {
+        const auto letto = leggiIntero(argomenti.numero, MINIMO, MASSIMO);
+        if (!letto)
+            throw ErroreUso("--number '" + argomenti.numero +
+                            "' is no lap number; accepted: a whole number of 32 bits");
+        numero = static_cast<int>(*letto);
+    }
+    if (argomenti.righe + argomenti.testo + numero.has_value() > 1)
+        throw ErroreUso("--lines, --text and --number exclude each other; accepted: one of them");
+    // Everything is read before anything is printed: a wrong argument leaves no half of a table.
+    std::vector<Riga> righe;
+    for (const std::string& testo : leggi(argomenti.tempi))
+        righe.push_back(riga(argomenti, testo, numero));
+    Documento documento(stdout, argomenti.forma.forma());
+    documento.inizia("laps", "",
+                     {{"text", "TEXT"}, {"lap", "LAP", Lato::destra}, {"milliseconds", "MILLISECONDS", Lato::destra}});
+    for (Riga& una : righe)
+        documento.riga(std::move(una));
+    documento.fine();
+}
+
+}  // namespace
+
+void aggiungiLap(CLI::App& programma) {
+    auto argomenti = std::make_shared<Argomenti>();
+    CLI::App* comando = programma.add_subcommand("lap", "Lap times to text and back");
+    comando
+        ->add_option("TIME", argomenti->tempi,
+                     "Milliseconds (83456), texts (1:23.456), or - for lines of standard input")
+        ->type_name("")
+        ->required();
+    comando->add_option("--number", argomenti->numero, "Write lines of a lap list, numbered from N on")->type_name("N");
+    comando->add_flag("--lines", argomenti->righe, "Read lines of a lap list: '  7 - 1:23.456'");
+    comando->add_flag("--text", argomenti->testo, "Read everything as a text, also what looks like milliseconds");
+    aggiungiForma(*comando, argomenti->forma);
+    comando->footer(esempi(
+        "With a point a text is minutes, seconds and thousandths as written (1:23.4 is 83004 ms); without, it is "
+        "hours,\n"
+        "minutes and seconds.",
+        "kelfun lap 83456 3723000", "kelfun lap 1:23.456 1:02:03 --json", "kelfun lap --lines '  7 - 1:23.456'"));
+    comando->callback([argomenti] { esegui(*argomenti); });
+}
+
+}  // namespace kel::strumento

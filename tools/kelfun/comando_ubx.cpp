@@ -1,0 +1,150 @@
+// kelfun ubx: the NAV-SOL solutions of a u-blox byte stream.
+#include <fcntl.h>
+#include <unistd.h>
+#include <CLI/CLI.hpp>
+#include <cerrno>
+#include <cstring>
+#include <memory>
+
+#include "comando.h"
+#include "errori.h"
+#include "flusso_ubx.h"
+#include "identificatore.h"
+#include "navsol.h"
+#include "numeri.h"
+
+namespace kel::strumento {
+
+namespace {
+
+struct Argomenti {
+    std::string file;
+    std::string udm;
+    std::string decimali = "3";
+    SceltaForma forma;
+};
+
+// A file, or standard input for "-", as bytes come.
+class Ingresso {
+public:
+    explicit Ingresso(const std::string& nome)
+        : nome_(nome == "-" ? "standard input" : nome),
+          fd_(nome == "-" ? STDIN_FILENO : ::open(nome.c_str(), O_RDONLY | O_CLOEXEC)) {
+        if (fd_ < 0)
+            throw NonTrovato("cannot open '" + nome_ + "': " + std::strerror(errno));
+    }
+    ~Ingresso() {
+        if (fd_ != STDIN_FILENO)
+            ::close(fd_);
+    }
+    Ingresso(const Ingresso&) = delete;
+    Ingresso& operator=(const Ingresso&) = delete;
+
+    std::size_t leggi(std::uint8_t* byte, std::size_t quanti) {
+        std::fflush(stdout);  // a receiver may take its time: what is known so far is shown before the wait
+        for (;;) {
+            const ssize_t letti = ::read(fd_, byte, quanti);
+            if (letti >= 0)
+                return static_cast<std::size_t>(letti);
+            if (errno != EINTR)
+                throw NonTrovato("cannot read '" + nome_ + "': " + std::strerror(errno));
+        }
+    }
+
+private:
+    std::string nome_;
+    int fd_;
+};
+
+struct Riassunto {
+    std::uint64_t soluzioni = 0;
+    std::uint64_t altri = 0;
+    std::uint64_t lunghezza_errata = 0;
+};
+
+void stampa(const Riassunto& r, const ConteggiUbx& c) {
+    const auto n = [](std::uint64_t valore) { return std::to_string(valore); };
+    const std::string testo = n(r.soluzioni) + " solutions in " + n(c.byte) + " bytes; skipped: " + n(c.byte_fuori) +
+                              " bytes outside messages, " + n(r.altri) + " other messages, " + n(c.checksum_errati) +
+                              " bad checksums, " + n(r.lunghezza_errata) + " NAV-SOL of wrong length, " +
+                              n(c.byte_troncati) + " bytes truncated at the end\n";
+    std::fputs(testo.c_str(), stderr);
+}
+
+std::vector<Colonna> colonne() {
+    return {{"time_of_week_ms", "TIME OF WEEK ms", Lato::destra, 15},
+            {"fix", "FIX", Lato::destra, 3},
+            {"satellites", "SATS", Lato::destra, 4},
+            {"longitude", "LONGITUDE", Lato::destra, 11},
+            {"latitude_library_rule", "LATITUDE+-0.19", Lato::destra, 14},
+            {"speed", "SPEED", Lato::destra, 8},
+            {"speed_unit", "UNIT", Lato::sinistra, 4},
+            {"position_accuracy_low_byte_cm", "POS.ACC LOW BYTE cm", Lato::destra, 19},
+            {"speed_accuracy_low_byte_cm_s", "SPD.ACC LOW BYTE cm/s", Lato::destra, 21}};
+}
+
+std::vector<Cella> celle(const Soluzione& s, const std::string& udm) {
+    constexpr int DECIMALI_GRADI = 6;  // a float near 100 degrees is worth 0.000008
+    return {Cella::intero(s.settimana_ms),
+            Cella::intero(s.fix),
+            Cella::intero(s.satelliti),
+            Cella::numero(s.longitudine, DECIMALI_GRADI),
+            Cella::numero(s.latitudine, DECIMALI_GRADI),
+            Cella::numero(s.velocita, s.testo_velocita),
+            Cella::testo(udm),
+            Cella::intero(s.accuratezza_posizione),
+            Cella::intero(s.accuratezza_velocita)};
+}
+
+void esegui(const Argomenti& argomenti) {
+    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    const std::string udm = leggiUdm(*catalogo, CanaleNavSol::fidVelocita(), argomenti.udm);
+    const auto decimali = leggiIntero(argomenti.decimali, 0, 3);
+    if (!decimali)
+        throw ErroreUso("--decimals '" + argomenti.decimali + "' is no number of decimals; accepted: 0 to 3");
+    const CanaleNavSol canale(*catalogo, udm, static_cast<unsigned>(*decimali));
+    Ingresso ingresso(argomenti.file);
+    LettoreUbx lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
+
+    Documento documento(stdout, argomenti.forma.forma());
+    documento.inizia("solutions", "", colonne(), true);
+    Riassunto riassunto;
+    MessaggioUbx messaggio;
+    while (lettore.prossimo(messaggio)) {
+        if (messaggio.classe != NAV_SOL_CLASSE || messaggio.id != NAV_SOL_ID) {
+            ++riassunto.altri;
+        } else if (messaggio.dati.size() != NAV_SOL_BYTE) {
+            ++riassunto.lunghezza_errata;
+        } else {
+            ++riassunto.soluzioni;
+            const std::span<const std::uint8_t, NAV_SOL_BYTE> payload(messaggio.dati.data(), NAV_SOL_BYTE);
+            documento.riga(celle(canale.leggi(payload), udm));
+        }
+    }
+    documento.fine();
+    stampa(riassunto, lettore.conteggi());
+    if (riassunto.soluzioni == 0)
+        throw NonTrovato("there is no NAV-SOL message in it");
+}
+
+}  // namespace
+
+void aggiungiUbx(CLI::App& programma) {
+    auto argomenti = std::make_shared<Argomenti>();
+    CLI::App* comando = programma.add_subcommand("ubx", "GPS solutions (UBX NAV-SOL) of a u-blox byte stream");
+    comando->add_option("FILE", argomenti->file, "Capture, or - for standard input")->type_name("")->required();
+    comando->add_option("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph")->type_name("UNIT");
+    comando->add_option("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)")->type_name("N");
+    aggiungiForma(*comando, argomenti->forma);
+    comando->footer(esempi(
+        "Every value is what the library makes of the logger's GPS packet:\n"
+        "- The latitude follows the library's own rule, which takes the packet's centimetres as if they were metres:\n"
+        "  it lies up to 0.19 degrees from WGS 84 (most at 45 degrees, none at the equator and the poles).\n"
+        "- The speed is 0 while the fix is below 3 or fewer than 4 satellites are used.\n"
+        "- The accuracies are only the low byte of the message's 32-bit fields: 300 cm shows as 44.\n"
+        "What was skipped, and why, goes to standard error.",
+        "kelfun ubx capture.ubx", "kelfun ubx capture.ubx --unit mph --csv", "kelsim - | kelfun ubx - --decimals 1"));
+    comando->callback([argomenti] { esegui(*argomenti); });
+}
+
+}  // namespace kel::strumento

@@ -1,0 +1,80 @@
+// kelfun units: the units of one function, of all of them, or the unit codes.
+#include <CLI/CLI.hpp>
+#include <list>
+#include <memory>
+
+#include "comando.h"
+#include "errori.h"
+#include "identificatore.h"
+#include "numeri.h"
+#include "unita.h"
+
+namespace kel::strumento {
+
+namespace {
+
+struct Argomenti {
+    std::string id;
+    CampiDati campi;
+    bool codici = false;
+    SceltaForma forma;
+};
+
+void codici(Documento& documento) {
+    documento.inizia("codes", "", {{"code", "CODE", Lato::destra}, {"unit", "UNIT"}});
+    for (unsigned codice = 0; const char* testo = kelFunGetUdmTxt(codice); ++codice)
+        documento.riga({Cella::intero(codice), Cella::testo(testo)});
+}
+
+void tutte(Documento& documento, const IFunzioni& catalogo) {
+    documento.inizia("functions", "",
+                     {{"identifier", "IDENTIFIER"}, {"name", "NAME"}, {"base_unit", "BASE"}, {"units", "UNITS"}});
+    for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv) {
+        if (kelFidFineTabella(riga.chiave))
+            break;
+        std::list<std::string> unita;
+        catalogo.getFunzUIVs(riga.chiave, unita);
+        documento.riga({Cella::fid(riga.chiave), Cella::testo(riga.testo),
+                        Cella::testo(catalogo.getUnitaBase(riga.chiave)), Cella::testo(elenco(unita))});
+    }
+}
+
+void una(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
+    if (kelFunGetUIVs(fid) == nullptr)
+        throw NonTrovato(esadecimale(fid, 8) + " has no units");
+    documento.proprieta("identifier", "Identifier", Cella::fid(fid));
+    documento.proprieta("name", "Name", Cella::testo(catalogo.getNomeFunzione(fid, false)));
+    documento.proprieta("base_unit", "Base unit", Cella::testo(catalogo.getUnitaBase(fid)));
+    tabellaUnita(documento, catalogo, fid);
+}
+
+void esegui(const Argomenti& argomenti) {
+    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    const bool funzione = !argomenti.id.empty() || argomenti.campi.dati();
+    if (argomenti.codici && funzione)
+        throw ErroreUso("--codes lists the codes of every unit; accepted: --codes or an identifier");
+    Documento documento(stdout, argomenti.forma.forma());
+    if (argomenti.codici)
+        codici(documento);
+    else if (funzione)
+        una(documento, *catalogo, risolvi(*catalogo, argomenti.id, argomenti.campi));
+    else
+        tutte(documento, *catalogo);
+    documento.fine();
+}
+
+}  // namespace
+
+void aggiungiUnits(CLI::App& programma) {
+    auto argomenti = std::make_shared<Argomenti>();
+    CLI::App* comando = programma.add_subcommand("units", "Units of a function, of every function, or the unit codes");
+    comando->add_option("ID", argomenti->id, "Identifier; none: every row of the quantity table");
+    comando->add_flag("--codes", argomenti->codici, "The unit codes, which have a vocabulary of their own");
+    aggiungiCampi(*comando, argomenti->campi);
+    aggiungiForma(*comando, argomenti->forma);
+    comando->footer(esempi("Value in a unit = value in the base unit * gain + offset. A reciprocal unit shows a pace.",
+                           "kelfun units", "kelfun units --quantity velocity", "kelfun units --codes --csv"));
+    comando->callback([argomenti] { esegui(*argomenti); });
+}
+
+}  // namespace kel::strumento

@@ -1,0 +1,100 @@
+// kelfun: the function catalogue on the command line.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <string>
+
+#include "comando.h"
+#include "comando_completa.h"
+#include "errori.h"
+
+namespace {
+
+using namespace kel::strumento;
+
+// What a command accepts, from its own options: "FILE, --unit, --json".
+std::string accettati(const CLI::App& comando) {
+    std::string testo;
+    for (const CLI::App* sotto : comando.get_subcommands([](const CLI::App*) { return true; }))
+        testo += (testo.empty() ? "" : ", ") + sotto->get_name();
+    for (const CLI::Option* opzione : comando.get_options())
+        testo += (testo.empty() ? "" : ", ") + opzione->get_name(opzione->get_positional());
+    return testo;
+}
+
+const CLI::App* sottocomando(const CLI::App& programma, const std::string& nome) {
+    for (const CLI::App* sotto : programma.get_subcommands([](const CLI::App*) { return true; }))
+        if (sotto->get_name() == nome)
+            return sotto;
+    return nullptr;
+}
+
+int errore(const std::string& chi, std::string testo, int stato) {
+    for (char& c : testo)  // always one line, whatever the argument held
+        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
+            c = '?';
+    std::fprintf(stderr, "%s: %s\n", chi.c_str(), testo.c_str());
+    return stato;
+}
+
+int esegui(int argc, char** argv) {
+    CLI::App programma{"Everything that the catalogue of functions knows, and the samples it decodes.", "kelfun"};
+    programma.set_version_flag("--version", "kelfun " KELFUN_VERSIONE, "Print the version and exit");
+    programma.get_formatter()->column_width(30);
+    programma.require_subcommand(1);
+    aggiungiFid(programma);
+    aggiungiFunctions(programma);
+    aggiungiUnits(programma);
+    aggiungiConvert(programma);
+    aggiungiDecode(programma);
+    aggiungiMatch(programma);
+    aggiungiCamera(programma);
+    aggiungiLap(programma);
+    aggiungiUbx(programma);
+    programma.footer(
+        "kelfun COMMAND --help tells more and gives examples.\n"
+        "Exit status: 0 fine, 1 no such thing, 2 wrong argument.");
+
+    std::string chi = "kelfun";
+    const CLI::App* comando = &programma;
+    try {
+        // For the completion of shells, which pass it half a command line; not for people, and in no help.
+        if (argc > 1 && std::strcmp(argv[1], "__complete") == 0) {
+            completa(programma, {argv + 2, argv + argc});
+            return std::fflush(stdout) == 0 ? USCITA_BENE : USCITA_NON_TROVATO;
+        }
+        if (argc > 1 && argv[1][0] != '-') {
+            comando = sottocomando(programma, argv[1]);
+            if (comando == nullptr)
+                return errore(chi,
+                              std::string("there is no command '") + argv[1] + "'; accepted: " + accettati(programma),
+                              USCITA_USO);
+            chi += std::string(" ") + argv[1];
+        }
+        programma.parse(argc, argv);
+        return USCITA_BENE;
+    } catch (const CLI::Success& richiesta) {  // --help, --version
+        programma.exit(richiesta);
+        return std::fflush(stdout) == 0 ? USCITA_BENE : USCITA_NON_TROVATO;
+    } catch (const CLI::ParseError& e) {
+        return errore(chi, std::string(e.what()) + "; accepted: " + accettati(*comando), USCITA_USO);
+    } catch (const ErroreUso& e) {
+        return errore(chi, e.what(), USCITA_USO);
+    } catch (const NonTrovato& e) {
+        return errore(chi, e.what(), USCITA_NON_TROVATO);
+    } catch (const std::exception& e) {
+        return errore(chi, e.what(), USCITA_NON_TROVATO);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return esegui(argc, argv);
+    } catch (const std::exception& e) {  // from before the command line was read
+        std::fprintf(stderr, "kelfun: %s\n", e.what());
+        return 1;
+    }
+}

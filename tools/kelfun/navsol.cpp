@@ -1,0 +1,89 @@
+#include "navsol.h"
+
+#include <algorithm>
+
+#include "canale.h"
+#include "celle.h"
+
+namespace kel::strumento {
+
+namespace {
+
+constexpr unsigned TIPO_PACCHETTO_GPS = 8;
+constexpr std::size_t BYTE_TEMPO = 4;
+constexpr unsigned LARGHEZZA_VELOCITA = 8;
+
+constexpr kel_funpos PACCHETTO = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+constexpr kel_funpos FIX = kelFidComponi(FID_PHI_CODE, FID_OBJ_ACCURACY, FID_POS_GPS);
+constexpr kel_funpos SATELLITI = kelFidComponi(FID_PHI_NUMBER, FID_OBJ_SATELLITE, FID_POS_GPS);
+constexpr kel_funpos VELOCITA = kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS);
+constexpr kel_funpos LATITUDINE = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS);
+constexpr kel_funpos LONGITUDINE = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
+constexpr kel_funpos ACCURATEZZA_POSIZIONE = kelFidComponi(FID_PHI_POSITION, FID_OBJ_ACCURACY, FID_POS_GPS);
+constexpr kel_funpos ACCURATEZZA_VELOCITA = kelFidComponi(FID_PHI_VELOCITY, FID_OBJ_ACCURACY, FID_POS_GPS);
+
+std::unique_ptr<IConverter> converter(IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid,
+                                      const std::string& udm, unsigned decimali) {
+    return std::unique_ptr<IConverter>(
+        catalogo.CreateConverter(&canale, fid, udm, true, decimali, FORMATO_COMPATTO, LARGHEZZA_VELOCITA));
+}
+
+// The accuracies are read without a unit: the packet holds cm and cm/s, whereas the units of a position and a velocity
+// start from metres and km/h.
+s_kel_converter senzaUnita(const s_kel_canale& canale, kel_funpos fid) {
+    s_kel_converter conv{};
+    kelConvInit(&conv, &canale, fid, kelFunGetConvData(fid, nullptr), 0, 0, 1);
+    return conv;
+}
+
+unsigned valoreIntero(const s_kel_converter& conv, const std::uint8_t* pacchetto) {
+    float valore = 0;
+    kelConvGetValFloat(&conv, pacchetto, &valore);
+    return static_cast<unsigned>(valore);  // a byte, 0 to 255
+}
+
+}  // namespace
+
+CanaleNavSol::CanaleNavSol(IFunzioni& catalogo, const std::string& udm, unsigned decimali)
+    : canale_(canale(PACCHETTO, TIPO_PACCHETTO_GPS)),
+      fix_(converter(catalogo, canale_, FIX, "", 0)),
+      satelliti_(converter(catalogo, canale_, SATELLITI, "", 0)),
+      longitudine_(converter(catalogo, canale_, LONGITUDINE, "", 0)),
+      latitudine_(converter(catalogo, canale_, LATITUDINE, "", 0)),
+      velocita_(converter(catalogo, canale_, VELOCITA, udm, decimali)),
+      accuratezza_posizione_(senzaUnita(canale_, ACCURATEZZA_POSIZIONE)),
+      accuratezza_velocita_(senzaUnita(canale_, ACCURATEZZA_VELOCITA)) {}
+
+kel_funpos CanaleNavSol::fidVelocita() {
+    return VELOCITA;
+}
+
+float CanaleNavSol::valore(IConverter& converter, const std::uint8_t* pacchetto) const {
+    float valore = 0;
+    converter.GetVal(pacchetto, &valore);
+    return valore;
+}
+
+Soluzione CanaleNavSol::leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const {
+    std::array<std::uint8_t, BYTE_TEMPO + NAV_SOL_BYTE> pacchetto{};
+    // The logger stamps its own time in front; here the time of week serves for it.
+    std::copy_n(payload.begin(), BYTE_TEMPO, pacchetto.begin());
+    std::copy(payload.begin(), payload.end(), pacchetto.begin() + BYTE_TEMPO);
+
+    Soluzione soluzione;
+    for (std::size_t i = BYTE_TEMPO; i-- > 0;)
+        soluzione.settimana_ms = soluzione.settimana_ms * 256 + payload[i];
+    soluzione.fix = static_cast<unsigned>(valore(*fix_, pacchetto.data()));
+    soluzione.satelliti = static_cast<unsigned>(valore(*satelliti_, pacchetto.data()));
+    soluzione.longitudine = valore(*longitudine_, pacchetto.data());
+    soluzione.latitudine = valore(*latitudine_, pacchetto.data());
+    soluzione.velocita = valore(*velocita_, pacchetto.data());
+    std::string testo;
+    velocita_->GetString(pacchetto.data(), testo);
+    soluzione.testo_velocita = senzaNul(testo);
+    soluzione.accuratezza_posizione = valoreIntero(accuratezza_posizione_, pacchetto.data());
+    soluzione.accuratezza_velocita = valoreIntero(accuratezza_velocita_, pacchetto.data());
+    return soluzione;
+}
+
+}  // namespace kel::strumento

@@ -1,0 +1,38 @@
+// The kart circuit: its shape, and how fast a kart can be at each point of it.
+#ifndef KELSIM_CIRCUITO_H
+#define KELSIM_CIRCUITO_H
+
+#include <vector>
+
+namespace kel::simulatore {
+
+/// A point of the circuit in its own plane.
+struct PuntoCircuito {
+    double est = 0;      ///< m
+    double nord = 0;     ///< m
+    double dir_est = 0;  ///< direction of travel, unit vector
+    double dir_nord = 0;
+    double curvatura = 0;  ///< 1/m, without sign
+    double velocita = 0;   ///< m/s that a kart reaches here on a flying lap
+};
+
+/// A closed circuit of one kilometre.
+class Circuito {
+public:
+    Circuito();
+
+    double lunghezza() const { return lunghezza_; }
+
+    /// The point at a distance from the start line, m; distances wrap around.
+    PuntoCircuito punto(double distanza) const;
+
+private:
+    void profiloVelocita();
+
+    double lunghezza_ = 0;
+    std::vector<PuntoCircuito> punti_;  // at equal distances
+};
+
+}  // namespace kel::simulatore
+
+#endif

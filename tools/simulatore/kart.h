@@ -1,0 +1,53 @@
+// A kart on the circuit, as its GPS receiver sees it: one solution after the other.
+#ifndef KELSIM_KART_H
+#define KELSIM_KART_H
+
+#include <cstdint>
+
+#include "circuito.h"
+#include "wgs84.h"
+
+namespace kel::simulatore {
+
+/// One solution of the receiver.
+struct Istante {
+    std::uint32_t settimana_ms = 0;  ///< GPS time of week
+    Vettore posizione;               ///< east, north, up in the circuit's plane, m
+    Vettore velocita;                ///< likewise, m/s
+    unsigned fix = 3;                ///< 3: solved in space; 2: in the plane; 0: none
+    unsigned satelliti = 9;
+    std::uint32_t accuratezza_posizione = 0;  ///< cm
+    std::uint32_t accuratezza_velocita = 0;   ///< cm/s
+};
+
+/// Drives laps from a standing start. The same arguments give the same solutions.
+class Kart {
+public:
+    /// @param giri       laps, at least 1; half-way through the middle lap the fix is lost for some seconds.
+    /// @param frequenza  solutions a second, 1 to 25.
+    /// @param seme       seed of the receiver's noise.
+    Kart(unsigned giri, unsigned frequenza, std::uint64_t seme);
+
+    /// The next solution; false when the last lap is over.
+    bool prossimo(Istante& istante);
+
+private:
+    double rumore();
+    void ricezione(Istante& istante);
+
+    Circuito circuito_;
+    unsigned frequenza_;
+    std::uint64_t stato_;    // of the noise
+    double traguardo_;       // m
+    double perdita_da_;      // m, where the fix begins to go
+    double distanza_ = 0;    // m driven
+    double velocita_ = 0;    // m/s
+    double perdita_s_ = -1;  // s since then; below 0 = not yet
+    std::uint32_t passi_ = 0;
+    Vettore errore_;  // of the position; drifts slowly
+    Istante ultimo_;  // the last one that had a fix
+};
+
+}  // namespace kel::simulatore
+
+#endif
