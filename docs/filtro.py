@@ -1,0 +1,37 @@
+#!/usr/bin/env python3
+"""A file as the documentation site reads it.
+
+    filtro.py FILE
+
+A page: links into the source tree, which the site does not have, become plain text; a link to nothing stays, so that it
+is found. A header: an enumerator without a sentence of its own is documented by its value, else the site would list it and
+lead nowhere.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+file = Path(sys.argv[1])
+text = file.read_text()
+
+
+def plain(link):
+    shown, target = link.groups()
+    if "://" in target or target.endswith(".md") or not (file.parent / target).exists():
+        return link[0]
+    return shown
+
+
+ENUMERATOR = r"[A-Z]+_\w+ *= *(?:0x)?[0-9A-F]+"
+
+if file.suffix == ".md":
+    # A link that goes over the end of a line would not be read as one.
+    text = re.sub(r"\[[^\]\n]+\n[^\]\n]+\]\(", lambda m: " ".join(m[0].split()), text)
+    text = re.sub(r"\[([^\]]+)\]\(([^)#\s]+)\)", plain, text)
+else:
+    # Two on a line share its sentence.
+    text = re.sub(rf"^ +({ENUMERATOR}), +({ENUMERATOR})(,?) +///< (.*)$", r"\1,  ///< \4: shift\n\2\3  ///< \4: mask", text,
+                  flags=re.M)
+    text = re.sub(rf"^( +{ENUMERATOR})(,?)$", lambda m: f"{m[0]}  ///< {m[1].split('=')[1].strip()}", text, flags=re.M)
+sys.stdout.write(text)
