@@ -1,0 +1,48 @@
+# shellcheck shell=bash
+# Completion of kelfun for bash. The candidates come from the tool itself: kelfun __complete WORDS...
+
+_kelfun() {
+    local line=${COMP_LINE:0:COMP_POINT} words=() word candidate joined i
+    COMPREPLY=()
+
+    # Bash breaks words at = and : as well; what stands together on the line is one word for the tool.
+    for ((i = 0; i <= COMP_CWORD; ++i)); do
+        joined=1
+        if [[ $line == [[:space:]]* ]] || ((i == 0)); then
+            joined=0
+            line=${line#"${line%%[![:space:]]*}"}
+        fi
+        word=${COMP_WORDS[i]}
+        # Of the word at the cursor only what stands before it.
+        ((i < COMP_CWORD)) && [[ $line == "$word"* ]] || word=$line
+        line=${line:${#word}}
+        if ((joined)); then
+            words[-1]+=$word
+        else
+            words+=("$word")
+        fi
+    done
+
+    local current=${words[-1]} quoted=
+    [[ $current == [\'\"]* ]] && quoted=1
+    # The tool is told the words without their quotes.
+    words=("${words[@]//[\\\'\"]/}")
+
+    # What bash takes for words of their own stays on the line.
+    local stays=
+    [[ $COMP_WORDBREAKS == *=* && $current == --*=* ]] && stays=${current%%=*}=
+
+    while IFS=$'\t' read -r candidate _; do
+        if [[ $candidate == :files ]]; then
+            compopt -o filenames 2>/dev/null
+            while IFS= read -r candidate; do
+                [[ $candidate ]] && COMPREPLY+=("$candidate")
+            done <<<"$(compgen -f -- "${current#"$stays"}")"
+            return
+        fi
+        [[ $candidate ]] || continue
+        candidate=${candidate#"$stays"}
+        [[ $quoted ]] || printf -v candidate %q "$candidate"
+        COMPREPLY+=("$candidate")
+    done <<<"$("${words[0]}" __complete "${words[@]:1}" 2>/dev/null)"
+} && complete -o nosort -F _kelfun kelfun
