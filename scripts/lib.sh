@@ -1,0 +1,87 @@
+# shellcheck shell=bash
+# Shared parts of the scripts: sourced, not run.
+#
+# Messages go to standard error, so that standard output holds the result alone.
+
+KEL_ROOT=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
+KEL_JOBS=$(getconf _NPROCESSORS_ONLN 2>/dev/null || echo 2)
+
+say() { printf '== %s\n' "$*" >&2; }
+
+die() {
+    printf '%s: %s\n' "${0##*/}" "$*" >&2
+    exit 1
+}
+
+# Packages of the sets named, one a line.
+packages_of() {
+    local wanted
+    for wanted in "$@"; do
+        awk -v wanted="$wanted" '$1 == wanted { print $2 }' "$KEL_ROOT/scripts/packages.txt"
+    done
+}
+
+# Packages of the sets named that are not installed.
+missing_packages() {
+    local package
+    while read -r package; do
+        [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
+    done < <(packages_of "$@")
+}
+
+# Runs apt-get as root: directly, or through sudo.
+apt_get() {
+    local command=(env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o DPkg::Lock::Timeout=300 "$@")
+    if [[ $(id -u) != 0 ]]; then
+        command=(sudo "${command[@]}")
+    fi
+    "${command[@]}" </dev/null >&2
+}
+
+# Installs what is missing of the package sets named. Nothing is asked of the network when nothing is missing.
+install_packages() {
+    local missing manual
+    if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        mapfile -t missing < <(packages_of "$@")
+        say "no apt here, so nothing is installed. What is needed, as Debian calls it: ${missing[*]}"
+        return
+    fi
+    mapfile -t missing < <(missing_packages "$@")
+    ((${#missing[@]})) || return 0
+    manual="missing: ${missing[*]}
+As root: apt-get update && apt-get install --no-install-recommends ${missing[*]}"
+
+    if [[ $(id -u) != 0 ]]; then
+        command -v sudo >/dev/null || die "not root and no sudo, so nothing can be installed; $manual"
+        # Without a terminal there is nobody to type a password.
+        sudo -n true 2>/dev/null || { [[ -t 2 ]] && sudo -v; } || die "sudo refused; $manual"
+    fi
+    say "installing ${missing[*]}"
+    apt_get update || say "the package lists could not be refreshed; trying with those that are here"
+    apt_get install --no-install-recommends "${missing[@]}" || true
+    mapfile -t missing < <(missing_packages "$@")
+    ((${#missing[@]} == 0)) || die "apt-get could not install everything (is the network there?); still missing: ${missing[*]}
+As root: apt-get update && apt-get install --no-install-recommends ${missing[*]}"
+}
+
+# Configures a preset and builds it: all of it, or the targets named.
+build_preset() {
+    local preset=$1 cache=$KEL_ROOT/build/$1/CMakeCache.txt targets=()
+    shift
+    # A build folder that came along with a copied tree belongs to the place that it was copied from.
+    if [[ -f $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$KEL_ROOT" "$cache"; then
+        say "build/$preset was made for another folder; starting afresh"
+        rm -rf -- "${KEL_ROOT:?}/build/$preset"
+    fi
+    (($# == 0)) || targets=(--target "$@")
+    (
+        cd -- "$KEL_ROOT" && cmake --preset "$preset" && cmake --build --preset "$preset" -j "$KEL_JOBS" "${targets[@]}"
+    ) >&2
+}
+
+# Runs the tests of a preset. Further arguments go to ctest.
+test_preset() {
+    local preset=$1
+    shift
+    (cd -- "$KEL_ROOT" && ctest --preset "$preset" -j "$KEL_JOBS" "$@")
+}
