@@ -1,6 +1,7 @@
 #include "converters/testo_numerico.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
@@ -82,6 +83,77 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
     }
 }
 
+// Any number in any field, a character at a time.
+void testo_lungo(char* testo, float numero, uint32_t permesse, uint32_t larghezza, uint32_t decimali, bool negativo,
+                 eFormatoConv formato) noexcept {
+    CifreDaDestra cifre(numero, permesse, larghezza);
+    const uint32_t lunghezza =
+        std::min(std::min(larghezza, caratteri_testo) + (decimali != 0 ? 1u : 0u), caratteri_testo);
+    uint32_t posto = lunghezza;
+    for (uint32_t scritte = 1; posto > 0; ++scritte) {
+        testo[--posto] = cifre.prossima();
+        if (scritte == decimali && posto > 0)
+            testo[--posto] = '.';
+    }
+    togli_zeri(testo, lunghezza, negativo, formato);
+}
+
+// --- Short texts: at most eight characters in one 64-bit word, the first in the lowest byte ----------------------------
+
+constexpr uint32_t cifre_parola = 8;
+constexpr uint64_t ogni_byte = 0x0101010101010101;
+
+// 10 to the power of the places, below which a number fits them. 0, which nothing is below, for none and for more than
+// a word holds.
+constexpr float potenza(uint32_t posti) noexcept {
+    constexpr float potenze[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
+    return posti < std::size(potenze) ? potenze[posti] : 0.0f;
+}
+
+// The eight digits of a number below 10^8: halves, pairs and digits are parted side by side, by multiplications with
+// 1/100 and 1/10 that are exact for the numbers that can occur.
+constexpr uint64_t cifre(uint32_t numero) noexcept {
+    const uint64_t meta = numero / 10000 | uint64_t{numero % 10000} << 32;
+    const uint64_t centinaia = meta * 5243 >> 19 & 0x0000007F0000007F;
+    const uint64_t coppie = centinaia | (meta - centinaia * 100) << 16;
+    const uint64_t decine = coppie * 103 >> 10 & 0x000F000F000F000F;
+    return (decine | (coppie - decine * 10) << 8) + '0' * ogni_byte;
+}
+static_assert(cifre(12345678) == 0x3837363534333231 && cifre(99999999) == 0x3939393939393939);
+
+// The first `quanti` bytes of a word, 0 to 7.
+constexpr uint64_t primi(uint32_t quanti) noexcept {
+    return (uint64_t{1} << 8 * quanti) - 1;
+}
+
+// A number that fits its field, and the field a word.
+void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t decimali, bool negativo,
+                 eFormatoConv formato) noexcept {
+    const uint32_t interi = larghezza - decimali;
+    uint64_t parola = cifre(numero) >> 8 * (cifre_parola - larghezza);
+
+    // Zeros before the first figure become blanks, but for the one before the point; the last blank is the sign's.
+    const uint64_t figure = (parola ^ '0' * ogni_byte) | uint64_t{1} << 8 * (interi - 1);
+    const uint32_t prima = static_cast<uint32_t>(std::countr_zero(figure)) / 8;
+    parola = (parola & ~primi(prima)) | (' ' * ogni_byte & primi(prima));
+    if (negativo)
+        parola ^= (uint64_t{' ' ^ '-'} << 8 * prima) >> 8;
+
+    uint32_t lunghezza = larghezza;
+    if (decimali != 0) {
+        const uint64_t frazione = parola >> 8 * interi;
+        parola = (parola & primi(interi)) | ('.' | frazione << 8) << 8 * interi;
+        ++lunghezza;
+    }
+    const uint32_t vuoti = prima - (negativo ? 1 : 0);
+    if (vuoti != 0 && (formato == FORMATO_SINISTRA || formato == FORMATO_COMPATTO)) {
+        parola >>= 8 * vuoti;
+        if (formato == FORMATO_SINISTRA)
+            parola |= (' ' * ogni_byte & primi(vuoti)) << 8 * (lunghezza - vuoti);
+    }
+    std::memcpy(testo, &parola, sizeof parola);
+}
+
 }  // namespace
 
 void testo_numerico(s_kel_converter* conv, const void* campione, char* testo) noexcept {
@@ -105,17 +177,12 @@ void testo_numerico(s_kel_converter* conv, const void* campione, char* testo) no
     const uint32_t permesse = !negativo ? larghezza : larghezza > decimali + 1 ? larghezza - 1 : 0;
     // Scaled and rounded in single precision: 123.45 to one decimal is 1234.5, and shows as 123.5.
     const float modulo = negativo ? -valore : valore;
-    CifreDaDestra cifre(modulo * scale[decimali] + 0.5f, permesse, larghezza);
+    const float numero = modulo * scale[decimali] + 0.5f;
 
-    const uint32_t lunghezza =
-        std::min(std::min(larghezza, caratteri_testo) + (decimali != 0 ? 1u : 0u), caratteri_testo);
-    uint32_t posto = lunghezza;
-    for (uint32_t scritte = 1; posto > 0; ++scritte) {
-        testo[--posto] = cifre.prossima();
-        if (scritte == decimali && posto > 0)
-            testo[--posto] = '.';
-    }
-    togli_zeri(testo, lunghezza, negativo, conv->formato);
+    if (numero < potenza(permesse) && larghezza > decimali && larghezza + (decimali != 0 ? 1 : 0) <= cifre_parola)
+        testo_corto(testo, static_cast<uint32_t>(numero), larghezza, decimali, negativo, conv->formato);
+    else
+        testo_lungo(testo, numero, permesse, larghezza, decimali, negativo, conv->formato);
 }
 
 void testo_assente(s_kel_converter*, const void*, char* testo) noexcept {

@@ -5,6 +5,7 @@
 // before the generic row of their quantity. The diagnostic number of lambda stands apart from the other row of its
 // quantity: rows of one quantity are not always neighbours.
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
+#include "tables/indice_grandezze.h"
 #include "tables/invarianti.h"
 
 namespace kel {
@@ -153,5 +154,61 @@ constexpr bool testi_in_misura() {
     return true;
 }
 static_assert(testi_in_misura(), "texts are ASCII and fit their fields");
+
+// --- The index -----------------------------------------------------------------------------------------------------
+
+namespace {
+
+// Whether the rows of a quantity find free places when its object 0 is at `inizio`.
+constexpr bool si_incastra(const IndiceGrandezze& indice, unsigned grandezza, unsigned inizio) {
+    for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
+        if (kelFidGrandezza(riga.chiave) == grandezza && kelFidOggetto(riga.chiave) != 0 &&
+            indice.posti[inizio + kelFidOggetto(riga.chiave)].grandezza != IndiceGrandezze::nessuna)
+            return false;
+    return true;
+}
+
+// The first shift that fits each quantity, one after the other.
+constexpr IndiceGrandezze costruisci_indice() {
+    IndiceGrandezze indice;
+    for (unsigned grandezza = 0; grandezza < IndiceGrandezze::grandezze; ++grandezza) {
+        auto& di_questa = indice.per_grandezza[grandezza];
+        while (!si_incastra(indice, grandezza, di_questa.inizio))
+            ++di_questa.inizio;
+        for (std::uint8_t numero = 0; numero + 1u < std::size(uib_grandezza_fisica_uiv); ++numero) {
+            const kel_funpos chiave = uib_grandezza_fisica_uiv[numero].chiave;
+            if (kelFidGrandezza(chiave) != grandezza)
+                continue;
+            if (kelFidOggetto(chiave) == 0)
+                di_questa.generica = numero;
+            else
+                indice.posti[di_questa.inizio + kelFidOggetto(chiave)] = {numero, static_cast<std::uint8_t>(grandezza)};
+        }
+    }
+    return indice;
+}
+
+}  // namespace
+
+constexpr IndiceGrandezze indice_grandezze = costruisci_indice();
+
+// The rule that the index stands for: the first row of the quantity that has the object or no object.
+constexpr unsigned prima_riga(unsigned grandezza, unsigned oggetto) {
+    for (unsigned numero = 0; numero + 1 < std::size(uib_grandezza_fisica_uiv); ++numero) {
+        const kel_funpos chiave = uib_grandezza_fisica_uiv[numero].chiave;
+        if (kelFidGrandezza(chiave) == grandezza && (kelFidOggetto(chiave) == oggetto || kelFidOggetto(chiave) == 0))
+            return numero;
+    }
+    return IndiceGrandezze::nessuna;
+}
+
+constexpr bool indice_uguale_scansione() {
+    for (unsigned grandezza = 0; grandezza <= IndiceGrandezze::grandezze; ++grandezza)
+        for (unsigned oggetto = 0; oggetto <= IndiceGrandezze::oggetti; ++oggetto)
+            if (indice_grandezze.riga(kelFidComponi(grandezza, oggetto, 0)) != prima_riga(grandezza, oggetto))
+                return false;
+    return true;
+}
+static_assert(indice_uguale_scansione(), "the index answers as a walk over the table would");
 
 }  // namespace kel

@@ -1,8 +1,7 @@
 // Conversions into a unit and between two units.
-#include <cstring>
-
 #include "aritmetica.h"
 #include "kelfunzioni.h"
+#include "units/confronto.h"
 #include "units/grandezza.h"
 
 const s_converter_data* kelFunGetConvData(kel_funpos fid, const char* udm) noexcept {
@@ -16,7 +15,7 @@ const s_converter_data* kelFunGetConvData(kel_funpos fid, const char* udm) noexc
 s_converter_data kelFunGetConvDatas(kel_funpos fid, const char* udmDa, const char* udmA) noexcept {
     constexpr s_converter_data identita = {"", 0.0f, 1.0f, 0};
     const s_grandezza_fisica_uiv* grandezza = kel::cerca_grandezza(fid);
-    if (grandezza == nullptr || std::strcmp(udmDa, udmA) == 0)
+    if (grandezza == nullptr || kel::uguali(udmDa, udmA))
         return identita;
     const s_udm_associata* da = kel::cerca_udm(*grandezza, udmDa);
     const s_udm_associata* a = kel::cerca_udm(*grandezza, udmA);

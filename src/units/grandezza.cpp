@@ -1,23 +1,18 @@
 #include "units/grandezza.h"
 
-#include <cstring>
-
-#include "tables/fid.h"
+#include "tables/indice_grandezze.h"
+#include "units/confronto.h"
 
 namespace kel {
 
 const s_grandezza_fisica_uiv* cerca_grandezza(kel_funpos fid) noexcept {
-    for (const s_grandezza_fisica_uiv* riga = uib_grandezza_fisica_uiv; riga->chiave != fine_grandezze; ++riga) {
-        const unsigned oggetto = kelFidOggetto(riga->chiave);
-        if (kelFidGrandezza(riga->chiave) == kelFidGrandezza(fid) && (oggetto == kelFidOggetto(fid) || oggetto == 0))
-            return riga;
-    }
-    return nullptr;
+    const unsigned riga = indice_grandezze.riga(fid);
+    return riga != IndiceGrandezze::nessuna ? &uib_grandezza_fisica_uiv[riga] : nullptr;
 }
 
 const s_udm_associata* cerca_udm(const s_grandezza_fisica_uiv& grandezza, const char* udm) noexcept {
     for (int i = 0; i < grandezza.num_udm; ++i)
-        if (std::strcmp(grandezza.udm[i].dati.udm, udm) == 0)
+        if (uguali(grandezza.udm[i].dati.udm, udm))
             return &grandezza.udm[i];
     return nullptr;
 }
