@@ -10,7 +10,8 @@ A case is a block of lines, blocks apart by empty lines; lines that begin with #
     stdin-kelsim: --laps 1          what the simulator writes with these arguments
     env: LC_ALL=de_DE.UTF-8         one variable; may be repeated
     exit: 0                         expected exit status, 0 if left out
-    out| Identifier  0x00000010     expected lines of standard output: all of them together are the whole of it
+    out| Identifier  0x00000010     expected lines of standard output: all of them together are the whole of it; {ESC} as
+                                    above, in out~ and err~ too
     out~ ^Speed$                    a regular expression that must be found in it; may be repeated
     out!~ regex                     one that must not be found
     err~ regex                      likewise for standard error
@@ -42,7 +43,8 @@ def blocchi(testo):
         if not trovato:
             sys.exit(f"line {numero}: no such key: {riga}")
         chiave = trovato[1] or trovato[3]
-        caso.append((numero, chiave, trovato[2] if trovato[1] else trovato[4]))
+        valore = trovato[2] if trovato[1] else trovato[4]
+        caso.append((numero, chiave, valore if trovato[1] else valore.replace("{ESC}", "\x1b")))
 
 
 def dentro(documento, percorso):

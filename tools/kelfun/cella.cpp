@@ -20,8 +20,9 @@ Cella Cella::codice(std::int64_t valore, int cifre) {
 }
 
 Cella Cella::fid(kel_funpos fid) {
-    std::string testo = esadecimale(fid, 8);
-    return {testo, testo};
+    Cella cella = testo(esadecimale(fid, 8));
+    cella.identificatore_ = true;
+    return cella;
 }
 
 Cella Cella::numero(float valore) {

@@ -22,13 +22,17 @@ void aggiungiMatch(CLI::App& programma);
 void aggiungiCamera(CLI::App& programma);
 void aggiungiLap(CLI::App& programma);
 void aggiungiUbx(CLI::App& programma);
+void aggiungiFind(CLI::App& programma);
 
-/// --json and --csv.
+/// --json, --ndjson, --csv and --color.
 struct SceltaForma {
     bool json = false;
+    bool ndjson = false;
     bool csv = false;
+    std::string colori = "auto";
 
-    Forma forma() const { return json ? Forma::json : csv ? Forma::csv : Forma::tabella; }
+    /// How standard output is written.
+    Aspetto forma() const;
 };
 void aggiungiForma(CLI::App& comando, SceltaForma& scelta);
 

@@ -1,15 +1,13 @@
 // kelfun ubx: the NAV-SOL solutions of a u-blox byte stream.
-#include <fcntl.h>
-#include <unistd.h>
 #include <CLI/CLI.hpp>
-#include <cerrno>
-#include <cstring>
 #include <memory>
 
+#include "chiavi.h"
 #include "comando.h"
 #include "errori.h"
 #include "flusso_ubx.h"
 #include "identificatore.h"
+#include "ingresso.h"
 #include "navsol.h"
 #include "numeri.h"
 
@@ -22,38 +20,6 @@ struct Argomenti {
     std::string udm;
     std::string decimali = "3";
     SceltaForma forma;
-};
-
-// A file, or standard input for "-", as bytes come.
-class Ingresso {
-public:
-    explicit Ingresso(const std::string& nome)
-        : nome_(nome == "-" ? "standard input" : nome),
-          fd_(nome == "-" ? STDIN_FILENO : ::open(nome.c_str(), O_RDONLY | O_CLOEXEC)) {
-        if (fd_ < 0)
-            throw NonTrovato("cannot open '" + nome_ + "': " + std::strerror(errno));
-    }
-    ~Ingresso() {
-        if (fd_ != STDIN_FILENO)
-            ::close(fd_);
-    }
-    Ingresso(const Ingresso&) = delete;
-    Ingresso& operator=(const Ingresso&) = delete;
-
-    std::size_t leggi(std::uint8_t* byte, std::size_t quanti) {
-        std::fflush(stdout);  // a receiver may take its time: what is known so far is shown before the wait
-        for (;;) {
-            const ssize_t letti = ::read(fd_, byte, quanti);
-            if (letti >= 0)
-                return static_cast<std::size_t>(letti);
-            if (errno != EINTR)
-                throw NonTrovato("cannot read '" + nome_ + "': " + std::strerror(errno));
-        }
-    }
-
-private:
-    std::string nome_;
-    int fd_;
 };
 
 struct Riassunto {
@@ -71,19 +37,18 @@ void stampa(const Riassunto& r, const ConteggiUbx& c) {
     std::fputs(testo.c_str(), stderr);
 }
 
-std::vector<Colonna> colonne() {
+std::vector<Colonna> colonne(const std::string& udm) {
     return {{"time_of_week_ms", "TIME OF WEEK ms", Lato::destra, 15},
             {"fix", "FIX", Lato::destra, 3},
             {"satellites", "SATS", Lato::destra, 4},
             {"longitude", "LONGITUDE", Lato::destra, 11},
             {"latitude_library_rule", "LATITUDE+-0.19", Lato::destra, 14},
-            {"speed", "SPEED", Lato::destra, 8},
-            {"speed_unit", "UNIT", Lato::sinistra, 4},
+            {chiaveConUdm("speed", udm), "SPEED " + udm, Lato::destra, 10},
             {"position_accuracy_low_byte_cm", "POS.ACC LOW BYTE cm", Lato::destra, 19},
             {"speed_accuracy_low_byte_cm_s", "SPD.ACC LOW BYTE cm/s", Lato::destra, 21}};
 }
 
-std::vector<Cella> celle(const Soluzione& s, const std::string& udm) {
+std::vector<Cella> celle(const Soluzione& s) {
     constexpr int DECIMALI_GRADI = 6;  // a float near 100 degrees is worth 0.000008
     return {Cella::intero(s.settimana_ms),
             Cella::intero(s.fix),
@@ -91,7 +56,6 @@ std::vector<Cella> celle(const Soluzione& s, const std::string& udm) {
             Cella::numero(s.longitudine, DECIMALI_GRADI),
             Cella::numero(s.latitudine, DECIMALI_GRADI),
             Cella::numero(s.velocita, s.testo_velocita),
-            Cella::testo(udm),
             Cella::intero(s.accuratezza_posizione),
             Cella::intero(s.accuratezza_velocita)};
 }
@@ -107,7 +71,7 @@ void esegui(const Argomenti& argomenti) {
     LettoreUbx lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
 
     Documento documento(stdout, argomenti.forma.forma());
-    documento.inizia("solutions", "", colonne(), true);
+    documento.inizia("solutions", "", colonne(udm), true);
     Riassunto riassunto;
     MessaggioUbx messaggio;
     while (lettore.prossimo(messaggio)) {
@@ -118,7 +82,7 @@ void esegui(const Argomenti& argomenti) {
         } else {
             ++riassunto.soluzioni;
             const std::span<const std::uint8_t, NAV_SOL_BYTE> payload(messaggio.dati.data(), NAV_SOL_BYTE);
-            documento.riga(celle(canale.leggi(payload), udm));
+            documento.riga(celle(canale.leggi(payload)));
         }
     }
     documento.fine();

@@ -1,4 +1,4 @@
-// What a command prints: properties and tables, aligned for people, as JSON or as CSV for programs.
+// What a command prints: properties and tables, aligned for people, as JSON, JSON lines or CSV for programs.
 #ifndef KELFUN_DOCUMENTO_H
 #define KELFUN_DOCUMENTO_H
 
@@ -13,7 +13,13 @@
 
 namespace kel::strumento {
 
-enum class Forma { tabella, json, csv };
+enum class Forma { tabella, json, ndjson, csv };
+
+/// How a document is written. Only tables for people have colours.
+struct Aspetto {
+    Forma forma = Forma::tabella;
+    bool colori = false;
+};
 
 /// One cell: the text for people and, for programs, the value.
 class Cella {
@@ -38,28 +44,32 @@ public:
     using Valore = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
     const std::string& perPersone() const { return testo_; }
     const Valore& valore() const { return valore_; }
+    /// Whether it is an identifier, which stands out by its colour.
+    bool identificatore() const { return identificatore_; }
 
 private:
     Cella(std::string testo, Valore valore) : testo_(std::move(testo)), valore_(std::move(valore)) {}
 
     std::string testo_ = "-";
     Valore valore_;
+    bool identificatore_ = false;
 };
 
 enum class Lato { sinistra, destra };
 
 struct Colonna {
-    std::string chiave;  ///< its name in JSON and CSV
+    std::string chiave;  ///< its name in JSON and CSV, with its unit if it has one: see `chiaveConUdm`
     std::string titolo;  ///< its heading for people
     Lato lato = Lato::sinistra;
     std::size_t larghezza = 0;  ///< characters to keep in a table that is printed while it grows
 };
 
 /// The output of one command. JSON: one object whose members are the properties and, as arrays of objects, the tables.
+/// NDJSON: one object a line, whose first member "table" names its table; before them one object "properties".
 /// CSV (RFC 4180, line feeds): properties as a table "property,value"; tables apart by one empty line.
 class Documento {
 public:
-    Documento(std::FILE* file, Forma forma);
+    Documento(std::FILE* file, Aspetto aspetto);
 
     /// A property of the whole answer; before the first table.
     void proprieta(std::string_view chiave, std::string_view titolo, const Cella& valore);
@@ -77,7 +87,11 @@ private:
     void scrivi(std::string_view testo);
     void chiudi();
     void chiudiProprieta();
-    void rigaPerPersone(const std::vector<std::string>& testi);
+    void proprietaPerPersone();
+    void testata();
+    void rigaPerPersone(const std::vector<Cella>& celle, std::string_view colore = {});
+    void rigaJson(const std::vector<Cella>& celle);
+    std::string colorato(std::string_view colore, std::string_view testo) const;
     void rigaCsv(const std::vector<std::string>& testi);
 
     struct Proprieta {
@@ -88,10 +102,12 @@ private:
 
     std::FILE* file_;
     Forma forma_;
+    bool colori_;
     bool scritto_ = false;  // something has been printed
     bool aperta_ = false;   // a table is open
     bool flusso_ = false;
-    std::size_t righe_ = 0;  // rows of the open table
+    std::string tabella_;    // key of the open table
+    std::size_t righe_ = 0;  // its rows
     std::vector<Proprieta> proprieta_;
     std::vector<Colonna> colonne_;
     std::vector<std::vector<Cella>> celle_;  // rows kept until their widths are known

@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 
+#include "colore.h"
 #include "comando.h"
 #include "comando_completa.h"
 #include "errori.h"
@@ -30,11 +31,19 @@ const CLI::App* sottocomando(const CLI::App& programma, const std::string& nome)
     return nullptr;
 }
 
-int errore(const std::string& chi, std::string testo, int stato) {
+// What --color asks for, as far as the command line has been read.
+std::string colori(const CLI::App& comando) {
+    const CLI::Option* opzione = comando.get_option_no_throw("--color");
+    return opzione != nullptr && !opzione->results().empty() ? opzione->results().front() : "auto";
+}
+
+int errore(const CLI::App& comando, const std::string& chi, std::string testo, int stato) {
     for (char& c : testo)  // always one line, whatever the argument held
         if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
             c = '?';
-    std::fprintf(stderr, "%s: %s\n", chi.c_str(), testo.c_str());
+    const bool colorato = ammetteColori(colori(comando), stderr);
+    const std::string prima = colorato ? std::string(ROSSO) + chi + ":" + std::string(NORMALE) : chi + ":";
+    std::fprintf(stderr, "%s %s\n", prima.c_str(), testo.c_str());
     return stato;
 }
 
@@ -43,6 +52,7 @@ int esegui(int argc, char** argv) {
     programma.set_version_flag("--version", "kelfun " KELFUN_VERSIONE, "Print the version and exit");
     programma.get_formatter()->column_width(30);
     programma.require_subcommand(1);
+    aggiungiFind(programma);
     aggiungiFid(programma);
     aggiungiFunctions(programma);
     aggiungiUnits(programma);
@@ -65,11 +75,12 @@ int esegui(int argc, char** argv) {
             return std::fflush(stdout) == 0 ? USCITA_BENE : USCITA_NON_TROVATO;
         }
         if (argc > 1 && argv[1][0] != '-') {
-            comando = sottocomando(programma, argv[1]);
-            if (comando == nullptr)
-                return errore(chi,
+            const CLI::App* trovato = sottocomando(programma, argv[1]);
+            if (trovato == nullptr)
+                return errore(*comando, chi,
                               std::string("there is no command '") + argv[1] + "'; accepted: " + accettati(programma),
                               USCITA_USO);
+            comando = trovato;
             chi += std::string(" ") + argv[1];
         }
         programma.parse(argc, argv);
@@ -78,13 +89,13 @@ int esegui(int argc, char** argv) {
         programma.exit(richiesta);
         return std::fflush(stdout) == 0 ? USCITA_BENE : USCITA_NON_TROVATO;
     } catch (const CLI::ParseError& e) {
-        return errore(chi, std::string(e.what()) + "; accepted: " + accettati(*comando), USCITA_USO);
+        return errore(*comando, chi, std::string(e.what()) + "; accepted: " + accettati(*comando), USCITA_USO);
     } catch (const ErroreUso& e) {
-        return errore(chi, e.what(), USCITA_USO);
+        return errore(*comando, chi, e.what(), USCITA_USO);
     } catch (const NonTrovato& e) {
-        return errore(chi, e.what(), USCITA_NON_TROVATO);
+        return errore(*comando, chi, e.what(), USCITA_NON_TROVATO);
     } catch (const std::exception& e) {
-        return errore(chi, e.what(), USCITA_NON_TROVATO);
+        return errore(*comando, chi, e.what(), USCITA_NON_TROVATO);
     }
 }
 
