@@ -1,0 +1,195 @@
+#include "model/convertitore.h"
+
+#include "model/campi.h"
+#include "model/sottocampi.h"
+
+namespace modello {
+
+std::uint32_t mascheraBit(unsigned pos_bit, unsigned num_bit) {
+    if (num_bit == 0 || num_bit + pos_bit >= 32)
+        return 0;
+    std::uint32_t maschera = 1;
+    for (unsigned i = 0; i < num_bit + pos_bit; i++)
+        maschera *= 2;
+    return maschera;
+}
+
+Convertitore::Convertitore(const Canale& canale, Fid fid, const RigaUdm& unita, Campo bit, bool campione_in_testa)
+    : unita_(unita),
+      reciproco_(unita.reciproco != 0),
+      offset_(campione_in_testa ? 0 : canale.offset),
+      campo_{bit.pos_bit, bit.num_bit, 0} {
+    unsigned tipo = canale.tipo;
+    if (grandezza(canale.fid) == 26 && canale.fid != fid) {
+        const auto tabella = tabellaPacchetto(oggetto(canale.fid), posizione(canale.fid));
+        const auto indice = tabella ? rigaSottocampo(*tabella, fid) : std::nullopt;
+        if (!indice)
+            return;
+        const RigaSottocampo& riga = tabelle().sottocampi.at(*tabella).at(*indice);
+        tipo = riga.tipo;
+        offset_ += riga.offset;
+        campo_ = {riga.pos_bit, riga.num_bit, 0};
+        if (tipo == 25) {
+            scegliCalcolato(riga);
+            return;
+        }
+    }
+    campo_.maschera = mascheraBit(campo_.pos_bit, campo_.num_bit);
+    scegliFormato(tipo, canale.fid);
+}
+
+void Convertitore::scegliCalcolato(const RigaSottocampo& riga) {
+    const std::string& nome = reciproco_ ? riga.valore_reciproco : riga.valore;
+    if (nome == "velocita" || nome == "velocita_reciproca")
+        modo_ = Valore::velocita;
+    else if (nome == "velocita_semplice" || nome == "velocita_semplice_reciproca")
+        modo_ = Valore::velocita_semplice;
+    else if (nome == "latitudine")
+        modo_ = Valore::latitudine;
+    else if (nome == "longitudine")
+        modo_ = Valore::longitudine;
+    testo_ = Testo::numerico;
+}
+
+// Types that are shown as numbers.
+void Convertitore::scegliNumero(unsigned tipo) {
+    const bool bit = campo_.maschera != 0 && !reciproco_;
+    testo_ = Testo::numerico;
+    stato_in_testo_ = tipo != 13;
+    switch (tipo) {
+        case 0:
+            modo_ = Valore::int32;
+            break;
+        case 1:
+            modo_ = Valore::int16;
+            break;
+        case 2:
+            modo_ = Valore::uint8;
+            break;
+        case 3:
+            modo_ = bit ? Valore::uint32_bit : Valore::uint32;
+            break;
+        case 4:
+            modo_ = bit ? Valore::uint16_bit : Valore::uint16;
+            break;
+        case 5:
+            modo_ = bit ? Valore::uint8_bit : Valore::uint8;
+            break;
+        case 6:
+            modo_ = Valore::virgola_mobile;
+            break;
+        case 20:
+            modo_ = Valore::mezzo;
+            break;
+        default:
+            modo_ = campo_.maschera != 0 ? Valore::lista_bit_mascherata : Valore::lista_bit;
+            break;
+    }
+}
+
+void Convertitore::scegliFormato(unsigned tipo, Fid canale) {
+    const bool marcia = grandezza(canale) == 31 || (grandezza(canale) == 6 && oggetto(canale) == 12);
+    dimensione_ = dimensioneCampione(tipo);
+    const auto scegli = [this](Valore modo, Testo testo) {
+        modo_ = modo;
+        testo_ = testo;
+    };
+    switch (tipo) {
+        case 7:
+        case 22:
+            scegli(Valore::zero, Testo::tempo_pacchetto);
+            break;
+        case 8:
+            scegli(Valore::zero, Testo::gps_kel);
+            break;
+        case 9:
+            scegli(Valore::zero, Testo::gps_navsol);
+            break;
+        case 10:
+            scegli(Valore::zero, Testo::data_ora);
+            break;
+        case 11:
+            scegli(Valore::marcia, Testo::marcia);
+            break;
+        case 12:
+            scegli(Valore::int32, Testo::tempo_giro);
+            reciproco_ = false;
+            break;
+        case 15:
+            scegli(marcia ? Valore::numero_o_cifra : Valore::numero, Testo::copia);
+            break;
+        case 16:
+            scegli(Valore::numero, Testo::copia);
+            break;
+        case 17:
+            scegli(Valore::zero, Testo::lap_1g);
+            break;
+        case 18:
+            scegli(Valore::zero, Testo::satelliti);
+            break;
+        case 21:
+            scegli(Valore::int32, Testo::coordinata);
+            break;
+        case 24:
+            scegli(Valore::int32, Testo::differenza);
+            reciproco_ = false;
+            break;
+        case 0:
+        case 1:
+        case 2:
+        case 3:
+        case 4:
+        case 5:
+        case 6:
+        case 13:
+        case 20:
+            scegliNumero(tipo);
+            break;
+        default:
+            break;
+    }
+}
+
+Letto Convertitore::valore(const Byte* buffer) const {
+    return leggiValore(modo_, reciproco_, unita_, campo_, buffer + offset_);
+}
+
+std::string Convertitore::testo(const Byte* buffer) {
+    const Byte* campione = buffer + offset_;
+    const bool compatto = aspetto.larghezza == 5;
+    switch (testo_) {
+        case Testo::nessuno:
+            return "- -";
+        case Testo::numerico: {
+            const Letto letto = modo_ == Valore::nessuno ? Letto{0.0F, 1} : valore(buffer);
+            if (letto.stato != 0)
+                return stato_in_testo_ ? testoStato(letto.stato) : "?";
+            return testoNumerico(aspetto, letto.valore);
+        }
+        case Testo::marcia:
+            return testoMarcia(campione);
+        case Testo::tempo_giro:
+            return testoTempoGiro(i32(campione), aspetto.decimali, compatto);
+        case Testo::differenza:
+            return testoDifferenza(i32(campione), compatto);
+        case Testo::tempo_pacchetto:
+            return testoTempoPacchetto(i32(campione + 4));
+        case Testo::coordinata:
+            return testoCoordinata(campione);
+        case Testo::gps_kel:
+            return testoGps(campione[14], campione[51]);
+        case Testo::gps_navsol:
+            return testoGps(campione[10], campione[47]);
+        case Testo::copia:
+            return testoCopiato(campione, dimensione_);
+        case Testo::data_ora:
+            return "Date and Time Packet";
+        case Testo::lap_1g:
+            return "LAP Packet 1G";
+        case Testo::satelliti:
+            return "GPS SV Info Packet";
+    }
+    return "";
+}
+
+}  // namespace modello

@@ -1,0 +1,151 @@
+#include "model/tabelle.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <locale>
+#include <sstream>
+
+namespace modello {
+
+namespace {
+
+using Riga = std::map<std::string, std::string>;  // by column
+
+[[noreturn]] void rinuncia(const std::string& file, const std::string& perche) {
+    std::fprintf(stderr, "the model's table %s: %s\n", file.c_str(), perche.c_str());
+    std::exit(2);
+}
+
+std::vector<std::string> dividi(const std::string& linea) {
+    std::vector<std::string> celle;
+    std::string cella;
+    std::istringstream flusso(linea);
+    while (std::getline(flusso, cella, '\t'))
+        celle.push_back(cella);
+    return celle;
+}
+
+std::vector<Riga> leggi(const std::string& nome, std::size_t attese) {
+    const std::string percorso = std::string(KEL_MODELLO_TABELLE) + "/" + nome + ".tsv";
+    std::ifstream file(percorso);
+    if (!file)
+        rinuncia(percorso, "cannot be read");
+    std::vector<std::string> colonne;
+    std::vector<Riga> righe;
+    std::string linea;
+    while (std::getline(file, linea)) {
+        if (linea.empty() || linea[0] == '#')
+            continue;
+        const std::vector<std::string> celle = dividi(linea);
+        if (colonne.empty()) {
+            colonne = celle;
+            continue;
+        }
+        if (celle.size() != colonne.size())
+            rinuncia(percorso, "a row with another number of cells: " + linea);
+        Riga riga;
+        for (std::size_t i = 0; i < celle.size(); i++)
+            riga[colonne[i]] = celle[i];
+        righe.push_back(riga);
+    }
+    if (righe.size() != attese)
+        rinuncia(percorso, std::to_string(righe.size()) + " rows");
+    return righe;
+}
+
+// A text stands in quotes, so that an empty one can be seen.
+std::string testo(const Riga& riga, const std::string& colonna) {
+    const std::string& cella = riga.at(colonna);
+    if (cella.size() < 2 || cella.front() != '"' || cella.back() != '"')
+        rinuncia(colonna, "not a text: " + cella);
+    return cella.substr(1, cella.size() - 2);
+}
+
+// Decimal, or hexadecimal after "0x"; also negative.
+long long intero(const Riga& riga, const std::string& colonna) {
+    const std::string& cella = riga.at(colonna);
+    std::size_t letti = 0;
+    const long long numero = std::stoll(cella, &letti, 0);
+    if (letti != cella.size())
+        rinuncia(colonna, "not a number: " + cella);
+    return numero;
+}
+
+float reale(const Riga& riga, const std::string& colonna) {
+    std::istringstream flusso(riga.at(colonna));
+    flusso.imbue(std::locale::classic());
+    float numero = 0;
+    if (!(flusso >> numero) || !flusso.eof())
+        rinuncia(colonna, "not a number: " + riga.at(colonna));
+    return numero;
+}
+
+int num(const Riga& riga, const std::string& colonna) {
+    return static_cast<int>(intero(riga, colonna));
+}
+
+unsigned nat(const Riga& riga, const std::string& colonna) {
+    return static_cast<unsigned>(intero(riga, colonna));
+}
+
+void leggiCampi(Tabelle& t) {
+    for (const Riga& r : leggi("campi_fid", 138))
+        t.campi[r.at("tabella")].push_back({num(r, "valore"), testo(r, "xml"), testo(r, "breve"), testo(r, "testo")});
+}
+
+void leggiUnita(Tabelle& t) {
+    for (const Riga& r : leggi("grandezze", 66))
+        t.grandezze.push_back({nat(r, "chiave"), testo(r, "breve"), testo(r, "testo"), num(r, "num_udm"), r.at("udm"),
+                               num(r, "num_varianti"), r.at("varianti")});
+    for (const Riga& r : leggi("udm", 90))
+        t.udm[r.at("tabella")].push_back({testo(r, "testo"), reale(r, "offset"), reale(r, "gain"), num(r, "reciproco"),
+                                          num(r, "default"), num(r, "max"), num(r, "min")});
+    for (const Riga& r : leggi("codici_udm", 33))
+        t.codici_udm.push_back(testo(r, "testo"));
+    for (const Riga& r : leggi("varianti", 7))
+        t.varianti[r.at("tabella")].push_back({nat(r, "posizione"), testo(r, "breve"), testo(r, "testo"), r.at("inout"),
+                                               num(r, "primo"), num(r, "ultimo"), r.at("lati")});
+    for (const Riga& r : leggi("scelte", 13))
+        t.scelte[r.at("tabella")].push_back({nat(r, "chiave"), testo(r, "breve"), testo(r, "testo")});
+}
+
+void leggiPacchetti(Tabelle& t) {
+    for (const Riga& r : leggi("sottocampi", 37))
+        t.sottocampi[r.at("tabella")].push_back({nat(r, "fid"), nat(r, "offset"), nat(r, "pos_bit"), nat(r, "num_bit"),
+                                                 nat(r, "tipo"), r.at("valore"), r.at("valore_reciproco"),
+                                                 testo(r, "breve"), testo(r, "testo")});
+    for (const Riga& r : leggi("campioni", 25))
+        t.dimensioni.push_back(nat(r, "dimensione"));
+    for (const Riga& r : leggi("nomi_canali", 5))
+        t.nomi_canali[r.at("pacchetto")].push_back({nat(r, "fid"), testo(r, "breve"), testo(r, "testo")});
+}
+
+void leggiCamera(Tabelle& t) {
+    for (const Riga& r : leggi("camera", 43)) {
+        const RigaCamera riga{nat(r, "fid"),       testo(r, "udm"),   reale(r, "scala"), num(r, "codice"),
+                              reale(r, "fattore"), testo(r, "breve"), testo(r, "testo"), testo(r, "id"),
+                              num(r, "tipo"),      r.at("visibile")};
+        (r.at("tabella") == "base" ? t.camera_base : t.camera_estese).push_back(riga);
+    }
+    for (const Riga& r : leggi("funz_kel", 20))
+        t.funz_kel.push_back({testo(r, "breve"), testo(r, "testo"), testo(r, "id"), nat(r, "fid")});
+}
+
+Tabelle leggiTutto() {
+    Tabelle t;
+    leggiCampi(t);
+    leggiUnita(t);
+    leggiPacchetti(t);
+    leggiCamera(t);
+    return t;
+}
+
+}  // namespace
+
+const Tabelle& tabelle() {
+    static const Tabelle lette = leggiTutto();
+    return lette;
+}
+
+}  // namespace modello

@@ -1,0 +1,107 @@
+#include "model/testo_numerico.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace modello {
+
+namespace {
+
+constexpr unsigned kLunghezzaMassima = 31;  // a text has 32 bytes with its terminator
+
+unsigned decimaliMostrati(const Aspetto& aspetto) {
+    return aspetto.decimali > 3 ? 3 : aspetto.decimali;
+}
+
+double potenza10(int esponente) {
+    return std::pow(10.0, esponente);
+}
+
+}  // namespace
+
+void scegliDecimali(Aspetto& aspetto, float valore) {
+    if (aspetto.auto_decimali == 0)
+        return;
+    if (aspetto.larghezza <= 2) {
+        aspetto.decimali = 0;
+        return;
+    }
+    const int larghezza = static_cast<int>(aspetto.larghezza);
+    const double v = static_cast<double>(valore);
+    if (v < 0) {
+        const double basso = -potenza10(larghezza - 2);
+        const double alto = potenza10(larghezza - 3) + basso;
+        if (v >= alto)
+            aspetto.decimali = 1;
+        else if (v <= basso)
+            aspetto.decimali = 0;
+    } else {
+        const double alto = potenza10(larghezza - 1);
+        const double basso = alto - potenza10(larghezza - 2);
+        if (v <= basso)
+            aspetto.decimali = 1;
+        else if (v >= alto)
+            aspetto.decimali = 0;
+    }
+}
+
+std::string cifre(double grandezza, unsigned decimali, unsigned ammesse) {
+    const double scalata = grandezza * potenza10(static_cast<int>(decimali));
+    const double arrotondata = std::floor(scalata + 0.5);
+    char testo[400];
+    std::snprintf(testo, sizeof testo, "%.0f", arrotondata);
+    const std::string numero = testo;
+    return numero.size() > ammesse ? "" : numero;
+}
+
+namespace {
+
+// Lays the digits from the right, with zeros before them, and the point after the decimals.
+std::string stendi(const std::string& numero, unsigned lunghezza, unsigned decimali) {
+    std::string rovescio;  // from the right
+    for (std::size_t i = 0; rovescio.size() < lunghezza; i++) {
+        rovescio += i < numero.size() ? numero[numero.size() - 1 - i] : '0';
+        if (i + 1 == decimali && rovescio.size() < lunghezza)
+            rovescio += '.';
+    }
+    return {rovescio.rbegin(), rovescio.rend()};
+}
+
+// Takes the leading zeros away; the last of them becomes the sign of a negative number.
+std::string senzaZeri(const std::string& testo, bool negativo, unsigned formato) {
+    std::size_t zeri = 0;
+    while (zeri + 1 < testo.size() && testo[zeri] == '0' && testo[zeri + 1] != '.')
+        zeri += 1;
+    if (zeri == 0)
+        return testo;
+    const std::string numero = (negativo ? "-" : "") + testo.substr(zeri);
+    const std::string vuoto(testo.size() - numero.size(), ' ');
+    if (formato == 1)
+        return numero + vuoto;
+    if (formato == 2)
+        return numero;
+    return vuoto + numero;
+}
+
+}  // namespace
+
+std::string testoNumerico(Aspetto& aspetto, float valore) {
+    scegliDecimali(aspetto, valore);
+    const unsigned decimali = decimaliMostrati(aspetto);
+    unsigned larghezza = aspetto.larghezza;
+    unsigned lunghezza = decimali == 0 ? larghezza : larghezza + 1;
+    if (lunghezza > kLunghezzaMassima) {
+        lunghezza = kLunghezzaMassima;
+        larghezza = decimali == 0 ? lunghezza : lunghezza - 1;
+    }
+    const bool negativo = valore < 0;
+    unsigned ammesse = larghezza;
+    if (negativo)
+        ammesse = larghezza > decimali + 1 ? larghezza - 1 : 0;
+    std::string numero = cifre(std::fabs(static_cast<double>(valore)), decimali, ammesse);
+    if (numero.empty())
+        numero = std::string(larghezza, '-');
+    return senzaZeri(stendi(numero, lunghezza, decimali), negativo, aspetto.formato);
+}
+
+}  // namespace modello

@@ -1,0 +1,28 @@
+// Numbers as texts of a fixed width.
+#ifndef KEL_MODELLO_TESTO_NUMERICO_H
+#define KEL_MODELLO_TESTO_NUMERICO_H
+
+#include <string>
+
+namespace modello {
+
+// How a number is shown. `decimali` is rewritten by a read with `auto_decimali`.
+struct Aspetto {
+    unsigned larghezza = 0;
+    unsigned decimali = 0;
+    unsigned auto_decimali = 0;
+    unsigned formato = 0;  // 1 left-aligned, 2 cut short, any other right-aligned
+};
+
+// Chooses between 1 and 0 decimals by magnitude, when the look asks for it.
+void scegliDecimali(Aspetto& aspetto, float valore);
+
+// Digits of a magnitude scaled by its decimals and rounded: "" when there are more than `ammesse`.
+std::string cifre(double grandezza, unsigned decimali, unsigned ammesse);
+
+// The text; first chooses the decimals.
+std::string testoNumerico(Aspetto& aspetto, float valore);
+
+}  // namespace modello
+
+#endif
