@@ -1,0 +1,68 @@
+// An identifier to its camera row.
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "comune/funzioni.h"
+#include "comune/mappe.h"
+#include "righe.h"
+
+using namespace prova;
+
+namespace {
+
+using Riga = const t_SFunzioneZumikoCam*;
+
+// One multiplication and one comparison: a multiplier is looked for with which no two rows share a place.
+class TabellaPerfetta {
+public:
+    explicit TabellaPerfetta(const std::vector<Riga>& righe) {
+        Casuale casuale(3);
+        do {
+            posti_ = {};
+            fattore_ = static_cast<std::uint32_t>(casuale()) | 1;
+        } while (!std::all_of(righe.begin(), righe.end(), [this](Riga riga) {
+            Riga& posto = posti_[dove(riga->fid)];
+            return std::exchange(posto, riga) == nullptr;
+        }));
+        // Not one row is at a place of which every identifier is something else.
+        std::replace(posti_.begin(), posti_.end(), Riga{}, righe.front());
+    }
+
+    Riga cerca(kel_funpos fid) const {
+        const Riga riga = posti_[dove(fid)];
+        return riga->fid == fid ? riga : nullptr;
+    }
+
+private:
+    static constexpr unsigned bit = 9;
+
+    std::size_t dove(kel_funpos fid) const { return fid * fattore_ >> (32 - bit); }
+
+    std::uint32_t fattore_ = 1;
+    std::array<Riga, 1u << bit> posti_ = {};
+};
+
+}  // namespace
+
+void righe_camera() {
+    const std::string riga = "camera row";
+    const auto tutte = righe_camera_tutte();
+    // Half of them are functions of the camera.
+    const auto funzioni = genera([&](Casuale& casuale) -> kel_funpos {
+        return sotto(casuale, 2) == 0 ? uno_di(casuale, tutte)->fid
+                                      : fid_qualsiasi(casuale, sotto(casuale, std::size(grandezza_fisica_FunzKel)));
+    });
+    std::vector<std::pair<kel_funpos, Riga>> coppie;
+    for (const Riga una : tutte)
+        coppie.emplace_back(una->fid, una);
+    const TabellaPerfetta perfetta(tutte);
+    const auto limite = [perfetta](kel_funpos fid) { return perfetta.cerca(fid); };
+    concordi(riga, funzioni, kelFunGetParamZumikoCam, limite);
+    serie(riga, Ruolo::nostro, "kelFunGetParamZumikoCam", funzioni,
+          [](kel_funpos fid) { return kelFunGetParamZumikoCam(fid); });
+    serie(riga, Ruolo::limite, "perfect hash", funzioni, limite);
+    pari_mappe<kel_funpos>(riga, coppie, funzioni,
+                           [](const auto& mappa, kel_funpos fid) { return in_mappa(mappa, fid); });
+}

@@ -1,0 +1,117 @@
+// Latitude and longitude of a GPS packet.
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+
+#ifdef KEL_PARI_GEOGRAPHICLIB
+#include <GeographicLib/Geocentric.hpp>
+#endif
+#ifdef KEL_PARI_PROJ
+#include <proj.h>
+#endif
+
+#include "comune/convertitore.h"
+#include "comune/prova.h"
+#include "righe.h"
+
+using namespace prova;
+
+namespace {
+
+constexpr double pi = 3.141592653589793;
+constexpr double semiasse_a = 6378137.0;  // WGS 84
+constexpr double semiasse_b = 6356752.314245179;
+constexpr double e2 = 1.0 - semiasse_b * semiasse_b / (semiasse_a * semiasse_a);
+constexpr std::size_t posto_x = 16;  // i32 x, y, z in cm, behind the packet's own time
+
+using Pacchetto = std::array<unsigned char, 56>;
+
+struct Posizione {
+    float latitudine;
+    float longitudine;
+};
+
+// A solution somewhere on Earth, up to 3000 m high.
+Pacchetto pacchetto(Casuale& casuale) {
+    const double lat = std::asin(fra(casuale, -0.95, 0.95));
+    const double lon = fra(casuale, -pi, pi);
+    const double quota = fra(casuale, 0.0, 3000.0);
+    const double n = semiasse_a / std::sqrt(1.0 - e2 * std::sin(lat) * std::sin(lat));
+    const double xyz[] = {(n + quota) * std::cos(lat) * std::cos(lon), (n + quota) * std::cos(lat) * std::sin(lon),
+                          (n * (1.0 - e2) + quota) * std::sin(lat)};
+    Pacchetto fatto = {};
+    fatto[14] = 3;  // 3D fix
+    fatto[51] = 9;  // satellites
+    for (std::size_t i = 0; i < 3; ++i) {
+        const auto centimetri = static_cast<std::int32_t>(std::lround(xyz[i] * 100.0));
+        std::memcpy(fatto.data() + posto_x + 4 * i, &centimetri, sizeof centimetri);
+    }
+    return fatto;
+}
+
+std::array<double, 3> metri(const Pacchetto& pacchetto) {
+    std::array<double, 3> xyz;
+    for (std::size_t i = 0; i < 3; ++i) {
+        std::int32_t centimetri;
+        std::memcpy(&centimetri, pacchetto.data() + posto_x + 4 * i, sizeof centimetri);
+        xyz[i] = centimetri * 0.01;
+    }
+    return xyz;
+}
+
+// Bowring's closed form, one step: two arc tangents and what they need.
+Posizione bowring(const Pacchetto& pacchetto) {
+    const auto [x, y, z] = metri(pacchetto);
+    constexpr double e2_secondo = semiasse_a * semiasse_a / (semiasse_b * semiasse_b) - 1.0;
+    const double p = std::sqrt(x * x + y * y);
+    const double tangente = z * semiasse_a / (p * semiasse_b);
+    const double coseno = 1.0 / std::sqrt(1.0 + tangente * tangente);
+    const double seno = tangente * coseno;
+    const double lat =
+        std::atan2(z + e2_secondo * semiasse_b * seno * seno * seno, p - e2 * semiasse_a * coseno * coseno * coseno);
+    return {static_cast<float>(lat * (180.0 / pi)), static_cast<float>(std::atan2(y, x) * (180.0 / pi))};
+}
+
+}  // namespace
+
+void righe_coordinate() {
+    const std::string riga = "latitude and longitude";
+    const auto pacchetti = genera(pacchetto);
+    s_kel_canale canale = {};
+    canale.fid = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+    canale.tipo_campione = KEL_TIPO_GPS_KEL;
+    const auto di = [&canale](unsigned oggetto) {
+        const kel_funpos fid = kelFidComponi(FID_PHI_COORDINATE, oggetto, FID_POS_GPS);
+        s_kel_converter conv = {};
+        kelConvInit(&conv, &canale, fid, kelFunGetConvData(fid, "deg"), 0, 0, 1);
+        return conv;
+    };
+    serie(riga, Ruolo::nostro, "kelConvGetValFloat twice", pacchetti,
+          [lat = di(FID_OBJ_LATITUDE), lon = di(FID_OBJ_LONGITUDE)](const Pacchetto& ingresso) {
+              Posizione posizione;
+              kelConvGetValFloat(&lat, ingresso.data(), &posizione.latitudine);
+              kelConvGetValFloat(&lon, ingresso.data(), &posizione.longitudine);
+              return posizione;
+          });
+    serie(riga, Ruolo::limite, "closed form", pacchetti, bowring);
+#ifdef KEL_PARI_GEOGRAPHICLIB
+    serie(riga, Ruolo::pari, "GeographicLib", pacchetti, [](const Pacchetto& ingresso) {
+        const auto [x, y, z] = metri(ingresso);
+        double lat = 0.0;
+        double lon = 0.0;
+        double quota = 0.0;
+        GeographicLib::Geocentric::WGS84().Reverse(x, y, z, lat, lon, quota);
+        return Posizione{static_cast<float>(lat), static_cast<float>(lon)};
+    });
+#endif
+#ifdef KEL_PARI_PROJ
+    const std::shared_ptr<PJ> proj(proj_create(nullptr, "+proj=cart +ellps=WGS84"), proj_destroy);
+    serie(riga, Ruolo::pari, "PROJ", pacchetti, [proj](const Pacchetto& ingresso) {
+        const auto [x, y, z] = metri(ingresso);
+        const PJ_COORD gradi = proj_trans(proj.get(), PJ_INV, proj_coord(x, y, z, 0.0));
+        return Posizione{static_cast<float>(proj_todeg(gradi.lp.phi)), static_cast<float>(proj_todeg(gradi.lp.lam))};
+    });
+#endif
+}
