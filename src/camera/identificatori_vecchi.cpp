@@ -2,16 +2,12 @@
 #include <cstring>
 
 #include "kelfunzioni.h"
+#include "tables/funz_kel.h"
 
-// The end row is recognised before its text is compared, so the empty text is not found.
+// The empty text, which is that of the end row, is not found.
 kel_funpos kelFunGetFidDaID(const char* id) noexcept {
     if (id == nullptr)
         return 0;
-    for (const t_SFunzioneVecchia& riga : funz_Kel) {
-        if (kelFidFineTabella(riga.fid) != 0)
-            return 0;
-        if (std::strcmp(riga.id, id) == 0)
-            return riga.fid;
-    }
-    return 0;
+    const t_SFunzioneVecchia& riga = funz_Kel[kel::indice_kel_id.riga(kel::chiave_testo(id))];
+    return std::strcmp(riga.id, id) == 0 ? riga.fid : 0;
 }

@@ -2,27 +2,28 @@
 //
 // End rows take part in the searches: the end marker finds the base table's end row, and so does the empty text.
 #include <cstring>
-#include <iterator>
 
 #include "kelfunzioni.h"
+#include "tables/camera.h"
 
 namespace {
 
-template <typename Condizione>
-const t_SFunzioneZumikoCam* prima_riga(Condizione condizione) noexcept {
-    for (const t_SFunzioneZumikoCam& riga : funz_ZumikoCam_base)
-        if (condizione(riga))
-            return &riga;
-    for (const t_SFunzioneZumikoCam& riga : funz_ZumikoCam_estese)
-        if (condizione(riga))
-            return &riga;
-    return nullptr;
+// Chosen by an index, not by a branch: which table a request falls into cannot be foretold.
+constexpr struct {
+    const t_SFunzioneZumikoCam* righe;
+    std::size_t prima;
+} tabelle[] = {{funz_ZumikoCam_base, 0}, {funz_ZumikoCam_estese, kel::righe_base}};
+
+const t_SFunzioneZumikoCam& riga_numero(std::size_t numero) noexcept {
+    const auto& tabella = tabelle[numero >= kel::righe_base ? 1 : 0];
+    return tabella.righe[numero - tabella.prima];
 }
 
 }  // namespace
 
 const t_SFunzioneZumikoCam* kelFunGetParamZumikoCam(kel_funpos fid) noexcept {
-    return prima_riga([fid](const t_SFunzioneZumikoCam& riga) { return riga.fid == fid; });
+    const t_SFunzioneZumikoCam& riga = riga_numero(kel::indice_camera_fid.riga(fid));
+    return riga.fid == fid ? &riga : nullptr;
 }
 
 const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaFID(kel_funpos fid) noexcept {
@@ -30,13 +31,14 @@ const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaFID(kel_funpos fid) noexc
 }
 
 const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaID(const char* id) noexcept {
-    return prima_riga([id](const t_SFunzioneZumikoCam& riga) { return std::strcmp(riga.id, id) == 0; });
+    const t_SFunzioneZumikoCam& riga = riga_numero(kel::indice_camera_id.riga(kel::chiave_testo(id)));
+    return std::strcmp(riga.id, id) == 0 ? &riga : nullptr;
 }
 
 unsigned getFunzVisSize() noexcept {
-    return static_cast<unsigned>(std::size(funz_ZumikoCam_base));
+    return kel::righe_base;
 }
 
 unsigned getFunzVisEstSize() noexcept {
-    return static_cast<unsigned>(std::size(funz_ZumikoCam_estese));
+    return kel::righe_estese;
 }

@@ -1,16 +1,8 @@
 // The long name of a function: a readable phrase, from the tables or composed from the fields.
 #include "CFunzioni.h"
+#include "tables/funz_kel.h"
 
 namespace {
-
-// The name that a table keyed by whole identifiers has for a function; null when it has none.
-template <typename Riga>
-const char* nome_in_tabella(const Riga* tabella, kel_funpos fid) {
-    for (const Riga* riga = tabella; kelFidFineTabella(riga->fid) == 0; ++riga)
-        if (riga->fid == fid)
-            return riga->testo;
-    return nullptr;
-}
 
 // The name of the quantity's row. A position variant counts only where the object is exactly the row's: a generic row
 // names every other object of its quantity, at any position.
@@ -25,14 +17,15 @@ const char* nome_della_grandezza(kel_funpos fid) {
     return riga->testo;
 }
 
-// The first table that knows the function names it.
+// The first table that knows the function names it: the camera's, the legacy one, the quantity table. End markers are no
+// functions.
 const char* nome_nelle_tabelle(kel_funpos fid) {
-    const char* nome = nome_in_tabella(funz_ZumikoCam_base, fid);
-    if (nome == nullptr)
-        nome = nome_in_tabella(funz_ZumikoCam_estese, fid);
-    if (nome == nullptr)
-        nome = nome_in_tabella(funz_Kel, fid);
-    return nome != nullptr ? nome : nome_della_grandezza(fid);
+    if (kelFidFineTabella(fid) != 0)
+        return nullptr;
+    if (const t_SFunzioneZumikoCam* riga = kelFunGetParamZumikoCam(fid))
+        return riga->testo;
+    const t_SFunzioneVecchia& vecchia = funz_Kel[kel::indice_kel_fid.riga(fid)];
+    return vecchia.fid == fid ? vecchia.testo : nome_della_grandezza(fid);
 }
 
 // The long name's parts, each with its separator.

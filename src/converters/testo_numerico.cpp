@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
@@ -15,9 +16,10 @@ namespace {
 // Decimals between 0 and 1 chosen by magnitude: one decimal as long as the number fits the width with it. Between the
 // two limits the last choice stays, so that a value on the edge does not flicker.
 uint32_t decimali_automatici(float valore, uint32_t larghezza, uint32_t decimali) noexcept {
-    constexpr double potenze[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
-                                  1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22, 1e23, 1e24, 1e25, 1e26, 1e27,
-                                  1e28, 1e29, 1e30, 1e31, 1e32, 1e33, 1e34, 1e35, 1e36, 1e37, 1e38, 1e39, 1e40};
+    static constexpr double potenze[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10,
+                                         1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21,
+                                         1e22, 1e23, 1e24, 1e25, 1e26, 1e27, 1e28, 1e29, 1e30, 1e31, 1e32,
+                                         1e33, 1e34, 1e35, 1e36, 1e37, 1e38, 1e39, 1e40};
     if (larghezza <= 2)
         return 0;
     // From 41 places on the limits lie beyond every finite float.
@@ -30,6 +32,12 @@ uint32_t decimali_automatici(float valore, uint32_t larghezza, uint32_t decimali
     const double alto = potenze[w - 1];
     const double basso = alto - potenze[w - 2];
     return valore <= basso ? 1 : valore >= alto ? 0 : decimali;
+}
+
+constexpr float scale[] = {1.0f, 10.0f, 100.0f, 1000.0f};
+
+uint32_t decimali_mostrati(const s_kel_converter& conv) noexcept {
+    return std::min<uint32_t>(conv.decimali, std::size(scale) - 1);
 }
 
 // The digits of a number from the right, zeros once they are used up. A number too long is dashes instead.
@@ -83,9 +91,12 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
     }
 }
 
-// Any number in any field, a character at a time.
-void testo_lungo(char* testo, float numero, uint32_t permesse, uint32_t larghezza, uint32_t decimali, bool negativo,
-                 eFormatoConv formato) noexcept {
+// Any number in any field, a character at a time. Kept out of line: what it saves and restores, short texts need not.
+[[gnu::noinline]] void testo_lungo(char* testo, float numero, const s_kel_converter& conv, bool negativo) noexcept {
+    const uint32_t larghezza = conv.larghezza;
+    const uint32_t decimali = decimali_mostrati(conv);
+    // One place of a negative number is kept for its sign.
+    const uint32_t permesse = !negativo ? larghezza : larghezza > decimali + 1 ? larghezza - 1 : 0;
     CifreDaDestra cifre(numero, permesse, larghezza);
     const uint32_t lunghezza =
         std::min(std::min(larghezza, caratteri_testo) + (decimali != 0 ? 1u : 0u), caratteri_testo);
@@ -95,7 +106,7 @@ void testo_lungo(char* testo, float numero, uint32_t permesse, uint32_t larghezz
         if (scritte == decimali && posto > 0)
             testo[--posto] = '.';
     }
-    togli_zeri(testo, lunghezza, negativo, formato);
+    togli_zeri(testo, lunghezza, negativo, conv.formato);
 }
 
 // --- Short texts: at most eight characters in one 64-bit word, the first in the lowest byte ----------------------------
@@ -103,12 +114,9 @@ void testo_lungo(char* testo, float numero, uint32_t permesse, uint32_t larghezz
 constexpr uint32_t cifre_parola = 8;
 constexpr uint64_t ogni_byte = 0x0101010101010101;
 
-// 10 to the power of the places, below which a number fits them. 0, which nothing is below, for none and for more than
-// a word holds.
-constexpr float potenza(uint32_t posti) noexcept {
-    constexpr float potenze[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
-    return posti < std::size(potenze) ? potenze[posti] : 0.0f;
-}
+// 10 to the power of the places, below which a number fits them. 0 for none: nothing fits.
+constexpr float potenze_10[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
+static_assert(std::size(potenze_10) == cifre_parola + 1);
 
 // The eight digits of a number below 10^8: halves, pairs and digits are parted side by side, by multiplications with
 // 1/100 and 1/10 that are exact for the numbers that can occur.
@@ -126,8 +134,9 @@ constexpr uint64_t primi(uint32_t quanti) noexcept {
     return (uint64_t{1} << 8 * quanti) - 1;
 }
 
-// A number that fits its field, and the field a word.
-void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t decimali, bool negativo,
+// A number that fits its field, and the field a word. `segno`: 1 for a negative number, else 0. Which numbers are negative
+// or short cannot be foretold: no branch depends on it.
+void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t decimali, uint32_t segno,
                  eFormatoConv formato) noexcept {
     const uint32_t interi = larghezza - decimali;
     uint64_t parola = cifre(numero) >> 8 * (cifre_parola - larghezza);
@@ -136,8 +145,7 @@ void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t deci
     const uint64_t figure = (parola ^ '0' * ogni_byte) | uint64_t{1} << 8 * (interi - 1);
     const uint32_t prima = static_cast<uint32_t>(std::countr_zero(figure)) / 8;
     parola = (parola & ~primi(prima)) | (' ' * ogni_byte & primi(prima));
-    if (negativo)
-        parola ^= (uint64_t{' ' ^ '-'} << 8 * prima) >> 8;
+    parola ^= (uint64_t{segno * (' ' ^ '-')} << 8 * prima) >> 8;
 
     uint32_t lunghezza = larghezza;
     if (decimali != 0) {
@@ -145,11 +153,11 @@ void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t deci
         parola = (parola & primi(interi)) | ('.' | frazione << 8) << 8 * interi;
         ++lunghezza;
     }
-    const uint32_t vuoti = prima - (negativo ? 1 : 0);
-    if (vuoti != 0 && (formato == FORMATO_SINISTRA || formato == FORMATO_COMPATTO)) {
+    if (formato == FORMATO_SINISTRA || formato == FORMATO_COMPATTO) {
+        const uint32_t vuoti = prima - segno;
         parola >>= 8 * vuoti;
         if (formato == FORMATO_SINISTRA)
-            parola |= (' ' * ogni_byte & primi(vuoti)) << 8 * (lunghezza - vuoti);
+            parola |= (' ' * ogni_byte & primi(vuoti)) << 8 * (lunghezza - vuoti - 1) << 8;
     }
     std::memcpy(testo, &parola, sizeof parola);
 }
@@ -169,20 +177,18 @@ void testo_numerico(s_kel_converter* conv, const void* campione, char* testo) no
     if (conv->auto_decimali != 0)
         conv->decimali = decimali_automatici(valore, conv->larghezza, conv->decimali);
 
-    constexpr float scale[] = {1.0f, 10.0f, 100.0f, 1000.0f};
-    const uint32_t decimali = std::min<uint32_t>(conv->decimali, 3);
-    const uint32_t larghezza = conv->larghezza;
-    const bool negativo = valore < 0.0f;
-    // One place of a negative number is kept for its sign.
-    const uint32_t permesse = !negativo ? larghezza : larghezza > decimali + 1 ? larghezza - 1 : 0;
     // Scaled and rounded in single precision: 123.45 to one decimal is 1234.5, and shows as 123.5.
-    const float modulo = negativo ? -valore : valore;
-    const float numero = modulo * scale[decimali] + 0.5f;
+    const uint32_t decimali = decimali_mostrati(*conv);
+    const float numero = std::fabs(valore) * scale[decimali] + 0.5f;
+    const bool negativo = valore < 0.0f;
 
-    if (numero < potenza(permesse) && larghezza > decimali && larghezza + (decimali != 0 ? 1 : 0) <= cifre_parola)
-        testo_corto(testo, static_cast<uint32_t>(numero), larghezza, decimali, negativo, conv->formato);
+    const uint32_t larghezza = conv->larghezza;
+    const uint32_t segno = negativo ? 1 : 0;
+    const uint32_t punto = decimali != 0 ? 1 : 0;
+    if (larghezza <= cifre_parola - punto && larghezza > decimali + segno && numero < potenze_10[larghezza - segno])
+        testo_corto(testo, static_cast<uint32_t>(numero), larghezza, decimali, segno, conv->formato);
     else
-        testo_lungo(testo, numero, permesse, larghezza, decimali, negativo, conv->formato);
+        testo_lungo(testo, numero, *conv, negativo);
 }
 
 void testo_assente(s_kel_converter*, const void*, char* testo) noexcept {

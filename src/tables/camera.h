@@ -1,8 +1,11 @@
-// Rules of the camera tables.
+// Rules of the camera tables, and the indexes over both.
 #ifndef KEL_TABLES_CAMERA_H
 #define KEL_TABLES_CAMERA_H
 
+#include <iterator>
+
 #include "kelfunzioni.h"
+#include "tables/indice_perfetto.h"
 #include "tables/invarianti.h"
 
 namespace kel {
@@ -35,6 +38,13 @@ constexpr bool testi_in_misura(const t_SFunzioneZumikoCam (&tabella)[N]) {
             return false;
     return true;
 }
+
+// Rows are counted through both tables, the basic functions first, end rows included: the end marker finds the first end
+// row, and so does the empty text.
+inline constexpr std::size_t righe_base = std::size(funz_ZumikoCam_base);
+inline constexpr std::size_t righe_estese = std::size(funz_ZumikoCam_estese);
+extern const IndicePerfetto<256> indice_camera_fid;
+extern const IndicePerfetto<256> indice_camera_id;
 
 }  // namespace kel
 

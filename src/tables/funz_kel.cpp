@@ -1,4 +1,5 @@
 // Legacy textual identifiers that are not rows of the camera tables. The spellings are those of old configuration files.
+#include "tables/funz_kel.h"
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -61,5 +62,38 @@ constexpr bool testi_in_misura() {
     return true;
 }
 static_assert(testi_in_misura(), "texts are ASCII and fit their fields");
+
+// --- Indexes -------------------------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr std::size_t righe = std::size(funz_Kel) - 1;
+
+constexpr std::array<std::uint32_t, righe> chiavi_fid() {
+    std::array<std::uint32_t, righe> chiavi = {};
+    for (std::size_t i = 0; i < righe; ++i)
+        chiavi[i] = funz_Kel[i].fid;
+    return chiavi;
+}
+
+constexpr std::array<std::uint32_t, righe> chiavi_id() {
+    std::array<std::uint32_t, righe> chiavi = {};
+    for (std::size_t i = 0; i < righe; ++i)
+        chiavi[i] = chiave_testo(funz_Kel[i].id);
+    return chiavi;
+}
+
+}  // namespace
+
+constexpr IndicePerfetto<64> indice_kel_fid = indice_perfetto<64>(chiavi_fid());
+constexpr IndicePerfetto<64> indice_kel_id = indice_perfetto<64>(chiavi_id());
+
+constexpr bool indici_completi() {
+    for (std::size_t i = 0; i < righe; ++i)
+        if (indice_kel_fid.riga(funz_Kel[i].fid) != i || indice_kel_id.riga(chiave_testo(funz_Kel[i].id)) != i)
+            return false;
+    return true;
+}
+static_assert(indici_completi(), "every row is found by its keys, which are unique");
 
 }  // namespace kel

@@ -1,0 +1,15 @@
+// The indexes over the table of legacy identifiers. Its end row is not in them.
+#ifndef KEL_TABLES_FUNZ_KEL_H
+#define KEL_TABLES_FUNZ_KEL_H
+
+#include "kelfunzioni.h"
+#include "tables/indice_perfetto.h"
+
+namespace kel {
+
+extern const IndicePerfetto<64> indice_kel_fid;
+extern const IndicePerfetto<64> indice_kel_id;
+
+}  // namespace kel
+
+#endif
