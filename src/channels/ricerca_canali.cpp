@@ -2,6 +2,8 @@
 #include "converters/sottocampi.h"
 #include "kelfunzioni.h"
 
+#include <cstddef>
+
 namespace {
 
 bool pacchetto(kel_funpos fid) noexcept {
@@ -10,11 +12,6 @@ bool pacchetto(kel_funpos fid) noexcept {
 
 bool ha_sottocampo(kel_funpos canale, kel_funpos richiesta) noexcept {
     return kel::cerca_sottocampo(kelFidOggetto(canale), kelFidPosizione(canale), richiesta) != nullptr;
-}
-
-// A field of a request: 0 matches anything.
-constexpr bool campo_uguale(kel_funpos richiesta, kel_funpos canale, kel_funpos maschera) noexcept {
-    return (richiesta & maschera) == 0 || (richiesta & maschera) == (canale & maschera);
 }
 
 constexpr kel_funpos bit_grandezza = kel_funpos{FID_MASK_PHI} << FID_SHIFT_PHI;
@@ -26,27 +23,39 @@ constexpr kel_funpos bit_leftright = kel_funpos{FID_MASK_LEFTRIGHT} << FID_SHIFT
 constexpr kel_funpos bit_frontrear = kel_funpos{FID_MASK_FRONTREAR} << FID_SHIFT_FRONTREAR;
 constexpr kel_funpos bit_updown = kel_funpos{FID_MASK_UPDOWN} << FID_SHIFT_UPDOWN;
 
-bool tre_campi(kel_funpos richiesta, kel_funpos canale) noexcept {
-    return campo_uguale(richiesta, canale, bit_grandezza) && campo_uguale(richiesta, canale, bit_oggetto) &&
-           campo_uguale(richiesta, canale, bit_posizione);
-}
+// Quantity, object and position.
+constexpr kel_funpos tre_campi[] = {bit_grandezza, bit_oggetto, bit_posizione};
 
 // Bit 22 is matched as a field of one bit: a request without it accepts channels with it. The pieces of bits 23 to 28
 // are compared one by one even where they are one instance number: clients depend on what that finds.
-bool tutti_i_campi(kel_funpos richiesta, kel_funpos canale) noexcept {
-    return tre_campi(richiesta, canale) && campo_uguale(richiesta, canale, bit_numerato) &&
-           campo_uguale(richiesta, canale, bit_inout) && campo_uguale(richiesta, canale, bit_leftright) &&
-           campo_uguale(richiesta, canale, bit_frontrear) && campo_uguale(richiesta, canale, bit_updown);
-}
+constexpr kel_funpos tutti_i_campi[] = {bit_grandezza, bit_oggetto,   bit_posizione, bit_numerato,
+                                        bit_inout,     bit_leftright, bit_frontrear, bit_updown};
+
+// A request: its fields of 0 match anything, so that only the bits of the others are compared.
+class Richiesta {
+public:
+    template <std::size_t N>
+    Richiesta(kel_funpos fid, const kel_funpos (&campi)[N]) noexcept : fid_(fid) {
+        for (const kel_funpos campo : campi)
+            if ((fid & campo) != 0)
+                bit_ |= campo;
+    }
+
+    kel_funpos fid() const noexcept { return fid_; }
+    bool accetta(kel_funpos canale) const noexcept { return ((canale ^ fid_) & bit_) == 0; }
+
+private:
+    kel_funpos fid_;
+    kel_funpos bit_ = 0;
+};
 
 // A packet channel matches by its subfields, and by its own identifier like any other channel.
-template <bool Confronto(kel_funpos, kel_funpos) noexcept>
-s_kel_canale* primo_canale(const s_set_canali* set, kel_funpos richiesta) noexcept {
+s_kel_canale* primo_canale(const s_set_canali* set, const Richiesta& richiesta) noexcept {
     if (set->canali == nullptr)
         return nullptr;
     for (unsigned i = 0; i < set->usati; ++i) {
         const kel_funpos fid = set->canali[i].fid;
-        if ((pacchetto(fid) && ha_sottocampo(fid, richiesta)) || Confronto(richiesta, fid))
+        if (richiesta.accetta(fid) || (pacchetto(fid) && ha_sottocampo(fid, richiesta.fid())))
             return &set->canali[i];
     }
     return nullptr;
@@ -55,20 +64,21 @@ s_kel_canale* primo_canale(const s_set_canali* set, kel_funpos richiesta) noexce
 }  // namespace
 
 s_kel_canale* kelFunGetMatchCh(const s_set_canali* set, kel_funpos fid) noexcept {
-    return primo_canale<tre_campi>(set, fid);
+    return primo_canale(set, Richiesta(fid, tre_campi));
 }
 
 s_kel_canale* kelFunGetMatchChFull(const s_set_canali* set, kel_funpos fid) noexcept {
-    return primo_canale<tutti_i_campi>(set, fid);
+    return primo_canale(set, Richiesta(fid, tutti_i_campi));
 }
 
 int kelFunGetMatchChList(const s_set_canali* set, kel_funpos fid, s_kel_canale** trovati, unsigned* numero) noexcept {
     if (set->canali == nullptr || trovati == nullptr)
         return 0;
+    const Richiesta richiesta(fid, tre_campi);
     unsigned quanti = 0;
     for (unsigned i = 0; i < set->usati; ++i) {
         const kel_funpos canale = set->canali[i].fid;
-        if (!(pacchetto(canale) ? ha_sottocampo(canale, fid) : tre_campi(fid, canale)))
+        if (!(pacchetto(canale) ? ha_sottocampo(canale, fid) : richiesta.accetta(canale)))
             continue;
         trovati[quanti++] = &set->canali[i];
         // Only equality right after a store ends the walk: a capacity of 0 never does.

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
+#include "cifre.h"
 #include "converters/lettura.h"
 #include "converters/scrittura.h"
 
@@ -65,10 +67,31 @@ void tempo_compatto(Scrittore& testo, const Tempo& tempo, bool decimi) noexcept 
         testo.con_spazi(tempo.minuti).testo(":").con_zeri(tempo.secondi, 2).testo(".").con_zeri(tempo.centesimi, 2);
 }
 
+// " 1:23.45", the time of most laps, made in one word: each form is it, or lacks its first or last character.
+void tempo_di_minuti(char* testo, uint32_t millisecondi, bool compatto, bool decimi) noexcept {
+    const uint32_t minuti = millisecondi / 60000;
+    const uint64_t cifre = otto_cifre(minuti * 10000 + millisecondi % 60000 / 10);  // "00MMSSCC"
+    uint64_t parola = (cifre >> 16 & 0xFFFF) | uint64_t{':'} << 16 | (cifre >> 32 & 0xFFFF) << 24 |
+                      uint64_t{'.'} << 40 | cifre >> 48 << 48;
+    if (minuti < 10)
+        parola ^= '0' ^ ' ';
+    if (decimi || (compatto && minuti > 9))
+        parola = parola << 8 >> 8;
+    else if (compatto)
+        parola >>= 8;
+    std::memcpy(testo, &parola, sizeof parola);
+}
+
 }  // namespace
 
 void testo_tempo_giro(s_kel_converter* conv, const void* campione, char* testo) noexcept {
-    const Tempo tempo(leggi<int32_t>(campione));
+    constexpr uint32_t ora = 3600000;
+    const auto millisecondi = leggi<int32_t>(campione);
+    if (static_cast<uint32_t>(millisecondi) < ora) {
+        tempo_di_minuti(testo, static_cast<uint32_t>(millisecondi), compatto(conv), ai_decimi(conv));
+        return;
+    }
+    const Tempo tempo(millisecondi);
     Scrittore scrittore(testo);
     if (compatto(conv))
         tempo_compatto(scrittore, tempo, ai_decimi(conv));

@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "aritmetica.h"
+#include "cifre.h"
 #include "converters/scrittura.h"
 
 namespace kel {
@@ -112,22 +113,10 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
 // --- Short texts: at most eight characters in one 64-bit word, the first in the lowest byte ----------------------------
 
 constexpr uint32_t cifre_parola = 8;
-constexpr uint64_t ogni_byte = 0x0101010101010101;
 
 // 10 to the power of the places, below which a number fits them. 0 for none: nothing fits.
 constexpr float potenze_10[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
 static_assert(std::size(potenze_10) == cifre_parola + 1);
-
-// The eight digits of a number below 10^8: halves, pairs and digits are parted side by side, by multiplications with
-// 1/100 and 1/10 that are exact for the numbers that can occur.
-constexpr uint64_t cifre(uint32_t numero) noexcept {
-    const uint64_t meta = numero / 10000 | uint64_t{numero % 10000} << 32;
-    const uint64_t centinaia = meta * 5243 >> 19 & 0x0000007F0000007F;
-    const uint64_t coppie = centinaia | (meta - centinaia * 100) << 16;
-    const uint64_t decine = coppie * 103 >> 10 & 0x000F000F000F000F;
-    return (decine | (coppie - decine * 10) << 8) + '0' * ogni_byte;
-}
-static_assert(cifre(12345678) == 0x3837363534333231 && cifre(99999999) == 0x3939393939393939);
 
 // The first `quanti` bytes of a word, 0 to 7.
 constexpr uint64_t primi(uint32_t quanti) noexcept {
@@ -139,7 +128,7 @@ constexpr uint64_t primi(uint32_t quanti) noexcept {
 void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t decimali, uint32_t segno,
                  eFormatoConv formato) noexcept {
     const uint32_t interi = larghezza - decimali;
-    uint64_t parola = cifre(numero) >> 8 * (cifre_parola - larghezza);
+    uint64_t parola = otto_cifre(numero) >> 8 * (cifre_parola - larghezza);
 
     // Zeros before the first figure become blanks, but for the one before the point; the last blank is the sign's.
     const uint64_t figure = (parola ^ '0' * ogni_byte) | uint64_t{1} << 8 * (interi - 1);

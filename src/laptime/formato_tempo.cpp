@@ -1,10 +1,13 @@
 // Lap times and lap numbers as text.
 //
 // Every number is written as unsigned, so that negative times give the large numbers that clients compare with.
+#include "CLaptimeAndStrings.h"
+
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 
-#include "CLaptimeAndStrings.h"
+#include "cifre.h"
 
 namespace {
 
@@ -23,8 +26,22 @@ char* scrivi(char* dove, Numero numero, int larghezza, char riempimento) {
 
 constexpr int byte_tempo = 10 + 1 + 10 + 1 + 2;  // "4294967295:4294967295:59": more than any time needs
 
+// "1:23.456", "12:34.567": below an hour, all digits at once.
+char* scrivi_minuti(char* dove, std::uint32_t millisecondi) {
+    const std::uint32_t minuti = millisecondi / 60000;
+    const std::uint64_t cifre = kel::otto_cifre(minuti * 100000 + millisecondi % 60000);  // "0MMSSmmm"
+    const std::uint64_t parola = (cifre >> 16 & 0xFF) | std::uint64_t{':'} << 8 | (cifre >> 24 & 0xFFFF) << 16 |
+                                 std::uint64_t{'.'} << 32 | cifre >> 40 << 40;
+    *dove = static_cast<char>(cifre >> 8);  // overwritten where it is a zero
+    dove += minuti >= 10 ? 1 : 0;
+    std::memcpy(dove, &parola, sizeof parola);
+    return dove + sizeof parola;
+}
+
 char* scrivi_tempo(char* dove, int millisecondi) {
     constexpr int millisecondi_ora = 3600000;
+    if (static_cast<std::uint32_t>(millisecondi) < millisecondi_ora)
+        return scrivi_minuti(dove, static_cast<std::uint32_t>(millisecondi));
     const int ore = millisecondi / millisecondi_ora;
     const auto resto = static_cast<std::uint32_t>(millisecondi - ore * millisecondi_ora);
     const std::uint32_t minuti = resto / 60000;

@@ -1,10 +1,10 @@
 // Lap times and lap numbers from text, by the rules of a stream in the classic locale.
-#include <charconv>
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <stdexcept>
 #include <string_view>
-#include <system_error>
 
 #include "CLaptimeAndStrings.h"
 
@@ -43,11 +43,9 @@ public:
             return;
         }
         std::uint64_t modulo = 0;
-        const char* fine = resto_.data() + resto_.size();
-        const auto esito = std::from_chars(resto_.data(), fine, modulo);
-        resto_.remove_prefix(static_cast<std::size_t>(esito.ptr - resto_.data()));
-        const bool smisurato = esito.ec == std::errc::result_out_of_range;
-        assegna(valore, smisurato ? std::numeric_limits<std::uint64_t>::max() : modulo, negativo);
+        for (; !resto_.empty() && cifra(resto_.front()); resto_.remove_prefix(1))
+            modulo = std::min(modulo * 10 + static_cast<std::uint64_t>(resto_.front() - '0'), smisurato);
+        assegna(valore, modulo, negativo);
     }
 
     // Passes over one character of any kind; at the end of the text that fails.
@@ -59,6 +57,8 @@ public:
     }
 
 private:
+    static constexpr std::uint64_t smisurato = std::uint64_t{1} << 40;  // does not fit, nor does any further digit
+
     // An unsigned number is negated modulo 2^32, but too large a one is the largest whatever its sign.
     void assegna(std::uint32_t& valore, std::uint64_t modulo, bool negativo) {
         constexpr std::uint32_t massimo = std::numeric_limits<std::uint32_t>::max();
@@ -82,7 +82,30 @@ private:
     bool fallito_ = false;
 };
 
+constexpr int altra_forma = -1;
+
+// "1:23.456" or "12:34.567", as the library writes them: read in one word. -1 for every other text.
+int leggi_minuti(std::string_view testo) {
+    constexpr std::size_t n = sizeof(std::uint64_t);
+    if (testo.size() != n && testo.size() != n + 1)
+        return altra_forma;
+    const auto decine = testo.size() == n ? 0u : static_cast<std::uint32_t>(testo.front()) - '0';
+    std::uint64_t parola;
+    std::memcpy(&parola, testo.data() + testo.size() - n, n);
+    // What is left of each byte: the digit's value, 0 of a separator. Anything else reaches the upper half of some byte.
+    constexpr std::uint64_t forma = 0x3030302E30303A30;   // "0:00.000"
+    constexpr std::uint64_t limiti = 0x0606060F06060F06;  // to 15 from the largest value allowed
+    const std::uint64_t cifre = parola ^ forma;
+    if (((cifre | (cifre + limiti)) & 0xF0F0F0F0F0F0F0F0) != 0 || decine > 9)
+        return altra_forma;
+    const auto a = [cifre](int posto) { return static_cast<std::uint32_t>(cifre >> 8 * posto & 0xF); };
+    return static_cast<int>(decine * 600000 + a(0) * 60000 + a(2) * 10000 + a(3) * 1000 + a(5) * 100 + a(6) * 10 +
+                            a(7));
+}
+
 int leggi_tempo(std::string_view testo) {
+    if (const int tempo = leggi_minuti(testo); tempo != altra_forma)
+        return tempo;
     // One variable for the three fields: a field that nothing is read for repeats the one before it.
     std::uint32_t campo = 0;
     std::uint32_t campi[3];
