@@ -23,6 +23,7 @@ void aggiungiCamera(CLI::App& programma);
 void aggiungiLap(CLI::App& programma);
 void aggiungiUbx(CLI::App& programma);
 void aggiungiFind(CLI::App& programma);
+void aggiungiCatalogue(CLI::App& programma);
 
 /// --json, --ndjson, --csv and --color.
 struct SceltaForma {

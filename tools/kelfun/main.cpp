@@ -62,6 +62,7 @@ int esegui(int argc, char** argv) {
     aggiungiCamera(programma);
     aggiungiLap(programma);
     aggiungiUbx(programma);
+    aggiungiCatalogue(programma);
     programma.footer(
         "kelfun COMMAND --help tells more and gives examples.\n"
         "Exit status: 0 fine, 1 no such thing, 2 wrong argument.");
