@@ -1,0 +1,192 @@
+// The flat functions.
+//
+// Results go to static memory: the stack that is measured is then the library's.
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <iterator>
+
+#include "conti/operazioni.h"
+
+namespace conti {
+namespace {
+
+constexpr kel_funpos velocita_ruota = 0x05070010;
+constexpr kel_funpos acqua = 0x1091;
+constexpr kel_funpos sconosciuta = 0x0123459C;
+constexpr kel_funpos pacchetto_gps = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+constexpr kel_funpos pacchetto_lap = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL2G);
+constexpr kel_funpos latitudine = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS);
+constexpr kel_funpos longitudine = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
+constexpr kel_funpos velocita_gps = kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS);
+
+// What names, rows and units are asked of: a camera function, a legacy one, a generic row, a composed name, an unknown one.
+constexpr kel_funpos funzioni[] = {acqua, 0x00048611, 0x00001203, velocita_ruota, sconosciuta};
+
+struct UnitaChiesta {
+    kel_funpos fid;
+    const char* udm;
+};
+constexpr UnitaChiesta unita[] = {{acqua, "F"}, {0x0B8E, "psi"}, {0x0014, "m/min"}, {velocita_ruota, "knots"}};
+
+constexpr unsigned quanti_canali = 100;
+s_kel_canale canali[quanti_canali];
+s_set_canali set;
+s_kel_canale un_canale;
+s_set_canali set_di_uno = {&un_canale, 1, 0};
+s_kel_canale* trovati[quanti_canali];
+float valore;
+char testo[32];
+s_nome_breve nome;
+s_converter_data dati;
+
+// A hundred channels of which the last but ten is the one looked for; a lap packet among them.
+bool prepara_canali() {
+    for (unsigned i = 0; i < quanti_canali; ++i) {
+        canali[i] = {};
+        canali[i].fid = kelFidComponi(1 + i % 25, i % 40, i % 23);
+        canali[i].dim_buffer = i;
+    }
+    canali[quanti_canali / 2].fid = pacchetto_lap;
+    canali[quanti_canali - 10].fid = velocita_ruota;
+    kelFunInit(&set, canali, quanti_canali, quanti_canali);
+    return true;
+}
+
+struct Lettura {
+    s_kel_canale canale = {};
+    s_kel_converter conv = {};
+    unsigned char campione[64] = {};
+
+    template <typename Campione>
+    Lettura(kel_funpos fid_canale, kel_funpos fid, unsigned tipo, const char* udm, unsigned larghezza,
+            unsigned decimali, const Campione& grezzo) {
+        canale.fid = fid_canale;
+        canale.tipo_campione = tipo;
+        conv.larghezza = larghezza;
+        conv.decimali = decimali;
+        std::memcpy(campione, &grezzo, sizeof grezzo);
+        kelConvInit(&conv, &canale, fid, kelFunGetConvData(fid, udm), 0, 0, 1);
+    }
+
+    void leggi_valore() const { kelConvGetValFloat(&conv, campione, &valore); }
+    void leggi_testo() { kelConvGetString(&conv, campione, testo); }
+};
+
+struct Gps {
+    std::uint8_t tempo[4] = {};
+    std::uint8_t testa[10] = {};
+    std::uint8_t fix[2] = {3, 0};
+    std::int32_t xyz[3] = {441853240, 71562390, 452974110};
+    std::uint8_t accuratezza[4] = {};
+    std::int32_t velocita[3] = {-1200, 800, 400};
+    std::uint8_t coda[7] = {};
+    std::uint8_t satelliti = 9;
+    std::uint8_t fine[4] = {};
+};
+static_assert(sizeof(Gps) == 56, "the logger's GPS packet");
+
+Lettura int16(acqua, acqua, KEL_TIPO_INT16, "F", 5, 1, std::int16_t{87});
+Lettura intero32(0x000B, 0x000B, KEL_TIPO_INT32, "#", 6, 0, std::int32_t{-12345});
+Lettura float41(acqua, acqua, KEL_TIPO_FLOAT, "C", 4, 1, 87.25f);
+Lettura float52(acqua, acqua, KEL_TIPO_FLOAT, "C", 5, 2, -7.125f);
+Lettura float60(acqua, acqua, KEL_TIPO_FLOAT, "F", 6, 0, 123456.0f);
+Lettura mezzo(acqua, acqua, KEL_TIPO_MEZZO_FLOAT, "C", 4, 1, std::uint16_t{0x5574});
+Lettura marcia(0x061F, 0x061F, KEL_TIPO_MARCIA, "gear", 1, 0, std::int16_t{3});
+Lettura giro(0x0992, 0x0992, KEL_TIPO_TEMPO_GIRO, "time", 8, 2, std::int32_t{83456});
+Lettura coordinata(latitudine, latitudine, KEL_TIPO_COORDINATA, "deg", 8, 2, std::int32_t{453454997});
+Lettura differenza(0x0012, 0x0012, KEL_TIPO_DIFFERENZA_TEMPO, "ms", 6, 2, std::int32_t{-1230});
+Lettura lista(0x0006, 0x0006, KEL_TIPO_LISTA_BIT, "#", 8, 0, std::uint8_t{0x81});
+Lettura gps(pacchetto_gps, pacchetto_gps, KEL_TIPO_GPS_KEL, "", 8, 2, Gps());
+Lettura gps_lat(pacchetto_gps, latitudine, KEL_TIPO_GPS_KEL, "deg", 8, 2, Gps());
+Lettura gps_lon(pacchetto_gps, longitudine, KEL_TIPO_GPS_KEL, "deg", 8, 2, Gps());
+Lettura gps_vel(pacchetto_gps, velocita_gps, KEL_TIPO_GPS_KEL, "km/h", 5, 1, Gps());
+
+template <std::size_t N>
+constexpr unsigned di(const auto(&)[N]) {
+    return N;
+}
+
+constexpr std::uint16_t mezzi[] = {0x3C00, 0x5574, 0x0001, 0x83FF, 0x7C00, 0x7E01};
+constexpr std::uint32_t bit_float[] = {0x3F800000, 0x42AE8000, 0x33800000, 0x80000000, 0x7F800000, 0x7FC00001};
+constexpr const char* testi_udm[] = {"km/h", "psi", "lambda", "knots"};
+constexpr const char* vecchi[] = {"FG_GEAR_BOX_TEMP", "DSG", "GEAR_LEVER_POS", "UNKNOWN"};
+constexpr const char* camera[] = {"RPM_MOTORE", "BATTERY", "FG_RUNNING_LAP_TIME", "UNKNOWN"};
+
+// clang-format off
+const Operazione operazioni[] = {
+    {"kelFunInit",                    1, [] { kelFunInit(&set, canali, quanti_canali, quanti_canali); }},
+    {"kelFunGetFreeCh",               1, [] { set_di_uno.usati = 0; usa(kelFunGetFreeCh(&set_di_uno)); }},
+    {"kelFunFreeLastCh",              1, [] { set_di_uno.usati = 1; usa(kelFunFreeLastCh(&set_di_uno)); }},
+    {"kelFunGetCanale",               1, [] { usa(kelFunGetCanale(&set, 7)); }},
+    {"kelFunGetNumChUsed",            1, [] { usa(kelFunGetNumChUsed(&set)); }},
+    {"kelFunGetNumChTot",             1, [] { usa(kelFunGetNumChTot(&set)); }},
+    {"kelFunGetSizeBufferValori 100 channels", 1, [] { usa(kelFunGetSizeBufferValori(&set)); }},
+    {"kelFunGetNomeCanale",           1, [] { usa(kelFunGetNomeCanale(&set, 7)); }},
+    {"kelFunGetNomeCanaleShort",      1, [] { usa(kelFunGetNomeCanaleShort(&set, 7)); }},
+    {"kelFunGetMatchCh 91st channel", 1, [] { usa(kelFunGetMatchCh(&set, velocita_ruota)); }},
+    {"kelFunGetMatchChFull 91st channel", 1, [] { usa(kelFunGetMatchChFull(&set, velocita_ruota)); }},
+    {"kelFunGetMatchChList 100 channels", 1, [] { unsigned numero = quanti_canali; usa(kelFunGetMatchChList(&set, FID_PHI_SPEED, trovati, &numero)); }},
+    {"kelFunGetUIVs",                 di(funzioni), [] { for (const auto fid : funzioni) usa(kelFunGetUIVs(fid)); }},
+    {"kelFunGetUnitaBase",            di(funzioni), [] { for (const auto fid : funzioni) usa(kelFunGetUnitaBase(fid)); }},
+    {"kelFunGetUdmTxt",               1, [] { usa(kelFunGetUdmTxt(11)); }},
+    {"kelFunGetUdmCode",              di(testi_udm), [] { for (const auto* t : testi_udm) usa(kelFunGetUdmCode(t)); }},
+    {"kelFunGetNumDecimaliDefault",   di(unita), [] { for (const auto& u : unita) usa(kelFunGetNumDecimaliDefault(u.fid, u.udm)); }},
+    {"kelFunGetNumDecimaliMax",       di(unita), [] { for (const auto& u : unita) usa(kelFunGetNumDecimaliMax(u.fid, u.udm)); }},
+    {"kelFunGetNumDecimaliMin",       di(unita), [] { for (const auto& u : unita) usa(kelFunGetNumDecimaliMin(u.fid, u.udm)); }},
+    {"kelFunGetConvData",             di(unita), [] { for (const auto& u : unita) usa(kelFunGetConvData(u.fid, u.udm)); }},
+    {"kelFunGetConvDatas",            1, [] { dati = kelFunGetConvDatas(0x000E, "psi", "kPa"); }},
+    {"kelFunGetConvDatas unknown unit", 1, [] { dati = kelFunGetConvDatas(0x000E, "psi", "knots"); }},
+    {"kelFunGetNomeFunzioneShort camera", 1, [] { nome = kelFunGetNomeFunzioneShort(nullptr, acqua); }},
+    {"kelFunGetNomeFunzioneShort composed", 1, [] { nome = kelFunGetNomeFunzioneShort(nullptr, velocita_ruota); }},
+    {"kelFunGetFidDaID",              di(vecchi), [] { for (const auto* t : vecchi) usa(kelFunGetFidDaID(t)); }},
+    {"kelFunGetFunVecchiaZumikoDaID", di(camera), [] { for (const auto* t : camera) usa(kelFunGetFunVecchiaZumikoDaID(t)); }},
+    {"kelFunGetFunVecchiaZumikoDaFID", di(funzioni), [] { for (const auto fid : funzioni) usa(kelFunGetFunVecchiaZumikoDaFID(fid)); }},
+    {"kelFunGetParamZumikoCam",       di(funzioni), [] { for (const auto fid : funzioni) usa(kelFunGetParamZumikoCam(fid)); }},
+    {"getFunzVisSize",                1, [] { usa(getFunzVisSize()); }},
+    {"getFunzVisEstSize",             1, [] { usa(getFunzVisEstSize()); }},
+    {"kelFunGetSamplSize",            1, [] { usa(kelFunGetSamplSize(KEL_TIPO_FLOAT)); }},
+    {"kelF16compress",                di(bit_float), [] { for (const auto bit : bit_float) usa(kelF16compress(bit)); }},
+    {"kelF16decompress",              di(mezzi), [] { for (const auto bit : mezzi) usa(kelF16decompress(bit)); }},
+    {"kelConvInit",                   1, [] { kelConvInit(&int16.conv, &int16.canale, acqua, int16.conv.dati, 0, 0, 1); }},
+    {"kelConvInit subfield",          1, [] { kelConvInit(&gps_lat.conv, &gps_lat.canale, latitudine, gps_lat.conv.dati, 0, 0, 1); }},
+    {"kelConvGetValFloat int16",      1, [] { int16.leggi_valore(); }, &int16.conv},
+    {"kelConvGetValFloat float",      1, [] { float41.leggi_valore(); }, &float41.conv},
+    {"kelConvGetValFloat 16-bit float", 1, [] { mezzo.leggi_valore(); }, &mezzo.conv},
+    {"kelConvGetValFloat gear",       1, [] { marcia.leggi_valore(); }, &marcia.conv},
+    {"kelConvGetValFloat bit list",   1, [] { lista.leggi_valore(); }, &lista.conv},
+    {"kelConvGetValFloat GPS speed",  1, [] { gps_vel.leggi_valore(); }, &gps_vel.conv},
+    {"kelConvGetValFloat GPS latitude", 1, [] { gps_lat.leggi_valore(); }, &gps_lat.conv},
+    {"kelConvGetValFloat GPS longitude", 1, [] { gps_lon.leggi_valore(); }, &gps_lon.conv},
+    {"kelConvGetString int16 5.1",    1, [] { int16.leggi_testo(); }, &int16.conv},
+    {"kelConvGetString int32 6.0",    1, [] { intero32.leggi_testo(); }, &intero32.conv},
+    {"kelConvGetString float 4.1",    1, [] { float41.leggi_testo(); }, &float41.conv},
+    {"kelConvGetString float 5.2",    1, [] { float52.leggi_testo(); }, &float52.conv},
+    {"kelConvGetString float 6.0",    1, [] { float60.leggi_testo(); }, &float60.conv},
+    {"kelConvGetString 16-bit float 4.1", 1, [] { mezzo.leggi_testo(); }, &mezzo.conv},
+    {"kelConvGetString gear",         1, [] { marcia.leggi_testo(); }, &marcia.conv},
+    {"kelConvGetString lap time",     1, [] { giro.leggi_testo(); }, &giro.conv},
+    {"kelConvGetString time difference", 1, [] { differenza.leggi_testo(); }, &differenza.conv},
+    {"kelConvGetString coordinate",   1, [] { coordinata.leggi_testo(); }, &coordinata.conv},
+    {"kelConvGetString GPS packet",   1, [] { gps.leggi_testo(); }, &gps.conv},
+    {"kelConvGetString GPS latitude", 1, [] { gps_lat.leggi_testo(); }, &gps_lat.conv},
+    {"kelConvGetConvData",            1, [] { usa(kelConvGetConvData(&int16.conv)); }},
+    {"kelConvGetOffset",              1, [] { usa(kelConvGetOffset(&int16.conv)); }},
+    {"kelConvGetSottoCampiLapTime",   1, [] { usa(kelConvGetSottoCampiLapTime(pacchetto_lap)); }},
+    {"kelConvGetSottoCampiDataOra",   1, [] { usa(kelConvGetSottoCampiDataOra(0x011A)); }},
+    {"kelConvGetSottoCampiGPS",       1, [] { usa(kelConvGetSottoCampiGPS(pacchetto_gps)); }},
+    {"kelConvMatchSottocampo",        1, [] { usa(kelConvMatchSottocampo(FID_DETTAGLI_GPS, 0, latitudine)); }},
+    {"getDettagliSottocampo",         1, [] { usa(getDettagliSottocampo(sottocampi_gps_kel, latitudine)); }},
+    {"search_sottocampi_struct",      1, [] { usa(search_sottocampi_struct(FID_DETTAGLI_LAPTIME, 0)); }},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const Operazione> operazioni_flat() {
+    static const bool pronti = prepara_canali();
+    usa(pronti);
+    return operazioni;
+}
+
+}  // namespace conti
