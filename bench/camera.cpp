@@ -1,6 +1,7 @@
 // An identifier to its camera row.
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -26,13 +27,15 @@ public:
             Riga& posto = posti_[dove(riga->fid)];
             return std::exchange(posto, riga) == nullptr;
         }));
-        // Not one row is at a place of which every identifier is something else.
-        std::replace(posti_.begin(), posti_.end(), Riga{}, righe.front());
+        for (const Riga riga : righe)
+            chiavi_[dove(riga->fid)] = riga->fid;
     }
 
     Riga cerca(kel_funpos fid) const {
-        const Riga riga = posti_[dove(fid)];
-        return riga->fid == fid ? riga : nullptr;
+        // A mask in place of a decision that could not be foretold.
+        const std::size_t posto = dove(fid);
+        const std::uintptr_t uguale = std::uintptr_t{0} - (chiavi_[posto] == fid ? 1 : 0);
+        return reinterpret_cast<Riga>(reinterpret_cast<std::uintptr_t>(posti_[posto]) & uguale);
     }
 
 private:
@@ -42,6 +45,7 @@ private:
 
     std::uint32_t fattore_ = 1;
     std::array<Riga, 1u << bit> posti_ = {};
+    std::array<kel_funpos, 1u << bit> chiavi_ = {};  // an empty place has no row, so its key may be anything
 };
 
 }  // namespace

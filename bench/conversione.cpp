@@ -63,7 +63,7 @@ Risultato retta(ut_unit* da, ut_unit* a) {
 void con_udunits2(const std::string& riga, const Ingressi<Richiesta>& richieste) {
     ut_set_error_message_handler(ut_ignore);
     ut_system* const sistema = ut_read_xml(nullptr);
-    std::array<ut_unit*, unita.size()> lette;
+    std::array<ut_unit*, unita.size()> lette = {};
     for (std::size_t i = 0; i < unita.size(); ++i)
         lette[i] = ut_parse(sistema, unita[i].udunits, UT_ASCII);
     serie(riga, Ruolo::pari, "udunits2", richieste,

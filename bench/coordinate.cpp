@@ -52,16 +52,33 @@ Pacchetto pacchetto(Casuale& casuale) {
 }
 
 std::array<double, 3> metri(const Pacchetto& pacchetto) {
-    std::array<double, 3> xyz;
+    std::array<double, 3> xyz = {};
     for (std::size_t i = 0; i < 3; ++i) {
-        std::int32_t centimetri;
+        std::int32_t centimetri = 0;
         std::memcpy(&centimetri, pacchetto.data() + posto_x + 4 * i, sizeof centimetri);
         xyz[i] = centimetri * 0.01;
     }
     return xyz;
 }
 
-// Bowring's closed form, one step: two arc tangents and what they need.
+// Arc tangent of y / x in degrees, error below 2e-8 rad: Abramowitz and Stegun 4.4.49 on the smaller quotient.
+float arco(double y, double x) {
+    constexpr double a[] = {1.0,           -0.3333314528, 0.1999355085,  -0.1420889944, 0.1065626393,
+                            -0.0752896400, 0.0429096138,  -0.0161657367, 0.0028662257};
+    const double ay = std::fabs(y);
+    const double ax = std::fabs(x);
+    const double t = std::fmin(ay, ax) / std::fmax(ay, ax);
+    const double t2 = t * t;
+    const double t4 = t2 * t2;
+    const double basse = (a[0] + a[1] * t2) + (a[2] + a[3] * t2) * t4;
+    const double alte = (a[4] + a[5] * t2) + (a[6] + a[7] * t2 + a[8] * t4) * t4;
+    const double primo = t * (basse + alte * (t4 * t4));
+    const double secondo = ay > ax ? pi / 2 - primo : primo;
+    const double intero = x < 0.0 ? pi - secondo : secondo;
+    return static_cast<float>(std::copysign(intero, y) * (180.0 / pi));
+}
+
+// Bowring's closed form, one step: two arc tangents, as exact as the results.
 Posizione bowring(const Pacchetto& pacchetto) {
     const auto [x, y, z] = metri(pacchetto);
     constexpr double e2_secondo = semiasse_a * semiasse_a / (semiasse_b * semiasse_b) - 1.0;
@@ -69,9 +86,9 @@ Posizione bowring(const Pacchetto& pacchetto) {
     const double tangente = z * semiasse_a / (p * semiasse_b);
     const double coseno = 1.0 / std::sqrt(1.0 + tangente * tangente);
     const double seno = tangente * coseno;
-    const double lat =
-        std::atan2(z + e2_secondo * semiasse_b * seno * seno * seno, p - e2 * semiasse_a * coseno * coseno * coseno);
-    return {static_cast<float>(lat * (180.0 / pi)), static_cast<float>(std::atan2(y, x) * (180.0 / pi))};
+    const double sopra = z + e2_secondo * semiasse_b * seno * seno * seno;
+    const double sotto_asse = p - e2 * semiasse_a * coseno * coseno * coseno;
+    return {arco(sopra, sotto_asse), arco(y, x)};
 }
 
 }  // namespace
@@ -90,7 +107,7 @@ void righe_coordinate() {
     };
     serie(riga, Ruolo::nostro, "kelConvGetValFloat twice", pacchetti,
           [lat = di(FID_OBJ_LATITUDE), lon = di(FID_OBJ_LONGITUDE)](const Pacchetto& ingresso) {
-              Posizione posizione;
+              Posizione posizione = {};
               kelConvGetValFloat(&lat, ingresso.data(), &posizione.latitudine);
               kelConvGetValFloat(&lon, ingresso.data(), &posizione.longitudine);
               return posizione;

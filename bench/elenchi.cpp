@@ -17,21 +17,13 @@ namespace {
 
 using Catalogo = std::shared_ptr<const IFunzioni>;
 
-// Our operation and the loop, which must agree.
-template <typename Ingresso, typename Nostra, typename Loro>
-void coppia(const std::string& riga, const char* nome, const Ingressi<Ingresso>& ingressi, Nostra nostra, Loro loro) {
-    concordi(riga, ingressi, nostra, loro);
-    serie(riga, Ruolo::nostro, nome, ingressi, nostra);
-    serie(riga, Ruolo::pari, "plain loop", ingressi, loro);
-}
-
 void nomi(const Catalogo& catalogo) {
     // Quantities without a row: the long name is composed of the fields.
     const auto senza_riga = genera([](Casuale& casuale) {
         const std::uint32_t grandezze[] = {FID_PHI_UNDEFINED, FID_PHI_CUSTOM};
         return fid_qualsiasi(casuale, uno_di(casuale, grandezze));
     });
-    coppia(
+    ciclo::righe(
         "composed long name", "getNomeFunzione", senza_riga,
         [catalogo](kel_funpos fid) { return catalogo->getNomeFunzione(fid, false); },
         [](kel_funpos fid) { return ciclo::nome(fid, false); });
@@ -44,7 +36,7 @@ void nomi(const Catalogo& catalogo) {
         std::memcpy(copia.data(), &nome, sizeof nome);
         return copia;
     };
-    coppia(
+    ciclo::righe(
         "composed short name", "kelFunGetNomeFunzioneShort", qualsiasi,
         [testo](kel_funpos fid) { return testo(kelFunGetNomeFunzioneShort(nullptr, fid)); },
         [testo](kel_funpos fid) { return testo(ciclo::nome_breve(fid)); });
@@ -76,7 +68,7 @@ void funzioni(const Catalogo& catalogo) {
         }
         return filtro;
     });
-    coppia(
+    ciclo::righe(
         "functions to offer", "getFunzioni", filtri,
         [catalogo](std::vector<unsigned> filtro) {
             Elenco elenco;
@@ -104,7 +96,7 @@ void dettagli(const Catalogo& catalogo) {
         return sotto(casuale, 2) == 0 ? uno_di(casuale, con_scelte)
                                       : fid_qualsiasi(casuale, sotto(casuale, std::size(grandezza_fisica_FunzKel)));
     });
-    coppia(
+    ciclo::righe(
         "choices of a function", "getFunzDettagli", richieste,
         [catalogo](kel_funpos fid) {
             Scelte scelte;

@@ -16,6 +16,8 @@ int main(int argc, char** argv) {
     righe_coordinate();
     righe_canali();
     righe_elenchi();
+    righe_ricerche();
+    righe_campioni();
 
     benchmark::AddCustomContext("missing_peers", KEL_PARI_MANCANTI);
     benchmark::Initialize(&argc, argv);

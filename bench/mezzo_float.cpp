@@ -50,7 +50,7 @@ void espansione() {
     serie(riga, Ruolo::pari, "compiler", mezzi, espandi_compilatore);
 #endif
 #ifdef __x86_64__
-    if (__builtin_cpu_supports("f16c"))
+    if (__builtin_cpu_supports("avx2"))  // no processor has that without F16C
         serie(riga, Ruolo::limite, "f16c", mezzi, espandi_macchina);
 #endif
 }
@@ -72,7 +72,7 @@ void compressione() {
     serie(riga, Ruolo::pari, "compiler", numeri, comprimi_compilatore);
 #endif
 #ifdef __x86_64__
-    if (__builtin_cpu_supports("f16c"))
+    if (__builtin_cpu_supports("avx2"))  // no processor has that without F16C
         serie(riga, Ruolo::limite, "f16c", numeri, comprimi_macchina);
 #endif
 }

@@ -14,5 +14,7 @@ void righe_tempi();
 void righe_coordinate();
 void righe_canali();
 void righe_elenchi();
+void righe_ricerche();
+void righe_campioni();
 
 #endif

@@ -27,7 +27,7 @@ float valore_in_forma(Casuale& casuale, const Forma& forma) {
 }
 
 float letto_float(const float& campione) {
-    float valore;
+    float valore = 0.0f;
     std::memcpy(&valore, &campione, sizeof valore);
     return valore * gain + offset;
 }
@@ -69,8 +69,8 @@ void float_misti() {
         unsigned canale;
     };
     const std::string riga = "float to text, mixed";
-    std::array<Forma, 9> forme;
-    std::array<s_kel_converter, 9> conv;
+    std::array<Forma, 9> forme = {};
+    std::array<s_kel_converter, 9> conv = {};
     for (unsigned i = 0; i < 9; ++i) {
         forme[i] = {4 + i / 3, i % 3};
         conv[i] = convertitore(temperatura, KEL_TIPO_FLOAT, udm, forme[i]);
@@ -112,7 +112,7 @@ void int16() {
         return static_cast<std::int16_t>((valore_in_forma(casuale, {4, 0}) - offset) / gain);
     });
     const auto valore = [](const std::int16_t& campione) {
-        std::int16_t grezzo;
+        std::int16_t grezzo = 0;
         std::memcpy(&grezzo, &campione, sizeof grezzo);
         return static_cast<float>(grezzo) * gain + offset;
     };
@@ -130,7 +130,7 @@ void int16() {
     concordi(riga, campioni, nostro, limite);
     serie(riga, Ruolo::nostro, "kelConvGetString", campioni, nostro);
     serie(riga, Ruolo::limite, "digits in a register", campioni, limite);
-    pari_testo(riga, campioni, valore, [](const std::int16_t&) { return forma; });
+    pari_testo(riga, campioni, valore, [=](const std::int16_t&) { return forma; });
 #ifdef KEL_PARI_FMT
     serie(riga, Ruolo::pari, "fmt", campioni, [=](const std::int16_t& campione) {
         Testo testo;

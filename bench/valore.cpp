@@ -31,7 +31,7 @@ constexpr float offset = 32.0f;
 constexpr const char* riga = "int16 to value";
 
 std::int16_t grezzo(const Frame& frame) {
-    std::int16_t valore;
+    std::int16_t valore = 0;
     std::memcpy(&valore, frame.data() + posto, sizeof valore);
     return valore;
 }
@@ -47,7 +47,7 @@ struct Segnale {
 };
 
 __attribute__((noinline)) double decodifica(const Segnale& segnale, const unsigned char* frame) {
-    std::uint64_t parola;
+    std::uint64_t parola = 0;
     std::memcpy(&parola, frame, sizeof parola);
     if (segnale.big_endian)
         parola = __builtin_bswap64(parola);
@@ -123,7 +123,7 @@ void con_libiio(const Ingressi<Frame>& frame) {
     const iio_channel* const canale = iio_device_get_channel(iio_context_get_device(contesto.get(), 0), 0);
     const double scala = iio_channel_get_data_format(canale)->scale;
     serie(riga, Ruolo::pari, "libiio", frame, [contesto, canale, scala](const Frame& ingresso) {
-        std::int16_t campione;
+        std::int16_t campione = 0;
         iio_channel_convert(canale, &campione, ingresso.data() + posto);
         return static_cast<float>(campione * scala + 32.0);
     });
@@ -149,7 +149,7 @@ void righe_valore() {
     s_kel_converter conv = {};
     kelConvInit(&conv, &canale, canale.fid, kelFunGetConvData(canale.fid, "F"), 0, 0, 0);
     const auto nostro = [conv](const Frame& ingresso) {
-        float valore;
+        float valore = 0.0f;
         kelConvGetValFloat(&conv, ingresso.data(), &valore);
         return valore;
     };

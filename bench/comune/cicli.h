@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "IFunzioni.h"
+#include "comune/prova.h"
 
 namespace ciclo {
 
@@ -25,6 +26,15 @@ std::string nome(kel_funpos fid, bool tutti);
 s_nome_breve nome_breve(kel_funpos fid);
 void funzioni(Funzioni& trovate, const std::vector<unsigned>& filtro);
 void dettagli(kel_funpos fid, Dettagli& trovati);
+
+/// Registers our operation and the loop, which must agree.
+template <typename Ingresso, typename Nostra, typename Loro>
+void righe(const std::string& riga, const char* nome, const prova::Ingressi<Ingresso>& ingressi, Nostra nostra,
+           Loro loro) {
+    prova::concordi(riga, ingressi, nostra, loro);
+    prova::serie(riga, prova::Ruolo::nostro, nome, ingressi, nostra);
+    prova::serie(riga, prova::Ruolo::pari, "plain loop", ingressi, loro);
+}
 
 }  // namespace ciclo
 

@@ -25,7 +25,7 @@ void sulla_pila() {
     const volatile unsigned char* ultimo = pila.data();
     while (*ultimo == segno)
         ++ultimo;
-    usati = static_cast<const unsigned char*>(__builtin_frame_address(0)) - const_cast<const unsigned char*>(ultimo);
+    usati = static_cast<const volatile unsigned char*>(__builtin_frame_address(0)) - ultimo;
 }
 
 long byte_usati(const conti::Operazione& operazione) {
