@@ -45,13 +45,21 @@ void scegliDecimali(Aspetto& aspetto, float valore) {
     }
 }
 
-std::string cifre(double grandezza, unsigned decimali, unsigned ammesse) {
-    const double scalata = grandezza * potenza10(static_cast<int>(decimali));
-    const double arrotondata = std::floor(scalata + 0.5);
-    char testo[400];
-    std::snprintf(testo, sizeof testo, "%.0f", arrotondata);
-    const std::string numero = testo;
-    return numero.size() > ammesse ? "" : numero;
+float arrotondata(float grandezza, unsigned decimali) {
+    float scala = 1.0F;
+    for (unsigned i = 0; i < decimali; i++)
+        scala *= 10.0F;
+    const float scalata = grandezza * scala;
+    return std::floor(scalata + 0.5F);
+}
+
+std::string cifre(float grandezza, unsigned decimali, unsigned ammesse) {
+    const float numero = arrotondata(grandezza, decimali);
+    if (!(numero < 2147483648.0F))  // more than an int holds, or no number at all
+        return "";
+    char testo[16];
+    std::snprintf(testo, sizeof testo, "%d", static_cast<int>(numero));
+    return std::string(testo).size() > ammesse ? "" : testo;
 }
 
 namespace {
@@ -98,7 +106,7 @@ std::string testoNumerico(Aspetto& aspetto, float valore) {
     unsigned ammesse = larghezza;
     if (negativo)
         ammesse = larghezza > decimali + 1 ? larghezza - 1 : 0;
-    std::string numero = cifre(std::fabs(static_cast<double>(valore)), decimali, ammesse);
+    std::string numero = cifre(std::fabs(valore), decimali, ammesse);
     if (numero.empty())
         numero = std::string(larghezza, '-');
     return senzaZeri(stendi(numero, lunghezza, decimali), negativo, aspetto.formato);

@@ -17,8 +17,12 @@ struct Aspetto {
 // Chooses between 1 and 0 decimals by magnitude, when the look asks for it.
 void scegliDecimali(Aspetto& aspetto, float valore);
 
-// Digits of a magnitude scaled by its decimals and rounded: "" when there are more than `ammesse`.
-std::string cifre(double grandezza, unsigned decimali, unsigned ammesse);
+// A magnitude scaled by its decimals (0 to 3) and rounded to a whole number, in single precision: 123.45 is a little
+// less than that, and yet with one decimal 1235.
+float arrotondata(float grandezza, unsigned decimali);
+
+// Digits of that number: "" when there are more than `ammesse`, or when it is more than an int holds.
+std::string cifre(float grandezza, unsigned decimali, unsigned ammesse);
 
 // The text; first chooses the decimals.
 std::string testoNumerico(Aspetto& aspetto, float valore);

@@ -1,0 +1,36 @@
+// Results of the parts that have run, kept in a folder so that a run can be resumed.
+#ifndef KEL_ESAUSTIVO_RISULTATI_H
+#define KEL_ESAUSTIVO_RISULTATI_H
+
+#include <map>
+#include <string>
+
+#include "exhaustive/spazio.h"
+
+namespace esaustivo {
+
+// One text for the library and everything that judges it: results of anything else are not taken up.
+std::string improntaDellaProva();
+
+class Risultati {
+public:
+    // An empty folder name keeps nothing. `daCapo`: forget what is kept.
+    Risultati(const std::string& cartella, const std::vector<Spazio>& spazi, bool daCapo);
+
+    void aggiungi(const std::string& spazio, unsigned parte, const Esito& esito);
+
+    // By part.
+    const std::map<unsigned, Esito>& di(const std::string& spazio) { return esiti_[spazio]; }
+
+private:
+    std::string file(const std::string& spazio) const;
+    void riprendi(const std::string& spazio);
+
+    std::string cartella_;
+    std::string prova_;
+    std::map<std::string, std::map<unsigned, Esito>> esiti_;
+};
+
+}  // namespace esaustivo
+
+#endif
