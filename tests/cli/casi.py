@@ -8,6 +8,8 @@ A case is a block of lines, blocks apart by empty lines; lines that begin with #
                                     {LF} stand for an escape character and a line feed
     stdin: 0102                     standard input as text; or
     stdin-kelsim: --laps 1          what the simulator writes with these arguments
+    before: kelsim one.ubx          a command that must succeed first, in the same folder
+    file: name 0102 00*10 "RPM":8   writes a file there: bytes, repeated bytes, text filled with NUL to a length
     env: LC_ALL=de_DE.UTF-8         one variable; may be repeated
     exit: 0                         expected exit status, 0 if left out
     out| Identifier  0x00000010     expected lines of standard output: all of them together are the whole of it; {ESC} as
@@ -21,6 +23,7 @@ Without err~ standard error must be empty; where the exit status is not 0 it mus
 standard output. Exit 1 alone may have output before it.
 """
 import json
+import os
 import re
 import shlex
 import sys
@@ -39,7 +42,7 @@ def blocchi(testo):
                 yield caso[0][0], [(chiave, valore) for _, chiave, valore in caso]
             caso = []
             continue
-        trovato = re.match(r"(why|run|stdin|stdin-kelsim|env|exit|json): ?(.*)|(out\||out~|out!~|err~) ?(.*)", riga)
+        trovato = re.match(r"(why|run|stdin|stdin-kelsim|before|file|env|exit|json): ?(.*)|(out\||out~|out!~|err~) ?(.*)", riga)
         if not trovato:
             sys.exit(f"line {numero}: no such key: {riga}")
         chiave = trovato[1] or trovato[3]
@@ -57,6 +60,33 @@ def dentro(documento, percorso):
     return documento
 
 
+def byte(pezzi):
+    """Bytes of words such as 0102, 00*10 and "RPM":8."""
+    uscita = b""
+    for pezzo in re.findall(r'"[^"]*":\d+|\S+', pezzi):
+        if pezzo.startswith('"'):
+            testo, lunghezza = pezzo[1:].rsplit('":', 1)
+            uscita += testo.encode().ljust(int(lunghezza), b"\0")
+        else:
+            cifre, _, volte = pezzo.partition("*")
+            uscita += bytes.fromhex(cifre) * int(volte or 1)
+    return uscita
+
+
+def prepara(programmi, caso):
+    """Writes the files of a case; gives what went wrong."""
+    for chiave, valore in caso:
+        if chiave == "before":
+            nome, *argomenti = shlex.split(valore)
+            stato, _, errori = programmi.esegui(nome, argomenti)
+            if stato != 0:
+                yield f"{valore}: exit status {stato}: {errori.decode()}"
+        elif chiave == "file":
+            nome, _, pezzi = valore.partition(" ")
+            with open(os.path.join(programmi.cartella.name, nome), "wb") as f:
+                f.write(byte(pezzi))
+
+
 def difetti(programmi, caso):
     """What is wrong with one case."""
     def tutti(chiave):
@@ -65,6 +95,7 @@ def difetti(programmi, caso):
     if not tutti("why") or not tutti("run"):
         yield "has no why or no run"
         return
+    yield from prepara(programmi, caso)
     argomenti = [parte.replace("{ESC}", "\x1b").replace("{LF}", "\n") for parte in shlex.split(tutti("run")[0])]
     nome = "kelsim" if argomenti[:1] == ["kelsim"] else "kelfun"
     ingresso = "".join(riga + "\n" for riga in tutti("stdin")).encode()

@@ -47,13 +47,13 @@ def main():
         velocita = math.sqrt(vx * vx + vy * vy + vz * vz) * 0.036 if fix >= 3 and sats >= 4 else 0.0
         if (s["time_of_week_ms"], s["fix"], s["satellites"]) != (tow, fix, sats):
             difetti.append(f"solution {i}: time, fix or satellites: {s}")
-        if abs(s["longitude"] - longitudine) > 4.5e-6:  # half a step of a float near 117, and six decimals
-            difetti.append(f"solution {i}: longitude {s['longitude']}, expected {longitudine:.9f}")
+        if abs(s["longitude_deg"] - longitudine) > 4.5e-6:  # half a step of a float near 117, and six decimals
+            difetti.append(f"solution {i}: longitude {s['longitude_deg']}, expected {longitudine:.9f}")
         if abs(s["speed_km_h"] - velocita) > 1e-5:
             difetti.append(f"solution {i}: speed {s['speed_km_h']}, expected {velocita:.6f}")
         if (s["position_accuracy_low_byte_cm"], s["speed_accuracy_low_byte_cm_s"]) != (pacc & 0xFF, sacc & 0xFF):
             difetti.append(f"solution {i}: accuracies: {s}")
-    if abs(soluzioni[0]["longitude"] + 117.020462) > 4.5e-6 or abs(soluzioni[0]["speed_km_h"] - 1.582) > 5e-4:
+    if abs(soluzioni[0]["longitude_deg"] + 117.020462) > 4.5e-6 or abs(soluzioni[0]["speed_km_h"] - 1.582) > 5e-4:
         difetti.append(f"the first solution is known: -117.020462 degrees, 1.582 km/h; got {soluzioni[0]}")
     for difetto in difetti:
         print(difetto)

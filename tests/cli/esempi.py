@@ -9,7 +9,8 @@ from programmi import Programmi, lettore
 def main():
     programmi = Programmi(lettore(__doc__).parse_args())
     rotti = 0
-    assert programmi.esegui("kelsim", ["--laps", "1", "capture.ubx"])[0] == 0
+    registrazione = ["--channels", "session.channels", "--samples", "session.samples"]
+    assert programmi.esegui("kelsim", ["--laps", "1", *registrazione, "capture.ubx"])[0] == 0
 
     def prova(chi, aiuto):
         nonlocal rotti

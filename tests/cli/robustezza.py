@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
-"""kelfun ubx as a process: a damaged capture, random bytes, and memory that stays the same for any length."""
+"""kelfun ubx and record as processes: damaged files, random bytes, and memory that stays the same for any length."""
 import os
 import random
 import re
-import resource
 import subprocess
 import sys
 import threading
@@ -34,10 +33,55 @@ def prova(programmi, byte, che_cosa, soluzioni=None):
     return difetti
 
 
-def memoria(programmi, milioni):
+def registrazioni(programmi, lento):
+    """kelfun record on files cut anywhere, with any byte changed, and on random bytes; gives the faults."""
+    os.chdir(programmi.cartella.name)
+    programmi.esegui("kelsim", ["--laps", "1", "--rate", "1", "--channels", "c", "--samples", "s"])
+    with open("c", "rb") as c, open("s", "rb") as s:
+        canali, campioni = c.read(), s.read()
+    caso = random.Random(5)
+
+    def esegui(canali, campioni, che_cosa, stati, opzioni=()):
+        for nome, byte in (("c2", canali), ("s2", campioni)):
+            with open(nome, "wb") as f:
+                f.write(byte)
+        stato, uscita, errori = programmi.esegui("kelfun", ["record", "c2", "s2", "--csv", *opzioni])
+        visti = re.search(rb"^(\d+) records of (\d+) bytes in (\d+) bytes; (\d+) bytes of a cut record", errori, re.M)
+        if stato not in stati:
+            return [f"record, {che_cosa}: exit {stato}: {errori[-300:]!r}"]
+        if visti is None:
+            return [] if stato and errori.count(b"\n") == 1 and not uscita else [f"record, {che_cosa}: {errori!r}"]
+        record, dimensione, letti, avanzo = map(int, visti.groups())
+        if letti != len(campioni) or record * dimensione + avanzo != letti or uscita.count(b"\n") != record + 1:
+            return [f"record, {che_cosa}: {visti[0]!r}, {uscita.count(bytes([10]))} lines of {len(campioni)} bytes"]
+        return []
+
+    tempo = ("--time", "u32ms")
+    difetti = esegui(canali, campioni, "whole", [0], tempo)
+    for n in range(0, len(canali), 37 if lento else 7):
+        difetti += esegui(canali[:n], campioni, f"channels cut after {n} bytes", [0, 1] if n % 112 == 0 else [1], tempo)
+        guasti = bytearray(canali)
+        guasti[n] = caso.randrange(256)
+        for opzioni in (tempo, ("--packed",), ("--text", "--packed")):
+            difetti += esegui(guasti, campioni, f"byte {n} of the channels changed", [0, 1], opzioni)
+    for n in range(0, 1000, 97 if lento else 11):
+        difetti += esegui(canali, campioni[:n], f"samples cut after {n} bytes", [0 if n >= 103 else 1], tempo)
+    for giro in range(10 if lento else 100):
+        casuali = b""
+        for _ in range(caso.randrange(1, 9)):
+            fid = caso.choice([caso.randrange(2**32), caso.choice([0x1A, 0x9A, 0x11A, 0x19A]) | caso.randrange(4) << 15])
+            casuali += (caso.randbytes(12) + fid.to_bytes(4, "little") + caso.randbytes(4) +
+                        caso.randrange(25).to_bytes(4, "little") + caso.randbytes(88))
+        difetti += esegui(casuali, caso.randbytes(caso.randrange(4000)), f"random channels, round {giro}", [0, 1],
+                          ("--packed", *caso.choice([(), ("--text",), ("--time", "u64us"), ("--rate", "7")])))
+        difetti += esegui(caso.randbytes(112 * caso.randrange(1, 9)), campioni, f"random bytes, round {giro}", [0, 1])
+    return difetti
+
+
+def memoria(programmi, milioni, argomenti):
     """Largest memory, KiB, of a run that reads so many million bytes of a pattern full of sync bytes."""
     pezzo = (b"\xb5\x62\x01\x06\xff\xff" + bytes(range(256)) + b"\xb5\x62") * 4000
-    comando = programmi.emulatore + [programmi.programmi["kelfun"], "ubx", "-"]
+    comando = programmi.emulatore + [programmi.programmi["kelfun"], *argomenti]
     processo = subprocess.Popen(comando, stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                                 env=programmi.ambiente)
 
@@ -71,12 +115,14 @@ def main():
         difetti += prova(programmi, caso.randbytes(caso.randrange(200000)), f"random bytes, round {giro}")
     difetti += prova(programmi, os.urandom(1000000), "a million bytes of urandom")
     difetti += prova(programmi, b"", "empty input", [0])
-    poca, tanta = memoria(programmi, 1), memoria(programmi, 8 if lento else 200)
-    if tanta - poca > 4096:
-        difetti.append(f"memory grows with the length of the stream: {poca} KiB, then {tanta} KiB")
+    difetti += registrazioni(programmi, lento)
+    for argomenti, milioni in ((["ubx", "-"], 200), (["record", "c", "-"], 40)):
+        poca, tanta = memoria(programmi, 1, argomenti), memoria(programmi, 8 if lento else milioni, argomenti)
+        if tanta - poca > 4096:
+            difetti.append(f"{argomenti[0]}: memory grows with the length of the stream: {poca} KiB, then {tanta} KiB")
     for difetto in difetti:
         print(difetto)
-    print(f"{intere} solutions in the capture, memory {poca} and {tanta} KiB, {len(difetti)} faults")
+    print(f"{intere} solutions in the capture, memory {tanta} KiB, {len(difetti)} faults")
     return 1 if difetti else 0
 
 

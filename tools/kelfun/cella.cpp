@@ -3,6 +3,10 @@
 
 namespace kel::strumento {
 
+Cella Cella::mancante(std::string_view testo) {
+    return {std::string(testo), {}};
+}
+
 Cella Cella::testo(std::string_view testo) {
     return {std::string(testo), std::string(testo)};
 }
@@ -30,6 +34,12 @@ Cella Cella::numero(float valore) {
 }
 
 Cella Cella::numero(float valore, int decimali) {
+    std::string testo = conDecimali(valore, decimali);
+    const double scritto = comeScritto(testo);
+    return {std::move(testo), scritto};
+}
+
+Cella Cella::reale(double valore, int decimali) {
     std::string testo = conDecimali(valore, decimali);
     const double scritto = comeScritto(testo);
     return {std::move(testo), scritto};

@@ -22,6 +22,7 @@ void aggiungiMatch(CLI::App& programma);
 void aggiungiCamera(CLI::App& programma);
 void aggiungiLap(CLI::App& programma);
 void aggiungiUbx(CLI::App& programma);
+void aggiungiRecord(CLI::App& programma);
 void aggiungiFind(CLI::App& programma);
 void aggiungiCatalogue(CLI::App& programma);
 

@@ -41,8 +41,8 @@ std::vector<Colonna> colonne(const std::string& udm) {
     return {{"time_of_week_ms", "TIME OF WEEK ms", Lato::destra, 15},
             {"fix", "FIX", Lato::destra, 3},
             {"satellites", "SATS", Lato::destra, 4},
-            {"longitude", "LONGITUDE", Lato::destra, 11},
-            {"latitude_library_rule", "LATITUDE+-0.19", Lato::destra, 14},
+            {"longitude_deg", "LONGITUDE deg", Lato::destra, 11},
+            {"latitude_library_rule_deg", "LATITUDE+-0.19 deg", Lato::destra, 14},
             {chiaveConUdm("speed", udm), "SPEED " + udm, Lato::destra, 10},
             {"position_accuracy_low_byte_cm", "POS.ACC LOW BYTE cm", Lato::destra, 19},
             {"speed_accuracy_low_byte_cm_s", "SPD.ACC LOW BYTE cm/s", Lato::destra, 21}};

@@ -26,6 +26,8 @@ class Cella {
 public:
     /// Nothing: "-" for people, null in JSON, empty in CSV.
     Cella() = default;
+    /// Nothing, with a text for people that says why: "---".
+    static Cella mancante(std::string_view testo);
     static Cella testo(std::string_view testo);
     /// A text whose blanks matter: in quotes for people.
     static Cella citata(std::string_view testo);
@@ -37,6 +39,8 @@ public:
     static Cella numero(float valore);
     /// Rounded to so many decimals, for programs too.
     static Cella numero(float valore, int decimali);
+    /// The same of a double.
+    static Cella reale(double valore, int decimali);
     /// A number with a text of its own for people.
     static Cella numero(float valore, std::string_view testo);
     static Cella logico(bool valore);

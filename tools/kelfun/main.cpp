@@ -62,6 +62,7 @@ int esegui(int argc, char** argv) {
     aggiungiCamera(programma);
     aggiungiLap(programma);
     aggiungiUbx(programma);
+    aggiungiRecord(programma);
     aggiungiCatalogue(programma);
     programma.footer(
         "kelfun COMMAND --help tells more and gives examples.\n"

@@ -4,6 +4,7 @@
 
 #include "canale.h"
 #include "celle.h"
+#include "fid_gps.h"
 
 namespace kel::strumento {
 
@@ -13,23 +14,12 @@ constexpr unsigned TIPO_PACCHETTO_GPS = 8;
 constexpr std::size_t BYTE_TEMPO = 4;
 constexpr unsigned LARGHEZZA_VELOCITA = 8;
 
-constexpr kel_funpos PACCHETTO = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
-constexpr kel_funpos FIX = kelFidComponi(FID_PHI_CODE, FID_OBJ_ACCURACY, FID_POS_GPS);
-constexpr kel_funpos SATELLITI = kelFidComponi(FID_PHI_NUMBER, FID_OBJ_SATELLITE, FID_POS_GPS);
-constexpr kel_funpos VELOCITA = kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS);
-constexpr kel_funpos LATITUDINE = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS);
-constexpr kel_funpos LONGITUDINE = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
-constexpr kel_funpos ACCURATEZZA_POSIZIONE = kelFidComponi(FID_PHI_POSITION, FID_OBJ_ACCURACY, FID_POS_GPS);
-constexpr kel_funpos ACCURATEZZA_VELOCITA = kelFidComponi(FID_PHI_VELOCITY, FID_OBJ_ACCURACY, FID_POS_GPS);
-
 std::unique_ptr<IConverter> converter(IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid,
                                       const std::string& udm, unsigned decimali) {
     return std::unique_ptr<IConverter>(
         catalogo.CreateConverter(&canale, fid, udm, true, decimali, FORMATO_COMPATTO, LARGHEZZA_VELOCITA));
 }
 
-// The accuracies are read without a unit: the packet holds cm and cm/s, whereas the units of a position and a velocity
-// start from metres and km/h.
 s_kel_converter senzaUnita(const s_kel_canale& canale, kel_funpos fid) {
     s_kel_converter conv{};
     kelConvInit(&conv, &canale, fid, kelFunGetConvData(fid, nullptr), 0, 0, 1);
@@ -45,17 +35,17 @@ unsigned valoreIntero(const s_kel_converter& conv, const std::uint8_t* pacchetto
 }  // namespace
 
 CanaleNavSol::CanaleNavSol(IFunzioni& catalogo, const std::string& udm, unsigned decimali)
-    : canale_(canale(PACCHETTO, TIPO_PACCHETTO_GPS)),
-      fix_(converter(catalogo, canale_, FIX, "", 0)),
-      satelliti_(converter(catalogo, canale_, SATELLITI, "", 0)),
-      longitudine_(converter(catalogo, canale_, LONGITUDINE, "", 0)),
-      latitudine_(converter(catalogo, canale_, LATITUDINE, "", 0)),
-      velocita_(converter(catalogo, canale_, VELOCITA, udm, decimali)),
-      accuratezza_posizione_(senzaUnita(canale_, ACCURATEZZA_POSIZIONE)),
-      accuratezza_velocita_(senzaUnita(canale_, ACCURATEZZA_VELOCITA)) {}
+    : canale_(canale(GPS_PACCHETTO, TIPO_PACCHETTO_GPS)),
+      fix_(converter(catalogo, canale_, GPS_FIX, "", 0)),
+      satelliti_(converter(catalogo, canale_, GPS_SATELLITI, "", 0)),
+      longitudine_(converter(catalogo, canale_, GPS_LONGITUDINE, "", 0)),
+      latitudine_(converter(catalogo, canale_, GPS_LATITUDINE, "", 0)),
+      velocita_(converter(catalogo, canale_, GPS_VELOCITA, udm, decimali)),
+      accuratezza_posizione_(senzaUnita(canale_, GPS_ACCURATEZZA_POSIZIONE)),
+      accuratezza_velocita_(senzaUnita(canale_, GPS_ACCURATEZZA_VELOCITA)) {}
 
 kel_funpos CanaleNavSol::fidVelocita() {
-    return VELOCITA;
+    return GPS_VELOCITA;
 }
 
 float CanaleNavSol::valore(IConverter& converter, const std::uint8_t* pacchetto) const {

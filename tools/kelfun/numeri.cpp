@@ -8,9 +8,9 @@ namespace kel::strumento {
 
 namespace {
 
-template <typename... Argomenti>
-std::string scritto(float valore, Argomenti... argomenti) {
-    char testo[128];  // the longest is a float of 1e38 with 30 decimals
+template <typename Numero, typename... Argomenti>
+std::string scritto(Numero valore, Argomenti... argomenti) {
+    char testo[352];  // the longest is a double of 1e308 with 30 decimals
     const auto fine = std::to_chars(std::begin(testo), std::end(testo), valore, argomenti...);
     return fine.ec == std::errc() ? std::string(testo, fine.ptr) : std::string("?");
 }
@@ -28,6 +28,10 @@ int cifraEsadecimale(char c) {
 }  // namespace
 
 std::string conDecimali(float valore, int decimali) {
+    return scritto(valore, std::chars_format::fixed, std::clamp(decimali, 0, 30));
+}
+
+std::string conDecimali(double valore, int decimali) {
     return scritto(valore, std::chars_format::fixed, std::clamp(decimali, 0, 30));
 }
 

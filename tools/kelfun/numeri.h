@@ -11,6 +11,7 @@ namespace kel::strumento {
 
 /// With exactly so many digits after the point.
 std::string conDecimali(float valore, int decimali);
+std::string conDecimali(double valore, int decimali);
 
 /// The shortest text that reads back as the same float: "0.621371", "1000000", "2.77778e-07".
 std::string breve(float valore);

@@ -48,8 +48,12 @@ bool Kart::prossimo(Istante& istante) {
     const double dt = 1.0 / frequenza_;
     istante = Istante();
     istante.settimana_ms = INIZIO_MS + passi_ * 1000 / frequenza_;
+    istante.secondi = passi_ * dt;
+    istante.distanza = distanza_;
+    istante.andatura = velocita_;
 
     const PuntoCircuito punto = circuito_.punto(distanza_);
+    istante.curvatura = punto.curvatura;
     const double decadimento = dt / TEMPO_POSIZIONE;
     const double spinta = SIGMA_POSIZIONE * std::sqrt(2.0 * decadimento);
     for (double* errore : {&errore_.x, &errore_.y, &errore_.z})

@@ -12,6 +12,10 @@ namespace kel::simulatore {
 /// One solution of the receiver.
 struct Istante {
     std::uint32_t settimana_ms = 0;  ///< GPS time of week
+    double secondi = 0;              ///< since the start
+    double distanza = 0;             ///< driven since the start, m
+    double andatura = 0;             ///< true speed, m/s
+    double curvatura = 0;            ///< of the circuit there, 1/m, without sign
     Vettore posizione;               ///< east, north, up in the circuit's plane, m
     Vettore velocita;                ///< likewise, m/s
     unsigned fix = 3;                ///< 3: solved in space; 2: in the plane; 0: none
@@ -30,6 +34,9 @@ public:
 
     /// The next solution; false when the last lap is over.
     bool prossimo(Istante& istante);
+
+    /// Length of a lap, m.
+    double lunghezzaGiro() const { return circuito_.lunghezza(); }
 
 private:
     double rumore();

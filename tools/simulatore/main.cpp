@@ -1,12 +1,14 @@
-// kelsim: writes the capture of a GPS receiver on a kart that drives laps of a small circuit.
+// kelsim: writes what the GPS receiver and the data logger of a kart give that drives laps of a small circuit.
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <stdexcept>
 #include <string>
 
+#include "centralina.h"
 #include "messaggi.h"
 
 namespace {
@@ -26,41 +28,105 @@ CLI::Validator traNumeri(unsigned long long minimo, unsigned long long massimo) 
         "N");
 }
 
-int errore(const std::string& nome) {
-    std::fprintf(stderr, "kelsim: cannot write '%s': %s\n", nome.c_str(), std::strerror(errno));
-    return 1;
-}
-
-int esegui(int argc, char** argv) {
-    CLI::App programma{"Writes the u-blox capture of a kart that drives laps of a circuit of 1 km.", "kelsim"};
-    std::string file;
+struct Argomenti {
+    std::string cattura;  // the receiver's; "" = none
+    std::string canali;   // the logger's channels and samples; "" = none
+    std::string campioni;
     unsigned giri = 3;
     unsigned frequenza = 10;
     unsigned long long seme = 1;
-    programma.add_option("FILE", file, "File to write, or - for standard output")->required();
-    programma.add_option("--laps", giri, "Laps (default 3)")->check(traNumeri(1, 1000));
-    programma.add_option("--rate", frequenza, "Solutions a second (default 10)")->check(traNumeri(1, 25));
-    programma.add_option("--seed", seme, "Seed of the receiver's noise (default 1)")->check(traNumeri(0, ~0ull));
+};
+
+void dichiara(CLI::App& programma, Argomenti& argomenti) {
+    programma.add_option("FILE", argomenti.cattura, "Capture to write, or - for standard output");
+    auto* canali = programma.add_option("--channels", argomenti.canali, "Write the logger's channel records here");
+    auto* campioni = programma.add_option("--samples", argomenti.campioni, "Write its records of samples here");
+    canali->type_name("FILE")->needs(campioni);
+    campioni->type_name("FILE")->needs(canali);
+    programma.add_option("--laps", argomenti.giri, "Laps (default 3)")->check(traNumeri(1, 1000));
+    programma.add_option("--rate", argomenti.frequenza, "Solutions and records a second (default 10)")
+        ->check(traNumeri(1, 25));
+    programma.add_option("--seed", argomenti.seme, "Seed of the receiver's noise (default 1)")
+        ->check(traNumeri(0, ~0ull));
     programma.footer(
-        "Half-way through the middle lap the fix is lost for some seconds. The same arguments write the same bytes.\n\n"
-        "Examples:\n  kelsim capture.ubx\n  kelsim --laps 10 --rate 5 --seed 7 capture.ubx\n"
+        "Half-way through the middle lap the fix is lost for some seconds. The same arguments write the same bytes.\n"
+        "Every record of samples begins with its time, 32 bits, ms: kelfun record CHANNELS SAMPLES --time u32ms.\n\n"
+        "Examples:\n  kelsim capture.ubx\n  kelsim --channels session.channels --samples session.samples --rate 5\n"
         "  kelsim --laps 1 - | kelfun ubx -");
+}
+
+// A file that is written from start to end, "-" being standard output.
+class Uscita {
+public:
+    explicit Uscita(const std::string& nome)
+        : nome_(nome), file_(nome == "-" ? stdout : std::fopen(nome.c_str(), "wb")) {
+        if (file_ == nullptr)
+            fallita();
+    }
+    ~Uscita() {
+        if (file_ != nullptr && file_ != stdout)
+            std::fclose(file_);
+    }
+    Uscita(const Uscita&) = delete;
+    Uscita& operator=(const Uscita&) = delete;
+
+    void scrivi(const std::string& byte) { std::fwrite(byte.data(), 1, byte.size(), file_); }
+
+    void chiudi() {
+        const bool scritto = std::fflush(file_) == 0 && std::ferror(file_) == 0;
+        const bool chiuso = file_ == stdout || std::fclose(file_) == 0;
+        file_ = nullptr;
+        if (!scritto || !chiuso)
+            fallita();
+    }
+
+private:
+    [[noreturn]] void fallita() const {
+        throw std::runtime_error("cannot write '" + nome_ + "': " + std::strerror(errno));
+    }
+
+    std::string nome_;
+    std::FILE* file_;
+};
+
+void registra(const Argomenti& argomenti) {
+    using namespace kel::simulatore;
+    Uscita canali(argomenti.canali);
+    Uscita campioni(argomenti.campioni);
+    const PianoLocale piano(LUOGO);
+    Kart kart(argomenti.giri, argomenti.frequenza, argomenti.seme);
+    Centralina centralina(kart.lunghezzaGiro());
+    canali.scrivi(centralina.canali());
+    canali.chiudi();
+    for (Istante istante; kart.prossimo(istante);)
+        campioni.scrivi(centralina.record(istante, piano));
+    campioni.chiudi();
+}
+
+int esegui(int argc, char** argv) {
+    CLI::App programma{"Writes the u-blox capture and the recording of a kart that drives laps of a circuit of 1 km.",
+                       "kelsim"};
+    Argomenti argomenti;
+    dichiara(programma, argomenti);
     try {
         programma.parse(argc, argv);
+        if (argomenti.cattura.empty() && argomenti.canali.empty())
+            throw CLI::RequiredError("FILE, or --channels and --samples");
     } catch (const CLI::Success& richiesta) {
         return programma.exit(richiesta);
     } catch (const CLI::ParseError& e) {
         std::fprintf(stderr, "kelsim: %s; see kelsim --help\n", e.what());
         return 2;
     }
-    std::FILE* uscita = file == "-" ? stdout : std::fopen(file.c_str(), "wb");
-    if (uscita == nullptr)
-        return errore(file);
-    kel::simulatore::registrazione(
-        giri, frequenza, seme, [uscita](const std::string& byte) { std::fwrite(byte.data(), 1, byte.size(), uscita); });
-    const bool scritto = std::ferror(uscita) == 0 && std::fflush(uscita) == 0;
-    const bool chiuso = uscita == stdout || std::fclose(uscita) == 0;
-    return scritto && chiuso ? 0 : errore(file);
+    if (!argomenti.canali.empty())
+        registra(argomenti);
+    if (!argomenti.cattura.empty()) {
+        Uscita cattura(argomenti.cattura);
+        kel::simulatore::registrazione(argomenti.giri, argomenti.frequenza, argomenti.seme,
+                                       [&cattura](const std::string& byte) { cattura.scrivi(byte); });
+        cattura.chiudi();
+    }
+    return 0;
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ std::string gradiMinuti(double gradi, int cifre) {
 
 }  // namespace
 
-std::string navSol(const Istante& i, const PianoLocale& piano) {
+std::string payloadNavSol(const Istante& i, const PianoLocale& piano) {
     const Vettore r = piano.posizione(i.posizione);
     const Vettore v = piano.velocita(i.velocita);
     std::string dati;
@@ -67,7 +67,11 @@ std::string navSol(const Istante& i, const PianoLocale& piano) {
     aggiungi(dati, 0, 1);
     aggiungi(dati, i.satelliti, 1);
     aggiungi(dati, 0, 4);
-    return messaggio(0x01, 0x06, dati);
+    return dati;
+}
+
+std::string navSol(const Istante& istante, const PianoLocale& piano) {
+    return messaggio(0x01, 0x06, payloadNavSol(istante, piano));
 }
 
 std::string navPosLlh(const Istante& i, const PianoLocale& piano) {

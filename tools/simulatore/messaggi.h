@@ -13,7 +13,9 @@ namespace kel::simulatore {
 /// The circuit's place: made up, somewhere in the plain of the Po.
 constexpr Geodetiche LUOGO = {44.8231, 10.4107, 62.0};
 
-/// NAV-SOL (01 06): 52 bytes of payload, position in cm and velocity in cm/s, both ECEF.
+/// Payload of NAV-SOL, 52 bytes: position in cm and velocity in cm/s, both ECEF.
+std::string payloadNavSol(const Istante& istante, const PianoLocale& piano);
+/// NAV-SOL (01 06).
 std::string navSol(const Istante& istante, const PianoLocale& piano);
 /// NAV-POSLLH (01 02): geodetic position.
 std::string navPosLlh(const Istante& istante, const PianoLocale& piano);
