@@ -1,5 +1,6 @@
-// The long name of a function: a readable phrase, from the tables or composed from the fields.
+// The long name of a function: from the first table that knows it, or composed from its fields.
 #include "CFunzioni.h"
+#include "catalogue/nome_composto.h"
 #include "tables/funz_kel.h"
 
 namespace {
@@ -28,67 +29,10 @@ const char* nome_nelle_tabelle(kel_funpos fid) {
     return vecchia.fid == fid ? vecchia.testo : nome_della_grandezza(fid);
 }
 
-// The long name's parts, each with its separator.
-class Frase {
-public:
-    Frase(const CFunzioni& catalogo, bool tutti) : catalogo_(catalogo), tutti_(tutti) {}
-
-    template <std::size_t N>
-    void parola(const s_campo_fid (&tabella)[N], unsigned valore) {
-        if (valore < N)
-            testo_ += catalogo_.ConvertiDa8(tabella[valore].testo) + " ";
-    }
-
-    // Undefined values only where every field is asked for.
-    template <std::size_t N>
-    void parola_se_data(const s_campo_fid (&tabella)[N], unsigned valore) {
-        if (valore != 0 || tutti_)
-            parola(tabella, valore);
-    }
-
-    // Left/right, front/rear and up/down are one word; an undefined one has no text.
-    void lati(kel_funpos fid) {
-        testo_ += catalogo_.ConvertiDa8(leftright_FunzKel[kelFidLeftRight(fid)].testo);
-        testo_ += catalogo_.ConvertiDa8(frontrear_FunzKel[kelFidFrontRear(fid)].testo);
-        testo_ += catalogo_.ConvertiDa8(updown_FunzKel[kelFidUpDown(fid)].testo);
-        testo_ += " ";
-    }
-
-    void numero(unsigned numero) { testo_ += std::to_string(numero) + " "; }
-
-    // Trailing blanks go, unless there is nothing else; leading and inner ones stay.
-    std::string finita() {
-        const std::size_t ultimo = testo_.find_last_not_of(' ');
-        if (ultimo != std::string::npos)
-            testo_.erase(ultimo + 1);
-        return testo_;
-    }
-
-private:
-    const CFunzioni& catalogo_;
-    bool tutti_;
-    std::string testo_;
-};
-
 }  // namespace
 
 std::string CFunzioni::getNomeFunzione(kel_funpos fid, bool tutti) const {
     if (const char* nome = nome_nelle_tabelle(fid))
         return nome;  // as it stands, without a conversion
-
-    Frase frase(*this, tutti);
-    frase.parola(grandezza_fisica_FunzKel, kelFidGrandezza(fid));
-    if (kelFidGrandezza(fid) == FID_PHI_PACKAGE) {
-        // A packet's specialisation is named as a position would be: that is what users have always read.
-        frase.parola(dettagli_FunzKel, kelFidOggetto(fid));
-        frase.parola_se_data(posizione_FunzKel, kelFidPosizione(fid));
-    } else {
-        frase.parola_se_data(oggetto_misurato_FunzKel, kelFidOggetto(fid));
-    }
-    frase.parola_se_data(inout_FunzKel, kelFidInOut(fid));
-    if (kelFidNumerato(fid) != 0)
-        frase.numero(kelFidNumero(fid));
-    else
-        frase.lati(fid);
-    return frase.finita();
+    return kel::nome_composto(*this, fid, tutti);
 }

@@ -1,5 +1,6 @@
 #include "converters/mezzo_float.h"
 
+#include <algorithm>
 #include <bit>
 
 #include "aritmetica.h"
@@ -30,21 +31,19 @@ uint32_t espandi_mezzo(uint32_t mezzo) noexcept {
 uint32_t comprimi_mezzo(uint32_t bit_float) noexcept {
     constexpr uint32_t normale_minimo = 0x38800000;  // 2^-14
     constexpr uint32_t massimo = 0x477FE000;         // 65504
-    constexpr uint32_t nan_minimo = 0x7F802000;      // the smallest NaN of which a fraction bit is kept
+    constexpr uint32_t infinito = 0x7C00;
     const uint32_t segno = bit_float >> 16 & 0x8000;
-    uint32_t modulo = bit_float & 0x7FFFFFFF;
-    if (modulo < normale_minimo)  // 2^37 = 2^24 * 2^13: the subnormal's fraction, where the shift below expects it
-        modulo = static_cast<uint32_t>(std::bit_cast<float>(modulo) * 0x1p37f);
-    else if (modulo > massimo && modulo < infinito_float)
-        modulo = infinito_float;  // never rounded down to 65504
-    else if (modulo > infinito_float && modulo < nan_minimo)
-        modulo = nan_minimo;
-    modulo >>= bit_frazione_tolti;  // truncates: a value never grows
-    if (modulo >= inizio_infiniti)
-        modulo -= passo_bias;
-    if (modulo >= primo_normale)
-        modulo -= passo_bias;
-    return (segno | modulo) & 0xFFFF;
+    const uint32_t modulo = bit_float & 0x7FFFFFFF;
+    if (modulo > infinito_float)  // a NaN stays one when all of its fraction is cut off
+        return segno | infinito | std::max((modulo & ~infinito_float) >> bit_frazione_tolti, 1u);
+    // Sizes cannot be foretold: both forms are made, and one is kept. Fractions are cut, so that a value never grows, but
+    // for what is above 65504: that is an infinity.
+    const uint32_t troppo = modulo > massimo ? 1 : 0;
+    const uint32_t normale = std::min((modulo >> bit_frazione_tolti) - passo_bias + troppo, infinito);
+    const float piccolissimo = std::bit_cast<float>(std::min(modulo, normale_minimo));
+    const auto subnormale = static_cast<uint32_t>(static_cast<int32_t>(piccolissimo * 0x1p24f));
+    const uint32_t piccolo = modulo < normale_minimo ? ~0u : 0u;
+    return segno | (subnormale & piccolo) | (normale & ~piccolo);
 }
 
 }  // namespace kel

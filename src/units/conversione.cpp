@@ -1,7 +1,6 @@
 // Conversions into a unit and between two units.
 #include "aritmetica.h"
 #include "kelfunzioni.h"
-#include "units/confronto.h"
 #include "units/grandezza.h"
 
 const s_converter_data* kelFunGetConvData(kel_funpos fid, const char* udm) noexcept {
@@ -15,11 +14,11 @@ const s_converter_data* kelFunGetConvData(kel_funpos fid, const char* udm) noexc
 s_converter_data kelFunGetConvDatas(kel_funpos fid, const char* udmDa, const char* udmA) noexcept {
     constexpr s_converter_data identita = {"", 0.0f, 1.0f, 0};
     const s_grandezza_fisica_uiv* grandezza = kel::cerca_grandezza(fid);
-    if (grandezza == nullptr || kel::uguali(udmDa, udmA))
+    if (grandezza == nullptr)
         return identita;
     const s_udm_associata* da = kel::cerca_udm(*grandezza, udmDa);
     const s_udm_associata* a = kel::cerca_udm(*grandezza, udmA);
-    if (da == nullptr || a == nullptr)
+    if (da == a || da == nullptr || a == nullptr)
         return identita;
 
     // The result carries no reciprocal flag: between a speed and a pace it is the plain linear conversion.

@@ -4,6 +4,15 @@
 #include "units/confronto.h"
 
 namespace kel {
+namespace {
+
+// The first two bytes of a text, its NUL among them.
+unsigned primi_due(const char* testo) noexcept {
+    const auto primo = static_cast<unsigned char>(testo[0]);
+    return primo != 0 ? primo | static_cast<unsigned>(static_cast<unsigned char>(testo[1])) << 8 : 0;
+}
+
+}  // namespace
 
 const s_grandezza_fisica_uiv* cerca_grandezza(kel_funpos fid) noexcept {
     const unsigned riga = indice_grandezze.riga(fid);
@@ -11,7 +20,16 @@ const s_grandezza_fisica_uiv* cerca_grandezza(kel_funpos fid) noexcept {
 }
 
 const s_udm_associata* cerca_udm(const s_grandezza_fisica_uiv& grandezza, const char* udm) noexcept {
-    for (int i = 0; i < grandezza.num_udm; ++i)
+    // Which unit is asked for cannot be foretold: the rows are looked at by their first two characters, all of them and
+    // without a branch, and only the row found is compared.
+    const unsigned inizio = primi_due(udm);
+    int trovata = 0;
+    for (int i = grandezza.num_udm - 1; i > 0; --i)
+        trovata = primi_due(grandezza.udm[i].dati.udm) == inizio ? i : trovata;
+    if (uguali(grandezza.udm[trovata].dati.udm, udm))
+        return &grandezza.udm[trovata];
+    // Another row may begin like the one found.
+    for (int i = trovata + 1; i < grandezza.num_udm; ++i)
         if (uguali(grandezza.udm[i].dati.udm, udm))
             return &grandezza.udm[i];
     return nullptr;
