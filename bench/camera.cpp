@@ -59,6 +59,7 @@ void righe_camera() {
                                       : fid_qualsiasi(casuale, sotto(casuale, std::size(grandezza_fisica_FunzKel)));
     });
     std::vector<std::pair<kel_funpos, Riga>> coppie;
+    coppie.reserve(tutte.size());
     for (const Riga una : tutte)
         coppie.emplace_back(una->fid, una);
     const TabellaPerfetta perfetta(tutte);

@@ -33,7 +33,8 @@ __attribute__((noinline, target("f16c"))) std::uint32_t espandi_macchina(std::ui
     return std::bit_cast<std::uint32_t>(_cvtsh_ss(mezzo));
 }
 __attribute__((noinline, target("f16c"))) std::uint16_t comprimi_macchina(std::uint32_t bit_float) {
-    return _cvtss_sh(std::bit_cast<float>(bit_float), _MM_FROUND_TO_ZERO);
+    const __m128i mezzi = _mm_cvtps_ph(_mm_set_ss(std::bit_cast<float>(bit_float)), _MM_FROUND_TO_ZERO);
+    return static_cast<std::uint16_t>(_mm_cvtsi128_si32(mezzi));
 }
 #endif
 

@@ -51,25 +51,26 @@ std::string scritto_a_mano(const int& millisecondi) {
                 fatte += {decine, unita};
         return fatte;
     }();
+    const auto coppia = [](std::size_t numero) { return coppie.data() + 2 * numero; };
     const Campi c = campi(millisecondi);
-    const unsigned primo = c.ore != 0 ? c.ore : c.minuti;
-    const unsigned secondo = c.ore != 0 ? c.minuti : c.secondi;
+    const std::size_t primo = c.ore != 0 ? c.ore : c.minuti;
+    const std::size_t secondo = c.ore != 0 ? c.minuti : c.secondi;
     char testo[12];
     std::size_t n = 0;
     if (primo >= 10)
-        testo[n++] = coppie[2 * primo];
-    testo[n++] = coppie[2 * primo + 1];
+        testo[n++] = coppia(primo)[0];
+    testo[n++] = coppia(primo)[1];
     testo[n++] = ':';
-    testo[n++] = coppie[2 * secondo];
-    testo[n++] = coppie[2 * secondo + 1];
+    testo[n++] = coppia(secondo)[0];
+    testo[n++] = coppia(secondo)[1];
     testo[n++] = c.ore != 0 ? ':' : '.';
     if (c.ore != 0) {
-        testo[n++] = coppie[2 * c.secondi];
-        testo[n++] = coppie[2 * c.secondi + 1];
+        testo[n++] = coppia(c.secondi)[0];
+        testo[n++] = coppia(c.secondi)[1];
     } else {
         testo[n++] = static_cast<char>('0' + c.millesimi / 100);
-        testo[n++] = coppie[2 * (c.millesimi % 100)];
-        testo[n++] = coppie[2 * (c.millesimi % 100) + 1];
+        testo[n++] = coppia(c.millesimi % 100)[0];
+        testo[n++] = coppia(c.millesimi % 100)[1];
     }
     return {testo, n};
 }

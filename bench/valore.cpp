@@ -95,6 +95,7 @@ void con_libsigrok(const Ingressi<Frame>& frame) {
     significato.channels = &canali;
     serie(riga, Ruolo::pari, "libsigrok", frame, [](const Frame& ingresso) {
         sr_datafeed_analog analogico = {};
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the peer reads from a pointer to variables
         analogico.data = const_cast<unsigned char*>(ingresso.data()) + posto;
         analogico.num_samples = 1;
         analogico.encoding = &codifica;

@@ -50,6 +50,8 @@ void testo_limite(char* testo, float valore, const Forma& forma) {
     const Punto& p = punti[std::min(forma.decimali, 3u)];
     const unsigned negativo = valore < 0.0f ? 1 : 0;
     const unsigned lunghezza = forma.larghezza + p.spinta / 8;
+    // The converters' rule: half is added in single precision, and the rest cut.
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings)
     const auto numero = static_cast<std::uint32_t>(std::fabs(valore) * p.scala + 0.5f);
     std::memset(testo, 0, 32);
     if (numero >= potenze[forma.larghezza - negativo]) {
@@ -63,7 +65,7 @@ void testo_limite(char* testo, float valore, const Forma& forma) {
     const std::uint64_t vuoti = (std::uint64_t{1} << prima) - 1;
     constexpr std::uint64_t bianchi = 0x2020202020202020;
     std::uint64_t parola = ((con_punto + p.caratteri) & ~vuoti) | (bianchi & vuoti);
-    parola ^= std::uint64_t{negativo * (' ' ^ '-')} << ((prima - 8) & 63);
+    parola ^= std::uint64_t{negativo} * (' ' ^ '-') << ((prima - 8) & 63);
     parola >>= 64 - 8 * lunghezza;
     std::memcpy(testo, &parola, sizeof parola);
 }
