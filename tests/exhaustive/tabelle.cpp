@@ -1,9 +1,12 @@
 // Every cell of every exported table.
 #include <map>
 
+#include "CFunzioni.h"
+
 #include "exhaustive/libreria.h"
 #include "exhaustive/spazi.h"
 #include "kelfunzioni.h"
+#include "model/camera.h"
 #include "model/tabelle.h"
 
 namespace esaustivo {
@@ -165,6 +168,18 @@ void camera(Conta& conta, const char* nome, const t_SFunzioneZumikoCam* libreria
     }
 }
 
+// Which extended rows the camera walk shows: by row, and by parameter code.
+void visibili(Conta& conta) {
+    const CFunzioni funzioni;
+    for (const modello::RigaCamera& riga : tabelle().camera_estese)
+        if (riga.visibile != "-")
+            conta.numeri(funzioni.is_est_valid(riga.codice) ? 1 : 0, riga.visibile == "si" ? 1 : 0,
+                         [&] { return "visible " + riga.id; });
+    for (int codice = -70000; codice < 1 << 20; codice++)
+        conta.numeri(funzioni.is_est_valid(codice) ? 1 : 0, modello::visibileEstesa(codice) ? 1 : 0,
+                     [&] { return "visible code " + std::to_string(codice); });
+}
+
 void vecchie(Conta& conta) {
     Celle celle(conta, "funz_Kel");
     for (std::size_t i = 0; i < tabelle().funz_kel.size(); i++) {
@@ -185,6 +200,7 @@ void tutte(unsigned /*parte*/, Conta& conta) {
     camera(conta, "funz_ZumikoCam_base", funz_ZumikoCam_base, tabelle().camera_base);
     camera(conta, "funz_ZumikoCam_estese", funz_ZumikoCam_estese, tabelle().camera_estese);
     vecchie(conta);
+    visibili(conta);
 }
 
 }  // namespace

@@ -80,6 +80,29 @@ void unita(Conta& conta, const std::string& testo) {
     }
 }
 
+// From and into the first and the last unit of every table. A text that is no unit gives the identity.
+void tra(Conta& conta, const std::string& testo) {
+    for (const Fid fid : funzioniDiOgniUnita()) {
+        const modello::RigaGrandezza* riga = modello::rigaGrandezza(fid);
+        if (riga == nullptr || riga->num_udm < 2)
+            continue;
+        const auto& tabella = modello::tabelle().udm.at(riga->udm);
+        for (const modello::RigaUdm* unita : {&tabella.front(), &tabella.back()}) {
+            const bool nota = testoDiUnita(testo);
+            const modello::Conversione identita{0.0F, 1.0F};
+            const auto da = nota ? modello::conversioneTra(fid, testo, unita->testo) : identita;
+            const auto a = nota ? modello::conversioneTra(fid, unita->testo, testo) : identita;
+            const s_converter_data l = kelFunGetConvDatas(fid, testo.c_str(), unita->testo.c_str());
+            const s_converter_data m = kelFunGetConvDatas(fid, unita->testo.c_str(), testo.c_str());
+            conta.caso(l.gain == da.gain && l.offset == da.offset && m.gain == a.gain && m.offset == a.offset,
+                       std::bit_cast<std::uint32_t>(l.gain), [&] {
+                           return esadecimale(fid) + " between " + Conta::citato(testo) + " and " + unita->testo +
+                                  ": library gains " + Conta::esatto(l.gain) + " and " + Conta::esatto(m.gain);
+                       });
+        }
+    }
+}
+
 // Look-ups of texts that are not numbers. `testo` holds no NUL.
 void ricerche(Conta& conta, const std::string& testo) {
     IFunzioni& f = catalogo();
@@ -95,6 +118,7 @@ void ricerche(Conta& conta, const std::string& testo) {
     conta.numeri(f.getIdxPos(testo), modello::valoreCampo("posizione_FunzKel", testo), dove);
     conta.numeri(f.getIdxFrontRear(testo), modello::valoreCampo("frontrear_FunzKel", testo), dove);
     unita(conta, testo);
+    tra(conta, testo);
 }
 
 void tempo(Conta& conta, const std::string& testo) {

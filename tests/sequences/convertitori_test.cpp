@@ -1,0 +1,170 @@
+// Converters that are read, changed and set up again in any order, with automatic decimals, against the model.
+#include <array>
+#include <bit>
+#include <memory>
+
+#include "IFunzioni.h"
+#include "kelfunzioni.h"
+#include "model/convertitore.h"
+#include "model/unita.h"
+#include "sequences/generatori.h"
+
+namespace {
+
+using modello::Byte;
+using modello::Canale;
+using modello::Convertitore;
+using sequenze::Operazione;
+using Buffer = std::array<Byte, 80>;
+
+// A sample of any bytes, or a float of a size that the texts can show.
+Buffer campione(const Operazione& operazione) {
+    Buffer buffer;
+    std::uint32_t caso = operazione.secondo * 2654435761U + 1;
+    for (Byte& byte : buffer) {
+        caso = caso * 1664525U + 1013904223U;
+        byte = static_cast<Byte>(caso >> 24);
+    }
+    if (operazione.primo < 9) {
+        constexpr std::array<float, 9> grandezze = {0.001F, 0.1F, 1, 9, 90, 950, 9100, 95000, 1e6F};
+        const float resto = static_cast<float>(static_cast<std::int32_t>(operazione.secondo)) / 2147483648.0F;
+        const auto bit = std::bit_cast<std::uint32_t>(grandezze.at(operazione.primo) * (1 + resto / 4) *
+                                                      (operazione.secondo % 3 == 0 ? -1.0F : 1.0F));
+        for (std::size_t i = 0; i < 4; i++)
+            buffer[i] = static_cast<Byte>(bit >> (8 * i));
+    }
+    return buffer;
+}
+
+std::string descrivi(const Operazione& operazione) {
+    std::ostringstream flusso;
+    showValue(operazione, flusso);
+    return flusso.str();
+}
+
+// A flat record and the model's converter; looks survive a new set-up.
+class Fianco {
+public:
+    Fianco() { imposta({0, 6, 0, 0x10}); }
+
+    void imposta(const Operazione& operazione) {
+        Canale canale;
+        canale.fid = operazione.fid;
+        canale.tipo = operazione.secondo % 27;
+        canale.offset = operazione.primo;
+        const auto riga = modello::rigaConversione(
+            0x14, modello::tabelle().udm.at("kmh_vel_udm_associate").at(operazione.primo % 7).testo);
+        const s_converter_data* dati = kelFunGetConvData(0x14, riga.dati().testo.c_str());
+        const auto interne = modello::grandezza(operazione.fid) == 26 ? 0xA8010U : operazione.fid;
+        const modello::Campo bit{operazione.secondo / 27 % 20, operazione.secondo / 540 % 3, 0};
+        s_kel_canale record{};
+        record.fid = canale.fid;
+        record.tipo_campione = canale.tipo;
+        record.offset_campione = canale.offset;
+        const bool in_testa = operazione.secondo % 2 == 0;
+        kelConvInit(&libreria_, &record, interne, dati, static_cast<unsigned short>(bit.pos_bit),
+                    static_cast<unsigned short>(bit.num_bit), in_testa ? 1 : 0);
+        const modello::Aspetto aspetto = modello_ ? modello_->aspetto : modello::Aspetto{};
+        modello_ = std::make_unique<Convertitore>(canale, interne, riga.dati(), bit, in_testa);
+        modello_->aspetto = aspetto;
+    }
+
+    void leggi(const Operazione& operazione) {
+        const Buffer buffer = campione(operazione);
+        char testo[32];
+        RC_ASSERT(kelConvGetString(&libreria_, buffer.data(), testo) == 1);
+        const std::string intero(testo, sizeof testo);
+        std::string atteso = modello_->testo(buffer.data());
+        atteso.resize(sizeof testo);
+        RC_ASSERT(intero == atteso);
+        float valore = -77;
+        RC_ASSERT((kelConvGetValFloat(&libreria_, buffer.data(), &valore) == 1) == modello_->haValore());
+        RC_ASSERT(std::bit_cast<std::uint32_t>(valore) ==
+                  std::bit_cast<std::uint32_t>(modello_->haValore() ? modello_->valore(buffer.data()).valore : 0.0F));
+    }
+
+    void prova(const Operazione& operazione) {
+        switch (operazione.quale) {
+            case 0:
+                modello_->aspetto.larghezza = libreria_.larghezza = operazione.primo;
+                break;
+            case 1:
+                modello_->aspetto.decimali = libreria_.decimali = operazione.primo % 5;
+                break;
+            case 2:
+                modello_->aspetto.auto_decimali = libreria_.auto_decimali = operazione.primo % 2;
+                break;
+            case 3:
+                modello_->aspetto.formato = operazione.primo % 4;
+                libreria_.formato = static_cast<eFormatoConv>(operazione.primo % 4);
+                break;
+            case 4:
+                imposta(operazione);
+                break;
+            case 5:
+                imposta({0, operazione.primo, operazione.secondo / 27 * 27 + 6, 0x10});
+                break;
+            default:
+                leggi(operazione);
+                break;
+        }
+        RC_ASSERT(libreria_.decimali == modello_->aspetto.decimali);
+        RC_ASSERT(kelConvGetOffset(&libreria_) == modello_->offset());
+    }
+
+private:
+    s_kel_converter libreria_{};
+    std::unique_ptr<Convertitore> modello_;
+};
+
+RC_GTEST_PROP(ConverterSequences, FlatRecordsFollowTheModel, ()) {
+    std::array<Fianco, 2> fianchi;
+    for (const Operazione& operazione : *sequenze::operazioni(12))
+        fianchi.at(operazione.secondo / 4 % 2).prova(operazione);
+}
+
+// Reads of the object face end with a NUL that counts; decimals are set between them.
+RC_GTEST_PROP(ConverterSequences, ObjectsFollowTheModel, ()) {
+    const auto fid = *sequenze::unFid();
+    const unsigned tipo = *rc::gen::inRange(0U, 27U);
+    const auto larghezza = *rc::gen::inRange(0U, 12U);
+    const auto formato = *rc::gen::inRange(0U, 4U);
+    const auto inTesta = *rc::gen::arbitrary<bool>();
+    const std::vector<std::string> unita = modello::unita(fid);
+    const std::string udm = unita.empty() ? "none" : *rc::gen::elementOf(unita);
+
+    Canale canale;
+    canale.fid = fid;
+    canale.tipo = tipo;
+    canale.offset = 5;
+    s_kel_canale record{};
+    record.fid = fid;
+    record.tipo_campione = tipo;
+    record.offset_campione = canale.offset;
+    const std::unique_ptr<IFunzioni> funzioni(IFunzioni::CreateMe());
+    const std::unique_ptr<IConverter> libreria(
+        funzioni->CreateConverter(&record, fid, udm, inTesta, 1, static_cast<eFormatoConv>(formato), larghezza));
+    Convertitore modello(canale, fid, modello::rigaConversione(fid, udm).dati(), {}, inTesta);
+    modello.aspetto = {larghezza, 1, 0, formato};
+
+    for (const Operazione& operazione : *sequenze::operazioni(3)) {
+        RC_LOG() << descrivi(operazione) << "\n";
+        const Buffer buffer = campione(operazione);
+        if (operazione.quale == 0) {
+            const int decimali = static_cast<int>(operazione.primo) - 4;
+            libreria->SetNumDec(decimali);
+            modello.aspetto.decimali = static_cast<unsigned>(decimali);
+        } else if (operazione.quale == 1) {
+            std::string testo = "before";
+            RC_ASSERT(libreria->GetString(buffer.data(), testo));
+            RC_ASSERT(testo == modello.testo(buffer.data()) + '\0');
+        } else {
+            float valore = -77;
+            RC_ASSERT(libreria->GetVal(buffer.data(), &valore) == modello.haValore());
+            RC_ASSERT(std::bit_cast<std::uint32_t>(valore) ==
+                      std::bit_cast<std::uint32_t>(modello.haValore() ? modello.valore(buffer.data()).valore : 0.0F));
+        }
+    }
+}
+
+}  // namespace
