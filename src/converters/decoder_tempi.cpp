@@ -18,7 +18,7 @@ struct Tempo {
     int secondi;
     int centesimi;
 
-    explicit Tempo(int32_t millisecondi) noexcept
+    [[gnu::noinline]] explicit Tempo(int32_t millisecondi) noexcept
         : minuti(millisecondi / 60000),
           secondi(millisecondi % 60000 / 1000),
           centesimi((millisecondi - secondi * 1000) / 10 % 100) {
@@ -67,6 +67,16 @@ void tempo_compatto(Scrittore& testo, const Tempo& tempo, bool decimi) noexcept 
         testo.con_spazi(tempo.minuti).testo(":").con_zeri(tempo.secondi, 2).testo(".").con_zeri(tempo.centesimi, 2);
 }
 
+// Times of an hour or more, and negative ones.
+[[gnu::cold]] void altri_tempi(char* testo, int32_t millisecondi, bool compatto, bool decimi) noexcept {
+    const Tempo tempo(millisecondi);
+    Scrittore scrittore(testo);
+    if (compatto)
+        tempo_compatto(scrittore, tempo, decimi);
+    else
+        tempo_normale(scrittore, tempo, decimi);
+}
+
 // " 1:23.45", the time of most laps, made in one word: each form is it, or lacks its first or last character.
 void tempo_di_minuti(char* testo, uint32_t millisecondi, bool compatto, bool decimi) noexcept {
     const uint32_t minuti = millisecondi / 60000;
@@ -87,16 +97,11 @@ void tempo_di_minuti(char* testo, uint32_t millisecondi, bool compatto, bool dec
 void testo_tempo_giro(s_kel_converter* conv, const void* campione, char* testo) noexcept {
     constexpr uint32_t ora = 3600000;
     const auto millisecondi = leggi<int32_t>(campione);
-    if (static_cast<uint32_t>(millisecondi) < ora) {
-        tempo_di_minuti(testo, static_cast<uint32_t>(millisecondi), compatto(conv), ai_decimi(conv));
-        return;
-    }
-    const Tempo tempo(millisecondi);
-    Scrittore scrittore(testo);
-    if (compatto(conv))
-        tempo_compatto(scrittore, tempo, ai_decimi(conv));
+    const auto giro = static_cast<uint32_t>(millisecondi);
+    if (giro < ora)
+        tempo_di_minuti(testo, giro, compatto(conv), ai_decimi(conv));
     else
-        tempo_normale(scrittore, tempo, ai_decimi(conv));
+        altri_tempi(testo, millisecondi, compatto(conv), ai_decimi(conv));
 }
 
 // Only seconds and hundredths: a difference of a minute or more has no meaning on a lap.

@@ -92,8 +92,8 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
     }
 }
 
-// Any number in any field, a character at a time. Kept out of line: what it saves and restores, short texts need not.
-[[gnu::noinline]] void testo_lungo(char* testo, float numero, const s_kel_converter& conv, bool negativo) noexcept {
+// Any number in any field, a character at a time.
+[[gnu::cold]] void testo_lungo(char* testo, float numero, const s_kel_converter& conv, bool negativo) noexcept {
     const uint32_t larghezza = conv.larghezza;
     const uint32_t decimali = decimali_mostrati(conv);
     // One place of a negative number is kept for its sign.

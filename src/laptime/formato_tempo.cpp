@@ -13,7 +13,7 @@ namespace {
 
 // Digits, padded on the left with `riempimento` to at least `larghezza` characters.
 template <typename Numero>
-char* scrivi(char* dove, Numero numero, int larghezza, char riempimento) {
+[[gnu::cold]] char* scrivi(char* dove, Numero numero, int larghezza, char riempimento) {
     constexpr int cifre_massime = 11;  // "-2147483648", "4294967295"
     char cifre[cifre_massime] = {};
     const char* fine = std::to_chars(cifre, cifre + cifre_massime, numero).ptr;
@@ -38,10 +38,9 @@ char* scrivi_minuti(char* dove, std::uint32_t millisecondi) {
     return dove + sizeof parola;
 }
 
-char* scrivi_tempo(char* dove, int millisecondi) {
+// Times of an hour or more, and negative ones.
+[[gnu::cold]] char* scrivi_altri(char* dove, int millisecondi) {
     constexpr int millisecondi_ora = 3600000;
-    if (static_cast<std::uint32_t>(millisecondi) < millisecondi_ora)
-        return scrivi_minuti(dove, static_cast<std::uint32_t>(millisecondi));
     const int ore = millisecondi / millisecondi_ora;
     const auto resto = static_cast<std::uint32_t>(millisecondi - ore * millisecondi_ora);
     const std::uint32_t minuti = resto / 60000;
@@ -58,6 +57,12 @@ char* scrivi_tempo(char* dove, int millisecondi) {
     dove = scrivi(dove, secondi, 2, '0');
     *dove++ = '.';
     return scrivi(dove, resto % 1000, 3, '0');
+}
+
+char* scrivi_tempo(char* dove, int millisecondi) {
+    constexpr std::uint32_t ora = 3600000;
+    const auto giro = static_cast<std::uint32_t>(millisecondi);
+    return giro < ora ? scrivi_minuti(dove, giro) : scrivi_altri(dove, millisecondi);
 }
 
 }  // namespace

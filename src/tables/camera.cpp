@@ -134,8 +134,8 @@ constexpr ChiaviCamera chiavi_id() {
 
 }  // namespace
 
-constexpr IndicePerfetto<256> indice_camera_fid = indice_perfetto<256>(chiavi_fid());
-constexpr IndicePerfetto<256> indice_camera_id = indice_perfetto<256>(chiavi_id());
+constexpr IndicePerfetto<128> indice_camera_fid = indice_perfetto<128>(chiavi_fid());
+constexpr IndicePerfetto<128> indice_camera_id = indice_perfetto<128>(chiavi_id());
 
 // Each row is found by its own keys, unless an earlier row has the same.
 constexpr bool indici_uguali_scansione() {

@@ -43,8 +43,8 @@ constexpr bool testi_in_misura(const t_SFunzioneZumikoCam (&tabella)[N]) {
 // row, and so does the empty text.
 inline constexpr std::size_t righe_base = std::size(funz_ZumikoCam_base);
 inline constexpr std::size_t righe_estese = std::size(funz_ZumikoCam_estese);
-extern const IndicePerfetto<256> indice_camera_fid;
-extern const IndicePerfetto<256> indice_camera_id;
+extern const IndicePerfetto<128> indice_camera_fid;
+extern const IndicePerfetto<128> indice_camera_id;
 
 }  // namespace kel
 
