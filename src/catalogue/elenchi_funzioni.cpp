@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "CFunzioni.h"
+#include "catalogue/conversione_testi.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ const s_variante_posizione* cerca_variante(const s_grandezza_fisica_uiv& grandez
 
 void CFunzioni::getFunzioni(std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>>& funzioni,
                             std::vector<unsigned int>& filtro) const {
+    const kel::ConversioneTesti converti(*this);
     funzioni.clear();
     for (const s_grandezza_fisica_uiv* riga = uib_grandezza_fisica_uiv; kelFidFineTabella(riga->chiave) == 0; ++riga) {
         if (!nel_filtro(riga->chiave, filtro))
@@ -34,11 +36,11 @@ void CFunzioni::getFunzioni(std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzio
         auto& elenco = funzioni[static_cast<GRANDEZZA_FISICA_FUNZKEL>(kelFidGrandezza(riga->chiave))];
         // The variants stand in place of a row that has them.
         if (riga->num_varianti == 0)
-            elenco.push_back({riga->chiave, ConvertiDa8(riga->testo)});
+            elenco.push_back({riga->chiave, converti(riga->testo)});
         for (int i = 0; i < riga->num_varianti; ++i) {
             const s_variante_posizione& variante = riga->varianti[i];
             const kel_funpos posizione = kelFidComponi(0, 0, variante.posizione);
-            elenco.push_back({(riga->chiave & ~bit_posizione) | posizione, ConvertiDa8(variante.testo)});
+            elenco.push_back({(riga->chiave & ~bit_posizione) | posizione, converti(variante.testo)});
         }
     }
 }
@@ -50,6 +52,7 @@ void CFunzioni::RiempiMapGrandezzaFisica(std::map<GRANDEZZA_FISICA_FUNZKEL, std:
 
 void CFunzioni::getFunzDettagli(kel_funpos fid, std::map<unsigned int, std::string>& lati,
                                 std::map<unsigned int, std::string>& inout, int& primo, int& ultimo) const {
+    const kel::ConversioneTesti converti(*this);
     lati.clear();
     inout.clear();
     const s_grandezza_fisica_uiv* grandezza = kelFunGetUIVs(fid);
@@ -59,9 +62,9 @@ void CFunzioni::getFunzDettagli(kel_funpos fid, std::map<unsigned int, std::stri
     if (variante == nullptr)
         return;
     for (int i = 0; i < variante->num_lati; ++i)
-        lati.insert({variante->lati[i].chiave, ConvertiDa8(variante->lati[i].testo)});
+        lati.emplace(variante->lati[i].chiave, converti(variante->lati[i].testo));
     for (int i = 0; i < variante->num_inout; ++i)
-        inout.insert({variante->inout[i].chiave, ConvertiDa8(variante->inout[i].testo)});
+        inout.emplace(variante->inout[i].chiave, converti(variante->inout[i].testo));
     primo = variante->primo;
     ultimo = variante->ultimo;
 }

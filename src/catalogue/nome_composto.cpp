@@ -1,18 +1,26 @@
 // A readable phrase from the fields of an identifier.
 #include "catalogue/nome_composto.h"
 
+#include <utility>
+
+#include "catalogue/conversione_testi.h"
+
 namespace kel {
 namespace {
 
 // The long name's parts, each with its separator.
 class Frase {
 public:
-    Frase(const CFunzioni& catalogo, bool tutti) : catalogo_(catalogo), tutti_(tutti) {}
+    Frase(const CFunzioni& catalogo, bool tutti) : converti_(catalogo), tutti_(tutti) {
+        testo_.reserve(63);  // more than most phrases need
+    }
 
     template <std::size_t N>
     void parola(const s_campo_fid (&tabella)[N], unsigned valore) {
-        if (valore < N)
-            testo_ += catalogo_.ConvertiDa8(tabella[valore].testo) + " ";
+        if (valore >= N)
+            return;
+        converti_.aggiungi(testo_, tabella[valore].testo);
+        testo_ += ' ';
     }
 
     // Undefined values only where every field is asked for.
@@ -24,24 +32,27 @@ public:
 
     // Left/right, front/rear and up/down are one word; an undefined one has no text.
     void lati(kel_funpos fid) {
-        testo_ += catalogo_.ConvertiDa8(leftright_FunzKel[kelFidLeftRight(fid)].testo);
-        testo_ += catalogo_.ConvertiDa8(frontrear_FunzKel[kelFidFrontRear(fid)].testo);
-        testo_ += catalogo_.ConvertiDa8(updown_FunzKel[kelFidUpDown(fid)].testo);
-        testo_ += " ";
+        converti_.aggiungi(testo_, leftright_FunzKel[kelFidLeftRight(fid)].testo);
+        converti_.aggiungi(testo_, frontrear_FunzKel[kelFidFrontRear(fid)].testo);
+        converti_.aggiungi(testo_, updown_FunzKel[kelFidUpDown(fid)].testo);
+        testo_ += ' ';
     }
 
-    void numero(unsigned numero) { testo_ += std::to_string(numero) + " "; }
+    void numero(unsigned numero) {
+        testo_ += std::to_string(numero);
+        testo_ += ' ';
+    }
 
     // Trailing blanks go, unless there is nothing else; leading and inner ones stay.
-    std::string finita() {
+    std::string finita() && {
         const std::size_t ultimo = testo_.find_last_not_of(' ');
         if (ultimo != std::string::npos)
             testo_.erase(ultimo + 1);
-        return testo_;
+        return std::move(testo_);
     }
 
 private:
-    const CFunzioni& catalogo_;
+    ConversioneTesti converti_;
     bool tutti_;
     std::string testo_;
 };
@@ -63,7 +74,7 @@ std::string nome_composto(const CFunzioni& catalogo, kel_funpos fid, bool tutti)
         frase.numero(kelFidNumero(fid));
     else
         frase.lati(fid);
-    return frase.finita();
+    return std::move(frase).finita();
 }
 
 }  // namespace kel
