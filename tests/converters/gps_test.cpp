@@ -224,25 +224,61 @@ double ModelloLatitudine(double x, double y, double z) {
     return z > 0 ? 90.0 : -90.0;
 }
 
-TEST(LatitudeAndLongitude, AgreeWithTheirModelAtRandomPoints) {
-    constexpr unsigned kSeme = 6378137;
-    std::mt19937 caso(kSeme);
+double ModelloLongitudine(double x, double y) {
+    return x == 0.0 && y == 0.0 ? 0.0 : std::atan2(y, x) * 180.0 / 3.141592653589793;
+}
+
+// The same float, to the last bit: recorded data are compared by it.
+template <typename Genera>
+void ConfrontaConIlModello(int punti, Genera genera) {
     s_kel_converter latitudine = Sottocampo(kPacchettoGps, 8, kLatitudine);
     s_kel_converter longitudine = Sottocampo(kPacchettoGps, 8, kLongitudine);
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < punti; ++i) {
+        const Soluzione s = genera();
+        const Byte pacchetto = PacchettoGps(s);
+        float lat = -1.0f;
+        float lon = -1.0f;
+        kelConvGetValFloat(&latitudine, pacchetto.data(), &lat);
+        kelConvGetValFloat(&longitudine, pacchetto.data(), &lon);
+        ASSERT_EQ(lat, static_cast<float>(ModelloLatitudine(s.x, s.y, s.z))) << s.x << ' ' << s.y << ' ' << s.z;
+        ASSERT_EQ(lon, static_cast<float>(ModelloLongitudine(s.x, s.y))) << s.x << ' ' << s.y;
+    }
+}
+
+TEST(LatitudeAndLongitude, AgreeWithTheirModelAtRandomPoints) {
+    std::mt19937 caso(6378137);
+    ConfrontaConIlModello(20000, [&caso] {
         const unsigned scala = static_cast<unsigned>(caso() % 31);
         const auto numero = [&] { return static_cast<std::int32_t>(static_cast<std::uint32_t>(caso())) >> scala; };
-        const Soluzione s = Punto(numero(), numero(), numero());
-        const Byte pacchetto = PacchettoGps(s);
-        float valore = -1.0f;
-        kelConvGetValFloat(&latitudine, pacchetto.data(), &valore);
-        ASSERT_FLOAT_EQ(valore, static_cast<float>(ModelloLatitudine(s.x, s.y, s.z)))
-            << s.x << ' ' << s.y << ' ' << s.z << ", seed " << kSeme;
-        kelConvGetValFloat(&longitudine, pacchetto.data(), &valore);
-        const double angolo =
-            s.x == 0 && s.y == 0 ? 0.0 : std::atan2(double{1} * s.y, double{1} * s.x) * 180.0 / 3.141592653589793;
-        ASSERT_FLOAT_EQ(valore, static_cast<float>(angolo)) << s.x << ' ' << s.y << ", seed " << kSeme;
-    }
+        return Punto(numero(), numero(), numero());
+    });
+}
+
+// Where receivers are: within some kilometres of the ellipsoid, everywhere.
+TEST(LatitudeAndLongitude, AgreeWithTheirModelOnTheEarth) {
+    std::mt19937 caso(1984);
+    std::uniform_real_distribution<double> unita(-1.0, 1.0);
+    ConfrontaConIlModello(200000, [&] {
+        const double raggio = 637000000.0 + 1500000.0 * unita(caso);
+        const double seno = unita(caso);
+        const double lontano = raggio * std::sqrt(1.0 - seno * seno);
+        const double angolo = 3.141592653589793 * unita(caso);
+        return Punto(static_cast<std::int32_t>(lontano * std::cos(angolo)),
+                     static_cast<std::int32_t>(lontano * std::sin(angolo)), static_cast<std::int32_t>(raggio * seno));
+    });
+}
+
+// Near the equator the iteration's last step is not small beside z, and near the centre not beside the radius.
+TEST(LatitudeAndLongitude, AgreeWithTheirModelNearTheEquatorTheAxisAndTheCentre) {
+    std::mt19937 caso(10000);
+    const auto fino = [&caso](std::int32_t massimo) {
+        return static_cast<std::int32_t>(caso() % (2u * static_cast<unsigned>(massimo) + 1)) - massimo;
+    };
+    ConfrontaConIlModello(50000, [&] { return Punto(fino(640000000), fino(640000000), fino(20000)); });
+    ConfrontaConIlModello(50000, [&] { return Punto(fino(20), fino(20), fino(640000000)); });
+    ConfrontaConIlModello(50000, [&] {
+        return Punto(353553391 + fino(1000000), fino(1000000), 353553391 + fino(1000000));  // 5000 km from the centre
+    });
 }
 
 TEST(LatitudeAndLongitude, LookAtNeitherFixNorSatellites) {
