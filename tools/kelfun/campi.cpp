@@ -34,26 +34,28 @@ std::vector<Campo> campi(kel_funpos fid) {
     const unsigned oggetto = kelFidOggetto(fid);
     const unsigned posizione = kelFidPosizione(fid);
     std::vector<Campo> campi;
-    campi.push_back({"quantity", "quantity", grandezza, riga(grandezza_fisica_FunzKel, grandezza)});
+    const auto campo = [&](const char* chiave, const char* titolo, unsigned bit, unsigned quanti, unsigned valore,
+                           std::span<const s_campo_fid> tabella) {
+        campi.push_back({chiave, titolo, bit, quanti, valore, riga(tabella, valore)});
+    };
+    campo("quantity", "quantity", FID_SHIFT_PHI, 7, grandezza, grandezza_fisica_FunzKel);
     if (grandezza == FID_PHI_PACKAGE) {
-        campi.push_back({"details", "details", oggetto, riga(dettagli_FunzKel, oggetto)});
-        campi.push_back({"specialisation", "specialisation", posizione, riga(specializzazioni(oggetto), posizione)});
+        campo("details", "details", FID_SHIFT_OBJ, 8, oggetto, dettagli_FunzKel);
+        campo("specialisation", "specialisation", FID_SHIFT_POS, 5, posizione, specializzazioni(oggetto));
     } else {
-        campi.push_back({"object", "object", oggetto, riga(oggetto_misurato_FunzKel, oggetto)});
-        campi.push_back({"position", "position", posizione, riga(posizione_FunzKel, posizione)});
+        campo("object", "object", FID_SHIFT_OBJ, 8, oggetto, oggetto_misurato_FunzKel);
+        campo("position", "position", FID_SHIFT_POS, 5, posizione, posizione_FunzKel);
     }
-    campi.push_back({"inout", "in/out", kelFidInOut(fid), riga(inout_FunzKel, kelFidInOut(fid))});
+    campo("inout", "in/out", FID_SHIFT_INOUT, 2, kelFidInOut(fid), inout_FunzKel);
     if (kelFidNumerato(fid)) {
-        campi.push_back({"number", "number", kelFidNumero(fid), nullptr});
+        campo("number", "number", FID_SHIFT_NUMBER, 6, kelFidNumero(fid), {});
     } else {
-        campi.push_back(
-            {"leftright", "left/right", kelFidLeftRight(fid), riga(leftright_FunzKel, kelFidLeftRight(fid))});
-        campi.push_back(
-            {"frontrear", "front/rear", kelFidFrontRear(fid), riga(frontrear_FunzKel, kelFidFrontRear(fid))});
-        campi.push_back({"updown", "up/down", kelFidUpDown(fid), riga(updown_FunzKel, kelFidUpDown(fid))});
+        campo("leftright", "left/right", FID_SHIFT_LEFTRIGHT, 2, kelFidLeftRight(fid), leftright_FunzKel);
+        campo("frontrear", "front/rear", FID_SHIFT_FRONTREAR, 2, kelFidFrontRear(fid), frontrear_FunzKel);
+        campo("updown", "up/down", FID_SHIFT_UPDOWN, 2, kelFidUpDown(fid), updown_FunzKel);
     }
-    if (fid >> 29 != 0)  // no field of an identifier, but a caller may have set them
-        campi.push_back({"unused", "bits 29-31", fid >> 29, nullptr});
+    if (fid >> PRIMO_BIT_LIBERO != 0)  // no field of an identifier, but a caller may have set them
+        campo("unused", "bits 29-31", PRIMO_BIT_LIBERO, 3, fid >> PRIMO_BIT_LIBERO, {});
     return campi;
 }
 

@@ -15,9 +15,14 @@ namespace kel::strumento {
 struct Campo {
     const char* chiave;
     const char* titolo;
+    unsigned bit;     ///< lowest bit of the field
+    unsigned quanti;  ///< its width
     unsigned valore;
     const s_campo_fid* riga;
 };
+
+/// The bits from this one up belong to no field.
+constexpr unsigned PRIMO_BIT_LIBERO = 29;
 
 /// The fields of an identifier from bit 0 up, as they are to be read: details and specialisation for a packet, an
 /// instance number in place of the sides where bit 22 says so.

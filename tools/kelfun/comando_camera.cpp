@@ -2,9 +2,11 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <set>
 
 #include "celle.h"
+#include "codice.h"
 #include "comando.h"
 #include "errori.h"
 #include "identificatore.h"
@@ -20,6 +22,7 @@ struct Argomenti {
     bool tutte = false;
     bool vecchi = false;
     SceltaForma forma;
+    std::string codice;
 };
 
 using Riga = const t_SFunzioneZumikoCam*;
@@ -69,6 +72,19 @@ void vecchi(Documento& documento) {
                 {Cella::testo(riga.id), Cella::fid(riga.fid), Cella::testo(riga.breve), Cella::testo(riga.testo)});
 }
 
+void programma(const Argomenti& argomenti, const std::vector<Riga>& righe, std::size_t base) {
+    const bool una = righe.size() == 1;
+    nlohmann::ordered_json dati = {{"una", una},
+                                   {"tutte", argomenti.tutte},
+                                   {"vecchi", argomenti.vecchi},
+                                   {"con_tabelle", !una || argomenti.vecchi}};
+    if (una) {
+        dati["fid"] = fidPerProgramma(righe.front()->fid);
+        dati["tabella"] = base == 1 ? "basic" : "extended";
+    }
+    stampaProgramma(argomenti.codice, "camera", "Functions that the on-board camera shows", dati);
+}
+
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     std::vector<Riga> righe;
@@ -86,6 +102,8 @@ void esegui(const Argomenti& argomenti) {
         righe = {riga};
         nascoste = true;
     }
+    if (!argomenti.codice.empty())
+        return programma(argomenti, righe, base);
     Documento documento(stdout, argomenti.forma.forma());
     tabella(documento, *catalogo, righe, base, nascoste);
     if (argomenti.vecchi)
@@ -103,6 +121,7 @@ void aggiungiCamera(CLI::App& programma) {
     comando->add_flag("--legacy", argomenti->vecchi, "Legacy identifiers that are no camera functions, too");
     aggiungiCampi(*comando, argomenti->campi);
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiCodice(*comando, argomenti->codice);
     comando->footer(esempi("SCALE is camera counts per unit; TYPE is the sample type code.", "kelfun camera",
                            "kelfun camera WATER_TEMP --json", "kelfun camera --all --legacy --csv"));
     comando->callback([argomenti] { esegui(*argomenti); });

@@ -1,7 +1,9 @@
 // kelfun convert: values from one unit of a function into another.
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <nlohmann/json.hpp>
 
+#include "codice.h"
 #include "comando.h"
 #include "errori.h"
 #include "identificatore.h"
@@ -17,7 +19,21 @@ struct Argomenti {
     std::string da;
     std::string a;
     SceltaForma forma;
+    std::string codice;
 };
+
+void programma(const std::string& linguaggio, kel_funpos fid, const std::string& da, const std::string& a,
+               const std::vector<float>& valori) {
+    const std::string suffisso = linguaggio == "python" ? "" : "f";
+    std::vector<std::string> numeri;
+    for (const float valore : valori)
+        numeri.push_back(floatPerProgramma(valore) + suffisso);
+    stampaProgramma(linguaggio, "convert", "Values from " + da + " into " + a,
+                    {{"fid", fidPerProgramma(fid)},
+                     {"da", testoPerProgramma(da)},
+                     {"a", testoPerProgramma(a)},
+                     {"valori", elencoPerProgramma(numeri, 8)}});
+}
 
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
@@ -45,6 +61,8 @@ void esegui(const Argomenti& argomenti) {
             throw ErroreUso("'" + testo + "' is no value; accepted: a decimal number with a point, such as 12.5");
         valori.push_back(*valore);
     }
+    if (!argomenti.codice.empty())
+        return programma(argomenti.codice, fid, da, a, valori);
     Documento documento(stdout, argomenti.forma.forma());
     documento.proprieta("identifier", "Identifier", Cella::fid(fid));
     documento.proprieta("name", "Name", Cella::testo(catalogo->getNomeFunzione(fid, false)));
@@ -81,6 +99,7 @@ void aggiungiConvert(CLI::App& programma) {
     comando->add_option("--to", argomenti->a, "Unit wanted (default: the base unit)")->type_name("UNIT");
     aggiungiCampi(*comando, argomenti->campi);
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiCodice(*comando, argomenti->codice);
     comando->footer(
         esempi("Result = value * gain + offset in single precision; SHOWN has the function's default decimals.",
                "kelfun convert 0x10 100 --to mph", "kelfun convert --quantity temperature --from F --to C 32 212",

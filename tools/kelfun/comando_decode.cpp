@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <list>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "canale.h"
 #include "celle.h"
+#include "codice.h"
 #include "comando.h"
 #include "errori.h"
 #include "identificatore.h"
@@ -29,6 +31,7 @@ struct Argomenti {
     bool automatici = false;
     bool tipi = false;
     SceltaForma forma;
+    std::string codice;
 };
 
 unsigned intero(const char* opzione, const std::string& testo, unsigned minimo, unsigned massimo) {
@@ -66,6 +69,17 @@ CampoBit leggiBit(const std::string& testo) {
     return {static_cast<unsigned short>(*posizione), static_cast<unsigned short>(*quanti)};
 }
 
+unsigned leggiLarghezza(const Argomenti& argomenti) {
+    return intero("--width", argomenti.larghezza, 1, 31);
+}
+
+// Those asked for, or those that the function shows in the unit.
+unsigned leggiDecimali(const Argomenti& argomenti, const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
+    if (!argomenti.decimali.empty())
+        return intero("--decimals", argomenti.decimali, 0, 3);
+    return static_cast<unsigned>(std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3));
+}
+
 std::string leggiEsadecimali(const std::vector<std::string>& testi) {
     std::string byte;
     for (const std::string& testo : testi) {
@@ -86,10 +100,8 @@ public:
                const Argomenti& argomenti)
         : fid_(fid), udm_(udm) {
         const CampoBit bit = leggiBit(argomenti.bit);
-        conv_.larghezza = intero("--width", argomenti.larghezza, 1, 31);
-        conv_.decimali = argomenti.decimali.empty()
-                             ? static_cast<unsigned>(std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3))
-                             : intero("--decimals", argomenti.decimali, 0, 3);
+        conv_.larghezza = leggiLarghezza(argomenti);
+        conv_.decimali = leggiDecimali(argomenti, catalogo, fid, udm);
         conv_.auto_decimali = argomenti.automatici;
         conv_.formato = leggiFormato(argomenti.formato);
         kelConvInit(&conv_, &canale, fid, catalogo.getParamConv(fid, udm), bit.posizione, bit.quanti, 1);
@@ -142,7 +154,47 @@ std::string leggiCampioni(const std::vector<std::string>& testi, unsigned tipo, 
     return byte;
 }
 
+void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid,
+               const std::string& udm, const std::string& byte, bool pacchetto) {
+    const CampoBit bit = leggiBit(argomenti.bit);
+    const eFormatoConv formato = leggiFormato(argomenti.formato);
+    if (argomenti.codice == "cpp" && (bit.quanti != 0 || argomenti.automatici))
+        throw ErroreUso("--bits and --auto-decimals are of the flat face alone; accepted: --code c, --code python");
+    const kel_funpos fid_canale = canale.fid;
+    const unsigned tipo = canale.tipo_campione;
+    const std::size_t dimensione = kelFunGetSamplSize(tipo);
+    nlohmann::ordered_json campioni = nlohmann::ordered_json::array();
+    for (std::size_t da = 0; da < byte.size(); da += dimensione) {
+        std::vector<std::string> uno;
+        for (std::size_t i = 0; i < dimensione; ++i)
+            uno.push_back(esadecimale(static_cast<std::uint8_t>(byte[da + i]), 2));
+        campioni.push_back({{"byte", elencoPerProgramma(uno, argomenti.codice == "python" ? 11 : 9)}});
+    }
+    const unsigned decimali = leggiDecimali(argomenti, catalogo, fid, udm);
+    static constexpr const char* FORMATI[] = {"FORMATO_DESTRA", "FORMATO_SINISTRA", "FORMATO_COMPATTO"};
+    stampaProgramma(argomenti.codice, "decode", "Samples of " + catalogo.getNomeFunzione(fid, false),
+                    {{"fid", fidPerProgramma(fid)},
+                     {"canale", fid_canale == fid ? "fid" : esadecimale(fid_canale, 8)},
+                     {"tipo", costanteCampione(tipo)},
+                     {"tipo_numero", tipo},
+                     {"udm", testoPerProgramma(udm)},
+                     {"larghezza", leggiLarghezza(argomenti)},
+                     {"decimali", decimali},
+                     {"suoi", argomenti.decimali.empty()},
+                     {"automatici", argomenti.automatici ? 1 : 0},
+                     {"formato", FORMATI[formato]},
+                     {"formato_numero", static_cast<int>(formato)},
+                     {"pos_bit", bit.posizione},
+                     {"num_bit", bit.quanti},
+                     {"dimensione", dimensione},
+                     {"campioni", campioni},
+                     {"pacchetto", pacchetto}});
+}
+
 void esegui(const Argomenti& argomenti) {
+    if (argomenti.tipi && !argomenti.codice.empty())
+        return stampaProgramma(argomenti.codice, "decode types", "The sizes of the sample types",
+                               {{"quanti", NUM_TIPI_CAMPIONE}});
     Documento documento(stdout, argomenti.forma.forma());
     if (argomenti.tipi) {
         tabellaTipi(documento);
@@ -164,12 +216,17 @@ void esegui(const Argomenti& argomenti) {
     const s_kel_canale canale = kel::strumento::canale(fid_canale, tipo);
 
     // The function asked for; a whole packet shows its subfields too.
+    const std::string udm = leggiUdm(*catalogo, fid, argomenti.udm);
+    const std::size_t pacchetto = tipoPacchetto(fid) ? kelFunGetSamplSize(*tipoPacchetto(fid)) : 0;
+    const bool intero = fid == fid_canale && pacchetto == dimensione && pacchetto != 0 &&
+                        search_sottocampi_struct(kelFidOggetto(fid), kelFidPosizione(fid)) != nullptr;
     std::vector<Decodifica> decodifiche;
     std::vector<std::string> nomi;
-    decodifiche.emplace_back(*catalogo, canale, fid, leggiUdm(*catalogo, fid, argomenti.udm), argomenti);
+    decodifiche.emplace_back(*catalogo, canale, fid, udm, argomenti);
     nomi.push_back(catalogo->getNomeFunzione(fid, false));
-    const std::size_t pacchetto = tipoPacchetto(fid) ? kelFunGetSamplSize(*tipoPacchetto(fid)) : 0;
-    if (fid == fid_canale && pacchetto == dimensione && pacchetto != 0) {
+    if (!argomenti.codice.empty())
+        return programma(argomenti, *catalogo, canale, fid, udm, byte, intero);
+    if (intero) {
         std::list<kel_funpos> interni;
         catalogo->getAllInnerFunpos(fid, interni);
         for (const kel_funpos interno : interni) {
@@ -223,6 +280,7 @@ void aggiungiDecode(CLI::App& programma) {
     comando->add_option("--bits", argomenti->bit, "Bit field of an integer sample")->type_name("POS:COUNT");
     aggiungiCampi(*comando, argomenti->campi);
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiCodice(*comando, argomenti->codice);
     comando->footer(esempi(
         "Bytes stand in the order of the record, low byte first; several samples may follow each other.\n"
         "Status: 0 good, 1 error, 2 missing, 4 over range, 8 invalid.",

@@ -6,8 +6,11 @@
 
 #include "campi.h"
 #include "celle.h"
+#include "codice.h"
 #include "comando.h"
+#include "disegno_bit.h"
 #include "identificatore.h"
+#include "programma_fid.h"
 #include "unita.h"
 
 namespace kel::strumento {
@@ -18,6 +21,7 @@ struct Argomenti {
     std::string id;
     CampiDati campi;
     SceltaForma forma;
+    std::string codice;
 };
 
 void nomi(Documento& documento, IFunzioni& catalogo, kel_funpos fid) {
@@ -37,6 +41,14 @@ void nomi(Documento& documento, IFunzioni& catalogo, kel_funpos fid) {
         documento.proprieta("channel_short_name", "Channel, short", Cella::testo(canale->second.breve));
         documento.proprieta("channel_name", "Channel", Cella::testo(canale->second.nome));
     }
+}
+
+// For people only: programs have the fields.
+void disegno(Documento& documento, kel_funpos fid) {
+    const std::vector<std::string> righe = disegnoBit(fid);
+    documento.inizia("layout", "", {{"layout", righe.front()}});
+    for (std::size_t i = 1; i < righe.size(); ++i)
+        documento.riga({Cella::testo(righe[i])});
 }
 
 void tabellaCampi(Documento& documento, kel_funpos fid) {
@@ -111,8 +123,12 @@ void tabellaSottocampi(Documento& documento, kel_funpos fid) {
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const kel_funpos fid = risolvi(*catalogo, argomenti.id, argomenti.campi);
+    if (!argomenti.codice.empty())
+        return programmaFid(*catalogo, argomenti.codice, fid);
     Documento documento(stdout, argomenti.forma.forma());
     nomi(documento, *catalogo, fid);
+    if (argomenti.forma.forma().forma == Forma::tabella)
+        disegno(documento, fid);
     tabellaCampi(documento, fid);
     tabellaUnita(documento, *catalogo, fid);
     tabellaScelte(documento, *catalogo, fid);
@@ -130,6 +146,7 @@ void aggiungiFid(CLI::App& programma) {
         ->type_name("");
     aggiungiCampi(*comando, argomenti->campi);
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiCodice(*comando, argomenti->codice);
     comando->footer(esempi("Value in a unit = value in the base unit * gain + offset.", "kelfun fid 0x10",
                            "kelfun fid FG_GEAR_BOX_TEMP --json",
                            "kelfun fid --quantity speed --position wheel --side 'front left'"));

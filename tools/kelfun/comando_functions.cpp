@@ -3,12 +3,15 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "campi.h"
 #include "celle.h"
+#include "codice.h"
 #include "comando.h"
 #include "errori.h"
 #include "identificatore.h"
+#include "numeri.h"
 #include "unita.h"
 
 namespace kel::strumento {
@@ -19,6 +22,7 @@ struct Argomenti {
     std::vector<std::string> filtri;
     CampiDati campi;
     SceltaForma forma;
+    std::string codice;
 };
 
 std::vector<unsigned> leggiFiltri(IFunzioni& catalogo, const Argomenti& argomenti) {
@@ -55,6 +59,14 @@ void riga(Documento& documento, IFunzioni& catalogo, const std::string& grandezz
                     primo < 0 ? Cella() : Cella::testo(std::to_string(primo) + " to " + std::to_string(ultimo))});
 }
 
+void programma(const std::string& linguaggio, const std::vector<unsigned>& filtri) {
+    std::vector<std::string> identificatori;
+    for (const unsigned filtro : filtri)
+        identificatori.push_back(esadecimale(filtro, 4));
+    stampaProgramma(linguaggio, "functions", "Functions that a configuration program would offer",
+                    {{"filtrate", !filtri.empty()}, {"filtri", elencoPerProgramma(identificatori, 8)}});
+}
+
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     std::vector<unsigned> filtri = leggiFiltri(*catalogo, argomenti);
@@ -62,6 +74,8 @@ void esegui(const Argomenti& argomenti) {
     catalogo->getFunzioni(funzioni, filtri);
     if (funzioni.empty())
         throw NonTrovato("no function to offer passes the filter");
+    if (!argomenti.codice.empty())
+        return programma(argomenti.codice, filtri);
     Documento documento(stdout, argomenti.forma.forma());
     documento.inizia("functions", "",
                      {{"quantity", "QUANTITY"},
@@ -84,10 +98,10 @@ void aggiungiFunctions(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     CLI::App* comando = programma.add_subcommand("functions", "Functions that a configuration program would offer");
     comando->add_option("FILTER", argomenti->filtri,
-                        "Quantity (temperature) or identifier (0x0B8E)->type_name("
-                        "); several are added up; none: every function");
+                        "Quantity (temperature) or identifier (0x0B8E); several are added up; none: every function");
     aggiungiCampi(*comando, argomenti->campi);
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiCodice(*comando, argomenti->codice);
     comando->footer(esempi("Of a filter only quantity and object count; an object of 0 stands for all.",
                            "kelfun functions", "kelfun functions temperature speed",
                            "kelfun functions --quantity pressure --object oil --json"));

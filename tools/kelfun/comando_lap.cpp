@@ -3,8 +3,10 @@
 #include <iostream>
 #include <limits>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "CLaptimeAndStrings.h"
+#include "codice.h"
 #include "comando.h"
 #include "errori.h"
 #include "numeri.h"
@@ -19,6 +21,7 @@ struct Argomenti {
     bool testo = false;
     bool righe = false;
     SceltaForma forma;
+    std::string codice;
 };
 
 constexpr int MINIMO = std::numeric_limits<int>::min();
@@ -80,6 +83,31 @@ Riga riga(const Argomenti& argomenti, const std::string& testo, std::optional<in
     return rigaTesto(testo);
 }
 
+// Only C++ has lap times as texts.
+nlohmann::ordered_json vocePerProgramma(const Argomenti& argomenti, const std::string& testo,
+                                        std::optional<int>& numero) {
+    const int prima = numero.value_or(0);
+    riga(argomenti, testo, numero);  // refuses what is no lap time
+    const auto millisecondi = leggiIntero(testo, MINIMO, MASSIMO);
+    const bool scrive = !argomenti.righe && !argomenti.testo && millisecondi;
+    if (!scrive)
+        return {{argomenti.righe ? "riga" : "letto", true}, {"testo", testoPerProgramma(testo)}};
+    // The smallest number is no literal: minus is an operation on one too large.
+    const std::string ms = *millisecondi == MINIMO ? "-2147483647 - 1" : std::to_string(*millisecondi);
+    if (!numero)
+        return {{"scritto", true}, {"ms", ms}};
+    const std::string questo = prima == MINIMO ? "-2147483647 - 1" : std::to_string(prima);
+    return {{"elencato", true}, {"ms", ms}, {"numero", questo}};
+}
+
+void programma(const Argomenti& argomenti, std::optional<int> numero) {
+    nlohmann::ordered_json voci = nlohmann::ordered_json::array();
+    for (const std::string& testo : leggi(argomenti.tempi))
+        voci.push_back(vocePerProgramma(argomenti, testo, numero));
+    stampaProgramma(argomenti.codice, "lap", "Lap times to text and back",
+                    {{"voci", voci}, {"con_righe", argomenti.righe}});
+}
+
 void esegui(const Argomenti& argomenti) {
     std::optional<int> numero;
     if (!argomenti.numero.empty()) {
@@ -91,6 +119,8 @@ void esegui(const Argomenti& argomenti) {
     }
     if (argomenti.righe + argomenti.testo + numero.has_value() > 1)
         throw ErroreUso("--lines, --text and --number exclude each other; accepted: one of them");
+    if (!argomenti.codice.empty())
+        return programma(argomenti, numero);
     // Everything is read before anything is printed: a wrong argument leaves no half of a table.
     std::vector<Riga> righe;
     for (const std::string& testo : leggi(argomenti.tempi))
@@ -117,6 +147,7 @@ void aggiungiLap(CLI::App& programma) {
     comando->add_flag("--lines", argomenti->righe, "Read lines of a lap list: '  7 - 1:23.456'");
     comando->add_flag("--text", argomenti->testo, "Read everything as a text, also what looks like milliseconds");
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiCodice(*comando, argomenti->codice);
     comando->footer(esempi(
         "With a point a text is minutes, seconds and thousandths as written (1:23.4 is 83004 ms); without, it is "
         "hours,\n"

@@ -3,8 +3,10 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "canale.h"
+#include "codice.h"
 #include "comando.h"
 #include "errori.h"
 #include "identificatore.h"
@@ -21,6 +23,7 @@ struct Argomenti {
     std::string file;
     std::string variante;
     SceltaForma forma;
+    std::string codice;
 };
 
 // Identifiers of a file, one a line; what follows a # is a remark.
@@ -84,6 +87,25 @@ private:
     std::size_t trovati_ = 0;
 };
 
+void programma(const Argomenti& argomenti, const IFunzioni& catalogo, kel_funpos richiesta,
+               const std::vector<s_kel_canale>& canali) {
+    nlohmann::ordered_json elenco = nlohmann::ordered_json::array();
+    for (const s_kel_canale& uno : canali) {
+        const kel_funpos fid = uno.fid;
+        elenco.push_back({{"hex", esadecimale(fid, 8)}, {"nome", catalogo.getNomeFunzione(fid, false)}});
+    }
+    const auto vuole = [&](const char* variante) {
+        return argomenti.variante.empty() || argomenti.variante == variante;
+    };
+    stampaProgramma(argomenti.codice, "match", "Channels that carry " + catalogo.getNomeFunzione(richiesta, false),
+                    {{"fid", fidPerProgramma(richiesta)},
+                     {"canali", elenco},
+                     {"match", vuole("match")},
+                     {"full", vuole("full")},
+                     {"list", vuole("list")},
+                     {"con_set", vuole("full") || vuole("list")}});
+}
+
 void esegui(const Argomenti& argomenti) {
     const std::string& variante = argomenti.variante;
     if (!variante.empty() && variante != "match" && variante != "full" && variante != "list")
@@ -107,6 +129,8 @@ void esegui(const Argomenti& argomenti) {
         canali.push_back(canale(fid, tipoPacchetto(fid).value_or(0)));
     }
 
+    if (!argomenti.codice.empty())
+        return programma(argomenti, *catalogo, richiesta, canali);
     Documento documento(stdout, argomenti.forma.forma());
     documento.proprieta("request", "Request", Cella::fid(richiesta));
     documento.proprieta("name", "Name", Cella::testo(catalogo->getNomeFunzione(richiesta, false)));
@@ -145,6 +169,7 @@ void aggiungiMatch(CLI::App& programma) {
     comando->add_option("--variant", argomenti->variante, "Only one: match, full or list")->type_name("NAME");
     aggiungiCampi(*comando, argomenti->campi);
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiCodice(*comando, argomenti->codice);
     comando->footer(
         esempi("Fields of the request that are 0 match anything. match: first channel by quantity, object and "
                "position; full:\n"

@@ -2,7 +2,9 @@
 #include <CLI/CLI.hpp>
 #include <list>
 #include <memory>
+#include <nlohmann/json.hpp>
 
+#include "codice.h"
 #include "comando.h"
 #include "errori.h"
 #include "identificatore.h"
@@ -18,6 +20,7 @@ struct Argomenti {
     CampiDati campi;
     bool codici = false;
     SceltaForma forma;
+    std::string codice;
 };
 
 void codici(Documento& documento) {
@@ -48,11 +51,27 @@ void una(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
     tabellaUnita(documento, catalogo, fid);
 }
 
+void programma(IFunzioni& catalogo, const Argomenti& argomenti) {
+    const std::string& linguaggio = argomenti.codice;
+    if (argomenti.codici)
+        return stampaProgramma(linguaggio, "units codes", "The unit codes", nlohmann::ordered_json::object());
+    if (argomenti.id.empty() && !argomenti.campi.dati())
+        return stampaProgramma(linguaggio, "units all", "The units of every row of the quantity table",
+                               nlohmann::ordered_json::object());
+    const kel_funpos fid = risolvi(catalogo, argomenti.id, argomenti.campi);
+    if (kelFunGetUIVs(fid) == nullptr)
+        throw NonTrovato(esadecimale(fid, 8) + " has no units");
+    stampaProgramma(linguaggio, "units", "The units of " + catalogo.getNomeFunzione(fid, false),
+                    {{"fid", fidPerProgramma(fid)}});
+}
+
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const bool funzione = !argomenti.id.empty() || argomenti.campi.dati();
     if (argomenti.codici && funzione)
         throw ErroreUso("--codes lists the codes of every unit; accepted: --codes or an identifier");
+    if (!argomenti.codice.empty())
+        return programma(*catalogo, argomenti);
     Documento documento(stdout, argomenti.forma.forma());
     if (argomenti.codici)
         codici(documento);
@@ -72,6 +91,7 @@ void aggiungiUnits(CLI::App& programma) {
     comando->add_flag("--codes", argomenti->codici, "The unit codes, which have a vocabulary of their own");
     aggiungiCampi(*comando, argomenti->campi);
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiCodice(*comando, argomenti->codice);
     comando->footer(esempi("Value in a unit = value in the base unit * gain + offset. A reciprocal unit shows a pace.",
                            "kelfun units", "kelfun units --quantity velocity", "kelfun units --codes --csv"));
     comando->callback([argomenti] { esegui(*argomenti); });

@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 
+#include "codice.h"
 #include "colore.h"
 #include "comando.h"
 #include "comando_completa.h"
@@ -64,6 +65,7 @@ int esegui(int argc, char** argv) {
     aggiungiUbx(programma);
     aggiungiRecord(programma);
     aggiungiCatalogue(programma);
+    rifiutaCodiceAltrove(programma);
     programma.footer(
         "kelfun COMMAND --help tells more and gives examples.\n"
         "Exit status: 0 fine, 1 no such thing, 2 wrong argument.");

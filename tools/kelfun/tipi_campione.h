@@ -13,6 +13,9 @@ constexpr unsigned NUM_TIPI_CAMPIONE = 25;
 /// What a sample of a type holds; codes 0 to 24.
 const char* contenutoCampione(unsigned tipo);
 
+/// The name of a type's constant; codes 0 to 24.
+const char* costanteCampione(unsigned tipo);
+
 /// The sample type of a packet channel, known from its function; nothing for other functions.
 std::optional<unsigned> tipoPacchetto(kel_funpos fid);
 
