@@ -78,7 +78,7 @@ def voce(nome, testo):
     for parola, frase in (("Excludes", "Not together with"), ("Needs", "Only together with")):
         trovate = re.search(rf" {parola}:((?: --?[\w-]+,?)+)", nome)
         if trovate:
-            frasi.append(f"{frase}{trovate[1].rstrip(',')}.")
+            frasi.append(f"{frase} {', '.join(re.findall(r'--?[a-z-]+', trovate[1]))}.")
             nome = nome.replace(trovate[0], "")
     nome = nome.replace(" REQUIRED", "")
     # Defaults and bounds that are told beside a name belong to its text.

@@ -31,12 +31,23 @@ BATTUTE = [
     ("decode --quantity code --unit ", ["decode", "--quantity", "code", "--unit", "#"], "a unit that needs a quote"),
     ("decode 0x10 --format le", ["decode", "0x10", "--format", "left"], "a choice of words"),
     ("ubx la", ["ubx", "lap one.ubx"], "a file whose name needs a quote"),
+    ("find oil temper", ["find", "oil", "temperature"], "one of several words to find"),
+    ("catal", ["catalogue"], "a command among others that begin alike"),
+    ("catalogue --sch", ["catalogue", "--schema"], "an option of a command without arguments"),
+    ("fid 0x10 --code py", ["fid", "0x10", "--code", "python"], "a language"),
+    ("lap 83456 --code=cp", ["lap", "83456", "--code=cpp"], "a language that is joined to its option"),
+    ("record la", ["record", "lap one.ubx"], "a recording"),
     ("match 0x10 --channels la", ["match", "0x10", "--channels", "lap one.ubx"], "a file after an option"),
 ]
 
 # The same for lists, which the bash function is asked for as bash asks it.
 ELENCHI = [
-    (["kelfun", "c"], ["convert", "camera"]),
+    (["kelfun", "c"], ["convert", "camera", "catalogue"]),
+    (["kelfun", "fi"], ["find", "fid"]),
+    (["kelfun", "units", "--code", ""], ["c", "cpp", "python"]),
+    (["kelfun", "units", "--color", ""], ["auto", "always", "never"]),
+    (["kelfun", "find", "oil", "FID_OBJ_WA"], ["FID_OBJ_WATER"]),
+    (["kelfun", "catalogue", "--schema", "--"], ["--help"]),
     (["kelfun", "convert", "0x11", "20", "--to", ""], ["C", "F"]),
     (["kelfun", "convert", "0x11", "20", "--to", "="], ["C", "F"]),
     (["kelfun", "fid", "--details", ""], ["laptime", "datetime", "gps"]),
@@ -92,6 +103,9 @@ def lo_strumento(banco):
         pretendi(set(offerte) == scritte, f"options of {comando}: {set(offerte) ^ scritte} are not in both")
         pretendi(all(offerte.values()), f"options of {comando}: not all are explained")
     pretendi("--csv" not in banco.offre("fid", "--json", "-"), "--csv is offered beside --json")
+    pretendi("--code" not in banco.offre("fid", "--json", "-"), "--code is offered beside --json")
+    pretendi("--code" in banco.offre("fid", "-"), "--code is not offered")
+    pretendi("--code" not in banco.offre("find", "-"), "--code is offered where it is refused")
     pretendi("--side" in banco.offre("fid", "--side", "left", "-"), "--side is not offered a second time")
     pretendi(not banco.offre("fid", "0x10", "--side", "x y"), "a side that does not exist is completed")
 

@@ -232,7 +232,10 @@ private:
                 nomi(grandezze());
             identificatori();
         } else if (nome == "TEXT") {
-            nomi(grandezze());
+            for (const char* opzione : {"--quantity", "--object", "--position"})
+                nomi(*vocabolario(opzione, 0));
+            if (candidati_.inizio().starts_with("FID_"))
+                nomiXml();
             identificatori();
         } else if (dichiarato.get_type_name().find('{') != std::string::npos) {
             deiTipi(dichiarato.get_type_name());
@@ -262,6 +265,12 @@ private:
             if (!una.starts_with("undef"))
                 candidati_.aggiungi(una, riga.testo);
         }
+    }
+
+    void nomiXml() {
+        for (const char* opzione : {"--quantity", "--object", "--position", "--inout", "--details"})
+            for (const s_campo_fid& riga : vocabolario(opzione, 0)->righe)
+                candidati_.aggiungi(riga.xml, riga.testo);
     }
 
     unsigned dettagli() const {
