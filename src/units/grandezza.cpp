@@ -24,7 +24,7 @@ const s_udm_associata* cerca_udm(const s_grandezza_fisica_uiv& grandezza, const 
     // without a branch, and only the row found is compared.
     const unsigned inizio = primi_due(udm);
     int trovata = 0;
-    for (int i = grandezza.num_udm - 1; i > 0; --i)
+    for (int i = grandezza.num_udm - 1; i >= 0; --i)
         trovata = primi_due(grandezza.udm[i].dati.udm) == inizio ? i : trovata;
     if (uguali(grandezza.udm[trovata].dati.udm, udm))
         return &grandezza.udm[trovata];
