@@ -19,14 +19,23 @@ bool spezza(char c) {
     return !lettera && !cifra;
 }
 
-// Both in small letters.
-std::optional<Grado> confronta(const std::string& testo, const std::string& cercato) {
+// The words that all XML names of a field begin with: "FID_LEFTRIGHT_". Other texts have none.
+std::size_t prefissoXml(const std::string& testo) {
+    const std::size_t primo = testo.starts_with("FID_") ? testo.find('_') : std::string::npos;
+    const std::size_t secondo = primo == std::string::npos ? primo : testo.find('_', primo + 1);
+    return secondo == std::string::npos ? 0 : secondo + 1;
+}
+
+// Both in small letters. Of a prefix only whole words count: "left" is not in FID_LEFTRIGHT_RIGHT.
+std::optional<Grado> confronta(const std::string& testo, std::size_t prefisso, const std::string& cercato) {
     if (testo == cercato)
         return Grado::intero;
     std::optional<Grado> migliore;
     for (std::size_t da = testo.find(cercato); da != std::string::npos; da = testo.find(cercato, da + 1)) {
         const std::size_t dopo = da + cercato.size();
         const bool parola = (da == 0 || spezza(testo[da - 1])) && (dopo == testo.size() || spezza(testo[dopo]));
+        if (dopo < prefisso && !parola)
+            continue;
         const Grado grado = da == 0 ? Grado::inizio : parola ? Grado::parola : Grado::parte;
         migliore = std::min(migliore.value_or(grado), grado);
     }
@@ -42,7 +51,7 @@ struct Risposta {
 std::optional<Risposta> rispondi(const Noto& noto, const std::string& cercato) {
     std::optional<Risposta> migliore;
     for (const Testo& testo : noto.testi)
-        if (const auto grado = confronta(normale(testo.testo), cercato))
+        if (const auto grado = confronta(normale(testo.testo), prefissoXml(testo.testo), cercato))
             if (!migliore || *grado < migliore->grado)
                 migliore = {*grado, &testo};
     return migliore;
