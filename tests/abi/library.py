@@ -21,7 +21,7 @@ SONAME = "libkelfunzioni.so.0"
 # ld-linux is the loader itself, which the linker names on some targets.
 NEEDED = re.compile(r"lib(stdc\+\+\.so\.6|m\.so\.6|gcc_s\.so\.1|c\.so\.6)|ld-linux[-a-z0-9_]*\.so\.[0-9]")
 # Newest versions that may be asked for: gcc 5, whose string type the interfaces have, and the first C library for arm64.
-# A library built here thus loads on any system of the last ten years.
+# A library built here without packed addresses thus loads on any system of the last ten years.
 NEWEST = {"GLIBC": (2, 17), "GLIBCXX": (3, 4, 21), "CXXABI": (1, 3, 9), "GCC": (5, 0, 0)}
 CLASSES = ("IFunzioni", "CFunzioni", "IConverter", "CConverter")
 
@@ -54,14 +54,22 @@ class Library:
         return next((name for name, s in self.sections.items() if s[0] == index), "?")
 
     def relocations(self):
-        """Address -> (type, symbol or None, addend)."""
+        """Address -> (type, symbol or None, address in the library or None)."""
         found = {}
         for line in readelf("-r", self.path).splitlines():
             m = re.match(r"([0-9a-f]{8,16}) +[0-9a-f]+ (R_\S+) *(.*)", line)
             if m:
                 symbol = re.match(r"[0-9a-f]{8,16} +([^\s@]+)\S*(?: \+ ([0-9a-f]+))?", m[3])
-                found[int(m[1], 16)] = (m[2], symbol[1] if symbol else None)
+                addend = re.fullmatch(r"([0-9a-f]+)\s*", m[3])
+                found[int(m[1], 16)] = (m[2], symbol[1] if symbol else None, int(addend[1], 16) if addend else None)
         return found
+
+    def word_at(self, address):
+        for _, start, offset, size, _ in self.sections.values():
+            if start and start <= address < start + size:
+                at = address - start + offset
+                return int.from_bytes(self.bytes[at:at + self.word], "little")
+        return 0
 
 
 def read_list(path):
@@ -102,12 +110,21 @@ def check_symbols(lib):
 def library_vtables(lib):
     """Lines 'class slot function' of the virtual tables, in slot order."""
     relocations = lib.relocations()
+    # Of the names of one address the first counts: complete destructors stand before those of base objects.
+    functions = {}
+    for name, (kind, address, _, _, _) in sorted(lib.exported.items()):
+        if kind == "FUNC":
+            functions.setdefault(address, name)
     for name in CLASSES:
         _, address, size, _, _ = lib.exported[f"_ZTV{len(name)}{name}"]
         # Before the slots: the offset to the whole object and the type information.
         for slot, at in enumerate(range(address + 2 * lib.word, address + size, lib.word)):
+            # By symbol, or by an address in the library: in the relocation or, packed or on 32 bits, in place.
+            _, symbol, target = relocations.get(at, ("", None, None))
+            if symbol is None:
+                symbol = functions.get(lib.word_at(at) if target is None else target)
             # The destructors of a class that nobody can make stand empty.
-            yield f"{name} {slot} {relocations[at][1] if at in relocations else '-'}"
+            yield f"{name} {slot} {symbol or '-'}"
 
 
 def check_vtables(lib):
