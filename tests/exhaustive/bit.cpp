@@ -70,7 +70,7 @@ void campioni(unsigned parte, Conta& conta) {
 
 std::vector<Spazio> spaziBit() {
     return {
-        {"bit-masks", "the mask of every bit position and bit count", 256, 16, maschere},
+        {"bit-masks", "the mask of every bit position and bit count", 256, 16, maschere, {0, 255}},
         {"bit-fields", "samples through bit fields of every position and count that reach 32 bits", 35, 1, campioni}};
 }
 

@@ -13,6 +13,10 @@ namespace {
 constexpr unsigned kParti = 4096;
 constexpr std::uint32_t kPerParte = 1U << 20;
 
+// Around 0 and the longest numbers of both signs, with the reserved samples; floats of 0, 1, infinity and NaN.
+const std::vector<unsigned> kInteriNotevoli = {0, 0x7FF, 0x800, 0xFFF};
+const std::vector<unsigned> kRealiNotevoli = {0, 0x3F8, 0x7F8, 0x800, 0xBF8, 0xFF8};
+
 // Rows of the unit tables with different numbers, each linear and reciprocal.
 std::vector<modello::RigaUdm> righe() {
     std::vector<modello::RigaUdm> tutte;
@@ -162,8 +166,26 @@ void numeriETesti(unsigned /*parte*/, Conta& conta) {
         }
 }
 
+// The text of every status word of 16 bits; without a bit that has a text the output stays as it was.
+void stati(Conta& conta) {
+    for (const unsigned tipo : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 20U, 21U}) {
+        const Lettore lettore(canale(tipo), 0x10, unitaIdentita());
+        if (lettore.libreria.testo_stato == nullptr) {
+            conta.numeri(0, 1, [&] { return "status text of sample type " + std::to_string(tipo); });
+            continue;
+        }
+        for (std::uint32_t stato = 0; stato < 65536; stato++) {
+            std::array<char, 32> testo = {'b', 'e', 'f', 'o', 'r', 'e'};
+            lettore.libreria.testo_stato(stato, testo.data());
+            const std::string atteso = stato % 16 == 0 ? "before" : modello::testoStato(stato);
+            conta.testi(testo.data(), atteso, [&] { return "status " + std::to_string(stato); });
+        }
+    }
+}
+
 // Every code of a sample type, known or not: size, whether there is a value, text of an arbitrary packet.
 void codici(unsigned /*parte*/, Conta& conta) {
+    stati(conta);
     std::array<modello::Byte, 64> campione{};
     for (unsigned i = 0; i < campione.size(); i++)
         campione[i] = static_cast<modello::Byte>(i * 37 + 11);
@@ -188,14 +210,16 @@ void codici(unsigned /*parte*/, Conta& conta) {
 std::vector<Spazio> spaziCampioni() {
     const auto conSegno = [](unsigned p, Conta& c) { interi<std::int32_t>(p, c, 0); };
     const auto senzaSegno = [](unsigned p, Conta& c) { interi<std::uint32_t>(p, c, 3); };
-    return {{"sample-codes", "sizes, values and texts of all sample type codes", 1, 1, codici},
-            {"samples-small", "all samples of one and two bytes in every unit row, values and texts", 7, 1, piccoli},
-            {"samples-text", "all numbers with a text", 1, 1, numeriETesti},
-            {"samples-other", "lap times, coordinates and differences in every unit row", kParti, 16, altri},
-            {"coordinates", "all coordinates as texts", kParti, 128, coordinate},
-            {"samples-int32", "all signed 32-bit samples in every unit row", kParti, 512, conSegno},
-            {"samples-uint32", "all unsigned 32-bit samples in every unit row", kParti, 512, senzaSegno},
-            {"samples-float", "all floats in every unit row", kParti, 512, reali}};
+    return {
+        {"sample-codes", "sizes, values and texts of all sample type codes; texts of all status words", 1, 1, codici},
+        {"samples-small", "all samples of one and two bytes in every unit row, values and texts", 7, 1, piccoli},
+        {"samples-text", "all numbers with a text", 1, 1, numeriETesti},
+        {"samples-other", "lap times, coordinates and differences in every unit row", kParti, 16, altri,
+         kInteriNotevoli},
+        {"coordinates", "all coordinates as texts", kParti, 128, coordinate, kInteriNotevoli},
+        {"samples-int32", "all signed 32-bit samples in every unit row", kParti, 512, conSegno, kInteriNotevoli},
+        {"samples-uint32", "all unsigned 32-bit samples in every unit row", kParti, 512, senzaSegno, kInteriNotevoli},
+        {"samples-float", "all floats in every unit row", kParti, 512, reali, kRealiNotevoli}};
 }
 
 }  // namespace esaustivo

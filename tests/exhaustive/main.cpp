@@ -60,7 +60,8 @@ std::vector<Spazio> scegli(const std::vector<Spazio>& tutti, const std::vector<s
 
 bool tocca(const Spazio& spazio, unsigned parte, const Opzioni& opzioni, const Frammento& frammento) {
     if (opzioni.assaggio)
-        return parte % spazio.assaggio == kAssaggio % spazio.assaggio;
+        return parte % spazio.assaggio == kAssaggio % spazio.assaggio ||
+               std::find(spazio.notevoli.begin(), spazio.notevoli.end(), parte) != spazio.notevoli.end();
     return parte % frammento.totale == frammento.indice - 1;
 }
 

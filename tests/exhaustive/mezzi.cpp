@@ -7,6 +7,9 @@ namespace esaustivo {
 
 namespace {
 
+// Where subnormal halves begin and end, where infinity begins, NaNs; both signs.
+const std::vector<unsigned> kNotevoli = {0x00, 0x33, 0x38, 0x47, 0x7F, 0x80, 0xB3, 0xB8, 0xC7, 0xFF};
+
 void comprimi(unsigned parte, Conta& conta) {
     for (std::uint32_t i = 0; i < 1U << 24; i++) {
         const std::uint32_t bit = parte << 24 | i;
@@ -24,7 +27,7 @@ void espandi(unsigned parte, Conta& conta) {
 }  // namespace
 
 std::vector<Spazio> spaziMezzi() {
-    return {{"to-halves", "all floats as 16-bit floats", 256, 16, comprimi},
+    return {{"to-halves", "all floats as 16-bit floats", 256, 16, comprimi, kNotevoli},
             {"from-halves", "all 16-bit floats as floats, with and without bits above them", 17, 1, espandi}};
 }
 

@@ -124,6 +124,10 @@ constexpr std::array<modello::Aspetto, 12> kComuni = {{{4, 0, 0, 0},
 constexpr unsigned kParti = 4096;
 constexpr std::uint32_t kPerParte = 1U << 20;
 
+// Tenths, one, tens, hundreds, thousands, ten thousands, infinity; also negative.
+const std::vector<unsigned> kNotevoli = {0x3DC, 0x3F8, 0x412, 0x42C, 0x447, 0x461,
+                                         0x7F8, 0xBF8, 0xC12, 0xC2C, 0xC47, 0xFF8};
+
 // What a number without status shows follows from its sign, its decimals and its digits, all that are too many being
 // alike: the model is asked again only when one of these changes.
 struct Chiave {
@@ -169,7 +173,7 @@ void tuttiIFloat(unsigned parte, Conta& conta) {
 std::vector<Spazio> spaziNumeri() {
     return {{"number-looks", "chosen numbers in widths 0 to 40, decimals 0 to 5, all formats", kLarghezze, 1, griglia},
             {"number-auto", "automatic decimals in widths 0 to 40, over pairs of values", kLarghezze, 1, automatici},
-            {"number-floats", "all floats in the twelve most common looks", kParti, 256, tuttiIFloat}};
+            {"number-floats", "all floats in the twelve most common looks", kParti, 256, tuttiIFloat, kNotevoli}};
 }
 
 }  // namespace esaustivo

@@ -9,6 +9,7 @@ namespace esaustivo {
 std::vector<Spazio> spaziTabelle();
 std::vector<Spazio> spaziIdentificatori();
 std::vector<Spazio> spaziUnita();
+std::vector<Spazio> spaziCanali();
 std::vector<Spazio> spaziMezzi();
 std::vector<Spazio> spaziTesti();
 std::vector<Spazio> spaziPacchetti();

@@ -43,8 +43,11 @@ public:
     void caso(bool uguale, std::uint64_t valore, Racconto racconta) {
         esito_.casi += 1;
         esito_.impronta = mescola(esito_.impronta, valore);
-        if (!uguale) [[unlikely]]
-            differenza(racconta());
+        if (!uguale) [[unlikely]] {
+            esito_.differenze += 1;
+            if (esito_.prime.size() < da_mostrare_)
+                esito_.prime.push_back(racconta());
+        }
     }
 
     // Compares two texts.
@@ -76,12 +79,6 @@ public:
     const Esito& esito() const { return esito_; }
 
 private:
-    void differenza(const std::string& testo) {
-        esito_.differenze += 1;
-        if (esito_.prime.size() < da_mostrare_)
-            esito_.prime.push_back(testo);
-    }
-
     std::size_t da_mostrare_;
     Esito esito_;
 };
@@ -92,6 +89,7 @@ struct Spazio {
     unsigned parti = 1;
     unsigned assaggio = 1;  // the run under ctest takes one part of so many
     std::function<void(unsigned parte, Conta& conta)> esegui;
+    std::vector<unsigned> notevoli = {};  // and these parts, where rules change
 };
 
 // All spaces, in the order in which they run.

@@ -25,6 +25,9 @@ std::int64_t mostrato(std::int32_t t) {
     return ore * (std::int64_t{1} << 32) + (ore == 0 ? resto : resto / 1000);
 }
 
+// Around no time, an hour, ten and a hundred hours, the longest and the shortest time.
+const std::vector<unsigned> kNotevoli = {0, 8, 85, 511, 512, 1023};
+
 template <typename Prova>
 void perOgniTempo(unsigned parte, Prova prova) {
     for (std::uint32_t i = 0; i < kPerParte; i++)
@@ -105,15 +108,19 @@ void campioni(unsigned parte, Conta& conta, unsigned tipo, unsigned decimali, un
 
 Spazio campioniDi(const std::string& nome, const std::string& descrizione, unsigned tipo, unsigned decimali,
                   unsigned larghezza) {
-    return {nome, descrizione, kParti, 128,
-            [=](unsigned parte, Conta& conta) { campioni(parte, conta, tipo, decimali, larghezza); }};
+    return {nome,
+            descrizione,
+            kParti,
+            128,
+            [=](unsigned parte, Conta& conta) { campioni(parte, conta, tipo, decimali, larghezza); },
+            kNotevoli};
 }
 
 }  // namespace
 
 std::vector<Spazio> spaziTempi() {
-    return {{"lap-texts", "all lap times as texts and back", kParti, 64, testi},
-            {"lap-lines", "all lap times in lines with lap numbers, and back", kParti, 64, righe},
+    return {{"lap-texts", "all lap times as texts and back", kParti, 64, testi, kNotevoli},
+            {"lap-lines", "all lap times in lines with lap numbers, and back", kParti, 64, righe, kNotevoli},
             campioniDi("lap-normal", "all lap time samples", 12, 2, 8),
             campioniDi("lap-tenths", "all lap time samples in tenths", 12, 1, 8),
             campioniDi("lap-compact", "all lap time samples in the compact form", 12, 2, 5),
