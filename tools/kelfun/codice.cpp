@@ -27,9 +27,9 @@ using kainjow::mustache::data;
 
 struct Linguaggio {
     const char* nome;
-    std::string_view pezzi;
+    const std::string_view* pezzi;
 };
-const Linguaggio LINGUAGGI[] = {{"c", PROGRAMMI_C}, {"cpp", PROGRAMMI_CPP}, {"python", PROGRAMMI_PYTHON}};
+const Linguaggio LINGUAGGI[] = {{"c", &PROGRAMMI_C}, {"cpp", &PROGRAMMI_CPP}, {"python", &PROGRAMMI_PYTHON}};
 
 // Ends a line within a template: the template engine has rules of its own for line feeds, which leave an empty line where a
 // section is left out.
@@ -94,7 +94,7 @@ std::string nomi(std::span<const Linguaggio> linguaggi) {
 std::vector<Linguaggio> conPezzo(const std::string& pezzo) {
     std::vector<Linguaggio> quelli;
     for (const Linguaggio& uno : LINGUAGGI)
-        if (leggiPezzi(uno.pezzi).contains(pezzo))
+        if (leggiPezzi(*uno.pezzi).contains(pezzo))
             quelli.push_back(uno);
     return quelli;
 }
@@ -155,7 +155,7 @@ void rifiutaCodiceAltrove(CLI::App& programma) {
 void stampaProgramma(const std::string& linguaggio, const std::string& nome, const std::string& titolo,
                      const Json& dati) {
     const std::string pezzo = PROGRAMMA + nome;
-    const std::map<std::string, std::string> pezzi = leggiPezzi(cercaLinguaggio(linguaggio)->pezzi);
+    const std::map<std::string, std::string> pezzi = leggiPezzi(*cercaLinguaggio(linguaggio)->pezzi);
     if (!pezzi.contains(pezzo))
         throw ErroreUso("the library's face for --code " + linguaggio +
                         " has nothing for this; accepted: " + nomi(conPezzo(pezzo)));
