@@ -61,7 +61,7 @@ void tempo_compatto(Scrittore& testo, const Tempo& tempo, bool decimi) noexcept 
         testo.con_spazi(tempo.ore, 3).testo(":").con_zeri(tempo.minuti, 2);
     else if (tempo.ore >= 1)
         testo.con_spazi(tempo.ore).testo(":").con_zeri(tempo.minuti, 2).testo(".").con_zeri(tempo.secondi, 2);
-    else if (decimi || tempo.minuti > 9)
+    else if (decimi)
         minuti_e_decimi(testo, tempo);
     else
         testo.con_spazi(tempo.minuti).testo(":").con_zeri(tempo.secondi, 2).testo(".").con_zeri(tempo.centesimi, 2);
