@@ -103,7 +103,7 @@ def difetti(programmi, caso):
         ingresso = programmi.esegui("kelsim", shlex.split(simulata) + ["-"])[1]
     ambiente = dict(voce.split("=", 1) for voce in tutti("env"))
     stato, uscita, errori = programmi.esegui(nome, argomenti[1:] if nome == "kelsim" else argomenti, ingresso, ambiente)
-    uscita, errori = uscita.decode("latin-1"), errori.decode("latin-1")
+    uscita, errori = uscita.decode("utf-8", "replace"), errori.decode("utf-8", "replace")
 
     atteso = int(tutti("exit")[0]) if tutti("exit") else 0
     if stato != atteso:

@@ -234,6 +234,10 @@ std::string ColonnaRecord::nomeMisurato() const {
     return misura_ == Misura::byte_basso ? nome + " low byte" : nome;
 }
 
+std::string ColonnaRecord::unita() const {
+    return misura(udm);
+}
+
 std::string ColonnaRecord::titolo() const {
     return titoloConUdm(nomeMisurato(), udm);
 }

@@ -31,6 +31,10 @@ public:
     Cella cella(const std::uint8_t* campioni, bool testi);
 
     bool haValore() const;
+    /// Its name with what is to be said of its values: "Position Accuracy low byte".
+    std::string nomeMisurato() const;
+    /// The unit that its values are in, "" for none.
+    std::string unita() const;
     /// "Oil Pressure bar", or "oil_pressure_bar" for programs.
     std::string titolo() const;
     std::string chiave() const;
@@ -44,8 +48,6 @@ public:
 private:
     // How the unit goes with the values, which are not always in the unit of their function.
     enum class Misura { funzione, byte_basso, decimilionesimi };
-
-    std::string nomeMisurato() const;
 
     bool pacchetto_intero_;
     Misura misura_;

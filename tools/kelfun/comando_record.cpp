@@ -1,13 +1,17 @@
 // kelfun record: the samples of a recording, a column for each channel.
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 
 #include "canali_record.h"
 #include "comando.h"
+#include "destinazione_grafico.h"
 #include "errori.h"
+#include "grafico_record.h"
 #include "ingresso.h"
 #include "numeri.h"
 #include "registrazione.h"
+#include "unita.h"
 
 namespace kel::strumento {
 
@@ -18,6 +22,7 @@ struct Argomenti {
     std::string campioni;
     std::string frequenza;
     std::string orario;
+    std::optional<std::string> grafico;
     bool compatta = false;
     SceltaColonne colonne;
     SceltaForma forma;
@@ -97,6 +102,18 @@ void tabella(const Argomenti& argomenti, const Tempo& tempo, std::vector<Colonna
     documento.fine();
 }
 
+void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Tempo& tempo,
+             GraficoRecord& grafico, LettoreRecord& lettore) {
+    while (lettore.prossimo())
+        grafico.aggiungi(tempo.noto() ? tempo.secondi(lettore) : static_cast<double>(lettore.record() - 1),
+                         lettore.campioni());
+    const std::vector<std::string> fermi = grafico.chiudi();
+    if (lettore.record() != 0)
+        destinazione.disegna(grafico.grafico());
+    if (!fermi.empty() && argomenti.colonne.solo.empty())
+        std::fprintf(stderr, "not drawn, as they never change: %s\n", elenco(fermi).c_str());
+}
+
 // What was read, and what a size that does not fit may mean.
 void riassunto(const LettoreRecord& lettore, std::size_t dimensione_record, Orario orario) {
     std::string testo = std::to_string(lettore.record()) + " records of " +
@@ -113,13 +130,22 @@ void esegui(const Argomenti& argomenti) {
     if (argomenti.canali == "-" && argomenti.campioni == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     const Tempo tempo(argomenti);
+    std::optional<DestinazioneGrafico> destinazione;
+    if (argomenti.grafico)
+        destinazione.emplace(*argomenti.grafico);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const std::vector<s_kel_canale> canali = leggiFileCanali(argomenti);
     std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
     Ingresso ingresso(argomenti.campioni);
     LettoreRecord lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); },
                           dimensioneRecord(canali), tempo.orario());
-    tabella(argomenti, tempo, colonne, lettore);
+    if (destinazione) {
+        GraficoRecord grafico(*catalogo, canali, std::move(colonne),
+                              argomenti.campioni == "-" ? "" : argomenti.campioni, tempo.noto() ? "time, s" : "record");
+        disegna(*destinazione, argomenti, tempo, grafico, lettore);
+    } else {
+        tabella(argomenti, tempo, colonne, lettore);
+    }
     riassunto(lettore, dimensioneRecord(canali), tempo.orario());
     if (lettore.record() == 0)
         throw NonTrovato("there is no whole record in it");
@@ -158,6 +184,8 @@ void aggiungiRecord(CLI::App& programma) {
     comando->add_flag("--packed", argomenti->compatta,
                       "Samples lie one behind the other, as long as their types, whatever the channels say");
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiGrafico(*comando, argomenti->grafico);
+    comando->get_option("--plot")->excludes(comando->get_option("--text"));
     comando->footer(esempi(
         "A record holds one sample of every channel, little-endian, where the channel's record says, and is as long "
         "as\n"
@@ -166,7 +194,7 @@ void aggiungiRecord(CLI::App& programma) {
         "(20), short name (24), name (32), place of the sample (68), sample buffer (72).",
         "kelfun record session.channels session.samples --time u32ms",
         "kelfun record session.channels session.samples --time u32ms --only RPM --only 'GPS Speed' --unit mph --csv",
-        "kelfun record session.channels - --time u32ms --text <session.samples"));
+        "kelfun record session.channels session.samples --time u32ms --plot - --only RPM --only GPS"));
     comando->callback([argomenti] { esegui(*argomenti); });
 }
 

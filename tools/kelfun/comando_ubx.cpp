@@ -1,11 +1,14 @@
 // kelfun ubx: the NAV-SOL solutions of a u-blox byte stream.
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 
 #include "chiavi.h"
 #include "comando.h"
+#include "destinazione_grafico.h"
 #include "errori.h"
 #include "flusso_ubx.h"
+#include "grafico_soluzioni.h"
 #include "identificatore.h"
 #include "ingresso.h"
 #include "navsol.h"
@@ -19,6 +22,7 @@ struct Argomenti {
     std::string file;
     std::string udm;
     std::string decimali = "3";
+    std::optional<std::string> grafico;
     SceltaForma forma;
 };
 
@@ -60,18 +64,8 @@ std::vector<Cella> celle(const Soluzione& s) {
             Cella::intero(s.accuratezza_velocita)};
 }
 
-void esegui(const Argomenti& argomenti) {
-    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const std::string udm = leggiUdm(*catalogo, CanaleNavSol::fidVelocita(), argomenti.udm);
-    const auto decimali = leggiIntero(argomenti.decimali, 0, 3);
-    if (!decimali)
-        throw ErroreUso("--decimals '" + argomenti.decimali + "' is no number of decimals; accepted: 0 to 3");
-    const CanaleNavSol canale(*catalogo, udm, static_cast<unsigned>(*decimali));
-    Ingresso ingresso(argomenti.file);
-    LettoreUbx lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
-
-    Documento documento(stdout, argomenti.forma.forma());
-    documento.inizia("solutions", "", colonne(udm), true);
+template <typename Mostra>
+Riassunto leggi(LettoreUbx& lettore, const CanaleNavSol& canale, Mostra mostra) {
     Riassunto riassunto;
     MessaggioUbx messaggio;
     while (lettore.prossimo(messaggio)) {
@@ -81,11 +75,37 @@ void esegui(const Argomenti& argomenti) {
             ++riassunto.lunghezza_errata;
         } else {
             ++riassunto.soluzioni;
-            const std::span<const std::uint8_t, NAV_SOL_BYTE> payload(messaggio.dati.data(), NAV_SOL_BYTE);
-            documento.riga(celle(canale.leggi(payload)));
+            mostra(canale.leggi(std::span<const std::uint8_t, NAV_SOL_BYTE>(messaggio.dati.data(), NAV_SOL_BYTE)));
         }
     }
-    documento.fine();
+    return riassunto;
+}
+
+void esegui(const Argomenti& argomenti) {
+    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    const std::string udm = leggiUdm(*catalogo, CanaleNavSol::fidVelocita(), argomenti.udm);
+    const auto decimali = leggiIntero(argomenti.decimali, 0, 3);
+    if (!decimali)
+        throw ErroreUso("--decimals '" + argomenti.decimali + "' is no number of decimals; accepted: 0 to 3");
+    const CanaleNavSol canale(*catalogo, udm, static_cast<unsigned>(*decimali));
+    std::optional<DestinazioneGrafico> destinazione;
+    if (argomenti.grafico)
+        destinazione.emplace(*argomenti.grafico);
+    Ingresso ingresso(argomenti.file);
+    LettoreUbx lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
+
+    Riassunto riassunto;
+    if (destinazione) {
+        GraficoSoluzioni grafico(argomenti.file == "-" ? "" : argomenti.file, udm);
+        riassunto = leggi(lettore, canale, [&grafico](const Soluzione& s) { grafico.aggiungi(s); });
+        if (riassunto.soluzioni != 0)
+            destinazione->disegna(grafico.grafico());
+    } else {
+        Documento documento(stdout, argomenti.forma.forma());
+        documento.inizia("solutions", "", colonne(udm), true);
+        riassunto = leggi(lettore, canale, [&documento](const Soluzione& s) { documento.riga(celle(s)); });
+        documento.fine();
+    }
     stampa(riassunto, lettore.conteggi());
     if (riassunto.soluzioni == 0)
         throw NonTrovato("there is no NAV-SOL message in it");
@@ -100,6 +120,7 @@ void aggiungiUbx(CLI::App& programma) {
     comando->add_option("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph")->type_name("UNIT");
     comando->add_option("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)")->type_name("N");
     aggiungiForma(*comando, argomenti->forma);
+    aggiungiGrafico(*comando, argomenti->grafico);
     comando->footer(esempi(
         "Every value is what the library makes of the logger's GPS packet:\n"
         "- The latitude follows the library's own rule, which takes the packet's centimetres as if they were metres:\n"

@@ -21,7 +21,8 @@ std::string accettati(const CLI::App& comando) {
     for (const CLI::App* sotto : comando.get_subcommands([](const CLI::App*) { return true; }))
         testo += (testo.empty() ? "" : ", ") + sotto->get_name();
     for (const CLI::Option* opzione : comando.get_options())
-        testo += (testo.empty() ? "" : ", ") + opzione->get_name(opzione->get_positional());
+        if (!opzione->get_group().empty())  // else it is hidden
+            testo += (testo.empty() ? "" : ", ") + opzione->get_name(opzione->get_positional());
     return testo;
 }
 
