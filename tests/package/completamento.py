@@ -37,6 +37,10 @@ BATTUTE = [
     ("fid 0x10 --code py", ["fid", "0x10", "--code", "python"], "a language"),
     ("lap 83456 --code=cp", ["lap", "83456", "--code=cpp"], "a language that is joined to its option"),
     ("record la", ["record", "lap one.ubx"], "a recording"),
+    ("record a b --time u3", ["record", "a", "b", "--time", "u32ms"], "a kind of time stamp"),
+    ("record a b --unit mp", ["record", "a", "b", "--unit", "mph"], "a unit for all channels"),
+    ("ubx x --plot la", ["ubx", "x", "--plot", "lap one.ubx"], "a picture"),
+    ("ubx x --nd", ["ubx", "x", "--ndjson"], "a form of the output"),
     ("match 0x10 --channels la", ["match", "0x10", "--channels", "lap one.ubx"], "a file after an option"),
 ]
 

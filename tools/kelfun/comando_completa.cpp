@@ -199,7 +199,7 @@ public:
             scelta({"match", "full", "list"});
         else if (nome == "--code")
             scelta({"c", "cpp", "python"});
-        else if (tipo == "UNIT")
+        else if (tipo == "UNIT" || tipo == "[CHANNEL=]UNIT")
             unita();
         else if (tipo == "ID")
             identificatori();
