@@ -85,13 +85,24 @@ def disegni(banco):
 def interruzioni(banco):
     """A break in the values is a break in the line: SVG begins a new path, "M", for each piece."""
     banco.scrivi("c1", canale(b"Temp"))
+    def quanti(nome):
+        percorsi = re.findall(rb"<path stroke='rgb\( *31, +95, 168\)' +d='([^']*)'", banco.leggi(nome))
+        return sum(percorso.count(b"M") for percorso in percorsi)
+
     pezzi = {}
     for nome, mancante in (("whole", 30), ("broken", 0xCFFE)):
         banco.scrivi("s1", struct.pack("<7H", 10, 20, 25, mancante, 40, 50, 60))
         banco.kelfun("record", "c1", "s1", "--rate", "1", "--plot", f"{nome}.svg", errore="^7 records")
-        percorsi = re.findall(rb"<path stroke='rgb\( *31, +95, 168\)' +d='([^']*)'", banco.leggi(f"{nome}.svg"))
-        pezzi[nome] = sum(percorso.count(b"M") for percorso in percorsi)
+        pezzi[nome] = quanti(f"{nome}.svg")
     banco.pretendi(pezzi["whole"] > 0 and pezzi["broken"] == pezzi["whole"] + 1, f"pieces of the line: {pezzi}")
+    # The kart loses its fix once: its GPS speed is broken there, its wheel speed is not.
+    for nome in ("Wheel Speed", "GPS Speed"):
+        banco.kelfun("record", "c", "s", "--time", "u32ms", "--plot", "speed.svg", "--only", nome, errore="^208 records")
+        pezzi[nome] = quanti("speed.svg")
+    banco.kelfun("ubx", "lap.ubx", "--plot", "speed.svg", errore="^208 solutions")
+    pezzi["capture"] = quanti("speed.svg")
+    banco.pretendi(pezzi["Wheel Speed"] > 0 and pezzi["GPS Speed"] == pezzi["capture"] == pezzi["Wheel Speed"] + 1,
+                   f"pieces of the lines: {pezzi}")
 
 
 def ostili(banco):

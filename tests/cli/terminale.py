@@ -1,21 +1,29 @@
 #!/usr/bin/env python3
-"""What kelfun shows on a terminal: colours, and where it leaves them out."""
+"""What kelfun shows on a terminal: colours, the progress line and charts, and where it leaves them out."""
+import fcntl
 import os
 import pty
+import struct
+import subprocess
 import sys
 import tempfile
+import termios
+import time
 
 from programmi import Programmi, lettore
 
 ESC = "\x1b"
 
 
-def terminale(programmi, argomenti, ambiente, errori=False):
+def terminale(programmi, argomenti, ambiente, errori=False, misura=None):
     """What a run writes to a terminal that is its standard output, or its standard error; the other goes to a file."""
     with tempfile.TemporaryFile() as altro:
         figlio, padrone = pty.fork()
         if figlio == 0:
             os.dup2(altro.fileno(), 1 if errori else 2)
+            os.chdir(programmi.cartella.name)
+            if misura:
+                misura(0)
             comando = programmi.emulatore + [programmi.programmi["kelfun"], *argomenti]
             tutto = {**programmi.ambiente, **ambiente}
             os.execvpe(comando[0], comando, {nome: valore for nome, valore in tutto.items() if valore is not None})
@@ -31,6 +39,57 @@ def terminale(programmi, argomenti, ambiente, errori=False):
         os.close(padrone)
         os.waitpid(figlio, 0)
         return visto.decode("latin-1")
+
+
+def lento(programmi, opzioni, ambiente):
+    """Standard error, a terminal, of a run whose standard input comes in two pieces with more than two seconds between."""
+    cattura = programmi.esegui("kelsim", ["--laps", "1", "--rate", "1", "-"])[1]
+    padrone, schiavo = pty.openpty()
+    comando = programmi.emulatore + [programmi.programmi["kelfun"], "ubx", "-", *opzioni]
+    processo = subprocess.Popen(comando, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=schiavo,
+                                cwd=programmi.cartella.name, env={**programmi.ambiente, **ambiente})
+    os.close(schiavo)
+    processo.stdin.write(cattura[:4000])
+    processo.stdin.flush()
+    # The first piece's rows are shown before the second is waited for: from then on the clock runs.
+    primo = processo.stdout.read1(65536)
+    time.sleep(2.5)
+    processo.stdin.write(cattura[4000:])
+    processo.stdin.close()
+    processo.stdout.read()
+    processo.wait()
+    visto = b""
+    while True:
+        try:
+            pezzo = os.read(padrone, 65536)
+        except OSError:
+            break
+        visto += pezzo
+    os.close(padrone)
+    return visto.decode("latin-1") if primo else "no row before the second piece"
+
+
+def avanzamento(programmi, xterm):
+    """The progress line; gives the faults."""
+    visto = lento(programmi, ["--csv"], xterm)
+    if "\r12.3 kB\033[K" not in visto or "\r\033[K52 solutions" not in visto:
+        yield f"a long reading shows its progress, and erases it before the summary: {visto!r}"
+    visto = lento(programmi, ["--csv"], {"TERM": "dumb"})
+    if ESC in visto or not visto.startswith("52 solutions"):
+        yield f"a dumb terminal gets no progress line: {visto!r}"
+    visto = terminale(programmi, ["ubx", "lap.ubx", "--csv"], xterm, True)
+    if ESC in visto or not visto.startswith("52 solutions"):
+        yield f"a short reading shows no progress: {visto!r}"
+
+
+def grafico(programmi, xterm):
+    """A chart is as large as its terminal; gives the faults."""
+    for colonne, righe in ((100, 30), (60, 15)):
+        def misura(fd, righe=righe, colonne=colonne):
+            fcntl.ioctl(fd, termios.TIOCSWINSZ, struct.pack("HHHH", righe, colonne, 0, 0))
+        visto = terminale(programmi, ["ubx", "lap.ubx", "--plot", "-"], xterm, misura=misura).splitlines()
+        if len(visto) not in range(righe - 3, righe) or max(map(len, visto)) > colonne or max(map(len, visto)) < colonne * 9 // 10:
+            yield f"a chart on {colonne} by {righe}: {len(visto)} lines of up to {max(map(len, visto))}"
 
 
 def main():
@@ -57,7 +116,11 @@ def main():
         if (ESC in visto) != colori or not visto.strip():
             print(f"{perche}: {visto!r}")
             rotti += 1
-    print(f"{len(casi)} runs on a terminal, {rotti} faults")
+    programmi.esegui("kelsim", ["--laps", "1", "--rate", "1", "lap.ubx"])
+    for difetto in [*avanzamento(programmi, xterm), *grafico(programmi, xterm)]:
+        print(difetto)
+        rotti += 1
+    print(f"{len(casi)} runs on a terminal for their colours, {rotti} faults")
     return 1 if rotti else 0
 
 

@@ -15,11 +15,15 @@ std::string variabile(const char* nome) {
 
 }  // namespace
 
+bool capisceComandi(std::FILE* file) {
+    const std::string terminale = variabile("TERM");
+    return !terminale.empty() && terminale != "dumb" && ::isatty(::fileno(file)) == 1;
+}
+
 bool ammetteColori(std::string_view quando, std::FILE* file) {
     if (quando == "always" || quando == "never")
         return quando == "always";
-    const std::string terminale = variabile("TERM");
-    return variabile("NO_COLOR").empty() && !terminale.empty() && terminale != "dumb" && ::isatty(::fileno(file)) == 1;
+    return variabile("NO_COLOR").empty() && capisceComandi(file);
 }
 
 }  // namespace kel::strumento

@@ -1,4 +1,4 @@
-// Whether what a stream shows may be coloured.
+// What a stream may be sent besides its characters.
 #ifndef KELFUN_COLORE_H
 #define KELFUN_COLORE_H
 
@@ -6,6 +6,9 @@
 #include <string_view>
 
 namespace kel::strumento {
+
+/// Whether it is a terminal that understands more than characters: not where TERM is "dumb" or not set.
+bool capisceComandi(std::FILE* file);
 
 /// "always", "never", or anything else: a terminal that can show colours, unless NO_COLOR is set and not empty. Only
 /// "always" overrides that variable.

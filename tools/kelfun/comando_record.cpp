@@ -137,6 +137,7 @@ void esegui(const Argomenti& argomenti) {
     const std::vector<s_kel_canale> canali = leggiFileCanali(argomenti);
     std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
     Ingresso ingresso(argomenti.campioni);
+    ingresso.mostraAvanzamento(!destinazione);
     LettoreRecord lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); },
                           dimensioneRecord(canali), tempo.orario());
     if (destinazione) {

@@ -92,6 +92,7 @@ void esegui(const Argomenti& argomenti) {
     if (argomenti.grafico)
         destinazione.emplace(*argomenti.grafico);
     Ingresso ingresso(argomenti.file);
+    ingresso.mostraAvanzamento(!destinazione);
     LettoreUbx lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
 
     Riassunto riassunto;

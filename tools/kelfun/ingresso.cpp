@@ -1,11 +1,14 @@
 #include "ingresso.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 
+#include "colore.h"
 #include "errori.h"
 
 namespace kel::strumento {
@@ -22,14 +25,34 @@ Ingresso::~Ingresso() {
         ::close(fd_);
 }
 
+void Ingresso::mostraAvanzamento(bool con_righe) {
+    if (!capisceComandi(stderr) || (con_righe && ::isatty(STDOUT_FILENO) == 1))
+        return;
+    std::optional<std::uint64_t> totale;
+    struct stat stato {};
+    if (fd_ != STDIN_FILENO && ::fstat(fd_, &stato) == 0 && S_ISREG(stato.st_mode))
+        totale = static_cast<std::uint64_t>(stato.st_size);
+    avanzamento_.emplace(
+        totale,
+        [] { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); },
+        [](std::string_view testo) { std::fwrite(testo.data(), 1, testo.size(), stderr); });
+}
+
 std::size_t Ingresso::leggi(std::uint8_t* byte, std::size_t quanti) {
     std::fflush(stdout);  // a receiver may take its time
     for (;;) {
         const ssize_t letti = ::read(fd_, byte, quanti);
-        if (letti >= 0)
-            return static_cast<std::size_t>(letti);
-        if (errno != EINTR)
-            throw NonTrovato("cannot read '" + nome_ + "': " + std::strerror(errno));
+        const int errore = errno;
+        if (letti < 0 && errore == EINTR)
+            continue;
+        if (letti <= 0)
+            avanzamento_.reset();  // the line goes before anything else is said
+        if (letti < 0)
+            throw NonTrovato("cannot read '" + nome_ + "': " + std::strerror(errore));
+        letti_ += static_cast<std::uint64_t>(letti);
+        if (avanzamento_)
+            avanzamento_->letti(letti_);
+        return static_cast<std::size_t>(letti);
     }
 }
 

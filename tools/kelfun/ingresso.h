@@ -4,7 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
+
+#include "avanzamento.h"
 
 namespace kel::strumento {
 
@@ -21,6 +24,10 @@ public:
     /// @throws NonTrovato  when they cannot be read.
     std::size_t leggi(std::uint8_t* byte, std::size_t quanti);
 
+    /// Shows on standard error how far the reading has come, if that is a terminal.
+    /// @param con_righe  what is read is printed row by row: on a terminal the rows say how far it has come.
+    void mostraAvanzamento(bool con_righe);
+
     /// As many of so many bytes as there are before the end.
     std::size_t leggiTutti(std::uint8_t* byte, std::size_t quanti);
 
@@ -30,6 +37,8 @@ public:
 private:
     std::string nome_;
     int fd_;
+    std::uint64_t letti_ = 0;
+    std::optional<Avanzamento> avanzamento_;
 };
 
 }  // namespace kel::strumento

@@ -1,0 +1,97 @@
+// The line that tells how far the reading has come, by a clock that the tests set.
+#include "avanzamento.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using namespace kel::strumento;
+
+class ProgressLine : public testing::Test {
+protected:
+    Avanzamento avanzamento(std::optional<std::uint64_t> totale) {
+        return {totale, [this] { return adesso; }, [this](std::string_view testo) { visto += testo; }};
+    }
+
+    double adesso = 1000;
+    std::string visto;
+};
+
+TEST_F(ProgressLine, DoesNotAppearInTheFirstTwoSeconds) {
+    {
+        Avanzamento una = avanzamento(1000000);
+        adesso += 1.99;
+        una.letti(500000);
+    }
+    EXPECT_EQ(visto, "") << "nothing was shown, and nothing is there to erase";
+}
+
+TEST_F(ProgressLine, TellsBytesPercentAndTimeLeft) {
+    Avanzamento una = avanzamento(50000000);
+    adesso += 2;
+    una.letti(10000000);
+    EXPECT_EQ(visto, "\r10.0 MB of 50.0 MB, 20%, 0:08 left\033[K");
+}
+
+TEST_F(ProgressLine, TellsBytesAloneWhereTheEndIsNotKnown) {
+    Avanzamento una = avanzamento(std::nullopt);
+    adesso += 3;
+    una.letti(1234);
+    EXPECT_EQ(visto, "\r1.2 kB\033[K");
+}
+
+TEST_F(ProgressLine, IsWrittenAFewTimesASecond) {
+    Avanzamento una = avanzamento(std::nullopt);
+    adesso += 2;
+    una.letti(1);
+    adesso += 0.19;
+    una.letti(2);
+    EXPECT_EQ(visto, "\r1 B\033[K");
+    adesso += 0.02;
+    una.letti(999);
+    EXPECT_EQ(visto, "\r1 B\033[K\r999 B\033[K");
+}
+
+TEST_F(ProgressLine, IsErasedOnceAtTheEnd) {
+    {
+        Avanzamento una = avanzamento(2000);
+        adesso += 2;
+        una.letti(1000);
+        visto.clear();
+        una.fine();
+        una.fine();
+    }
+    EXPECT_EQ(visto, "\r\033[K");
+}
+
+TEST_F(ProgressLine, IsErasedWhenTheReadingIsGivenUp) {
+    {
+        Avanzamento una = avanzamento(2000);
+        adesso += 2;
+        una.letti(1000);
+        visto.clear();
+    }
+    EXPECT_EQ(visto, "\r\033[K");
+}
+
+TEST_F(ProgressLine, BearsAFileThatGrowsAndOneThatIsEmpty) {
+    Avanzamento cresciuta = avanzamento(1000);
+    Avanzamento vuota = avanzamento(0);
+    adesso += 200;
+    cresciuta.letti(3000);
+    EXPECT_EQ(visto, "\r3.0 kB of 1.0 kB, 100%, 0:00 left\033[K");
+    visto.clear();
+    vuota.letti(3000000000000000);
+    EXPECT_EQ(visto, "\r3000.0 TB\033[K");
+}
+
+TEST_F(ProgressLine, CountsLongWaitsInMinutes) {
+    Avanzamento una = avanzamento(1000000000000);
+    adesso += 61;
+    una.letti(10000000000);
+    EXPECT_EQ(visto, "\r10.0 GB of 1.0 TB, 1%, 100:39 left\033[K");
+}
+
+}  // namespace
