@@ -74,7 +74,7 @@ void corrispondenze(unsigned parte, Conta& conta) {
 
 std::vector<Spazio> spaziCanali() {
     return {{"matching", "requests with every field empty, equal or other, in sets of three channels",
-             static_cast<unsigned>(canaliProvati().size()), 4, corrispondenze}};
+             static_cast<unsigned>(canaliProvati().size()), 1, corrispondenze}};
 }
 
 }  // namespace esaustivo

@@ -74,7 +74,7 @@ private:
                 secondi_tutti += esito->second.secondi;
                 parti_tutte += 1;
             }
-            if (!esiti.empty() && media.count(compito.spazio->nome) == 0) {
+            if (!esiti.empty() && !media.contains(compito.spazio->nome)) {
                 double somma = 0;
                 for (const auto& [parte, uno] : esiti)
                     somma += uno.secondi;
@@ -120,7 +120,7 @@ private:
 void corri(const std::vector<Compito>& compiti, Risultati& risultati, unsigned lavoratori, std::size_t da_mostrare) {
     std::vector<Compito> da_fare;
     for (const Compito& compito : compiti)
-        if (risultati.di(compito.spazio->nome).count(compito.parte) == 0)
+        if (!risultati.di(compito.spazio->nome).contains(compito.parte))
             da_fare.push_back(compito);
     if (!da_fare.empty())
         Corsa(std::move(da_fare), risultati, lavoratori, da_mostrare).corri();

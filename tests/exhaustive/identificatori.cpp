@@ -39,7 +39,7 @@ public:
             metti(riga.fid);
     }
 
-    bool ha(Fid fid) const { return bassi_[fid % kGrandezzeOggettiPosizioni] && interi_.count(fid) != 0; }
+    bool ha(Fid fid) const { return bassi_[fid % kGrandezzeOggettiPosizioni] && interi_.contains(fid); }
 
 private:
     void metti(Fid fid) {

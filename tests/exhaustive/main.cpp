@@ -2,17 +2,18 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
+#include <exception>
 #include <string>
 #include <thread>
 
 #include "exhaustive/corsa.h"
+#include "exhaustive/resoconto.h"
 #include "exhaustive/risultati.h"
 #include "exhaustive/spazio.h"
 
 namespace {
 
 using esaustivo::Compito;
-using esaustivo::Esito;
 using esaustivo::Risultati;
 using esaustivo::Spazio;
 
@@ -25,6 +26,7 @@ struct Opzioni {
     bool assaggio = false;
     bool elenca = false;
     bool ctest = false;
+    bool markdown = false;
     bool daCapo = false;
 };
 
@@ -79,36 +81,6 @@ void elencaPerCtest(const std::vector<Spazio>& spazi, const char* programma) {
     }
 }
 
-// The results of the parts asked for; returns the number of differences.
-std::uint64_t riferisci(const std::vector<Spazio>& spazi, const std::vector<Compito>& compiti, Risultati& risultati,
-                        std::size_t da_mostrare) {
-    std::uint64_t differenze = 0;
-    std::printf("%-16s %10s %18s %10s %12s  %s\n", "SPACE", "PARTS", "CASES", "SECONDS", "DIFFERENCES", "HASH");
-    for (const Spazio& spazio : spazi) {
-        Esito somma;
-        unsigned parti = 0;
-        for (const Compito& compito : compiti) {
-            if (compito.spazio->nome != spazio.nome)
-                continue;
-            const Esito& esito = risultati.di(spazio.nome).at(compito.parte);
-            parti += 1;
-            somma.casi += esito.casi;
-            somma.secondi += esito.secondi;
-            somma.differenze += esito.differenze;
-            somma.impronta = esaustivo::mescola(somma.impronta, esito.impronta);
-            somma.prime.insert(somma.prime.end(), esito.prime.begin(), esito.prime.end());
-        }
-        const std::string frazione = std::to_string(parti) + "/" + std::to_string(spazio.parti);
-        std::printf("%-16s %10s %18llu %10.1f %12llu  %016llx\n", spazio.nome.c_str(), frazione.c_str(),
-                    static_cast<unsigned long long>(somma.casi), somma.secondi,
-                    static_cast<unsigned long long>(somma.differenze), static_cast<unsigned long long>(somma.impronta));
-        for (std::size_t i = 0; i < somma.prime.size() && i < da_mostrare; i++)
-            std::printf("    %s\n", somma.prime[i].c_str());
-        differenze += somma.differenze;
-    }
-    return differenze;
-}
-
 int prova(const Opzioni& opzioni, const char* programma) {
     const std::vector<Spazio> tutti = esaustivo::tuttiGliSpazi();
     const std::vector<Spazio> spazi = scegli(tutti, opzioni.nomi);
@@ -128,12 +100,13 @@ int prova(const Opzioni& opzioni, const char* programma) {
                 compiti.push_back({&spazio, parte});
     Risultati risultati(opzioni.cartella, spazi, opzioni.daCapo);
     esaustivo::corri(compiti, risultati, std::max(1U, opzioni.lavoratori), opzioni.da_mostrare);
-    return riferisci(spazi, compiti, risultati, opzioni.da_mostrare) == 0 ? 0 : 1;
+    const std::uint64_t differenze = opzioni.markdown
+                                         ? esaustivo::riferisciMarkdown(spazi, compiti, risultati)
+                                         : esaustivo::riferisci(spazi, compiti, risultati, opzioni.da_mostrare);
+    return differenze == 0 ? 0 : 1;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int esegui(int argc, char** argv) {
     CLI::App app{"Compares the library with a plain model over whole spaces of inputs: exit 1 when they differ."};
     Opzioni opzioni;
     app.add_option("SPACE", opzioni.nomi, "Spaces to walk; all without any");
@@ -144,11 +117,23 @@ int main(int argc, char** argv) {
     app.add_flag("--fresh", opzioni.daCapo, "Forget the results that are kept");
     app.add_option("--differences", opzioni.da_mostrare, "Differences to show of each space")->capture_default_str();
     app.add_flag("--list", opzioni.elenca, "List the spaces");
+    app.add_flag("--markdown", opzioni.markdown, "Report as a table of Markdown, without the differences themselves");
     app.add_flag("--ctest", opzioni.ctest, "List them as tests of ctest");
     try {
         app.parse(argc, argv);
         return prova(opzioni, argv[0]);
     } catch (const CLI::ParseError& errore) {
         return app.exit(errore) == 0 ? 0 : 2;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return esegui(argc, argv);
+    } catch (const std::exception& errore) {
+        std::fprintf(stderr, "%s\n", errore.what());
+        return 2;
     }
 }

@@ -54,7 +54,7 @@ std::vector<float> valoriScelti() {
     for (int i = 0; i < 1500; i++) {
         caso = caso * 1664525U + 1013904223U;
         conVicini(valori, static_cast<double>(std::bit_cast<float>(caso)), 0);
-        conVicini(valori, caso / 65536 / std::pow(10.0, i % 5), 0);
+        conVicini(valori, static_cast<double>(caso >> 16) / std::pow(10.0, i % 5), 0);
     }
     return valori;
 }

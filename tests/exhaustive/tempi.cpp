@@ -46,7 +46,8 @@ void testi(unsigned parte, Conta& conta) {
         }
         const std::string testo = CLaptimeAndStrings::LapTimeToStringa(t);
         conta.testi(testo, atteso, [&] { return std::to_string(t); });
-        conta.numeri(CLaptimeAndStrings::StringaToLapTime(testo), riletto, [&] { return testo; });
+        conta.numeri(CLaptimeAndStrings::StringaToLapTime(testo), riletto,
+                     [&]() -> const std::string& { return testo; });
     });
 }
 

@@ -45,7 +45,7 @@ bool testoDiUnita(const std::string& testo) {
                 testi.insert(riga.testo);
         return testi;
     }();
-    return tutti.count(testo) != 0;
+    return tutti.contains(testo);
 }
 
 // Decimals and unit row. A text of no unit table is answered like any other such text.

@@ -76,7 +76,7 @@ std::string composizioneLunga(Fid fid, bool tutti) {
 }  // namespace
 
 std::string nomeLungoComposto(Fid fid, bool tutti) {
-    const std::string nome = composizioneLunga(fid, tutti);
+    std::string nome = composizioneLunga(fid, tutti);
     const std::size_t ultimo = nome.find_last_not_of(' ');
     if (ultimo == std::string::npos)
         return nome;

@@ -82,7 +82,7 @@ std::string senzaZeri(const std::string& testo, bool negativo, unsigned formato)
         zeri += 1;
     if (zeri == 0)
         return testo;
-    const std::string numero = (negativo ? "-" : "") + testo.substr(zeri);
+    std::string numero = (negativo ? "-" : "") + testo.substr(zeri);
     const std::string vuoto(testo.size() - numero.size(), ' ');
     if (formato == 1)
         return numero + vuoto;
