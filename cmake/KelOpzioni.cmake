@@ -28,3 +28,5 @@ target_link_libraries(kel_opzioni_contorno INTERFACE kel_opzioni)
 if(KEL_QUICK_TESTS)
   target_compile_options(kel_opzioni_contorno INTERFACE -O0)
 endif()
+
+option(KEL_FUZZ "Build the fuzzers of tests/fuzz as such, not only what runs their kept inputs" OFF)

@@ -1,0 +1,147 @@
+#include "caso.h"
+
+#include <iterator>
+
+namespace digest {
+
+namespace {
+
+constexpr std::uint32_t kFine = 32;  // quantity of the row that ends a table
+
+void copia(char* dove, std::size_t spazio, const char* testo) {
+    std::size_t i = 0;
+    for (; i + 1 < spazio && testo[i] != '\0'; i++)
+        dove[i] = testo[i];
+    dove[i] = '\0';
+}
+
+std::size_t lunghezza(const char* testo) {
+    std::size_t n = 0;
+    while (testo[n] != '\0')
+        n++;
+    return n;
+}
+
+}  // namespace
+
+std::uint32_t Caso::bitReale() {
+    if (uno_su(4))
+        return u32();
+    // Sign, an exponent round that of 1, any fraction.
+    const std::uint32_t resto = u32() & 0x807FFFFFU;
+    return resto | (107U + sotto(50)) << 23;
+}
+
+kel_funpos Caso::pacchetto() {
+    constexpr kel_funpos noti[] = {0x1A, 0x9A, 0x809A, 0x1009A, 0x11A, 0x19A, 0x819A, 0x1019A, 0x21A};
+    return noti[sotto(std::size(noti))];
+}
+
+kel_funpos Caso::sottocampo() {
+    const s_sottocampo* tabella = nullptr;
+    while (tabella == nullptr) {
+        const std::uint32_t dettagli = 1 + sotto(3);
+        tabella = search_sottocampi_struct(dettagli, sotto(3));
+    }
+    std::uint32_t righe = 0;
+    while ((tabella[righe].fid & 0x7F) != kFine)
+        righe++;
+    return tabella[sotto(righe + 1)].fid;
+}
+
+kel_funpos Caso::fid() {
+    switch (sotto(8)) {
+        case 0:
+            return u32();
+        case 1:
+            return funz_ZumikoCam_base[sotto(std::size(funz_ZumikoCam_base))].fid;
+        case 2:
+            return funz_ZumikoCam_estese[sotto(std::size(funz_ZumikoCam_estese))].fid;
+        case 3:
+            return funz_Kel[sotto(std::size(funz_Kel))].fid;
+        case 4:
+            return pacchetto();
+        case 5:
+            return sottocampo();
+        default: {
+            const kel_funpos chiave = uib_grandezza_fisica_uiv[sotto(std::size(uib_grandezza_fisica_uiv))].chiave;
+            const kel_funpos lati = uno_su(2) ? u32() & 0x3FF00000U : 0;
+            return (chiave & 0x7FFF) | (uno_su(2) ? sotto(32) << 15 : 0) | lati;
+        }
+    }
+}
+
+void Caso::campione(std::span<unsigned char> byte) {
+    const std::uint32_t come = sotto(6);
+    for (std::size_t i = 0; i < byte.size(); i++)
+        byte[i] = come == 0 ? (i % 2 == 0 ? 0xFF : 0x7F) : come == 1 ? 0 : u8();
+    if (come == 1 && !byte.empty()) {
+        const std::uint8_t uno = u8();
+        byte[sotto(static_cast<std::uint32_t>(byte.size()))] = uno;
+    }
+    // Numbers that a text shows, in every place where one may lie.
+    if (come < 4)
+        return;
+    for (std::size_t i = 0; i + 4 <= byte.size(); i += 4) {
+        const std::uint32_t numero = come == 4 ? bitReale() : (uno_su(2) ? 0U - grandezze() : grandezze());
+        for (std::size_t k = 0; k < 4; k++)
+            byte[i + k] = static_cast<unsigned char>(numero >> (8 * k));
+    }
+}
+
+const char* Caso::testoDiTabella() {
+    switch (sotto(7)) {
+        case 0:
+            return funz_ZumikoCam_base[sotto(std::size(funz_ZumikoCam_base))].id;
+        case 1:
+            return funz_ZumikoCam_estese[sotto(std::size(funz_ZumikoCam_estese))].id;
+        case 2:
+            return funz_Kel[sotto(std::size(funz_Kel))].id;
+        case 3:
+            return udm_codici[sotto(std::size(udm_codici))].testo;
+        case 4:
+            return grandezza_fisica_FunzKel[sotto(std::size(grandezza_fisica_FunzKel))].xml;
+        case 5:
+            return oggetto_misurato_FunzKel[sotto(std::size(oggetto_misurato_FunzKel))].xml;
+        default:
+            return posizione_FunzKel[sotto(std::size(posizione_FunzKel))].xml;
+    }
+}
+
+void Caso::testo(char* dove, std::size_t spazio) {
+    if (uno_su(4)) {
+        const std::size_t n = sotto(static_cast<std::uint32_t>(spazio));
+        for (std::size_t i = 0; i < n; i++)
+            dove[i] = static_cast<char>(1 + sotto(255));
+        dove[n] = '\0';
+        return;
+    }
+    copia(dove, spazio, testoDiTabella());
+    const std::size_t n = lunghezza(dove);
+    if (n != 0 && uno_su(4)) {
+        const auto altro = static_cast<char>(' ' + sotto(95));
+        dove[sotto(static_cast<std::uint32_t>(n))] = altro;
+    }
+}
+
+void Caso::unita(kel_funpos fid, char* dove, std::size_t spazio) {
+    const s_grandezza_fisica_uiv* riga = kelFunGetUIVs(uno_su(4) ? this->fid() : fid);
+    if (riga == nullptr || riga->num_udm < 1 || uno_su(8))
+        return testo(dove, spazio);
+    copia(dove, spazio, riga->udm[sotto(static_cast<std::uint32_t>(riga->num_udm))].dati.udm);
+}
+
+void Caso::tempo(char* dove, std::size_t spazio) {
+    constexpr char caratteri[] = "0123456789012345678901234567890123456789:::...  +-\t\nxabe";
+    const std::size_t n = sotto(static_cast<std::uint32_t>(spazio));
+    for (std::size_t i = 0; i < n; i++)
+        dove[i] = caratteri[sotto(sizeof caratteri - 1)];
+    // As a time is written.
+    if (n >= 8 && uno_su(2)) {
+        dove[1] = ':';
+        dove[4] = '.';
+    }
+    dove[n] = '\0';
+}
+
+}  // namespace digest

@@ -1,0 +1,167 @@
+// Converters: any channel record, any function, any unit and any look, on samples of any bytes.
+//
+// Proves that no read touches a byte beside the sample, that values and texts are those of the model whatever the bytes
+// are, that the text ends inside its 32 bytes, and that flat and object face agree. The sample ends at a page that may
+// not be touched, then begins right behind one.
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "CConverter.h"
+#include "bersaglio.h"
+#include "comune/recinto.h"
+#include "exhaustive/lettore.h"
+#include "ingredienti.h"
+#include "model/campi.h"
+
+namespace {
+
+using esaustivo::Lettore;
+using fuzz::Ingredienti;
+using fuzz::pretendi;
+
+constexpr std::array<modello::Fid, 12> kFunzioni = {0x1A,   0x9A,    0x809A, 0x1009A, 0x11A, 0x19A,
+                                                    0x819A, 0x1019A, 0x1F,   0x606,   0xF,   0x10};
+
+modello::Fid funzioneCanale(Ingredienti& da) {
+    const std::size_t quale = da.scelta(kFunzioni.size() + 1);
+    return quale < kFunzioni.size() ? kFunzioni.at(quale) : da.u32();
+}
+
+// The channel's own function, one of its packet's subfields, or any.
+modello::Fid funzione(Ingredienti& da, modello::Fid canale) {
+    std::list<kel_funpos> interne;
+    CConverter::getAllInnerFunpos(canale, interne);
+    const std::size_t quale = da.scelta(interne.size() + 2);
+    if (quale < interne.size())
+        return *std::next(interne.begin(), static_cast<std::ptrdiff_t>(quale));
+    return quale == interne.size() ? canale : da.u32();
+}
+
+modello::RigaUdm unita(Ingredienti& da) {
+    static const std::vector<modello::RigaUdm> righe = [] {
+        std::vector<modello::RigaUdm> tutte;
+        for (const auto& [nome, tabella] : modello::tabelle().udm)
+            tutte.insert(tutte.end(), tabella.begin(), tabella.end());
+        return tutte;
+    }();
+    const std::size_t quale = da.scelta(righe.size() + 1);
+    if (quale < righe.size())
+        return righe.at(quale);
+    modello::RigaUdm riga = righe.front();
+    riga.offset = da.reale();
+    riga.gain = da.reale();
+    riga.reciproco = static_cast<int>(da.scelta(2));
+    return riga;
+}
+
+modello::Aspetto aspetto(Ingredienti& da) {
+    modello::Aspetto come;
+    const unsigned larghezza = da.u8();
+    come.larghezza = larghezza < 250 ? larghezza % 50 : da.u32() >> 1;
+    const unsigned decimali = da.u8();
+    come.decimali = decimali < 250 ? decimali % 5 : da.u32();
+    // A text has 31 characters at most: what automatic decimals do of a width far beyond is nobody's business.
+    come.auto_decimali = static_cast<unsigned>(da.scelta(2)) & (come.larghezza <= 50 ? 1U : 0U);
+    come.formato = static_cast<unsigned>(da.scelta(4));
+    return come;
+}
+
+// Bytes that the reads of a function of a channel may touch: the whole packet where one of its subfields is asked for,
+// else one sample.
+std::size_t dimensione(const modello::Canale& canale, modello::Fid fid) {
+    const bool pacchetto = modello::grandezza(canale.fid) == FID_PHI_PACKAGE && canale.fid != fid;
+    if (pacchetto && search_sottocampi_struct(modello::oggetto(canale.fid), modello::posizione(canale.fid)) != nullptr)
+        switch (modello::oggetto(canale.fid)) {
+            case FID_DETTAGLI_LAPTIME:
+                return kelFunGetSamplSize(modello::posizione(canale.fid) == 1 ? KEL_TIPO_LAP_1G : KEL_TIPO_LAP_2G);
+            case FID_DETTAGLI_DATETIME:
+                return kelFunGetSamplSize(KEL_TIPO_DATA_ORA);
+            default:
+                return kelFunGetSamplSize(modello::posizione(canale.fid) == 1 ? KEL_TIPO_GPS_NAVSOL : KEL_TIPO_GPS_KEL);
+        }
+    return kelFunGetSamplSize(canale.tipo);
+}
+
+bool uguali(float uno, float altro) {
+    return std::bit_cast<std::uint32_t>(uno) == std::bit_cast<std::uint32_t>(altro) ||
+           (std::isnan(uno) && std::isnan(altro));
+}
+
+void leggi(Lettore& lettore, const unsigned char* buffer) {
+    float valore = -77;
+    const bool riuscito = kelConvGetValFloat(&lettore.libreria, buffer, &valore) == 1;
+    const float atteso = lettore.modello.haValore() ? lettore.modello.valore(buffer).valore : 0.0F;
+    pretendi(riuscito == lettore.modello.haValore(), "there is a value where the model has one");
+    pretendi(uguali(valore, atteso), "the value is the model's",
+             [&] { return std::to_string(valore) + ", not " + std::to_string(atteso); });
+    const std::string testo(lettore.testoLibreria(buffer));
+    const std::string aspettato = lettore.modello.testo(buffer);
+    pretendi(testo.size() < 32, "the text ends inside its 32 bytes");
+    pretendi(testo == aspettato, "the text is the model's", [&] { return "'" + testo + "', not '" + aspettato + "'"; });
+    pretendi(lettore.libreria.decimali == lettore.modello.aspetto.decimali, "the decimals chosen are the model's");
+}
+
+// The object face, which has no automatic decimals and no bit fields, on the same sample.
+void leggiOggetto(const s_kel_canale& canale, modello::Fid fid, const Lettore& lettore, bool in_testa,
+                  const unsigned char* buffer) {
+    s_kel_converter conv{};
+    conv.larghezza = lettore.libreria.larghezza;
+    conv.decimali = lettore.libreria.decimali;
+    conv.formato = lettore.libreria.formato;
+    kelConvInit(&conv, &canale, fid, &lettore.dati, 0, 0, in_testa ? 1 : 0);
+    float valore = -77;
+    char testo[32];
+    const bool riuscito = kelConvGetValFloat(&conv, buffer, &valore) == 1;
+    const bool scritto = kelConvGetString(&conv, buffer, testo) == 1;
+
+    CConverter oggetto(&canale, fid, &lettore.dati, in_testa, conv.decimali, conv.formato, conv.larghezza);
+    float suo = -77;
+    std::string suo_testo = "before";
+    pretendi(oggetto.GetVal(buffer, &suo) == riuscito && uguali(suo, valore), "both faces read the same value");
+    pretendi(oggetto.GetString(buffer, suo_testo) == scritto, "both faces have a text");
+    if (scritto)
+        pretendi(suo_testo == std::string(testo) + '\0', "both faces write the same text");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quanti) {
+    static const kel_test::Recinto recinto;
+    pretendi(recinto.pronto(), "there is memory between two forbidden pages");
+
+    Ingredienti da(byte, quanti);
+    modello::Canale canale;
+    canale.fid = funzioneCanale(da);
+    const unsigned tipo = da.u8();
+    canale.tipo = tipo < 250 ? tipo % 27 : da.u32();
+    const modello::Fid fid = funzione(da, canale.fid);
+    const modello::RigaUdm riga = unita(da);
+    const modello::Aspetto come = aspetto(da);
+    const unsigned bit = da.u8();
+    const modello::Campo campo = {bit < 128 ? bit % 40 : da.u16(), bit < 128 ? da.u8() % 40U : da.u16(), 0};
+    const bool in_testa = da.scelta(2) == 0;
+    canale.offset = da.u16();
+
+    const std::size_t grande = dimensione(canale, fid);
+    std::vector<std::uint8_t> campione(grande);
+    std::ranges::copy(da.byte(grande), campione.begin());
+    const s_kel_canale record = esaustivo::canaleDi(canale);
+    for (unsigned char* posto : {recinto.InFondo(grande), recinto.InTesta()}) {
+        std::ranges::copy(campione, posto);
+        // A record of all samples begins before this one: where, only its address tells.
+        const unsigned char* buffer = in_testa ? posto : posto - canale.offset;
+        Lettore lettore(canale, fid, riga, campo, in_testa);
+        lettore.aspetto(come);
+        pretendi(kelConvGetOffset(&lettore.libreria) == lettore.modello.offset(), "the offset is the model's");
+        pretendi(kelConvGetConvData(&lettore.libreria) == &lettore.dati, "the unit is the one given");
+        leggi(lettore, buffer);
+        leggi(lettore, buffer);  // automatic decimals remember
+        leggiOggetto(record, fid, lettore, in_testa, buffer);
+    }
+    return 0;
+}

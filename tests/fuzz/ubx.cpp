@@ -1,0 +1,90 @@
+// kelfun's reader of u-blox streams, and the GPS solutions shown from it.
+//
+// Proves that the reader finds the messages that a plain reader finds, however the stream arrives, that every byte is
+// counted once, and that any solution can be shown.
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+#include "bersaglio.h"
+#include "flusso_ubx.h"
+#include "ingredienti.h"
+#include "navsol.h"
+
+namespace {
+
+using fuzz::pretendi;
+using kel::strumento::LettoreUbx;
+using kel::strumento::MessaggioUbx;
+using Byte = std::span<const std::uint8_t>;
+
+// The good message at the front of some bytes: bytes of its frame, 0 when there is none. RFC 1145 as it stands.
+std::size_t messaggioIn(Byte byte) {
+    if (byte.size() < 8 || byte[0] != 0xB5 || byte[1] != 0x62)
+        return 0;
+    const std::size_t corpo = 4U + byte[4] + 256U * byte[5];
+    if (byte.size() < corpo + 4)
+        return 0;
+    unsigned a = 0;
+    unsigned b = 0;
+    for (const std::uint8_t uno : byte.subspan(2, corpo)) {
+        a = (a + uno) % 256;
+        b = (b + a) % 256;
+    }
+    return byte[corpo + 2] == a && byte[corpo + 3] == b ? corpo + 4 : 0;
+}
+
+std::vector<MessaggioUbx> messaggiDi(Byte byte) {
+    std::vector<MessaggioUbx> trovati;
+    while (!byte.empty()) {
+        const std::size_t lungo = messaggioIn(byte);
+        if (lungo != 0)
+            trovati.push_back(
+                {byte[2], byte[3], {byte.begin() + 6, byte.begin() + static_cast<std::ptrdiff_t>(lungo) - 2}});
+        byte = byte.subspan(std::max<std::size_t>(lungo, 1));
+    }
+    return trovati;
+}
+
+void mostra(const kel::strumento::CanaleNavSol& canale, const MessaggioUbx& messaggio) {
+    if (messaggio.dati.size() != kel::strumento::NAV_SOL_BYTE)
+        return;
+    const Byte dati(messaggio.dati);
+    const auto soluzione = canale.leggi(dati.first<kel::strumento::NAV_SOL_BYTE>());
+    pretendi(std::isfinite(soluzione.velocita) && soluzione.velocita >= 0, "a speed is a number");
+    pretendi(soluzione.fix < 256 && soluzione.satelliti < 256, "fix and satellites are bytes");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quanti) {
+    static const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    static const kel::strumento::CanaleNavSol canale(*catalogo, "km/h", 1);
+
+    fuzz::Ingredienti da(byte, quanti);
+    const std::size_t pezzo = 1 + da.u8();  // what arrives at once
+    const Byte flusso = da.resto();
+    LettoreUbx lettore([resto = flusso, pezzo](std::uint8_t* dove, std::size_t spazio) mutable {
+        const auto arrivati = resto.first(std::min({spazio, pezzo, resto.size()}));
+        std::ranges::copy(arrivati, dove);
+        resto = resto.subspan(arrivati.size());
+        return arrivati.size();
+    });
+    MessaggioUbx messaggio;
+    std::size_t letti = 0;
+    const std::vector<MessaggioUbx> attesi = messaggiDi(flusso);
+    for (; lettore.prossimo(messaggio); letti++) {
+        pretendi(letti < attesi.size(), "there are no more messages than the plain reader's");
+        const MessaggioUbx& atteso = attesi[letti];
+        pretendi(messaggio.classe == atteso.classe && messaggio.id == atteso.id && messaggio.dati == atteso.dati,
+                 "the messages are the plain reader's");
+        mostra(canale, messaggio);
+    }
+    pretendi(letti == attesi.size(), "no message is lost");
+    const auto& conta = lettore.conteggi();
+    pretendi(conta.byte == flusso.size() && conta.byte == conta.byte_messaggi + conta.byte_fuori + conta.byte_troncati,
+             "every byte is counted once");
+    pretendi(conta.messaggi == letti, "the messages are counted");
+    return 0;
+}
