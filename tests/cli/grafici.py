@@ -78,6 +78,8 @@ def disegni(banco):
     png = banco.leggi("lap.png")
     banco.pretendi(png[:8] == b"\x89PNG\r\n\x1a\n" and struct.unpack(">I", png[16:20])[0] == 1280,
                    f"lap.png is no PNG of 1280 dots: {png[:24]!r}")
+    banco.kelfun("ubx", "lap.ubx", "--plot", "italian.svg", errore="^208 solutions", ambiente={"LC_ALL": "it_IT.UTF-8"})
+    banco.pretendi(banco.leggi("italian.svg") == banco.leggi("lap.svg"), "a decimal comma of the locale changes a picture")
     banco.kelfun("ubx", "-", "--plot", "again.svg", errore="^208 solutions", stdin=banco.leggi("lap.ubx"))
     banco.pretendi("Speed" in banco.testi("again.svg"), "no plot of standard input")
 
