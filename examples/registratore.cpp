@@ -3,7 +3,8 @@
 //     registratore [CHANNELS SAMPLES]
 //
 // The first file holds the channel records as they lie in memory, 112 bytes each; the second the records of samples, one
-// behind the other, of as many bytes as the channel set asks for. Whatever is needed to read the samples is in the first.
+// behind the other, of as many bytes as the channel set asks for. Whatever is needed to read the samples is in the first:
+// "kelfun record CHANNELS SAMPLES" shows the two as a table.
 #include <IFunzioni.h>
 
 #include <cstdint>
