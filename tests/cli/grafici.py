@@ -57,7 +57,7 @@ class Banco:
 
 def disegni(banco):
     banco.programmi.esegui("kelsim", ["--laps", "1", "--rate", "4", "--channels", "c", "--samples", "s", "lap.ubx"])
-    banco.kelfun("ubx", "lap.ubx", "--plot", "lap.svg", errore="^208 solutions")
+    banco.kelfun("ubx", "./lap.ubx", "--plot", "lap.svg", errore="^208 solutions")
     testi = banco.testi("lap.svg")
     for atteso in ("lap.ubx", "Speed", "km/h", "Satellites", "time, s", "Track by speed",
                    "east, m", "north, m"):

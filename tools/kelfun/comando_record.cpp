@@ -141,8 +141,8 @@ void esegui(const Argomenti& argomenti) {
     LettoreRecord lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); },
                           dimensioneRecord(canali), tempo.orario());
     if (destinazione) {
-        GraficoRecord grafico(*catalogo, canali, std::move(colonne),
-                              argomenti.campioni == "-" ? "" : argomenti.campioni, tempo.noto() ? "time, s" : "record");
+        GraficoRecord grafico(*catalogo, canali, std::move(colonne), titoloGrafico(argomenti.campioni),
+                              tempo.noto() ? "time, s" : "record");
         disegna(*destinazione, argomenti, tempo, grafico, lettore);
     } else {
         tabella(argomenti, tempo, colonne, lettore);

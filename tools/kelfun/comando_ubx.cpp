@@ -97,7 +97,7 @@ void esegui(const Argomenti& argomenti) {
 
     Riassunto riassunto;
     if (destinazione) {
-        GraficoSoluzioni grafico(argomenti.file == "-" ? "" : argomenti.file, udm);
+        GraficoSoluzioni grafico(titoloGrafico(argomenti.file), udm);
         riassunto = leggi(lettore, canale, [&grafico](const Soluzione& s) { grafico.aggiungi(s); });
         if (riassunto.soluzioni != 0)
             destinazione->disegna(grafico.grafico());

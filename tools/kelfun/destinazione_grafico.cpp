@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 
 #include "errori.h"
 #include "gnuplot.h"
@@ -40,6 +41,10 @@ void aggiungiGrafico(CLI::App& comando, std::optional<std::string>& file) {
     opzione->type_name("FILE");
     for (const char* forma : {"--json", "--ndjson", "--csv"})
         opzione->excludes(comando.get_option(forma));
+}
+
+std::string titoloGrafico(const std::string& file) {
+    return file == "-" ? "" : std::filesystem::path(file).filename().string();
 }
 
 DestinazioneGrafico::DestinazioneGrafico(const std::string& file) : file_(file), svg_(finisce(file, ".svg")) {

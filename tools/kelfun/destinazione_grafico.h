@@ -16,6 +16,9 @@ namespace kel::strumento {
 /// Adds --plot, in whose place no form of a table can be asked for.
 void aggiungiGrafico(CLI::App& comando, std::optional<std::string>& file);
 
+/// What a plot of a file is called: its name without its folder, nothing for standard input.
+std::string titoloGrafico(const std::string& file);
+
 class DestinazioneGrafico {
 public:
     /// @param file  a name that ends with .svg or .png, or "-".
