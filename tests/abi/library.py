@@ -190,6 +190,23 @@ def check_data(lib):
             yield f"linked with {flag}"
 
 
+def check_writable(lib):
+    """Nothing that a call could change: what can be written is what the compiler's start-up object brings."""
+    # DW.ref: how gcc's exception tables name the personality routine.
+    start_up = re.compile(r"completed\.\d+|__dso_handle|__TMC_END__|DW\.ref\.__gxx_personality_v0")
+    writable = {str(section[0]): name for name, section in lib.sections.items()
+                if "W" in section[4] and re.match(r"\.(data|bss|tdata|tbss)(?!\.rel\.ro)", name)}
+    for line in readelf("-s", lib.path).splitlines():
+        fields = line.split()
+        if len(fields) == 8 and fields[6] in writable and fields[3] in ("OBJECT", "TLS", "COMMON"):
+            if not start_up.fullmatch(fields[7]):
+                yield f"{fields[7]} ({fields[2]} bytes) is in {writable[fields[6]]}: it can be written"
+    for name in writable.values():
+        # Room for those, and for a constant that gcc for ARM copies a local variable from.
+        if lib.sections[name][3] > 5 * lib.word:
+            yield f"{name} has {lib.sections[name][3]} bytes, more than start-up code needs"
+
+
 def refresh(lib):
     old = stored_symbols() if SYMBOLS.exists() else {}
     rows = {}
