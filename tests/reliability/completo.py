@@ -10,6 +10,7 @@ SORGENTI = {
     "tests/digest/famiglie_flat.cpp": r'\{"(\w+)',
     "bench/conti/operazioni_flat.cpp": r'\{"(\w+)',
     "tests/converters/allocazioni_test.cpp": r"\b(\w+)\(",
+    "tests/abi/first-release/client.c": r"\b(\w+)\(",
 }
 
 
