@@ -85,3 +85,9 @@ test_preset() {
     shift
     (cd -- "$KEL_ROOT" && ctest --preset "$preset" -j "$KEL_JOBS" "$@")
 }
+
+# Where apt of this machine has its packages from: the source of a fresh root's base system, unless KEL_MIRROR names one.
+mirror() {
+    # shellcheck disable=SC2016  # apt-get expands its own words
+    echo "${KEL_MIRROR:-$(apt-get indextargets --format '$(CODENAME) $(REPO_URI)' | awk '$1 == "bookworm" { print $2; exit }')}"
+}
