@@ -29,7 +29,7 @@ struct Insieme {
     }
 
     s_kel_canale canali[kCanali + 1];
-    s_set_canali set;
+    s_set_canali set{};
 };
 
 kel_funpos richiesta(Caso& caso) {

@@ -49,13 +49,13 @@ void identificatori(const TestoEsatto& esatto) {
     const std::string id = esatto.str();
     IFunzioni& catalogo = esaustivo::catalogo();
     pretendi(kelFunGetFidDaID(esatto.c_str()) == modello::fidDaIdVecchio(id), "a legacy identifier",
-             [&] { return id; });
+             [&] { return "'" + id + "'"; });
     pretendi(catalogo.getFidDaID(id) == modello::fidDaId(id), "a legacy identifier, of the catalogue");
     const auto riga = modello::cameraDaId(id);
     const t_SFunzioneZumikoCam* attesa =
         !riga ? nullptr : (riga->estesa ? funz_ZumikoCam_estese : funz_ZumikoCam_base) + riga->riga;
     pretendi(kelFunGetFunVecchiaZumikoDaID(esatto.c_str()) == attesa, "the camera's row of a legacy identifier",
-             [&] { return id; });
+             [&] { return "'" + id + "'"; });
     pretendi(catalogo.getIdxPhi(id) == modello::valoreCampo("grandezza_fisica_FunzKel", id), "a quantity's XML name");
     pretendi(catalogo.getIdxObj(id) == modello::valoreCampo("oggetto_misurato_FunzKel", id), "an object's XML name");
     pretendi(catalogo.getIdxPos(id) == modello::valoreCampo("posizione_FunzKel", id), "a position's XML name");

@@ -17,7 +17,7 @@ using fuzz::pretendi;
 
 void leggi(const std::string& testo) {
     pretendi(CLaptimeAndStrings::StringaToLapTime(testo) == kel_test::ModelloLeggiTempo(testo),
-             "a time is read as a stream reads it", [&] { return testo; });
+             "a time is read as a stream reads it", [&] { return "'" + testo + "'"; });
     int numero = 12345;
     int tempo = 67890;
     bool corto = false;
@@ -34,17 +34,18 @@ void leggi(const std::string& testo) {
 void scrivi(int numero, int tempo) {
     const std::string testo = CLaptimeAndStrings::LapTimeToStringa(tempo);
     const std::string riga = CLaptimeAndStrings::LapNumAndTimeToStringa(numero, tempo);
-    pretendi(testo == kel_test::ModelloTempo(tempo), "a time is written as a stream writes it", [&] { return testo; });
+    pretendi(testo == kel_test::ModelloTempo(tempo), "a time is written as a stream writes it",
+             [&] { return "'" + testo + "'"; });
     pretendi(riga == kel_test::ModelloRiga(numero, tempo), "a line is written as a stream writes it");
     if (tempo >= 0)  // from an hour on the milliseconds are cut
         pretendi(CLaptimeAndStrings::StringaToLapTime(testo) == (tempo < 3600000 ? tempo : tempo / 1000 * 1000),
-                 "what was written reads back", [&] { return testo; });
+                 "what was written reads back", [&] { return "'" + testo + "'"; });
     if (numero >= 0 && numero <= 999) {
         int letto = -1;
         int tempo_letto = -1;
         CLaptimeAndStrings::StringaToLapNumAndTime(riga, letto, tempo_letto);
         pretendi(letto == numero && tempo_letto == CLaptimeAndStrings::StringaToLapTime(testo), "a line reads back",
-                 [&] { return riga; });
+                 [&] { return "'" + riga + "'"; });
     }
 }
 

@@ -250,6 +250,7 @@ TEST_P(OutOfMemory, ComesOutOfTheOperationAndLeavesNothingBehind) {
 
 std::vector<std::string> nomi() {
     std::vector<std::string> nomi;
+    nomi.reserve(operazioni.size());
     for (const auto& [nome, operazione] : operazioni)
         nomi.push_back(nome);
     return nomi;
