@@ -30,8 +30,8 @@ constexpr std::array<const char*, 64> kParole = {
     "--unit",     "--decimals", "--width",    "--type",    "--time",     "--rate",    "--only",    "--text",
     "--packed",   "--help",     "--version",  "--code",    "__complete", "-",         "--",        "0x10",
     "0x9A",       "speed",      "km/h",       "mph",       "bar",        "psi",       "100",       "-1",
-    "1e38",       "nan",        "1:23.456",   "GPS",       "wheel",      "FL",        "u32ms",     "float",
-    "int16",      "--plot",     "gps",        "REF_SPEED", "--bits",     "--channel", "c",         "python"};
+    "1e38",       "nan",        "1:23.456",   "GPS",       "wheel",      "FL",        "u32ms",     "--from",
+    "--to",       "--plot",     "gps",        "REF_SPEED", "--bits",     "--channel", "c",         "python"};
 
 // An empty folder to be in, no programs to start, and nobody to read what is printed.
 bool prepara() {

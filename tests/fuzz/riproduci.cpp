@@ -25,6 +25,9 @@ std::vector<fs::path> ingressi(int argc, char** argv) {
             if (voce.is_regular_file())
                 trovati.push_back(voce.path());
     }
+    // A target may go to another folder.
+    for (fs::path& file : trovati)
+        file = fs::absolute(file);
     std::sort(trovati.begin(), trovati.end());
     return trovati;
 }
