@@ -84,7 +84,7 @@ double angolo(double y, double x) noexcept {
     const double ay = std::fabs(y);
     const double minore = std::min(ax, ay);
     const double maggiore = std::max(ax, ay);
-    const int k = static_cast<int>(static_cast<float>(minore) / static_cast<float>(maggiore) * 8.0f + 0.5f);
+    const int k = (static_cast<int>(static_cast<float>(minore) / static_cast<float>(maggiore) * 16.0f) + 1) / 2;
     const double c = k * 0.125;
     const double t = (minore - c * maggiore) / (maggiore + c * minore);
     const double q = t * t;

@@ -118,35 +118,36 @@ constexpr uint32_t cifre_parola = 8;
 constexpr float potenze_10[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
 static_assert(std::size(potenze_10) == cifre_parola + 1);
 
-// The first `quanti` bytes of a word, 0 to 7.
-constexpr uint64_t primi(uint32_t quanti) noexcept {
-    return (uint64_t{1} << 8 * quanti) - 1;
+// The first bits of a word, up to 63.
+constexpr uint64_t primi(uint32_t bit) noexcept {
+    return (uint64_t{1} << bit) - 1;
 }
 
 // A number that fits its field, and the field a word. `segno`: 1 for a negative number, else 0. Which numbers are negative
 // or short cannot be foretold: no branch depends on it.
 void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t decimali, uint32_t segno,
                  eFormatoConv formato) noexcept {
-    const uint32_t interi = larghezza - decimali;
+    constexpr uint64_t spazi = ' ' * ogni_byte;
+    const uint32_t interi = 8 * (larghezza - decimali);  // bits of the places before the point
     uint64_t parola = otto_cifre(numero) >> 8 * (cifre_parola - larghezza);
 
     // Zeros before the first figure become blanks, but for the one before the point; the last blank is the sign's.
-    const uint64_t figure = (parola ^ '0' * ogni_byte) | uint64_t{1} << 8 * (interi - 1);
-    const uint32_t prima = static_cast<uint32_t>(std::countr_zero(figure)) / 8;
-    parola = (parola & ~primi(prima)) | (' ' * ogni_byte & primi(prima));
-    parola ^= (uint64_t{segno * (' ' ^ '-')} << 8 * prima) >> 8;
+    const uint64_t figure = (parola ^ '0' * ogni_byte) | uint64_t{1} << (interi - 8);
+    const uint32_t prima = static_cast<uint32_t>(std::countr_zero(figure)) & 56;  // bits of the places before it
+    parola = (parola & ~primi(prima)) | (spazi & primi(prima));
+    parola ^= (uint64_t{segno} * (' ' ^ '-') << prima) >> 8;
 
-    uint32_t lunghezza = larghezza;
+    uint32_t lunghezza = 8 * larghezza;
     if (decimali != 0) {
-        const uint64_t frazione = parola >> 8 * interi;
-        parola = (parola & primi(interi)) | ('.' | frazione << 8) << 8 * interi;
-        ++lunghezza;
+        const uint64_t frazione = parola >> interi;
+        parola = (parola & primi(interi)) | ('.' | frazione << 8) << interi;
+        lunghezza += 8;
     }
     if (formato == FORMATO_SINISTRA || formato == FORMATO_COMPATTO) {
-        const uint32_t vuoti = prima - segno;
-        parola >>= 8 * vuoti;
+        const uint32_t vuoti = prima - 8 * segno;
+        parola >>= vuoti;
         if (formato == FORMATO_SINISTRA)
-            parola |= (' ' * ogni_byte & primi(vuoti)) << 8 * (lunghezza - vuoti - 1) << 8;
+            parola |= (spazi & primi(vuoti)) << (lunghezza - vuoti - 8) << 8;
     }
     std::memcpy(testo, &parola, sizeof parola);
 }

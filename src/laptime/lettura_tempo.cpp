@@ -90,7 +90,7 @@ int leggi_minuti(std::string_view testo) {
     if (testo.size() != n && testo.size() != n + 1)
         return altra_forma;
     const auto decine = testo.size() == n ? 0u : static_cast<std::uint32_t>(testo.front()) - '0';
-    std::uint64_t parola;
+    std::uint64_t parola = 0;
     std::memcpy(&parola, testo.data() + testo.size() - n, n);
     // What is left of each byte: the digit's value, 0 of a separator. Anything else reaches the upper half of some byte.
     constexpr std::uint64_t forma = 0x3030302E30303A30;   // "0:00.000"
