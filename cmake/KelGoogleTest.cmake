@@ -1,8 +1,8 @@
-# Gives GTest::gtest: the installed library, or, for another target than this machine, one built from the sources that
-# Debian's libgtest-dev brings along. Nothing is fetched.
+# Gives GTest::gtest: the installed library, or, for another target than this machine and for containers of another layout,
+# one built from the sources that Debian's libgtest-dev brings along. Nothing is fetched.
 
-if(CMAKE_CROSSCOMPILING)
-  set(KEL_GTEST_SORGENTI /usr/src/googletest/googletest CACHE PATH "GoogleTest's sources, for cross builds")
+if(CMAKE_CROSSCOMPILING OR CMAKE_CXX_FLAGS MATCHES "-D_GLIBCXX_DEBUG")
+  set(KEL_GTEST_SORGENTI /usr/src/googletest/googletest CACHE PATH "GoogleTest's sources, where its library does not serve")
   if(NOT EXISTS ${KEL_GTEST_SORGENTI}/src/gtest-all.cc)
     message(FATAL_ERROR "No GoogleTest sources in ${KEL_GTEST_SORGENTI}: install libgtest-dev, "
       "set KEL_GTEST_SORGENTI, or configure with -DKEL_BUILD_TESTS=OFF")
