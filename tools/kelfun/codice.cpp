@@ -29,7 +29,7 @@ struct Linguaggio {
     const char* nome;
     const std::string_view* pezzi;
 };
-const Linguaggio LINGUAGGI[] = {{"c", &PROGRAMMI_C}, {"cpp", &PROGRAMMI_CPP}, {"python", &PROGRAMMI_PYTHON}};
+constexpr Linguaggio LINGUAGGI[] = {{"c", &PROGRAMMI_C}, {"cpp", &PROGRAMMI_CPP}, {"python", &PROGRAMMI_PYTHON}};
 
 // Ends a line within a template: the template engine has rules of its own for line feeds, which leave an empty line where a
 // section is left out.
