@@ -26,6 +26,7 @@ void programma(const std::string& linguaggio, kel_funpos fid, const std::string&
                const std::vector<float>& valori) {
     const std::string suffisso = linguaggio == "python" ? "" : "f";
     std::vector<std::string> numeri;
+    numeri.reserve(valori.size());
     for (const float valore : valori)
         numeri.push_back(floatPerProgramma(valore) + suffisso);
     stampaProgramma(linguaggio, "convert", "Values from " + da + " into " + a,

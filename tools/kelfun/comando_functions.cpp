@@ -61,6 +61,7 @@ void riga(Documento& documento, IFunzioni& catalogo, const std::string& grandezz
 
 void programma(const std::string& linguaggio, const std::vector<unsigned>& filtri) {
     std::vector<std::string> identificatori;
+    identificatori.reserve(filtri.size());
     for (const unsigned filtro : filtri)
         identificatori.push_back(esadecimale(filtro, 4));
     stampaProgramma(linguaggio, "functions", "Functions that a configuration program would offer",
