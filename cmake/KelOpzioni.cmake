@@ -30,3 +30,7 @@ if(KEL_QUICK_TESTS)
 endif()
 
 option(KEL_FUZZ "Build the fuzzers of tests/fuzz as such, not only what runs their kept inputs" OFF)
+
+# Programs that are run where they were built find the library relative to themselves: the place of the build would leave
+# its length in the installed ones.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
