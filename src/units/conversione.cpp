@@ -12,7 +12,7 @@ const s_converter_data* kelFunGetConvData(kel_funpos fid, const char* udm) noexc
 }
 
 s_converter_data kelFunGetConvDatas(kel_funpos fid, const char* udmDa, const char* udmA) noexcept {
-    constexpr s_converter_data identita = {"", 0.0f, 1.0f, 0};
+    static constexpr s_converter_data identita = {"", 0.0f, 1.0f, 0};
     const s_grandezza_fisica_uiv* grandezza = kel::cerca_grandezza(fid);
     if (grandezza == nullptr)
         return identita;
