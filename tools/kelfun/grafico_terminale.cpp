@@ -1,12 +1,11 @@
 #include "grafico_terminale.h"
 
-#include <langinfo.h>
-#include <locale.h>  // NOLINT(modernize-deprecated-headers,hicpp-deprecated-headers): newlocale
 #include <sys/ioctl.h>
 #include <unistd.h>
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <string_view>
 
 #include "chiavi.h"
@@ -42,13 +41,21 @@ std::string aDestra(const std::string& testo, int larghezza) {
     return std::string(static_cast<std::size_t>(std::max(0, larghezza - static_cast<int>(testo.size()))), ' ') + testo;
 }
 
+// What the terminal shows is what the environment says, installed or not: the first of the three that is set, as for any
+// program. "it_IT.UTF-8", "C.utf8", "de_DE.UTF-8@euro".
 bool ambienteUtf8() {
-    const locale_t locale = ::newlocale(LC_CTYPE_MASK, "", nullptr);
-    if (locale == nullptr)
-        return false;
-    const bool utf8 = std::string_view(::nl_langinfo_l(CODESET, locale)) == "UTF-8";
-    ::freelocale(locale);
-    return utf8;
+    for (const char* variabile : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char* valore = std::getenv(variabile);
+        if (valore == nullptr || *valore == '\0')
+            continue;
+        std::string codifica = valore;
+        codifica.erase(0, std::min(codifica.find('.'), codifica.size()));
+        codifica.erase(std::min(codifica.find('@'), codifica.size()));
+        for (char& c : codifica)
+            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        return codifica == ".utf-8" || codifica == ".utf8";
+    }
+    return false;
 }
 
 // From a value to a dot: both ends of the range are drawn.
