@@ -6,10 +6,11 @@ A case is a block of lines, blocks apart by empty lines; lines that begin with #
     why: one line that says what the case is about
     run: fid 0x10 --json            arguments, quoted as for a shell; "kelsim ..." runs the simulator instead; {ESC} and
                                     {LF} stand for an escape character and a line feed
-    stdin: 0102                     standard input as text; or
+    stdin: 0102                     a line of standard input, {CR} in it a carriage return; may be repeated; or
     stdin-kelsim: --laps 1          what the simulator writes with these arguments
     before: kelsim one.ubx          a command that must succeed first, in the same folder
     file: name 0102 00*10 "RPM":8   writes a file there: bytes, repeated bytes, text filled with NUL to a length
+    stdout: /dev/full               where standard output goes
     env: LC_ALL=de_DE.UTF-8         one variable; may be repeated
     exit: 0                         expected exit status, 0 if left out
     out| Identifier  0x00000010     expected lines of standard output: all of them together are the whole of it; {ESC} as
@@ -42,7 +43,7 @@ def blocchi(testo):
                 yield caso[0][0], [(chiave, valore) for _, chiave, valore in caso]
             caso = []
             continue
-        trovato = re.match(r"(why|run|stdin|stdin-kelsim|before|file|env|exit|json): ?(.*)|(out\||out~|out!~|err~) ?(.*)", riga)
+        trovato = re.match(r"(why|run|stdin|stdin-kelsim|stdout|before|file|env|exit|json): ?(.*)|(out\||out~|out!~|err~) ?(.*)", riga)
         if not trovato:
             sys.exit(f"line {numero}: no such key: {riga}")
         chiave = trovato[1] or trovato[3]
@@ -98,11 +99,12 @@ def difetti(programmi, caso):
     yield from prepara(programmi, caso)
     argomenti = [parte.replace("{ESC}", "\x1b").replace("{LF}", "\n") for parte in shlex.split(tutti("run")[0])]
     nome = "kelsim" if argomenti[:1] == ["kelsim"] else "kelfun"
-    ingresso = "".join(riga + "\n" for riga in tutti("stdin")).encode()
+    ingresso = "".join(riga + "\n" for riga in tutti("stdin")).replace("{CR}", "\r").encode()
     for simulata in tutti("stdin-kelsim"):
         ingresso = programmi.esegui("kelsim", shlex.split(simulata) + ["-"])[1]
     ambiente = dict(voce.split("=", 1) for voce in tutti("env"))
-    stato, uscita, errori = programmi.esegui(nome, argomenti[1:] if nome == "kelsim" else argomenti, ingresso, ambiente)
+    stato, uscita, errori = programmi.esegui(nome, argomenti[1:] if nome == "kelsim" else argomenti, ingresso, ambiente,
+                                             stdout=(tutti("stdout") or [None])[0])
     uscita, errori = uscita.decode("utf-8", "replace"), errori.decode("utf-8", "replace")
 
     atteso = int(tutti("exit")[0]) if tutti("exit") else 0

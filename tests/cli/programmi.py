@@ -1,5 +1,6 @@
 """The two programs under test, run as a shell would, on this machine or through an emulator."""
 import argparse
+import contextlib
 import os
 import shlex
 import subprocess
@@ -23,11 +24,15 @@ class Programmi:
             os.chmod(script, 0o755)
         self.ambiente = {**os.environ, "PATH": binari + os.pathsep + os.environ["PATH"], "LC_ALL": "C"}
 
-    def esegui(self, nome, argomenti, stdin=b"", ambiente=None, tempo=300):
-        """Exit status, standard output and standard error of one run. A signal is a negative exit status."""
-        fatto = subprocess.run(self.emulatore + [self.programmi[nome]] + list(argomenti), input=stdin, capture_output=True,
-                               cwd=self.cartella.name, env={**self.ambiente, **(ambiente or {})}, timeout=tempo, check=False)
-        return fatto.returncode, fatto.stdout, fatto.stderr
+    def esegui(self, nome, argomenti, stdin=b"", ambiente=None, tempo=300, stdout=None):
+        """Exit status, standard output and standard error of one run. A signal is a negative exit status.
+        With `stdout` standard output goes to that file, and b"" is given for it."""
+        with contextlib.ExitStack() as aperti:
+            uscita = aperti.enter_context(open(stdout, "wb")) if stdout else subprocess.PIPE
+            fatto = subprocess.run(self.emulatore + [self.programmi[nome]] + list(argomenti), input=stdin, stdout=uscita,
+                                   stderr=subprocess.PIPE, cwd=self.cartella.name,
+                                   env={**self.ambiente, **(ambiente or {})}, timeout=tempo, check=False)
+        return fatto.returncode, fatto.stdout or b"", fatto.stderr
 
     def shell(self, riga):
         """The same for a shell command line."""

@@ -78,6 +78,23 @@ def registrazioni(programmi, lento):
     return difetti
 
 
+def uscite(programmi):
+    """What becomes of standard output when nobody takes it, and of standard input when there is none; gives the faults."""
+    attesi = [
+        ("kelfun catalogue | head -n 1", 0, rb"", "a reader that has had enough"),
+        ("kelsim --laps 1 - | kelfun ubx - | head -n 1", 0, rb"", "the same of a stream"),
+        ("yes | kelfun ubx - >/dev/full", 1, rb"kelfun ubx: cannot write the output: .+\n", "a stream without an end"),
+        ("kelfun fid 0x10 >&-", 1, rb"kelfun fid: cannot write the output: .+\n", "no standard output"),
+        ("kelfun ubx - <&-", 1, rb"kelfun ubx: cannot read 'standard input': .+\n", "no standard input"),
+        ("kelfun match 0x10 --channels - <&-", 1, rb"kelfun match: cannot read 'standard input': .+\n", "nor for a list"),
+        ("kelfun lap - </", 1, rb"kelfun lap: cannot read 'standard input': Is a directory\n", "a folder for lines"),
+    ]
+    for riga, stato, errori, che_cosa in attesi:
+        avuti = programmi.shell(riga)
+        if avuti[0] != stato or not re.fullmatch(errori, avuti[2]):
+            yield f"{che_cosa}: {riga}: exit {avuti[0]}, {avuti[2]!r}"
+
+
 def memoria(programmi, milioni, argomenti):
     """Largest memory, KiB, of a run that reads so many million bytes of a pattern full of sync bytes."""
     pezzo = (b"\xb5\x62\x01\x06\xff\xff" + bytes(range(256)) + b"\xb5\x62") * 4000
@@ -117,6 +134,7 @@ def main():
     difetti += prova(programmi, os.urandom(1000000), "a million bytes of urandom")
     difetti += prova(programmi, b"", "empty input", [0])
     difetti += registrazioni(programmi, lento)
+    difetti += uscite(programmi)
     for argomenti, milioni in ((["ubx", "-"], 200), (["record", "c", "-"], 40)):
         poca, tanta = memoria(programmi, 1, argomenti), memoria(programmi, 8 if lento else milioni, argomenti)
         if tanta - poca > 4096:

@@ -2,8 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <kainjow/mustache.hpp>
 #include <map>
@@ -17,6 +15,7 @@
 #include "errori.h"
 #include "incorporati.h"
 #include "numeri.h"
+#include "uscita.h"
 
 namespace kel::strumento {
 
@@ -163,10 +162,7 @@ void stampaProgramma(const std::string& linguaggio, const std::string& nome, con
     tutti.set("apri", "{");  // a brace before a tag would be taken for the tag's
     tutti.set("titolo", titolo);
     tutti.set("comando", nome.substr(0, nome.find(' ')));
-    const std::string testo = compila(pezzi, pezzo, std::move(tutti));
-    std::fwrite(testo.data(), 1, testo.size(), stdout);
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
-        throw NonTrovato(std::string("cannot write the output: ") + std::strerror(errno));
+    scriviUscita(compila(pezzi, pezzo, std::move(tutti)));
 }
 
 Json fidPerProgramma(kel_funpos fid) {

@@ -1,14 +1,12 @@
 // kelfun catalogue: everything that the library knows as one JSON document, and the schema of that document.
 #include <CLI/CLI.hpp>
-#include <cerrno>
-#include <cstring>
 #include <memory>
 #include <nlohmann/json.hpp>
 
 #include "catalogo_json.h"
 #include "comando.h"
-#include "errori.h"
 #include "incorporati.h"
+#include "uscita.h"
 
 namespace kel::strumento {
 
@@ -19,19 +17,13 @@ struct Argomenti {
     bool compatto = false;
 };
 
-void scrivi(std::string_view testo) {
-    std::fwrite(testo.data(), 1, testo.size(), stdout);
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
-        throw NonTrovato(std::string("cannot write the output: ") + std::strerror(errno));
-}
-
 void esegui(const Argomenti& argomenti) {
     if (argomenti.schema) {
-        scrivi(SCHEMA_CATALOGO);
+        scriviUscita(SCHEMA_CATALOGO);
         return;
     }
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    scrivi(catalogoJson(*catalogo, KELFUN_VERSIONE).dump(argomenti.compatto ? -1 : 2) + "\n");
+    scriviUscita(catalogoJson(*catalogo, KELFUN_VERSIONE).dump(argomenti.compatto ? -1 : 2) + "\n");
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstdio>
 #include <list>
 #include <map>
 #include <memory>
@@ -14,6 +13,7 @@
 #include "identificatore.h"
 #include "numeri.h"
 #include "tipi_campione.h"
+#include "uscita.h"
 
 namespace kel::strumento {
 
@@ -469,7 +469,7 @@ void completa(const CLI::App& programma, const std::vector<std::string>& parole)
             Completamento(*comando, contesto, candidati).parola();
         }
     }
-    std::fputs(candidati.testo().c_str(), stdout);
+    scriviUscita(candidati.testo());
 }
 
 }  // namespace kel::strumento

@@ -8,6 +8,7 @@
 #include "errori.h"
 #include "identificatore.h"
 #include "numeri.h"
+#include "righe.h"
 
 namespace kel::strumento {
 
@@ -36,6 +37,22 @@ void programma(const std::string& linguaggio, kel_funpos fid, const std::string&
                      {"valori", elencoPerProgramma(numeri, 8)}});
 }
 
+std::vector<float> leggiValori(const std::vector<std::string>& testi) {
+    std::vector<float> valori;
+    for (const std::string& riga : conRigheDiIngresso(testi)) {
+        const std::string testo = CLI::detail::trim_copy(riga);
+        const auto valore = leggiFloat(testo);
+        if (!valore)
+            throw ErroreUso("'" + testo +
+                            "' is no value; accepted: a decimal number with a point, such as 12.5, within single "
+                            "precision (up to 3.4e38)");
+        valori.push_back(*valore);
+    }
+    if (valori.empty())
+        throw ErroreUso("there is no value to convert; accepted: ID VALUE..., or fields by name and VALUE...");
+    return valori;
+}
+
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     std::vector<std::string> testi = argomenti.posizionali;
@@ -45,8 +62,7 @@ void esegui(const Argomenti& argomenti) {
         testi.erase(testi.begin());
     }
     const kel_funpos fid = risolvi(*catalogo, id, argomenti.campi);
-    if (testi.empty())
-        throw ErroreUso("there is no value to convert; accepted: ID VALUE..., or fields by name and VALUE...");
+    const std::vector<float> valori = leggiValori(testi);
     if (argomenti.da.empty() && argomenti.a.empty())
         throw ErroreUso(
             "there is no unit to convert from or into; accepted: --from, --to, one left out is the base unit");
@@ -55,13 +71,6 @@ void esegui(const Argomenti& argomenti) {
     const s_converter_data dati = catalogo->getParamConv(fid, da, a);
     const int decimali = catalogo->getNumDecimaliDefault(fid, a);
 
-    std::vector<float> valori;
-    for (const std::string& testo : testi) {
-        const auto valore = leggiFloat(testo);
-        if (!valore)
-            throw ErroreUso("'" + testo + "' is no value; accepted: a decimal number with a point, such as 12.5");
-        valori.push_back(*valore);
-    }
     if (!argomenti.codice.empty())
         return programma(argomenti.codice, fid, da, a, valori);
     Documento documento(stdout, argomenti.forma.forma());
@@ -93,7 +102,9 @@ void esegui(const Argomenti& argomenti) {
 void aggiungiConvert(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     CLI::App* comando = programma.add_subcommand("convert", "Values from one unit of a function into another");
-    comando->add_option("[ID] VALUE", argomenti->posizionali, "Identifier, unless its fields are given, and values")
+    comando
+        ->add_option("[ID] VALUE", argomenti->posizionali,
+                     "Identifier, unless its fields are given, and values; - for lines of standard input")
         ->type_name("")
         ->required();
     comando->add_option("--from", argomenti->da, "Unit of the values (default: the base unit)")->type_name("UNIT");

@@ -12,6 +12,7 @@
 #include "errori.h"
 #include "identificatore.h"
 #include "numeri.h"
+#include "righe.h"
 #include "tipi_campione.h"
 
 namespace kel::strumento {
@@ -82,7 +83,7 @@ unsigned leggiDecimali(const Argomenti& argomenti, const IFunzioni& catalogo, ke
 
 std::string leggiEsadecimali(const std::vector<std::string>& testi) {
     std::string byte;
-    for (const std::string& testo : testi) {
+    for (const std::string& testo : conRigheDiIngresso(testi)) {
         const auto letti = leggiByte(testo);
         if (!letti)
             throw ErroreUso(
@@ -260,7 +261,9 @@ void esegui(const Argomenti& argomenti) {
 void aggiungiDecode(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     CLI::App* comando = programma.add_subcommand("decode", "Sample bytes as value, status and text");
-    comando->add_option("[ID] HEX", argomenti->posizionali, "Identifier, unless its fields are given, and bytes")
+    comando
+        ->add_option("[ID] HEX", argomenti->posizionali,
+                     "Identifier, unless its fields are given, and bytes; - for lines of standard input")
         ->type_name("");
     comando->add_option("--type", argomenti->tipo, "Sample type code; a packet's is known from its identifier")
         ->type_name("CODE");

@@ -1,6 +1,5 @@
 // kelfun lap: lap times to text and back.
 #include <CLI/CLI.hpp>
-#include <iostream>
 #include <limits>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -10,6 +9,7 @@
 #include "comando.h"
 #include "errori.h"
 #include "numeri.h"
+#include "righe.h"
 
 namespace kel::strumento {
 
@@ -26,20 +26,6 @@ struct Argomenti {
 
 constexpr int MINIMO = std::numeric_limits<int>::min();
 constexpr int MASSIMO = std::numeric_limits<int>::max();
-
-// The arguments, lines of standard input in place of each "-".
-std::vector<std::string> leggi(const std::vector<std::string>& argomenti) {
-    std::vector<std::string> tutti;
-    for (const std::string& argomento : argomenti) {
-        if (argomento != "-") {
-            tutti.push_back(argomento);
-            continue;
-        }
-        for (std::string riga; std::getline(std::cin, riga);)
-            tutti.push_back(riga);
-    }
-    return tutti;
-}
 
 using Riga = std::vector<Cella>;
 
@@ -79,7 +65,8 @@ Riga riga(const Argomenti& argomenti, const std::string& testo, std::optional<in
         return rigaTempo(static_cast<int>(*millisecondi), numero);
     if (testo.find_first_of(":.") == std::string::npos)
         throw ErroreUso("'" + testo +
-                        "' is no lap time; accepted: milliseconds (83456) or a text (1:23.456); --text reads anything");
+                        "' is no lap time; accepted: milliseconds (83456) of 32 bits, or a text (1:23.456); --text "
+                        "reads anything");
     return rigaTesto(testo);
 }
 
@@ -102,7 +89,7 @@ nlohmann::ordered_json vocePerProgramma(const Argomenti& argomenti, const std::s
 
 void programma(const Argomenti& argomenti, std::optional<int> numero) {
     nlohmann::ordered_json voci = nlohmann::ordered_json::array();
-    for (const std::string& testo : leggi(argomenti.tempi))
+    for (const std::string& testo : conRigheDiIngresso(argomenti.tempi))
         voci.push_back(vocePerProgramma(argomenti, testo, numero));
     stampaProgramma(argomenti.codice, "lap", "Lap times to text and back",
                     {{"voci", voci}, {"con_righe", argomenti.righe}});
@@ -123,7 +110,7 @@ void esegui(const Argomenti& argomenti) {
         return programma(argomenti, numero);
     // Everything is read before anything is printed: a wrong argument leaves no half of a table.
     std::vector<Riga> righe;
-    for (const std::string& testo : leggi(argomenti.tempi))
+    for (const std::string& testo : conRigheDiIngresso(argomenti.tempi))
         righe.push_back(riga(argomenti, testo, numero));
     Documento documento(stdout, argomenti.forma.forma());
     documento.inizia("laps", "",

@@ -1,7 +1,5 @@
 // kelfun match: which channels carry a function.
 #include <CLI/CLI.hpp>
-#include <fstream>
-#include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -11,6 +9,7 @@
 #include "errori.h"
 #include "identificatore.h"
 #include "numeri.h"
+#include "righe.h"
 #include "tipi_campione.h"
 
 namespace kel::strumento {
@@ -28,21 +27,12 @@ struct Argomenti {
 
 // Identifiers of a file, one a line; what follows a # is a remark.
 std::vector<std::string> leggiFile(const std::string& nome) {
-    std::ifstream file;
-    if (nome != "-") {
-        file.open(nome);
-        if (!file)
-            throw NonTrovato("cannot open '" + nome + "'");
-    }
-    std::istream& ingresso = nome == "-" ? std::cin : file;
     std::vector<std::string> testi;
-    for (std::string riga; std::getline(ingresso, riga);) {
+    for (std::string& riga : leggiRighe(nome)) {
         riga = CLI::detail::trim_copy(riga.substr(0, riga.find('#')));
         if (!riga.empty())
             testi.push_back(riga);
     }
-    if (ingresso.bad())
-        throw NonTrovato("cannot read '" + nome + "'");
     return testi;
 }
 

@@ -11,6 +11,7 @@
 #include "gnuplot.h"
 #include "grafico_gnuplot.h"
 #include "grafico_terminale.h"
+#include "uscita.h"
 
 namespace kel::strumento {
 
@@ -23,12 +24,12 @@ bool finisce(std::string file, std::string_view estensione) {
 }
 
 void scrivi(const std::string& file, const std::string& byte) {
-    std::FILE* uscita = file == "-" ? stdout : std::fopen(file.c_str(), "wb");
+    std::FILE* uscita = std::fopen(file.c_str(), "wb");
     const bool aperto = uscita != nullptr;
     const bool scritto =
         aperto && std::fwrite(byte.data(), 1, byte.size(), uscita) == byte.size() && std::fflush(uscita) == 0;
     const int errore = errno;
-    const bool chiuso = !aperto || uscita == stdout || std::fclose(uscita) == 0;
+    const bool chiuso = !aperto || std::fclose(uscita) == 0;
     if (!scritto || !chiuso)
         throw NonTrovato("cannot write '" + file + "': " + std::strerror(scritto ? errno : errore));
 }
@@ -60,7 +61,7 @@ void DestinazioneGrafico::disegna(const Grafico& grafico) const {
     if (grafico.pannelli.empty() && grafico.traccia.vuota())
         throw NonTrovato("there is nothing to draw");
     if (gnuplot_.empty())
-        scrivi(file_, disegnoTerminale(grafico, terminaleDi(stdout)));
+        scriviUscita(disegnoTerminale(grafico, terminaleDi(stdout)));
     else
         scrivi(file_, eseguiGnuplot(gnuplot_, istruzioniGnuplot(grafico, svg_)));
 }

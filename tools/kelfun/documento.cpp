@@ -1,15 +1,13 @@
 #include "documento.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstring>
 #include <nlohmann/json.hpp>
 #include <utility>
 
 #include "colore.h"
-#include "errori.h"
 #include "numeri.h"
+#include "uscita.h"
 
 namespace kel::strumento {
 
@@ -229,8 +227,7 @@ void Documento::fine() {
     chiudi();
     if (forma_ == Forma::json)
         scrivi(scritto_ ? "\n}\n" : "{}\n");
-    if (std::fflush(file_) != 0 || std::ferror(file_) != 0)
-        throw NonTrovato(std::string("cannot write the output: ") + std::strerror(errno));
+    mandaUscita(file_);
 }
 
 }  // namespace kel::strumento

@@ -17,6 +17,10 @@ const Vocabolario POSIZIONI = {"--position", "FID_POS_", posizione_FunzKel, FID_
 const Vocabolario INOUT = {"--inout", "FID_INOUT_", inout_FunzKel, FID_MASK_INOUT};
 const Vocabolario DETTAGLI = {"--details", "FID_DETTAGLI_", dettagli_FunzKel, FID_MASK_OBJ};
 
+constexpr const char* ACCETTATI =
+    "accepted: hexadecimal (0x10), decimal (16) up to 32 bits, a legacy identifier (REF_SPEED), or fields "
+    "(--quantity speed)";
+
 unsigned leggiSpecializzazione(unsigned dettagli, std::string_view nome) {
     const char* prefisso = dettagli == FID_DETTAGLI_GPS ? "FID_SPEC_GPS_" : "FID_SPEC_LAPTIME_";
     return leggiCampo({"--specialisation", prefisso, specializzazioni(dettagli), FID_MASK_POS}, nome);
@@ -153,20 +157,20 @@ kel_funpos leggiFid(IFunzioni& catalogo, std::string_view testo) {
         return fid;
     const bool lettera =
         !testo.empty() && (std::isalpha(static_cast<unsigned char>(testo.front())) || testo.front() == '_');
-    const std::string accettati =
-        "accepted: hexadecimal (0x10), decimal (16) up to 32 bits, a legacy identifier (REF_SPEED), or fields "
-        "(--quantity speed)";
     if (!lettera)
-        throw ErroreUso("'" + std::string(testo) + "' is no identifier; " + accettati);
+        throw ErroreUso("'" + std::string(testo) + "' is no identifier; " + ACCETTATI);
     fid = catalogo.getFidDaID(std::string(testo));
     if (fid == 0)
-        throw NonTrovato("there is no legacy identifier '" + std::string(testo) + "'; " + accettati);
+        throw NonTrovato("there is no legacy identifier '" + std::string(testo) +
+                         "', and kelfun find searches names; " + ACCETTATI);
     return fid;
 }
 
 kel_funpos risolvi(IFunzioni& catalogo, const std::string& argomento, const CampiDati& campi) {
     if (!argomento.empty() && campi.dati())
         throw ErroreUso("an identifier and its fields are both given; accepted: one of the two");
+    if (argomento.empty() && !campi.dati())
+        throw ErroreUso(std::string("there is no identifier; ") + ACCETTATI);
     return campi.dati() ? componi(campi) : leggiFid(catalogo, argomento);
 }
 

@@ -10,6 +10,7 @@
 
 #include "colore.h"
 #include "errori.h"
+#include "uscita.h"
 
 namespace kel::strumento {
 
@@ -18,9 +19,19 @@ Ingresso::Ingresso(const std::string& nome)
       fd_(nome == "-" ? STDIN_FILENO : ::open(nome.c_str(), O_RDONLY | O_CLOEXEC)) {
     if (fd_ < 0)
         throw NonTrovato("cannot open '" + nome_ + "': " + std::strerror(errno));
+    struct stat stato {};
+    const int errore = ::fstat(fd_, &stato) != 0 ? errno : S_ISDIR(stato.st_mode) ? EISDIR : 0;
+    if (errore == 0)
+        return;
+    chiudi();
+    throw NonTrovato("cannot read '" + nome_ + "': " + std::strerror(errore));
 }
 
 Ingresso::~Ingresso() {
+    chiudi();
+}
+
+void Ingresso::chiudi() const {
     if (fd_ != STDIN_FILENO)
         ::close(fd_);
 }
@@ -39,7 +50,7 @@ void Ingresso::mostraAvanzamento(bool con_righe) {
 }
 
 std::size_t Ingresso::leggi(std::uint8_t* byte, std::size_t quanti) {
-    std::fflush(stdout);  // a receiver may take its time
+    mandaUscita();  // a receiver may take its time
     for (;;) {
         const ssize_t letti = ::read(fd_, byte, quanti);
         const int errore = errno;

@@ -14,14 +14,14 @@ namespace kel::strumento {
 /// A file, or standard input for "-", as its bytes come.
 class Ingresso {
 public:
-    /// @throws NonTrovato  when the file cannot be opened.
+    /// @throws NonTrovato  when the file cannot be opened, or is a folder.
     explicit Ingresso(const std::string& nome);
     ~Ingresso();
     Ingresso(const Ingresso&) = delete;
     Ingresso& operator=(const Ingresso&) = delete;
 
     /// At most so many bytes; 0 at the end. What has been printed so far is shown before the wait for them.
-    /// @throws NonTrovato  when they cannot be read.
+    /// @throws NonTrovato  when they cannot be read, or what has been printed cannot be written: nobody waits for more.
     std::size_t leggi(std::uint8_t* byte, std::size_t quanti);
 
     /// Shows on standard error how far the reading has come, if that is a terminal.
@@ -35,6 +35,8 @@ public:
     const std::string& nome() const { return nome_; }
 
 private:
+    void chiudi() const;
+
     std::string nome_;
     int fd_;
     std::uint64_t letti_ = 0;

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <sstream>
 #include <string>
 
 #include "codice.h"
@@ -10,6 +11,7 @@
 #include "comando.h"
 #include "comando_completa.h"
 #include "errori.h"
+#include "uscita.h"
 
 namespace {
 
@@ -77,7 +79,7 @@ int esegui(int argc, char** argv) {
         // For the completion of shells, which pass it half a command line; not for people, and in no help.
         if (argc > 1 && std::strcmp(argv[1], "__complete") == 0) {
             completa(programma, {argv + 2, argv + argc});
-            return std::fflush(stdout) == 0 ? USCITA_BENE : USCITA_NON_TROVATO;
+            return USCITA_BENE;
         }
         if (argc > 1 && argv[1][0] != '-') {
             const CLI::App* trovato = sottocomando(programma, argv[1]);
@@ -91,8 +93,10 @@ int esegui(int argc, char** argv) {
         programma.parse(argc, argv);
         return USCITA_BENE;
     } catch (const CLI::Success& richiesta) {  // --help, --version
-        programma.exit(richiesta);
-        return std::fflush(stdout) == 0 ? USCITA_BENE : USCITA_NON_TROVATO;
+        std::ostringstream testo;
+        programma.exit(richiesta, testo, testo);
+        scriviUscita(testo.str());
+        return USCITA_BENE;
     } catch (const CLI::ParseError& e) {
         return errore(*comando, chi, std::string(e.what()) + "; accepted: " + accettati(*comando), USCITA_USO);
     } catch (const ErroreUso& e) {
@@ -109,7 +113,7 @@ int esegui(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return esegui(argc, argv);
-    } catch (const std::exception& e) {  // from before the command line was read
+    } catch (const std::exception& e) {  // from before the command line was read, or of the help
         std::fprintf(stderr, "kelfun: %s\n", e.what());
         return 1;
     }

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -82,7 +83,8 @@ public:
 
 private:
     [[noreturn]] void fallita() const {
-        throw std::runtime_error("cannot write '" + nome_ + "': " + std::strerror(errno));
+        throw std::runtime_error((nome_ == "-" ? "cannot write the output: " : "cannot write '" + nome_ + "': ") +
+                                 std::strerror(errno));
     }
 
     std::string nome_;
@@ -113,7 +115,12 @@ int esegui(int argc, char** argv) {
         if (argomenti.cattura.empty() && argomenti.canali.empty())
             throw CLI::RequiredError("FILE, or --channels and --samples");
     } catch (const CLI::Success& richiesta) {
-        return programma.exit(richiesta);
+        std::ostringstream testo;
+        programma.exit(richiesta, testo, testo);
+        Uscita uscita("-");
+        uscita.scrivi(testo.str());
+        uscita.chiudi();
+        return 0;
     } catch (const CLI::ParseError& e) {
         std::fprintf(stderr, "kelsim: %s; see kelsim --help\n", e.what());
         return 2;
