@@ -3,7 +3,6 @@
 import argparse
 import os
 import re
-import shlex
 import subprocess
 
 import roff
@@ -145,12 +144,14 @@ def corpo(aiuto, uscita_comune, comando, comandi):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--kelfun", required=True, help="command that runs kelfun, with an emulator before it if need be")
+    parser.add_argument("--kelfun", required=True)
+    parser.add_argument("--emulator", action="append", default=[],
+                        help="a word of the command that runs kelfun, where it is of another machine; may be repeated")
     parser.add_argument("--version", required=True)
     parser.add_argument("--date-of", required=True, help="file whose date the pages bear, unless SOURCE_DATE_EPOCH is set")
     parser.add_argument("cartella")
     argomenti = parser.parse_args()
-    kelfun = shlex.split(argomenti.kelfun)
+    kelfun = [*argomenti.emulator, argomenti.kelfun]
 
     def aiuto(*comando):
         # The C locale: a page does not depend on who builds it.

@@ -6,6 +6,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 
 SEZIONI_3 = ["NAME", "LIBRARY", "SYNOPSIS", "DESCRIPTION", "PARAMETERS", "RETURN VALUES", "THREADS", "SEE ALSO", "HISTORY"]
 SEZIONI_1 = ["NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "EXIT STATUS", "SEE ALSO"]
@@ -79,16 +80,39 @@ def lint(pagine):
     return 0
 
 
+def spazi(pagine, kelfun, generatore):
+    """The same pages come from a kelfun, and an emulator, whose folder has a blank in its name."""
+    with tempfile.TemporaryDirectory(prefix="kel fun-") as dove:
+        os.symlink(os.path.abspath(kelfun), f"{dove}/kelfun")
+        with open(f"{dove}/emulator", "w", encoding="ascii") as f:
+            f.write('#!/bin/sh\nshift\nexec "$@"\n')
+        os.chmod(f.name, 0o755)
+        versione = subprocess.run([kelfun, "--version"], capture_output=True, text=True, check=True).stdout.split()[-1]
+        fatto = subprocess.run([sys.executable, generatore, "--kelfun", f"{dove}/kelfun", f"--emulator={dove}/emulator",
+                                "--emulator=-L", "--version", versione, "--date-of", generatore, f"{dove}/pages"],
+                               capture_output=True, text=True, check=False)
+        pretendi(fatto.returncode == 0, f"comandi.py in a folder with a blank: {fatto.stderr}")
+        attese = sorted(os.path.basename(f) for f in glob.glob(f"{pagine}/man1/*"))
+        avute = sorted(os.path.basename(f) for f in glob.glob(f"{dove}/pages/man1/*"))
+        pretendi(attese == avute and attese, f"pages of a folder with a blank: {avute} instead of {attese}")
+        for nome in avute:
+            una, altra = (re.sub(r"(?m)^\.Dd .*$", "", leggi(f"{da}/man1/{nome}")) for da in (pagine, f"{dove}/pages"))
+            pretendi(una == altra, f"{nome} is another page when it is made in a folder with a blank")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--kelfun", required=True)
     parser.add_argument("--header", required=True)
-    parser.add_argument("prova", choices=["contents", "lint"])
+    parser.add_argument("--generator", required=True)
+    parser.add_argument("prova", choices=["contents", "lint", "blanks"])
     parser.add_argument("pagine")
     argomenti = parser.parse_args()
     stato = 0
     if argomenti.prova == "lint":
         stato = lint(argomenti.pagine)
+    elif argomenti.prova == "blanks":
+        spazi(argomenti.pagine, argomenti.kelfun, argomenti.generator)
     else:
         contenuto(argomenti.pagine, argomenti.kelfun, argomenti.header)
     for errore in errori:
