@@ -3,6 +3,7 @@
 
 #include "CFunzioni.h"
 #include "tables/camera.h"
+#include "tables/fid.h"
 
 namespace {
 
@@ -11,14 +12,9 @@ bool fine_scansione(const t_SFunzioneZumikoCam& riga) {
     return kelFidGrandezza(riga.fid) == FID_PHI_FINE_TABELLA;
 }
 
-// The end row, as the whole-table selections know it: by quantity, object and position.
-bool fine_selezione(const t_SFunzioneZumikoCam& riga) {
-    return fine_scansione(riga) && kelFidOggetto(riga.fid) == FID_OBJ_FINE_TABELLA &&
-           kelFidPosizione(riga.fid) == FID_POS_FINE_TABELLA;
-}
-
+// The whole-table selections know the end row by its whole identifier: quantity, object and position.
 void aggiungi_tutte(const t_SFunzioneZumikoCam* tabella, std::vector<const t_SFunzioneZumikoCam*>& funzioni) {
-    for (; !fine_selezione(*tabella); ++tabella)
+    for (; tabella->fid != kel::fine_tabella; ++tabella)
         funzioni.push_back(tabella);
 }
 
@@ -85,8 +81,7 @@ bool CFunzioni::FunGetParamZumikoCam(int fid, int& codice, float& scala, std::st
     if (riga == nullptr)
         return false;
     codice = riga->codice;
-    if (riga->scala > 0.0f)
-        scala = riga->scala;
+    scala = riga->scala;  // every row has one
     if (*riga->udm != '\0')
         udm = riga->udm;
     return true;

@@ -1,5 +1,7 @@
 #include "CConverter.h"
 
+#include <cstring>
+
 #include "converters/scrittura.h"
 #include "converters/sottocampi.h"
 
@@ -24,14 +26,10 @@ bool CConverter::GetVal(const void* buffer, float* value) {
 bool CConverter::GetString(const void* buffer, std::string& text) {
     text.clear();
     char testo[kel::byte_testo];
-    if (kelConvGetString(&conv_, buffer, testo) == 0)
-        return false;
+    const bool letto = kelConvGetString(&conv_, buffer, testo) != 0;  // always: set-up leaves no record without a text
     // The NUL is part of the string: clients compare and print texts with it.
-    std::size_t lunghezza = 0;
-    while (lunghezza < kel::byte_testo && testo[lunghezza++] != '\0') {
-    }
-    text.assign(testo, lunghezza);
-    return true;
+    text.assign(testo, std::strlen(testo) + 1);
+    return letto;
 }
 
 void CConverter::SetNumDec(int numDec) {

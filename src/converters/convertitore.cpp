@@ -22,13 +22,13 @@ bool unita_reciproca(const s_kel_converter& conv) noexcept {
     return conv.dati != nullptr && conv.dati->reciproco != 0;
 }
 
-// A value computed from the packet comes with its own functions; the numeric text serves where the row has none.
+// A value computed from the packet comes with its own functions, and shows as a number.
 void imposta_calcolato(s_kel_converter& conv, const s_sottocampo& riga) noexcept {
     conv.maschera = riga.maschera;
     if (riga.valore_reciproco != nullptr && conv.dati == nullptr)
         return;  // a row with a reciprocal form converts with the unit's data, which are missing
     conv.valore = unita_reciproca(conv) ? riga.valore_reciproco : riga.valore;
-    conv.testo = riga.conv_testo != nullptr ? riga.conv_testo : testo_numerico;
+    conv.testo = testo_numerico;
 }
 
 void imposta_formato(s_kel_converter& conv, uint32_t tipo_campione, kel_funpos canale) noexcept {
@@ -70,9 +70,9 @@ void kelConvInit(s_kel_converter* conv, const s_kel_canale* canale, kel_funpos f
     conv->testo = kel::testo_assente;
     conv->testo_stato = nullptr;
 
-    const s_sottocampo* riga = nullptr;
     if (kelFidGrandezza(funzione_canale) == FID_PHI_PACKAGE && funzione_canale != fid) {
-        riga = kel::cerca_sottocampo(kelFidOggetto(funzione_canale), kelFidPosizione(funzione_canale), fid);
+        const s_sottocampo* riga =
+            kel::cerca_sottocampo(kelFidOggetto(funzione_canale), kelFidPosizione(funzione_canale), fid);
         if (riga == nullptr)
             return;
         tipo_campione = riga->tipo_campione;
@@ -87,13 +87,6 @@ void kelConvInit(s_kel_converter* conv, const s_kel_canale* canale, kel_funpos f
 
     conv->maschera = kel::maschera_campo_bit(conv->pos_bit, conv->num_bit);
     kel::imposta_formato(*conv, tipo_campione, funzione_canale);
-
-    // A row's own function takes precedence over that of its sample type.
-    const f_valore_conv propria = riga == nullptr               ? nullptr
-                                  : kel::unita_reciproca(*conv) ? riga->valore_reciproco
-                                                                : riga->valore;
-    if (propria != nullptr)
-        conv->valore = propria;
 }
 
 int kelConvGetValFloat(const s_kel_converter* conv, const void* buffer, float* valore) noexcept {

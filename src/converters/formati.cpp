@@ -51,7 +51,7 @@ constexpr Formato formati[] = {
 };
 // clang-format on
 
-constexpr bool indice_uguale_codice() {
+consteval bool indice_uguale_codice() {
     uint32_t atteso = 0;
     for (const Formato& formato : formati)
         if (formato.tipo_campione != atteso++)

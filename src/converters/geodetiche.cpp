@@ -30,9 +30,7 @@ double latitudine_iterata(double x, double y, double z) noexcept {
         if (r < quasi_zero)
             return 0.0;
         const double s = zz / r;
-        const double t = 1.0 - e2 * s * s;
-        if (t < quasi_zero)
-            return 0.0;
+        const double t = 1.0 - e2 * s * s;  // never below 0.993, as s is a sine
         if (giro == giri_massimi)
             break;
         const double precedente = dz;

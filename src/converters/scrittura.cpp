@@ -24,8 +24,7 @@ private:
 }  // namespace
 
 void Scrittore::carattere(char c) noexcept {
-    if (prossimo_ != fine_)
-        *prossimo_++ = c;
+    *prossimo_++ = c;
 }
 
 Scrittore& Scrittore::testo(std::string_view testo) noexcept {

@@ -9,10 +9,11 @@ namespace kel {
 inline constexpr unsigned byte_testo = 32;                   // the caller's buffer
 inline constexpr unsigned caratteri_testo = byte_testo - 1;  // and the NUL
 
-// Appends to a text; what does not fit its 31 characters is cut. The buffer's own zeros end it.
+// Appends to a text. Nothing has to be cut: the fixed texts, the widths and the most digits of an int give 20 characters at
+// most, "Date and Time Packet". The buffer's own zeros end it.
 class Scrittore {
 public:
-    explicit Scrittore(char* testo) noexcept : prossimo_(testo), fine_(testo + caratteri_testo) {}
+    explicit Scrittore(char* testo) noexcept : prossimo_(testo) {}
 
     Scrittore& testo(std::string_view testo) noexcept;
 
@@ -26,7 +27,6 @@ private:
     void carattere(char c) noexcept;
 
     char* prossimo_;
-    char* const fine_;
 };
 
 }  // namespace kel
