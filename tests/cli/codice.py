@@ -191,7 +191,7 @@ class Prova:
             f.write(testo)
         if linguaggio == "python":
             return self.esegui([sys.executable, "-W", "error", *shlex.split(riga[1])[1:]])
-        comando = riga[1].replace("$(pkg-config --cflags --libs kelfunzioni)", " ".join(shlex.split(self.esegui(
+        comando = riga[1].replace("$(pkg-config --cflags --libs kelfunzioni)", shlex.join(shlex.split(self.esegui(
             ["pkg-config", "--cflags", "--libs", "kelfunzioni"])[1])))
         parole = shlex.split(comando)
         avvisi = [*AVVISI, *(["-pedantic-errors"] if linguaggio == "c" else [])]
