@@ -80,6 +80,15 @@ TEST_F(CatalogueWithChannels, NamesTheRecordBehindThem) {
     EXPECT_EQ(catalogo->getNomeCanaleShort(8), "S8");
 }
 
+// A record's texts end with their fields, of 36 and 8 characters, where the caller left no NUL.
+TEST_F(CatalogueWithChannels, NamesEndWithTheirFields) {
+    std::memcpy(canali[2].nome, "A name of thirty-six characters, all", 36);
+    std::memcpy(canali[2].breve, "EIGHT CH", 8);
+    canali[2].offset_campione = 0x44434241;  // what lies behind the name
+    EXPECT_EQ(catalogo->getNomeCanale(2), "A name of thirty-six characters, all");
+    EXPECT_EQ(catalogo->getNomeCanaleShort(2), "EIGHT CH");
+}
+
 TEST_F(CatalogueWithChannels, ThrowsForANameOutOfRange) {
     for (const unsigned indice : {9u, 10u, 0xFFFFFFFFu}) {
         SCOPED_TRACE(indice);
