@@ -23,24 +23,25 @@ _kelfun() {
         fi
     done
 
-    local current=${words[-1]} quoted=
-    [[ $current == [\'\"]* ]] && quoted=1
-    # The tool is told the words without their quotes.
+    # What bash takes for words of their own stays on the line: the last = or : before a quote, and all before it.
+    local current=${words[-1]} breaks=${COMP_WORDBREAKS//[^=:]/} stays option='' quoted=''
+    [[ $current == --*=* ]] && option=${current%%=*}=
+    stays=${current%%[\'\"]*}
+    [[ $breaks && $stays == *["$breaks"]* ]] && stays=${stays%"${stays##*["$breaks"]}"} || stays=
+    [[ ${current#"$stays"} == [\'\"]* ]] && quoted=1
+    # The tool is told the words without their quotes, and gives them so.
     words=("${words[@]//[\\\'\"]/}")
-
-    # What bash takes for words of their own stays on the line.
-    local stays=
-    [[ $COMP_WORDBREAKS == *=* && $current == --*=* ]] && stays=${current%%=*}=
+    stays=${stays//\\/}
 
     while IFS=$'\t' read -r candidate _; do
         if [[ $candidate == :files ]]; then
             compopt -o filenames 2>/dev/null
             while IFS= read -r candidate; do
-                [[ $candidate ]] && COMPREPLY+=("$candidate")
-            done <<<"$(compgen -f -- "${current#"$stays"}")"
+                [[ $candidate ]] && COMPREPLY+=("${candidate#"${stays#"$option"}"}")
+            done <<<"$(compgen -f -- "${current#"$option"}")"
             return
         fi
-        [[ $candidate ]] || continue
+        [[ $candidate == "$stays"* && $candidate ]] || continue
         candidate=${candidate#"$stays"}
         [[ $quoted ]] || printf -v candidate %q "$candidate"
         COMPREPLY+=("$candidate")

@@ -43,6 +43,16 @@ BATTUTE = [
     ("record la", ["record", "lap one.ubx"], "a recording"),
     ("record a b --time u3", ["record", "a", "b", "--time", "u32ms"], "a kind of time stamp"),
     ("record a b --unit mp", ["record", "a", "b", "--unit", "mph"], "a unit for all channels"),
+    ("record kart sam --only Late", ["record", "kart", "sam", "--only", "Lateral Accel"], "a channel of this recording"),
+    ("record kart sam --only 'Split T", ["record", "kart", "sam", "--only", "Split Time"], "a subfield, in quotes"),
+    ("record kart sam --only=Late", ["record", "kart", "sam", "--only=Lateral Accel"], "one that is joined to its option"),
+    ("record kart sam --unit ps", ["record", "kart", "sam", "--unit", "psi"], "a unit of this recording"),
+    ("record kart sam --unit Wheel\\ Speed=m", ["record", "kart", "sam", "--unit", "Wheel Speed=mph"],
+     "a unit of one channel"),
+    ("record kart sam --unit 'Oil Pressure=p", ["record", "kart", "sam", "--unit", "Oil Pressure=psi"],
+     "a unit of one channel, in quotes"),
+    ("record kart sam --unit=OilP=p", ["record", "kart", "sam", "--unit=OilP=psi"], "the same after a sign of equality"),
+    ("find 'Oil Pr", ["find", "Oil Pressure"], "the name of a function"),
     ("ubx x --plot la", ["ubx", "x", "--plot", "lap one.ubx"], "a picture"),
     ("ubx x --nd", ["ubx", "x", "--ndjson"], "a form of the output"),
     ("match 0x10 --channels la", ["match", "0x10", "--channels", "lap one.ubx"], "a file after an option"),
@@ -76,7 +86,7 @@ def pretendi(vero, testo):
 class Banco:
     """A scratch folder with a file to complete and, first on PATH, a kelfun that notes how it is run."""
 
-    def __init__(self, kelfun):
+    def __init__(self, kelfun, kelsim):
         self.cartella = tempfile.TemporaryDirectory(prefix="kelfun-")
         self.dove = self.cartella.name
         self.nota = os.path.join(self.dove, "run.log")
@@ -89,6 +99,9 @@ class Banco:
         os.mkdir(os.path.join(self.dove, "dir"))
         with open(os.path.join(self.dove, "dir", "lap one.ubx"), "wb"):
             pass
+        # A recording whose channels and subfields are completed.
+        subprocess.run([kelsim, "--laps", "1", "--rate", "1", "--channels", os.path.join(self.dove, "dir", "kart"),
+                        "--samples", os.path.join(self.dove, "dir", "sam")], check=True)
         self.ambiente = {"PATH": os.path.join(self.dove, "bin") + os.pathsep + os.environ["PATH"], "LC_ALL": "C.UTF-8",
                          "HOME": self.dove, "TERM": "xterm", "PS1": "$ "}
 
@@ -126,7 +139,33 @@ def lo_strumento(banco):
     for riga in unita["functions"][::3]:
         offerte = list(banco.offre("decode", riga["identifier"], "--unit", ""))
         pretendi(offerte == riga["units"].split(", "), f"units of {riga['identifier']}: {offerte}, not {riga['units']}")
+    registrazione(banco)
     pretendi(banco.offre("ubx", "") == {":files": ""}, "ubx does not ask for files")
+
+
+def registrazione(banco):
+    """The names and units of a recording are those that its command takes, and nothing else is read."""
+    canali, campioni = (os.path.join(banco.dove, "dir", nome) for nome in ("kart", "sam"))
+
+    def vale(*opzioni):
+        return subprocess.run([banco.kelfun, "record", canali, campioni, "--time", "u32ms", *opzioni],
+                              capture_output=True, check=False).returncode == 0
+
+    nomi = banco.offre("record", canali, campioni, "--only", "")
+    unita = banco.offre("record", canali, campioni, "--unit", "")
+    pretendi({"Engine RPM", "RPM", "GPS packet", "GPS Speed"} <= set(nomi), f"names of channels: {list(nomi)}")
+    pretendi({"psi", "Oil Pressure=psi", "OilP=psi", "GPS Speed=mph"} <= set(unita), f"units of channels: {list(unita)}")
+    pretendi("inHg" not in unita and "Engine RPM=psi" not in unita, "units are offered that no channel has")
+    for nome in nomi:
+        pretendi(vale("--only", nome), f"record --only {nome!r} is offered, but refused")
+    for una in unita:
+        pretendi(vale("--unit", una), f"record --unit {una!r} is offered, but refused")
+    for altro in ("-", "/nowhere", campioni, "/dev/zero", banco.dove):
+        pretendi(not banco.offre("record", altro, campioni, "--only", ""), f"names of channels from {altro}")
+    pretendi("inHg" in banco.offre("record", "-", campioni, "--unit", ""), "without a recording not every unit is offered")
+    casa = subprocess.run([banco.kelfun, "__complete", "record", "~/dir/kart", "s", "--only", "RP"], capture_output=True,
+                          text=True, env=banco.ambiente, check=False)
+    pretendi(casa.stdout.startswith("RPM\t"), f"a recording below the home folder: {casa.stdout!r}")
 
 
 def elenchi_di_bash(banco, completamenti):
@@ -217,10 +256,11 @@ def battute(banco, shell, comando, prologo):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--kelfun", required=True)
+    parser.add_argument("--kelsim", required=True)
     parser.add_argument("--completions", required=True)
     parser.add_argument("shell", choices=["tool", "bash", "zsh", "fish"])
     argomenti = parser.parse_args()
-    banco = Banco(os.path.abspath(argomenti.kelfun))
+    banco = Banco(os.path.abspath(argomenti.kelfun), os.path.abspath(argomenti.kelsim))
     completamenti = os.path.abspath(argomenti.completions)
     if argomenti.shell == "tool":
         lo_strumento(banco)

@@ -1,6 +1,7 @@
 #include "canali_record.h"
 
 #include <algorithm>
+#include <iterator>
 #include <list>
 #include <map>
 
@@ -146,7 +147,7 @@ void scegliUnita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::
     const std::string nome = uguale == std::string::npos ? "" : richiesta.substr(0, uguale);
     const std::string udm = uguale == std::string::npos ? richiesta : richiesta.substr(uguale + 1);
     const Richiamo richiamo(catalogo, nome);
-    std::list<std::string> possibili;
+    std::vector<std::string> possibili;
     bool chiamata = false;
     bool cambiata = false;
     for (ColonnaRecord& colonna : colonne) {
@@ -155,10 +156,8 @@ void scegliUnita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::
             continue;
         chiamata = true;
         cambiata = colonna.mostraIn(catalogo, canale, udm) || cambiata;
-        std::list<std::string> sue;
-        catalogo.getFunzUIVs(colonna.fid, sue);
-        for (const std::string& una : sue)
-            if (!misura(una).empty() && std::find(possibili.begin(), possibili.end(), una) == possibili.end())
+        for (const std::string& una : colonna.unitaPossibili(catalogo))
+            if (std::find(possibili.begin(), possibili.end(), una) == possibili.end())
                 possibili.push_back(una);
     }
     if (!chiamata)
@@ -201,6 +200,16 @@ bool ColonnaRecord::mostraIn(const IFunzioni& catalogo, const s_kel_canale& cana
     conv_.decimali = static_cast<unsigned>(decimali_);
     kelConvInit(&conv_, &canale, fid, catalogo.getParamConv(fid, udm), 0, 0, 0);
     return true;
+}
+
+std::vector<std::string> ColonnaRecord::unitaPossibili(const IFunzioni& catalogo) const {
+    std::list<std::string> tutte;
+    if (misura_ == Misura::funzione)
+        catalogo.getFunzUIVs(fid, tutte);
+    std::vector<std::string> possibili;
+    std::copy_if(tutte.begin(), tutte.end(), std::back_inserter(possibili),
+                 [](const std::string& una) { return !misura(una).empty(); });
+    return possibili;
 }
 
 bool ColonnaRecord::haValore() const {

@@ -30,6 +30,9 @@ public:
     std::string testo(const std::uint8_t* campioni);
     Cella cella(const std::uint8_t* campioni, bool testi);
 
+    /// The units that it can be shown in; none where its values have no unit, or always the same.
+    std::vector<std::string> unitaPossibili(const IFunzioni& catalogo) const;
+
     bool haValore() const;
     /// Its name with what is to be said of its values: "Position Accuracy low byte".
     std::string nomeMisurato() const;

@@ -11,6 +11,7 @@
 
 #include "campi.h"
 #include "identificatore.h"
+#include "nomi_record.h"
 #include "numeri.h"
 #include "tipi_campione.h"
 #include "uscita.h"
@@ -199,8 +200,13 @@ public:
             scelta({"match", "full", "list"});
         else if (nome == "--code")
             scelta({"c", "cpp", "python"});
-        else if (tipo == "UNIT" || tipo == "[CHANNEL=]UNIT")
+        else if (tipo == "UNIT")
             unita();
+        else if (tipo == "[CHANNEL=]UNIT")
+            unitaCanali();
+        else if (tipo == "CHANNEL")
+            for (const NomeRecord& uno : nomiCanali())
+                candidati_.aggiungi(uno.nome, uno.spiegazione);
         else if (tipo == "ID")
             identificatori();
         else
@@ -236,6 +242,7 @@ private:
                 nomi(*vocabolario(opzione, 0));
             if (candidati_.inizio().starts_with("FID_"))
                 nomiXml();
+            nomiFunzioni();
             identificatori();
         } else if (dichiarato.get_type_name().find('{') != std::string::npos) {
             deiTipi(dichiarato.get_type_name());
@@ -273,6 +280,15 @@ private:
                 candidati_.aggiungi(riga.xml, riga.testo);
     }
 
+    void nomiFunzioni() {
+        std::vector<unsigned> nessuno;
+        std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> funzioni;
+        catalogo_->getFunzioni(funzioni, nessuno);
+        for (const auto& [grandezza, elenco] : funzioni)
+            for (const SFunzionePerGF& funzione : elenco)
+                candidati_.aggiungi(funzione.nome, esadecimale(funzione.funpos, 8));
+    }
+
     unsigned dettagli() const {
         try {
             return campi_.dettagli.empty() ? 0 : leggiCampo(*vocabolario("--details", 0), campi_.dettagli);
@@ -306,6 +322,27 @@ private:
             if (!kelFidFineTabella(riga.chiave))
                 for (int i = 0; i < riga.num_udm; ++i)
                     candidati_.aggiungi(riga.udm[i].dati.udm, riga.testo);
+    }
+
+    // The names in the file of channels that stands on the line.
+    std::vector<NomeRecord> nomiCanali() {
+        if (contesto_.argomenti.empty())
+            return {};
+        return nomiRecord(*catalogo_, contesto_.argomenti.front(),
+                          contesto_.opzioni.contains("--packed") ? Disposizione::compatta : Disposizione::dichiarata);
+    }
+
+    // A unit for everything, or with the name of what it is for.
+    void unitaCanali() {
+        const std::vector<NomeRecord> nomi = nomiCanali();
+        if (nomi.empty())
+            return unita();
+        for (const NomeRecord& uno : nomi)
+            for (const std::string& udm : uno.unita)
+                candidati_.aggiungi(udm, "wherever a function has it");
+        for (const NomeRecord& uno : nomi)
+            for (const std::string& udm : uno.unita)
+                candidati_.aggiungi(uno.nome + "=" + udm, uno.spiegazione);
     }
 
     void unitaDi(kel_funpos di) {

@@ -7,6 +7,7 @@
 #include "comando.h"
 #include "destinazione_grafico.h"
 #include "errori.h"
+#include "file_canali.h"
 #include "grafico_record.h"
 #include "ingresso.h"
 #include "numeri.h"
@@ -27,19 +28,6 @@ struct Argomenti {
     SceltaColonne colonne;
     SceltaForma forma;
 };
-
-std::vector<s_kel_canale> leggiFileCanali(const Argomenti& argomenti) {
-    Ingresso ingresso(argomenti.canali);
-    std::vector<std::uint8_t> byte(CANALI_MASSIMI * CANALE_BYTE + 1);
-    byte.resize(ingresso.leggiTutti(byte.data(), byte.size()));
-    try {
-        if (byte.size() > CANALI_MASSIMI * CANALE_BYTE)
-            throw NonTrovato("it is longer than " + std::to_string(CANALI_MASSIMI) + " channel records");
-        return leggiCanali(byte, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
-    } catch (const NonTrovato& e) {
-        throw NonTrovato("cannot use '" + ingresso.nome() + "' as channels: " + e.what());
-    }
-}
 
 /// When a record was taken: from its time stamp, or from its place where samples come at a rate.
 class Tempo {
@@ -134,7 +122,8 @@ void esegui(const Argomenti& argomenti) {
     if (argomenti.grafico)
         destinazione.emplace(*argomenti.grafico);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const std::vector<s_kel_canale> canali = leggiFileCanali(argomenti);
+    const std::vector<s_kel_canale> canali =
+        leggiFileCanali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
     std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
     Ingresso ingresso(argomenti.campioni);
     ingresso.mostraAvanzamento(!destinazione);
