@@ -1,5 +1,5 @@
 // Functions of legacy textual identifiers.
-#include <cstring>
+#include <string_view>
 
 #include "kelfunzioni.h"
 #include "tables/funz_kel.h"
@@ -8,6 +8,8 @@
 kel_funpos kelFunGetFidDaID(const char* id) noexcept {
     if (id == nullptr)
         return 0;
-    const t_SFunzioneVecchia& riga = funz_Kel[kel::indice_kel_id.riga(kel::chiave_testo(id))];
-    return std::strcmp(riga.id, id) == 0 ? riga.fid : 0;
+    const std::string_view testo(id);
+    const std::size_t numero = kel::indice_kel_id.riga(testo);
+    const t_SFunzioneVecchia& riga = funz_Kel[numero];
+    return kel::indice_kel_id.uguale(numero, riga.id, testo) ? riga.fid : 0;
 }

@@ -1,28 +1,13 @@
 // Camera rows by identifier and by legacy textual identifier.
 //
 // End rows take part in the searches: the end marker finds the base table's end row, and so does the empty text.
-#include <cstring>
+#include <string_view>
 
 #include "kelfunzioni.h"
 #include "tables/camera.h"
 
-namespace {
-
-// Chosen by an index, not by a branch: which table a request falls into cannot be foretold.
-constexpr struct {
-    const t_SFunzioneZumikoCam* righe;
-    std::size_t prima;
-} tabelle[] = {{funz_ZumikoCam_base, 0}, {funz_ZumikoCam_estese, kel::righe_base}};
-
-const t_SFunzioneZumikoCam& riga_numero(std::size_t numero) noexcept {
-    const auto& tabella = tabelle[numero >= kel::righe_base ? 1 : 0];
-    return tabella.righe[numero - tabella.prima];
-}
-
-}  // namespace
-
 const t_SFunzioneZumikoCam* kelFunGetParamZumikoCam(kel_funpos fid) noexcept {
-    const t_SFunzioneZumikoCam& riga = riga_numero(kel::indice_camera_fid.riga(fid));
+    const t_SFunzioneZumikoCam& riga = kel::riga_camera(kel::indice_camera_fid.riga(fid));
     return riga.fid == fid ? &riga : nullptr;
 }
 
@@ -31,8 +16,10 @@ const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaFID(kel_funpos fid) noexc
 }
 
 const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaID(const char* id) noexcept {
-    const t_SFunzioneZumikoCam& riga = riga_numero(kel::indice_camera_id.riga(kel::chiave_testo(id)));
-    return std::strcmp(riga.id, id) == 0 ? &riga : nullptr;
+    const std::string_view testo(id);
+    const std::size_t numero = kel::indice_camera_id.riga(testo);
+    const t_SFunzioneZumikoCam& riga = kel::riga_camera(numero);
+    return kel::indice_camera_id.uguale(numero, riga.id, testo) ? &riga : nullptr;
 }
 
 unsigned getFunzVisSize() noexcept {

@@ -108,46 +108,43 @@ static_assert(visibili_come_sulla_camera(),
 
 // --- Indexes over both, the basic functions first ------------------------------------------------------------------
 
-static_assert(righe_base + righe_estese == std::size(funz_ZumikoCam_base) + std::size(funz_ZumikoCam_estese));
-
 namespace {
 
-using ChiaviCamera = std::array<std::uint32_t, righe_base + righe_estese>;
+constexpr std::size_t righe_tutte = righe_base + righe_estese;
 
 constexpr const t_SFunzioneZumikoCam& riga_numero(std::size_t numero) {
     return numero < righe_base ? funz_ZumikoCam_base[numero] : funz_ZumikoCam_estese[numero - righe_base];
 }
 
-constexpr ChiaviCamera chiavi_fid() {
-    ChiaviCamera chiavi = {};
-    for (std::size_t i = 0; i < chiavi.size(); ++i)
+constexpr std::array<std::uint32_t, righe_tutte> chiavi_fid() {
+    std::array<std::uint32_t, righe_tutte> chiavi = {};
+    for (std::size_t i = 0; i < righe_tutte; ++i)
         chiavi[i] = riga_numero(i).fid;
     return chiavi;
 }
 
-constexpr ChiaviCamera chiavi_id() {
-    ChiaviCamera chiavi = {};
-    for (std::size_t i = 0; i < chiavi.size(); ++i)
-        chiavi[i] = chiave_testo(riga_numero(i).id);
-    return chiavi;
+constexpr std::array<std::string_view, righe_tutte> testi_id() {
+    std::array<std::string_view, righe_tutte> testi = {};
+    for (std::size_t i = 0; i < righe_tutte; ++i)
+        testi[i] = riga_numero(i).id;
+    return testi;
 }
 
 }  // namespace
 
 constexpr IndicePerfetto<128> indice_camera_fid = indice_perfetto<128>(chiavi_fid());
-constexpr IndicePerfetto<128> indice_camera_id = indice_perfetto<128>(chiavi_id());
+constexpr IndiceTesti<128, righe_tutte> indice_camera_id = indice_testi<128>(testi_id());
 
 // Each row is found by its own keys, unless an earlier row has the same.
 constexpr bool indici_uguali_scansione() {
-    for (std::size_t i = 0; i < righe_base + righe_estese; ++i) {
+    for (std::size_t i = 0; i < righe_tutte; ++i) {
         std::size_t per_fid = 0;
         while (riga_numero(per_fid).fid != riga_numero(i).fid)
             ++per_fid;
         std::size_t per_id = 0;
         while (std::string_view(riga_numero(per_id).id) != riga_numero(i).id)
             ++per_id;
-        if (indice_camera_fid.riga(riga_numero(i).fid) != per_fid ||
-            indice_camera_id.riga(chiave_testo(riga_numero(i).id)) != per_id)
+        if (indice_camera_fid.riga(riga_numero(i).fid) != per_fid || indice_camera_id.riga(riga_numero(i).id) != per_id)
             return false;
     }
     return true;

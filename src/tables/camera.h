@@ -44,7 +44,17 @@ constexpr bool testi_in_misura(const t_SFunzioneZumikoCam (&tabella)[N]) {
 inline constexpr std::size_t righe_base = std::size(funz_ZumikoCam_base);
 inline constexpr std::size_t righe_estese = std::size(funz_ZumikoCam_estese);
 extern const IndicePerfetto<128> indice_camera_fid;
-extern const IndicePerfetto<128> indice_camera_id;
+extern const IndiceTesti<128, righe_base + righe_estese> indice_camera_id;
+
+// The row of a number. The table is chosen by an index, not by a branch: which one a request falls into cannot be foretold.
+inline const t_SFunzioneZumikoCam& riga_camera(std::size_t numero) noexcept {
+    static constexpr struct {
+        const t_SFunzioneZumikoCam* righe;
+        std::size_t prima;
+    } tabelle[] = {{funz_ZumikoCam_base, 0}, {funz_ZumikoCam_estese, righe_base}};
+    const auto& tabella = tabelle[numero >= righe_base ? 1 : 0];
+    return tabella.righe[numero - tabella.prima];
+}
 
 }  // namespace kel
 

@@ -1,5 +1,6 @@
 // Unit codes: a compact number for the common units. Their vocabulary ("a/f", "lambda", "m/s2", "mA") is older than that
 // of the unit tables, and external programs know it.
+#include "tables/codici_udm.h"
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -65,5 +66,28 @@ constexpr bool testi_unici() {
     return true;
 }
 static_assert(testi_unici(), "a text stands for one code");
+
+// --- The index -----------------------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr std::array<std::string_view, std::size(udm_codici)> testi() {
+    std::array<std::string_view, std::size(udm_codici)> testi = {};
+    for (std::size_t i = 0; i < testi.size(); ++i)
+        testi[i] = udm_codici[i].testo;
+    return testi;
+}
+
+}  // namespace
+
+constexpr IndiceTesti<64, std::size(udm_codici)> indice_codici_udm = indice_testi<64>(testi());
+
+constexpr bool indice_completo() {
+    for (std::size_t i = 0; i < std::size(udm_codici); ++i)
+        if (indice_codici_udm.riga(udm_codici[i].testo) != i)
+            return false;
+    return true;
+}
+static_assert(indice_completo(), "every row is found by its text, which is unique");
 
 }  // namespace kel

@@ -67,30 +67,28 @@ static_assert(testi_in_misura(), "texts are ASCII and fit their fields");
 
 namespace {
 
-constexpr std::size_t righe = std::size(funz_Kel) - 1;
-
-constexpr std::array<std::uint32_t, righe> chiavi_fid() {
-    std::array<std::uint32_t, righe> chiavi = {};
-    for (std::size_t i = 0; i < righe; ++i)
+constexpr std::array<std::uint32_t, righe_kel> chiavi_fid() {
+    std::array<std::uint32_t, righe_kel> chiavi = {};
+    for (std::size_t i = 0; i < righe_kel; ++i)
         chiavi[i] = funz_Kel[i].fid;
     return chiavi;
 }
 
-constexpr std::array<std::uint32_t, righe> chiavi_id() {
-    std::array<std::uint32_t, righe> chiavi = {};
-    for (std::size_t i = 0; i < righe; ++i)
-        chiavi[i] = chiave_testo(funz_Kel[i].id);
-    return chiavi;
+constexpr std::array<std::string_view, righe_kel> testi_id() {
+    std::array<std::string_view, righe_kel> testi = {};
+    for (std::size_t i = 0; i < righe_kel; ++i)
+        testi[i] = funz_Kel[i].id;
+    return testi;
 }
 
 }  // namespace
 
 constexpr IndicePerfetto<64> indice_kel_fid = indice_perfetto<64>(chiavi_fid());
-constexpr IndicePerfetto<64> indice_kel_id = indice_perfetto<64>(chiavi_id());
+constexpr IndiceTesti<64, righe_kel> indice_kel_id = indice_testi<64>(testi_id());
 
 constexpr bool indici_completi() {
-    for (std::size_t i = 0; i < righe; ++i)
-        if (indice_kel_fid.riga(funz_Kel[i].fid) != i || indice_kel_id.riga(chiave_testo(funz_Kel[i].id)) != i)
+    for (std::size_t i = 0; i < righe_kel; ++i)
+        if (indice_kel_fid.riga(funz_Kel[i].fid) != i || indice_kel_id.riga(funz_Kel[i].id) != i)
             return false;
     return true;
 }

@@ -2,13 +2,16 @@
 #ifndef KEL_TABLES_FUNZ_KEL_H
 #define KEL_TABLES_FUNZ_KEL_H
 
+#include <iterator>
+
 #include "kelfunzioni.h"
 #include "tables/indice_perfetto.h"
 
 namespace kel {
 
+inline constexpr std::size_t righe_kel = std::size(funz_Kel) - 1;
 extern const IndicePerfetto<64> indice_kel_fid;
-extern const IndicePerfetto<64> indice_kel_id;
+extern const IndiceTesti<64, righe_kel> indice_kel_id;
 
 }  // namespace kel
 

@@ -9,6 +9,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace kel {
@@ -50,13 +51,41 @@ consteval IndicePerfetto<Posti> indice_perfetto(const std::array<std::uint32_t, 
     }
 }
 
-// The key of a text: its length and three of its characters, which tell the legacy identifiers apart.
+// The key of a text: its length and four of its characters, which tell legacy identifiers and units apart.
 constexpr std::uint32_t chiave_testo(std::string_view testo) noexcept {
     const std::size_t n = testo.size();
-    if (n < 2)
-        return static_cast<std::uint32_t>(n);
+    if (n == 0)
+        return 0;
     const auto byte = [testo](std::size_t i) { return std::uint32_t{static_cast<unsigned char>(testo[i])}; };
-    return static_cast<std::uint32_t>(n) | byte(n - 1) << 8 | byte(n - 2) << 16 | byte(n / 2) << 24;
+    return (static_cast<std::uint32_t>(n) + byte(0)) | byte(n - 1) << 8 | byte(n > 1 ? n - 2 : 0) << 16 |
+           byte(n / 2) << 24;
+}
+
+// Which row of a table has a text. Lengths are kept, so that of texts that differ in length no character is compared.
+template <std::size_t Posti, std::size_t Righe>
+struct IndiceTesti {
+    IndicePerfetto<Posti> chiavi;
+    std::uint8_t lunghezze[Righe] = {};
+
+    // The only row that may have the text.
+    constexpr std::size_t riga(std::string_view testo) const noexcept { return chiavi.riga(chiave_testo(testo)); }
+
+    // Whether it has: `della_riga` is the row's text.
+    bool uguale(std::size_t riga, const char* della_riga, std::string_view testo) const noexcept {
+        return testo.size() == lunghezze[riga] && std::memcmp(testo.data(), della_riga, testo.size()) == 0;
+    }
+};
+
+template <std::size_t Posti, std::size_t N>
+consteval IndiceTesti<Posti, N> indice_testi(const std::array<std::string_view, N>& testi) {
+    std::array<std::uint32_t, N> chiavi = {};
+    IndiceTesti<Posti, N> indice;
+    for (std::size_t i = 0; i < N; ++i) {
+        chiavi[i] = chiave_testo(testi[i]);
+        indice.lunghezze[i] = static_cast<std::uint8_t>(testi[i].size());
+    }
+    indice.chiavi = indice_perfetto<Posti>(chiavi);
+    return indice;
 }
 
 }  // namespace kel

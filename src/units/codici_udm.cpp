@@ -1,16 +1,12 @@
 // Unit texts and unit codes.
-#include <cstring>
-#include <iterator>
-
-#include "kelfunzioni.h"
+#include "tables/codici_udm.h"
 
 const char* kelFunGetUdmTxt(unsigned codice) noexcept {
     return codice < std::size(udm_codici) ? udm_codici[codice].testo : nullptr;
 }
 
 int kelFunGetUdmCode(const char* testo) noexcept {
-    for (const s_codice_udm& riga : udm_codici)
-        if (std::strcmp(riga.testo, testo) == 0)
-            return riga.codice;
-    return -1;
+    const std::string_view cercato(testo);
+    const std::size_t riga = kel::indice_codici_udm.riga(cercato);
+    return kel::indice_codici_udm.uguale(riga, udm_codici[riga].testo, cercato) ? udm_codici[riga].codice : -1;
 }
