@@ -1,4 +1,5 @@
 // Texts and XML names of field values, and back.
+#include <span>
 #include <string_view>
 
 #include "CFunzioni.h"
@@ -6,14 +7,12 @@
 namespace {
 
 // The text of a value, or "" out of the table; row i describes value i.
-template <std::size_t N>
-const char* testo_di(const s_campo_fid (&tabella)[N], unsigned valore, const char* s_campo_fid::*colonna) {
-    return valore < N ? tabella[valore].*colonna : "";
+const char* testo_di(std::span<const s_campo_fid> tabella, unsigned valore, const char* s_campo_fid::*colonna) {
+    return valore < tabella.size() ? tabella[valore].*colonna : "";
 }
 
 // The value of an XML name, compared whole. 0 for an unknown one, which is also the undefined value.
-template <std::size_t N>
-int valore_di(const s_campo_fid (&tabella)[N], const std::string& xml) {
+int valore_di(std::span<const s_campo_fid> tabella, const std::string& xml) {
     for (const s_campo_fid& riga : tabella)
         if (std::string_view(xml) == riga.xml)
             return riga.valore;

@@ -1,6 +1,7 @@
 // A readable phrase from the fields of an identifier.
 #include "catalogue/nome_composto.h"
 
+#include <span>
 #include <utility>
 
 #include "catalogue/conversione_testi.h"
@@ -15,17 +16,15 @@ public:
         testo_.reserve(63);  // more than most phrases need
     }
 
-    template <std::size_t N>
-    void parola(const s_campo_fid (&tabella)[N], unsigned valore) {
-        if (valore >= N)
+    void parola(std::span<const s_campo_fid> tabella, unsigned valore) {
+        if (valore >= tabella.size())
             return;
         converti_.aggiungi(testo_, tabella[valore].testo);
         testo_ += ' ';
     }
 
     // Undefined values only where every field is asked for.
-    template <std::size_t N>
-    void parola_se_data(const s_campo_fid (&tabella)[N], unsigned valore) {
+    void parola_se_data(std::span<const s_campo_fid> tabella, unsigned valore) {
         if (valore != 0 || tutti_)
             parola(tabella, valore);
     }

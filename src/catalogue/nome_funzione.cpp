@@ -1,6 +1,7 @@
 // The long name of a function: from the first table that knows it, or composed from its fields.
 #include "CFunzioni.h"
 #include "catalogue/nome_composto.h"
+#include "tables/camera.h"
 #include "tables/funz_kel.h"
 
 namespace {
@@ -11,22 +12,24 @@ const char* nome_della_grandezza(kel_funpos fid) {
     const s_grandezza_fisica_uiv* riga = kelFunGetUIVs(fid);
     if (riga == nullptr)
         return nullptr;
-    if (kelFidOggetto(riga->chiave) == kelFidOggetto(fid))
-        for (int i = 0; i < riga->num_varianti; ++i)
-            if (riga->varianti[i].posizione == kelFidPosizione(fid))
-                return riga->varianti[i].testo;
+    for (int i = 0; i < riga->num_varianti; ++i)  // few rows have any: asked for first
+        if (riga->varianti[i].posizione == kelFidPosizione(fid) && kelFidOggetto(riga->chiave) == kelFidOggetto(fid))
+            return riga->varianti[i].testo;
     return riga->testo;
 }
 
-// The first table that knows the function names it: the camera's, the legacy one, the quantity table. End markers are no
-// functions.
+// The first table that knows the function names it: the camera's, the legacy one, the quantity table. Which one does cannot be
+// foretold, so all three are asked, the last one first. End markers are no functions.
 const char* nome_nelle_tabelle(kel_funpos fid) {
     if (kelFidFineTabella(fid) != 0)
         return nullptr;
-    if (const t_SFunzioneZumikoCam* riga = kelFunGetParamZumikoCam(fid))
-        return riga->testo;
+    const t_SFunzioneZumikoCam& camera = kel::riga_camera(kel::indice_camera_fid.riga(fid));
     const t_SFunzioneVecchia& vecchia = funz_Kel[kel::indice_kel_fid.riga(fid)];
-    return vecchia.fid == fid ? vecchia.testo : nome_della_grandezza(fid);
+    const char* nome = nome_della_grandezza(fid);
+    const char* const nome_vecchio = vecchia.testo;
+    const char* const nome_camera = camera.testo;
+    nome = vecchia.fid == fid ? nome_vecchio : nome;
+    return camera.fid == fid ? nome_camera : nome;
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The values of every field of an identifier, for an editor.
-#include <iterator>
+#include <span>
 
 #include "CFunzioni.h"
 
@@ -7,8 +7,7 @@ namespace {
 
 using Testi = std::list<std::string>;
 
-template <std::size_t N>
-void aggiungi_xml(const CFunzioni& catalogo, const s_campo_fid (&tabella)[N], Testi& testi) {
+void aggiungi_xml(const CFunzioni& catalogo, std::span<const s_campo_fid> tabella, Testi& testi) {
     for (const s_campo_fid& riga : tabella)
         testi.push_back(catalogo.ConvertiDa8(riga.xml));
 }
