@@ -52,9 +52,14 @@ public:
     void salta() {
         if (resto_.empty())
             fallito_ = true;
-        if (!fallito_)
-            resto_.remove_prefix(1);
+        if (fallito_)
+            return;
+        punto_ = punto_ || resto_.front() == '.';
+        resto_.remove_prefix(1);
     }
+
+    // Whether the text has a point anywhere: passed over, or in what was not read.
+    bool punto() const { return punto_ || resto_.find('.') != std::string_view::npos; }
 
 private:
     static constexpr std::uint64_t smisurato = std::uint64_t{1} << 40;  // does not fit, nor does any further digit
@@ -80,6 +85,7 @@ private:
 
     std::string_view resto_;
     bool fallito_ = false;
+    bool punto_ = false;
 };
 
 constexpr int altra_forma = -1;
@@ -116,9 +122,8 @@ int leggi_tempo(std::string_view testo) {
         lettore.numero(campo);
         campi[i] = campo;
     }
-    const bool con_millesimi = testo.find('.') != std::string_view::npos;
-    const std::uint32_t millisecondi = con_millesimi ? campi[0] * 60000u + campi[1] * 1000u + campi[2]
-                                                     : campi[0] * 3600000u + campi[1] * 60000u + campi[2] * 1000u;
+    const std::uint32_t millisecondi = lettore.punto() ? campi[0] * 60000u + campi[1] * 1000u + campi[2]
+                                                       : campi[0] * 3600000u + campi[1] * 60000u + campi[2] * 1000u;
     return static_cast<int>(millisecondi);
 }
 
