@@ -24,6 +24,7 @@ Without err~ standard error must be empty; where the exit status is not 0 it mus
 standard output. Exit 1 alone may have output before it.
 """
 import json
+import locale
 import os
 import re
 import shlex
@@ -146,9 +147,13 @@ def difetti(programmi, caso):
 
 def main():
     parser = lettore(__doc__.splitlines()[0])
+    parser.add_argument("--locale", help="run every case in it that asks for no other; without it in C")
     parser.add_argument("casi")
     argomenti = parser.parse_args()
     programmi = Programmi(argomenti)
+    if argomenti.locale:
+        locale.setlocale(locale.LC_ALL, argomenti.locale)  # one that is not there would prove nothing
+        programmi.ambiente["LC_ALL"] = argomenti.locale
     with open(argomenti.casi, encoding="utf-8") as f:
         casi = list(blocchi(f.read()))
     if not casi:

@@ -131,6 +131,8 @@ def main():
     parser.add_argument("--write", action="store_true")
     parser.add_argument("document", nargs="+", type=Path)
     options = parser.parse_args()
+    for name in ("include", "lib", "kelfun", "kelsim", "esempi"):  # the examples run in folders of their own
+        setattr(options, name, os.path.abspath(getattr(options, name)))
     sys.exit(0 if all([check(document, options) for document in options.document]) else 1)
 
 
