@@ -73,6 +73,7 @@ static_assert(chiavi_uniche(funz_ZumikoCam_base, &t_SFunzioneZumikoCam::fid), "a
 static_assert(chiavi_note(funz_ZumikoCam_base, &t_SFunzioneZumikoCam::fid), "functions have fields with descriptors");
 static_assert(codici_unici(funz_ZumikoCam_base), "a camera code stands for one function");
 static_assert(testi_in_misura(funz_ZumikoCam_base), "texts are ASCII and fit their fields");
+static_assert(scale_positive(funz_ZumikoCam_base), "every function has a scale");
 
 constexpr bool codici_in_fila() {
     for (std::size_t i = 0; i + 1 < std::size(funz_ZumikoCam_base); ++i)
@@ -90,6 +91,7 @@ static_assert(chiavi_uniche(funz_ZumikoCam_estese, &t_SFunzioneZumikoCam::fid), 
 static_assert(chiavi_note(funz_ZumikoCam_estese, &t_SFunzioneZumikoCam::fid), "functions have fields with descriptors");
 static_assert(codici_unici(funz_ZumikoCam_estese), "a camera code stands for one function");
 static_assert(testi_in_misura(funz_ZumikoCam_estese), "texts are ASCII and fit their fields");
+static_assert(scale_positive(funz_ZumikoCam_estese), "every function has a scale");
 
 // The walk over the visible functions shows the rows that `estesa_visibile` accepts.
 constexpr bool visibili_come_sulla_camera() {

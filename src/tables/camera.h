@@ -39,6 +39,15 @@ constexpr bool testi_in_misura(const t_SFunzioneZumikoCam (&tabella)[N]) {
     return true;
 }
 
+// A parameter's value is the function's times the scale: a row without one would say nothing.
+template <std::size_t N>
+constexpr bool scale_positive(const t_SFunzioneZumikoCam (&tabella)[N]) {
+    for (const t_SFunzioneZumikoCam& riga : tabella)
+        if (!(riga.scala > 0.0f))
+            return false;
+    return true;
+}
+
 // Rows are counted through both tables, the basic functions first, end rows included: the end marker finds the first end
 // row, and so does the empty text.
 inline constexpr std::size_t righe_base = std::size(funz_ZumikoCam_base);

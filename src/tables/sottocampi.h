@@ -69,6 +69,17 @@ constexpr bool fine_per_primo_byte(const s_sottocampo (&tabella)[N]) {
     return true;
 }
 
+// What is computed has functions of its own, for values; whatever lies in the packet is read by its sample type.
+template <std::size_t N>
+constexpr bool funzioni_dei_calcolati(const s_sottocampo (&tabella)[N]) {
+    for (std::size_t i = 0; i + 1 < N; ++i)
+        if ((tabella[i].valore != nullptr) != (tabella[i].tipo_campione == KEL_TIPO_CALCOLATO) ||
+            (tabella[i].valore_reciproco != nullptr && tabella[i].valore == nullptr) ||
+            tabella[i].conv_testo != nullptr)
+            return false;
+    return true;
+}
+
 template <std::size_t N>
 constexpr bool nomi_in_misura(const s_sottocampo (&tabella)[N]) {
     for (const s_sottocampo& riga : tabella)
@@ -81,7 +92,7 @@ template <std::size_t N>
 constexpr bool sottocampi_in_regola(const s_sottocampo (&tabella)[N], uint32_t byte_pacchetto) {
     return fine_per_primo_byte(tabella) && fine_solo_in_fondo(tabella, &s_sottocampo::fid) &&
            chiavi_uniche(tabella, &s_sottocampo::fid) && chiavi_note(tabella, &s_sottocampo::fid) &&
-           dentro_al_pacchetto(tabella, byte_pacchetto) && nomi_in_misura(tabella);
+           dentro_al_pacchetto(tabella, byte_pacchetto) && funzioni_dei_calcolati(tabella) && nomi_in_misura(tabella);
 }
 
 }  // namespace kel
