@@ -5,7 +5,7 @@ A case is a block of lines, blocks apart by empty lines; lines that begin with #
 
     why: one line that says what the case is about
     run: fid 0x10 --json            arguments, quoted as for a shell; "kelsim ..." runs the simulator instead; {ESC} and
-                                    {LF} stand for an escape character and a line feed
+                                    {LF} stand for an escape character and a line feed, {xE9} for a byte
     stdin: 0102                     a line of standard input, {CR} in it a carriage return; may be repeated; or
     stdin-kelsim: --laps 1          what the simulator writes with these arguments
     before: kelsim one.ubx          a command that must succeed first, in the same folder
@@ -98,7 +98,8 @@ def difetti(programmi, caso):
         yield "has no why or no run"
         return
     yield from prepara(programmi, caso)
-    argomenti = [parte.replace("{ESC}", "\x1b").replace("{LF}", "\n") for parte in shlex.split(tutti("run")[0])]
+    argomenti = [re.sub("\\{x([0-9A-F]{2})\\}", lambda cifre: os.fsdecode(bytes.fromhex(cifre[1])),
+                        parte.replace("{ESC}", "\x1b").replace("{LF}", "\n")) for parte in shlex.split(tutti("run")[0])]
     nome = "kelsim" if argomenti[:1] == ["kelsim"] else "kelfun"
     ingresso = "".join(riga + "\n" for riga in tutti("stdin")).replace("{CR}", "\r").encode()
     for simulata in tutti("stdin-kelsim"):

@@ -8,7 +8,7 @@ Cella Cella::mancante(std::string_view testo) {
 }
 
 Cella Cella::testo(std::string_view testo) {
-    return {std::string(testo), std::string(testo)};
+    return {testo.find_first_not_of(' ') == std::string_view::npos ? "-" : std::string(testo), std::string(testo)};
 }
 
 Cella Cella::citata(std::string_view testo) {

@@ -11,6 +11,7 @@
 #include "comando.h"
 #include "comando_completa.h"
 #include "errori.h"
+#include "mostrabile.h"
 #include "uscita.h"
 
 namespace {
@@ -41,13 +42,10 @@ std::string colori(const CLI::App& comando) {
     return opzione != nullptr && !opzione->results().empty() ? opzione->results().front() : "auto";
 }
 
-int errore(const CLI::App& comando, const std::string& chi, std::string testo, int stato) {
-    for (char& c : testo)  // always one line, whatever the argument held
-        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
-            c = '?';
+int errore(const CLI::App& comando, const std::string& chi, const std::string& testo, int stato) {
     const bool colorato = ammetteColori(colori(comando), stderr);
     const std::string prima = colorato ? std::string(ROSSO) + chi + ":" + std::string(NORMALE) : chi + ":";
-    std::fprintf(stderr, "%s %s\n", prima.c_str(), testo.c_str());
+    std::fprintf(stderr, "%s %s\n", prima.c_str(), mostrabile(testo).c_str());
     return stato;
 }
 

@@ -8,6 +8,7 @@
 #include "canali_record.h"
 #include "chiavi.h"
 #include "file_canali.h"
+#include "mostrabile.h"
 
 namespace kel::strumento {
 
@@ -37,7 +38,7 @@ public:
             return;
         auto posto = std::find_if(nomi_.begin(), nomi_.end(), [&](const NomeRecord& n) { return n.nome == nome; });
         if (posto == nomi_.end())
-            posto = nomi_.insert(posto, {nome, spiegazione, {}});
+            posto = nomi_.insert(posto, {nome, mostrabile(spiegazione), {}});
         for (const std::string& una : unita)
             if (std::find(posto->unita.begin(), posto->unita.end(), una) == posto->unita.end())
                 posto->unita.push_back(una);
