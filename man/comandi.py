@@ -119,7 +119,7 @@ def corpo(aiuto, uscita_comune, comando, comandi):
     righe += [".Sh DESCRIPTION"]
     descrizione = aiuto.descrizione
     righe += roff.paragrafi([descrizione + ("" if descrizione.endswith(".") else ".")])
-    note = [riga for riga in aiuto.note if "--help tells more" not in riga]
+    note = [riga for riga in aiuto.note if not riga.startswith("kelfun COMMAND --help")]
     if any(note):
         righe += [".Pp", *roff.paragrafi(note)]
     for titolo, voci in aiuto.gruppi:

@@ -25,10 +25,11 @@ def main():
                 rotti += 1
 
     stato, uscita, _ = programmi.esegui("kelfun", ["--help"])
-    comandi = re.findall(r"^  ([a-z]+) ", uscita.decode().split("Subcommands:\n")[-1], re.M)
+    comandi = re.findall(r"^  ([a-z]+)  ", uscita.decode().split("Subcommands:\n")[-1], re.M)
     if stato != 0 or "fid" not in comandi or "ubx" not in comandi:
         print(f"kelfun --help does not list the commands:\n{uscita.decode()}")
         rotti += 1
+    prova("kelfun", uscita.decode())
     for comando in comandi:
         stato, uscita, errori = programmi.esegui("kelfun", [comando, "--help"])
         if stato != 0 or errori:

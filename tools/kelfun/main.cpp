@@ -68,8 +68,11 @@ int esegui(int argc, char** argv) {
     aggiungiCatalogue(programma);
     rifiutaCodiceAltrove(programma);
     programma.footer(
-        "kelfun COMMAND --help tells more and gives examples.\n"
-        "Exit status: 0 fine, 1 no such thing, 2 wrong argument.");
+        esempi("kelfun COMMAND --help tells more and gives examples.\n"
+               "Tables have colours on a terminal only, and none where NO_COLOR is set or TERM is dumb.\n"
+               "Exit status: 0 fine, 1 no such thing or it cannot be read or written, 2 wrong argument.",
+               "kelfun find wheel front left", "kelfun fid REF_SPEED_FL",
+               "kelfun decode REF_SPEED_FL --type 1 --unit mph 7B00"));
 
     std::string chi = "kelfun";
     const CLI::App* comando = &programma;
