@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Links of the Markdown pages: what they point to within the tree must be there, and a page that nothing points to is not
-read.
+"""Links of the Markdown pages, and the paths that they name: what they point to within the tree must be there. A page that
+nothing points to is not read.
 
     rimandi.py FOLDER
 """
@@ -8,13 +8,15 @@ import re
 import sys
 from pathlib import Path
 
+BLOCK = re.compile(r"^```.*?^```$", re.M | re.S)
 CODE = re.compile(r"^```.*?^```$|`[^`\n]*`", re.M | re.S)
+PATH = re.compile(r"`((?:bench|cmake|completions|debian|docs|examples|include|man|scripts|src|tests|tools)/[\w./*+-]*)")
 LINK = re.compile(r"\[[^\]]*\]\(([^)\s]+)\)")
 
 
 def places(text):
     """Names of a page's headings, as they are linked to."""
-    headings = re.findall(r"^#+ +(.*)$", re.sub(r"^```.*?^```$", "", text, flags=re.M | re.S), re.M)
+    headings = re.findall(r"^#+ +(.*)$", BLOCK.sub("", text), re.M)
     return {re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-") for heading in headings}
 
 
@@ -36,8 +38,12 @@ def main():
                 mistakes.append(f"{page.relative_to(root)}: {link}: no such heading")
             if page.name == "README.md":
                 reached.add(target)
+        for path in PATH.findall(BLOCK.sub("", text)):
+            checked += 1
+            if not list(root.glob(path)):
+                mistakes.append(f"{page.relative_to(root)}: `{path}`: no such file")
     mistakes += [f"README.md does not link {page.relative_to(root)}" for page in pages if page not in reached]
-    print(*mistakes, f"{len(pages)} pages, {checked} links checked, {len(mistakes)} mistakes", sep="\n")
+    print(*mistakes, f"{len(pages)} pages, {checked} links and paths checked, {len(mistakes)} mistakes", sep="\n")
     return 1 if mistakes or checked < len(pages) else 0
 
 
