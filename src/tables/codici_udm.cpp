@@ -80,7 +80,7 @@ constexpr std::array<std::string_view, std::size(udm_codici)> testi() {
 
 }  // namespace
 
-constexpr IndiceTesti<64, std::size(udm_codici)> indice_codici_udm = indice_testi<64>(testi());
+constexpr IndiceTesti<128, std::size(udm_codici)> indice_codici_udm = indice_testi<128>(testi());
 
 constexpr bool indice_completo() {
     for (std::size_t i = 0; i < std::size(udm_codici); ++i)
