@@ -91,3 +91,15 @@ mirror() {
     # shellcheck disable=SC2016  # apt-get expands its own words
     echo "${KEL_MIRROR:-$(apt-get indextargets --format '$(CODENAME) $(REPO_URI)' | awk '$1 == "bookworm" { print $2; exit }')}"
 }
+
+# Puts the text of a file between the two marks of a name in docs/reliability.md.
+write_section() {
+    local page=$KEL_ROOT/docs/reliability.md new
+    new=$(awk -v name="$1" -v table="$2" '
+        $0 == "<!-- " name ": end -->" { inside = 0; found = 1 }
+        !inside { print }
+        $0 == "<!-- " name ": begin -->" { inside = 1; while ((getline line < table) > 0) print line }
+        END { exit !found }' "$page") || die "$page has no marks for $1"
+    printf '%s\n' "$new" >"$page"
+    say "written: docs/reliability.md"
+}
