@@ -3,6 +3,7 @@
 #define KEL_CONVERTERS_STATO_H
 
 #include <cstdint>
+#include <type_traits>
 
 #include "kelfunzioni.h"
 
@@ -14,7 +15,7 @@ void testo_stato(uint32_t stato, char* testo) noexcept;
 // Status of a raw 16- or 32-bit sample: three bit patterns carry no measurement, in signed formats too.
 template <typename T>
 constexpr uint32_t stato_riservato(T grezzo) noexcept {
-    switch (static_cast<uint32_t>(static_cast<int32_t>(grezzo)) | (sizeof(T) == 2 ? 0xFFFF0000u : 0u)) {
+    switch (static_cast<uint32_t>(static_cast<int32_t>(static_cast<std::make_signed_t<T>>(grezzo)))) {
         case 0xFFFFCFFF:
             return KEL_STATO_FUORI_SCALA;
         case 0xFFFFCFFE:
