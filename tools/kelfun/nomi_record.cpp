@@ -57,8 +57,7 @@ std::vector<NomeRecord> nomi(IFunzioni& catalogo, const std::vector<s_kel_canale
         const bool interno = colonna.fid != canale.fid;
         if (interno)
             nomi.aggiungi(nomeCanale(canale), "all of this packet", {});
-        nomi.aggiungi(colonna.nome,
-                      interno ? "of " + nomeCanale(canale) : catalogo.getNomeFunzione(colonna.fid, false).c_str(),
+        nomi.aggiungi(colonna.nome, interno ? "of " + nomeCanale(canale) : catalogo.getNomeFunzione(colonna.fid, false),
                       colonna.unitaPossibili(catalogo));
     }
     for (const ColonnaRecord& colonna : colonne)
