@@ -1,0 +1,73 @@
+// A converter record is its caller's: fields that he changes after the set-up count, and what an earlier set-up left is gone.
+#include <gtest/gtest.h>
+
+#include "converters/lettura.h"
+
+using namespace kel_test;
+
+namespace {
+
+constexpr kel_funpos kVelocitaGps = kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS);
+
+s_kel_converter Imposta(unsigned tipo, kel_funpos fid, unsigned short pos_bit, unsigned short num_bit) {
+    const s_kel_canale canale = Canale(fid, tipo);
+    s_kel_converter conv{};
+    conv.larghezza = 8;
+    kelConvInit(&conv, &canale, fid, &kIdentita, pos_bit, num_bit, 1);
+    return conv;
+}
+
+TEST(ChangedRecord, BitFieldMayBeginAtTheHighestBit) {
+    s_kel_converter conv = Imposta(KEL_TIPO_UINT32, kFid, 0, 31);
+    ASSERT_EQ(conv.maschera, 0x80000000u);
+    conv.pos_bit = 31;
+    EXPECT_EQ(Leggi(conv, Le32(0xFFFFFFFFu)).valore, 1.0f);
+    conv.pos_bit = 32;
+    EXPECT_EQ(Leggi(conv, Le32(0xFFFFFFFFu)).valore, 0.0f) << "no bit lies there";
+}
+
+TEST(ChangedRecord, MaskedBitListHasAPlaceForEachBit) {
+    s_kel_converter conv = Imposta(KEL_TIPO_LISTA_BIT, kFid, 0, 7);
+    conv.maschera = 0xFF;
+    conv.num_bit = 8;
+    EXPECT_EQ(Leggi(conv, Byte{0x80}).valore, 70000000.0f) << "bit 7, counted from 0, in the eighth place";
+    EXPECT_EQ(Leggi(conv, Byte{0x05}).valore, 200.0f) << "bits 0 and 2";
+    EXPECT_EQ(Leggi(conv, Byte{0x05}).testo, "     200");
+}
+
+TEST(ChangedRecord, DecodersWithoutAStatusSetItToZero) {
+    s_kel_converter lista = Imposta(KEL_TIPO_LISTA_BIT, kFid, 0, 7);
+    uint32_t stato = 0xFFFFFFFFu;
+    const unsigned char bit = 0x80;
+    lista.valore(&lista, &bit, &stato);
+    EXPECT_EQ(stato, 0u) << "masked bit list";
+
+    constexpr kel_funpos marcia = kelFidComponi(FID_PHI_GEAR, 0, 0);
+    s_kel_converter cifra = Imposta(KEL_TIPO_NUMERO_TESTO_6, marcia, 0, 0);
+    stato = 0xFFFFFFFFu;
+    const unsigned char campione[] = {0x00, 0x00, '4', 0, 0, 0, 0, 0};
+    EXPECT_EQ(cifra.valore(&cifra, campione, &stato), 4.0f);
+    EXPECT_EQ(stato, 0u) << "digit of a gear";
+}
+
+TEST(ChangedRecord, WithoutTheSubfieldNoMaskIsLeft) {
+    s_kel_converter conv = Imposta(KEL_TIPO_UINT32, kFid, 0, 12);
+    ASSERT_NE(conv.maschera, 0u);
+    const kel_funpos pacchetto = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+    const s_kel_canale canale = Canale(pacchetto, KEL_TIPO_GPS_KEL);
+    kelConvInit(&conv, &canale, kFid, &kIdentita, 0, 0, 1);
+    EXPECT_EQ(conv.maschera, 0u);
+    EXPECT_EQ(conv.valore, nullptr);
+}
+
+TEST(ChangedRecord, ComputedSubfieldWithoutAnyUnitDataHasNoValue) {
+    const kel_funpos pacchetto = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+    const s_kel_canale canale = Canale(pacchetto, KEL_TIPO_GPS_KEL);
+    s_kel_converter conv{};
+    kelConvInit(&conv, &canale, kVelocitaGps, nullptr, 0, 0, 1);
+    const Lettura letto = Leggi(conv, Byte(56, 0));
+    EXPECT_EQ(letto.ha_valore, 0);
+    EXPECT_EQ(letto.testo, "- -");
+}
+
+}  // namespace
