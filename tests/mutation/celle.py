@@ -11,7 +11,7 @@ from clang.cindex import TypeKind
 
 from mutante import Mutant
 
-TEXT, DATA, FUNCTION, FLOAT, DOUBLE, INTEGER = "text", "data", "function", "float", "double", "integer"
+TEXT, DATA, FUNCTION, FLOAT, DOUBLE, INTEGER, BOOL = "text", "data", "function", "float", "double", "integer", "bool"
 POINTER = struct.Struct("P")
 
 
@@ -45,10 +45,12 @@ def layout(of, path="", offset=0):
         yield path, offset, TEXT if pointee.spelling in ("const char", "char") else what, of.get_size()
     elif kind in (TypeKind.FLOAT, TypeKind.DOUBLE):
         yield path, offset, FLOAT if kind == TypeKind.FLOAT else DOUBLE, of.get_size()
-    elif kind in (TypeKind.ENUM, TypeKind.BOOL) or TypeKind.CHAR_U.value <= kind.value <= TypeKind.LONGLONG.value:
+    elif kind == TypeKind.BOOL:
+        yield path, offset, BOOL, of.get_size()
+    elif kind == TypeKind.ENUM or TypeKind.CHAR_U.value <= kind.value <= TypeKind.LONGLONG.value:
         yield path, offset, INTEGER, of.get_size()
     else:
-        raise SystemExit(f"a cell of a type that is not known here: {path} {of.spelling}")
+        raise ValueError(f"a cell of a type that is not known here: {path} {of.spelling}")
 
 
 class Image:
@@ -112,6 +114,8 @@ def changes(what, held, image, functions, place):
         return pointer_changes(POINTER.unpack(held)[0], image, place)
     if what == FUNCTION:
         return function_changes(POINTER.unpack(held)[0], image, functions)
+    if what == BOOL:
+        return [("false => true", "01")] if held == b"\0" else [("true => false", "00")]
     if what == INTEGER:
         return integer_changes(held)
     return float_changes(held, "<f" if what == FLOAT else "<d")
@@ -149,11 +153,11 @@ def integer_changes(held):
 
 
 def float_changes(held, form):
-    """The next float, or, of doubles, what differs by a thousand millionth; and the other sign."""
+    """The next float, or, of doubles, what differs by a millionth; and the other sign."""
     value, = struct.unpack(form, held)
     if form == "<f":
         near, = struct.unpack("<f", (int.from_bytes(held, "little") + 1).to_bytes(4, "little"))
     else:
-        near = value * (1 + 1e-9) if value else 1e-9
+        near = value * (1 + 1e-6) if value else 1e-6
     others = [near] + ([-value] if value else [1.0])
     return [(f"{value:.9g} => {other:.12g}", struct.pack(form, other).hex()) for other in others]

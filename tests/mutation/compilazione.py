@@ -12,6 +12,9 @@ from mutante import COMPILER, ILL, SAME
 
 HERE = Path(__file__).resolve().parent
 LIBRARY = "libkelfunzioni.so.0"
+# A changed library may do what C++ leaves undefined: the compiler is not to conclude from it that it never happens.
+DEFINED = ("-O1", "-fno-delete-null-pointer-checks", "-fwrapv", "-fno-strict-aliasing", "-fno-aggressive-loop-optimizations",
+           "-fno-toplevel-reorder")
 # What a compiler says of a constant that is not what it was proved to be, or that it cannot compute.
 PROOF = re.compile(r"static assertion failed|constant expression|limit|too many|overflow|out of bounds|outside")
 
@@ -89,7 +92,7 @@ class Compilation:
             file = tree / name
             file.parent.mkdir(parents=True, exist_ok=True)
             file.write_text(text)
-        extra = ["-O1", "-g0", f"-I{HERE}", "-fno-toplevel-reorder"]
+        extra = [*DEFINED, f"-I{HERE}"]
 
         def compile_one(source):
             output = tree / (source.replace("/", "_") + ".o")

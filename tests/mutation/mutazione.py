@@ -52,6 +52,7 @@ class Run:
         self.work = self.compilation.work
         self.mutants, self.tables, self.users = [], [], {}
         self.texts = {}
+        self.readers_of = {}
 
     # --- Which mutants there are ------------------------------------------------------------------------------------
 
@@ -94,15 +95,23 @@ class Run:
 
     def judge(self, mutant):
         if mutant.cell:
-            self.try_tests(mutant, {"KEL_CELLA": mutant.cell})
+            self.try_tests(mutant, self.readers(mutant), {"KEL_CELLA": mutant.cell})
         elif not mutant.compiled:
-            self.try_tests(mutant, {"KEL_MUTANTE": str(mutant.number)})
+            self.try_tests(mutant, self.tests.reached([mutant.number]), {"KEL_MUTANTE": str(mutant.number)})
         if not mutant.outcome and not mutant.cell:
             self.judge_text(mutant)
         mutant.outcome = mutant.outcome or ALIVE
 
-    def try_tests(self, mutant, environment, library=None):
-        mutant.by = self.tests.catcher(mutant, library or self.library, environment)
+    def readers(self, mutant):
+        """The tests that come by the one file that reads a table; all where others may read it."""
+        own = mutant.file.endswith(".cpp") and not mutant.file.startswith("src/tables/")
+        if mutant.file not in self.readers_of:
+            numbers = [m.number for m in self.mutants if m.number and m.file == mutant.file] if own else []
+            self.readers_of[mutant.file] = self.tests.reached(numbers)
+        return self.readers_of[mutant.file]
+
+    def try_tests(self, mutant, tests, environment, library=None):
+        mutant.by = self.tests.catcher(mutant, tests, library or self.library, environment)
         if mutant.by:
             mutant.outcome = TESTS
 
@@ -114,9 +123,8 @@ class Run:
                                                                number)
             if library is not None:
                 mutant.outcome = ""
-                if mutant.compiled or not self.tests.order(mutant.file, mutant.number):
-                    mutant.number = 0  # every test may come by it
-                    self.try_tests(mutant, {}, library)
+                if mutant.compiled or not self.tests.reached([mutant.number]):
+                    self.try_tests(mutant, self.tests.reached([]), {}, library)
         finally:
             self.places.put(number)
 
@@ -130,18 +138,19 @@ class Run:
         if self.options.list:
             print(*mutants, sep="\n")
             return True
-        reasons = equivalenti.read()
+        reasons = equivalenti.Reasons()
         print(f"{len(self.mutants)} mutants, {len(mutants)} of them to try; {time.time() - began:.0f} s", file=sys.stderr)
         self.tests = Tests(self.options.build.resolve(), self.work, self.library, self.options.jobs)
         self.places = queue.Queue()
         for number in range(self.options.jobs):
             self.places.put(number)
         self.try_all(mutants)
-        missing = [key for key in reasons if key not in {m.key for m in self.mutants}]
-        for mutant in mutants:
-            if mutant.outcome == ALIVE and mutant.key in reasons:
+        listed = [mutant for mutant in mutants if reasons.line_of(mutant)]
+        for mutant in listed:
+            if mutant.outcome == ALIVE:
                 mutant.outcome = EQUIVALENT
-        caught = [m for m in mutants if m.key in reasons and m.outcome in (COMPILER, TESTS, SAME)]
+        caught = [mutant for mutant in listed if mutant.outcome in (COMPILER, TESTS, SAME)]
+        missing = reasons.without_mutant(self.mutants)
         seconds = time.time() - began
         resoconto.terminal(mutants, seconds)
         good = resoconto.faults(mutants, missing, caught)

@@ -198,7 +198,7 @@ class Reader:
         if written in ("", "__LINE__") or cursor.type.kind == TypeKind.DEPENDENT:
             return
         for sign in "+-":
-            self.replace("constant", cursor, place, f"{written} {sign} 1",
+            self.replace("constant", cursor, place, f"({written} {sign} 1)",
                          f"static_cast<{cursor.type.spelling}>({written} {sign} 1)")
 
     def named_constant(self, cursor, place):
@@ -212,7 +212,7 @@ class Reader:
             return
         written = self.piece(cursor)
         for sign in "+-":
-            self.replace("constant", cursor, place, f"{written} {sign} 1",
+            self.replace("constant", cursor, place, f"({written} {sign} 1)",
                          f"static_cast<decltype({written})>({written} {sign} 1)")
 
     def is_label(self, cursor):
@@ -299,6 +299,8 @@ class Reader:
             if next(cursor.get_children(), None) is not None:
                 return
         elif kind in LOOPS:
+            if re.match(r"for\s*\([^;]*;\s*;", self.text[begin:end]):
+                return  # without it nothing is left: the function ends only within
             if self.is_simple(list(cursor.get_children())[-1]):
                 return
         elif not self.is_simple(cursor):
@@ -353,7 +355,7 @@ def parse(path, arguments):
     unit = cindex.Index.create().parse(str(path), args=arguments)
     errors = [str(d) for d in unit.diagnostics if d.severity >= cindex.Diagnostic.Error]
     if errors:
-        raise SystemExit("libclang does not understand the source:\n" + "\n".join(errors))
+        raise ValueError("libclang does not understand the source:\n" + "\n".join(errors))
     return unit
 
 

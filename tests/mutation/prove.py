@@ -16,18 +16,13 @@ SLOW = 0.05  # seconds, from which a test is run for itself, after the others
 
 
 @dataclass
-class Stage:
-    """Some tests of one program, run together."""
+class Test:
+    """One test, and which mutants it comes by."""
 
     folder: str
-    program: Path
-    filter: str
+    name: str
     seconds: float
     seen: bytes = b""
-
-    @property
-    def slow(self):
-        return not self.filter.startswith("-")
 
 
 class Unfit(Exception):
@@ -40,41 +35,47 @@ class Tests:
         self.work = work
         self.environment = {name: value for name, value in os.environ.items()
                             if not name.startswith(("KEL_", "GTEST_", "LD_"))}
-        self.stages = []
         self.recent = {}
         with ThreadPoolExecutor(jobs) as pool:
-            for stages in pool.map(lambda folder: self.divide(folder, library), FOLDERS):
-                self.stages += stages
-            list(pool.map(lambda stage: self.look(stage, library), self.stages))
+            self.tests = [test for tests in pool.map(lambda folder: self.all_of(folder, library), FOLDERS) for test in tests]
+            list(pool.map(lambda test: self.look(test, library), self.tests))
 
-    def divide(self, folder, library):
-        """The program's quick tests together, each slow one for itself; all of them pass."""
-        program = self.programs[folder]
+    def all_of(self, folder, library):
+        """The tests of a program, all of which pass."""
         with tempfile.NamedTemporaryFile(dir=self.work, suffix=".json") as file:
-            done = self.start(program, library, [f"--gtest_output=json:{file.name}"], 600, {})
+            done = self.start(folder, library, [f"--gtest_output=json:{file.name}"], 600, {})
             if done.returncode != 0:
-                raise Unfit(f"{program.name} fails without a mutant:\n{done.stdout[-3000:]}")
-            times = {f"{suite['name']}.{test['name']}": float(test["time"].rstrip("s"))
-                     for suite in json.loads(Path(file.name).read_text())["testsuites"] for test in suite["testsuite"]}
-        slow = [test for test, time in times.items() if time >= SLOW]
-        quick = sum(time for time in times.values() if time < SLOW)
-        return [Stage(folder, program, "-" + ":".join(slow), quick)] + [
-            Stage(folder, program, test, times[test]) for test in slow]
+                raise Unfit(f"{self.programs[folder].name} fails without a mutant:\n{done.stdout[-3000:]}")
+            suites = json.loads(Path(file.name).read_text())["testsuites"]
+        return [Test(folder, f"{suite['name']}.{test['name']}", float(test["time"].rstrip("s")))
+                for suite in suites for test in suite["testsuite"]]
 
-    def look(self, stage, library):
-        """Notes which mutants the stage comes by."""
+    def look(self, test, library):
+        """Notes which mutants the test comes by."""
         with tempfile.NamedTemporaryFile(dir=self.work, suffix=".seen") as file:
-            self.start(stage.program, library, [f"--gtest_filter={stage.filter}"], 600, {"KEL_VISTI": file.name})
+            self.start(test.folder, library, [f"--gtest_filter={test.name}"], 600, {"KEL_VISTI": file.name})
             records = Path(file.name).read_bytes()
+        # One record of each process that the test consists of, added up as one long number.
         size = 65536
-        merged = bytearray(size)
+        total = 0
         for begin in range(0, len(records), size):
-            for place, byte in enumerate(records[begin:begin + size]):
-                merged[place] |= byte
-        stage.seen = bytes(merged)
+            total |= int.from_bytes(records[begin:begin + size], "little")
+        test.seen = total.to_bytes(size, "little")
 
-    def start(self, program, library, arguments, timeout, environment, limits=()):
-        return subprocess.run([*limits, str(program), "--gtest_brief=1", "--gtest_color=no", *arguments], cwd=self.work,
+    def reached(self, numbers):
+        """The tests that come by one of the mutants; all where there are none."""
+        return [test for test in self.tests if not numbers or any(test.seen[number] for number in numbers)]
+
+    def runs(self, file, tests):
+        """The tests in the order in which they are run: the quick ones of a program together, the likeliest first."""
+        own = Path(file).parent.name
+        order = sorted(FOLDERS, key=lambda folder: (folder != own, sum(t.seconds for t in tests if t.folder == folder)))
+        quick = [[t for t in tests if t.folder == folder and t.seconds < SLOW] for folder in order]
+        slow = sorted((t for t in tests if t.seconds >= SLOW), key=lambda t: (t.folder != own, t.seconds))
+        return [run for run in quick if run] + [[test] for test in slow]
+
+    def start(self, folder, library, arguments, timeout, environment, limits=()):
+        return subprocess.run([*limits, str(self.programs[folder]), "--gtest_brief=1", "--gtest_color=no", *arguments], cwd=self.work,
                               env={**self.environment, "LD_LIBRARY_PATH": str(library.parent), **environment},
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=timeout,
                               encoding="utf-8", errors="replace")
@@ -85,38 +86,33 @@ class Tests:
         return sorted((stage for stage in self.stages if not number or stage.seen[number]),
                       key=lambda stage: (stage.slow, stage.folder != folder, stage.seconds))
 
-    def catcher(self, mutant, library, environment):
-        """The first test that fails; "" when none does."""
+    def catcher(self, mutant, tests, library, environment):
+        """The first of the tests that fails; "" when none does."""
         recent = self.recent.setdefault((mutant.file, mutant.function), [])
-        stages = self.order(mutant.file, 0 if mutant.compiled else mutant.number)
-        for stage in (self.neighbours(recent) if stages else []) + stages:
-            caught = self.failure(stage, library, environment)
+        first = [test for test in recent if test.folder == recent[0].folder]  # they caught mutants nearby
+        for run in ([first] if first and tests else []) + self.runs(mutant.file, tests):
+            caught, test = self.failure(run, library, environment)
+            if test:
+                recent[:] = [test, *(other for other in recent if other is not test)][:RECENT]
             if caught:
-                test = caught.split(": ")[1]
-                if "." in test:
-                    recent[:] = [(stage, test), *((s, t) for s, t in recent if t != test)][:RECENT]
                 return caught
         return ""
 
-    def neighbours(self, recent):
-        """What caught mutants nearby is asked first."""
-        if not recent:
-            return []
-        first = recent[0][0]
-        tests = [test for stage, test in recent if stage.program == first.program]
-        return [Stage(first.folder, first.program, ":".join(tests), min(first.seconds, SLOW * len(tests)))]
-
-    def failure(self, stage, library, environment):
-        """The test of a stage that fails."""
-        seconds = int(3 + 8 * stage.seconds)
+    def failure(self, tests, library, environment):
+        """What a run of some tests of one program ends with, "" when they pass; and the test that fails."""
+        folder = tests[0].folder
+        seconds = int(3 + 8 * sum(test.seconds for test in tests))
+        names = ":".join(test.name for test in tests)
         try:
-            done = self.start(stage.program, library, ["--gtest_fail_fast", f"--gtest_filter={stage.filter}"], 20 * seconds,
-                              environment, ["prlimit", f"--cpu={seconds}", f"--as={MEMORY}", "--core=0"])
+            done = self.start(folder, library, ["--gtest_fail_fast", f"--gtest_filter={names}"], 20 * seconds, environment,
+                              ["prlimit", f"--cpu={seconds}", f"--as={MEMORY}", "--core=0"])
         except subprocess.TimeoutExpired:
-            return f"{stage.folder}: no end"
+            return f"{folder}: no end", None
         if done.returncode == 125:
             raise Unfit(done.stdout)
-        if done.returncode != 0:
-            failed = re.search(r"^\[  FAILED  \] ([\w/]+\.[\w/]+)", done.stdout, re.M)
-            return f"{stage.folder}: {failed[1] if failed else f'exit {done.returncode}'}"
-        return ""
+        if done.returncode == 0:
+            return "", None
+        failed = re.search(r"^\[  FAILED  \] ([\w/]+\.[\w/]+)", done.stdout, re.M)
+        if not failed:
+            return f"{folder}: exit {done.returncode}", None
+        return f"{folder}: {failed[1]}", next((test for test in tests if test.name == failed[1]), None)
