@@ -13,7 +13,7 @@ from mutante import COMPILER, ILL, SAME
 HERE = Path(__file__).resolve().parent
 LIBRARY = "libkelfunzioni.so.0"
 # A changed library may do what C++ leaves undefined: the compiler is not to conclude from it that it never happens.
-DEFINED = ("-O1", "-fno-delete-null-pointer-checks", "-fwrapv", "-fno-strict-aliasing", "-fno-aggressive-loop-optimizations",
+DEFINED = ("-O1", "-fwrapv", "-fno-strict-aliasing", "-fno-aggressive-loop-optimizations",
            "-fno-toplevel-reorder")
 # What a compiler says of a constant that is not what it was proved to be, or that it cannot compute.
 PROOF = re.compile(r"static assertion failed|constant expression|limit|too many|overflow|out of bounds|outside")
