@@ -69,14 +69,17 @@ constexpr bool fine_per_primo_byte(const s_sottocampo (&tabella)[N]) {
     return true;
 }
 
-// What is computed has functions of its own, for values; whatever lies in the packet is read by its sample type.
+// Only what is computed has functions of its own, and those are for values: whatever lies in the packet is read by its
+// sample type, and every text is that of a type.
 template <std::size_t N>
 constexpr bool funzioni_dei_calcolati(const s_sottocampo (&tabella)[N]) {
-    for (std::size_t i = 0; i + 1 < N; ++i)
-        if ((tabella[i].valore != nullptr) != (tabella[i].tipo_campione == KEL_TIPO_CALCOLATO) ||
-            (tabella[i].valore_reciproco != nullptr && tabella[i].valore == nullptr) ||
-            tabella[i].conv_testo != nullptr)
+    for (const s_sottocampo& riga : tabella) {
+        const bool calcolata = riga.tipo_campione == KEL_TIPO_CALCOLATO;
+        if (!calcolata && (riga.valore != nullptr || riga.valore_reciproco != nullptr))
             return false;
+        if (riga.conv_testo != nullptr)
+            return false;
+    }
     return true;
 }
 
