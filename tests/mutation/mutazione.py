@@ -89,7 +89,7 @@ class Run:
             mutants = mutants[share - 1::shares]
         if self.options.only:
             mutants = [m for m in mutants if any(m.name == one or m.file.endswith(one) for one in self.options.only)]
-        return sorted(mutants, key=lambda m: (m.file, m.begin, m.number))
+        return sorted(mutants, key=lambda m: (m.compiled, m.file, m.begin, m.number))  # what is compiled takes longest
 
     # --- What becomes of them ---------------------------------------------------------------------------------------
 
@@ -98,7 +98,8 @@ class Run:
             self.try_tests(mutant, self.readers(mutant), {"KEL_CELLA": mutant.cell})
         elif not mutant.compiled:
             self.try_tests(mutant, self.tests.reached([mutant.number]), {"KEL_MUTANTE": str(mutant.number)})
-        if not mutant.outcome and not mutant.cell:
+        known = not mutant.compiled and self.reasons.line_of(mutant)
+        if not mutant.outcome and not mutant.cell and not known:
             self.judge_text(mutant)
         mutant.outcome = mutant.outcome or ALIVE
 
@@ -138,19 +139,19 @@ class Run:
         if self.options.list:
             print(*mutants, sep="\n")
             return True
-        reasons = equivalenti.Reasons()
+        self.reasons = equivalenti.Reasons()
         print(f"{len(self.mutants)} mutants, {len(mutants)} of them to try; {time.time() - began:.0f} s", file=sys.stderr)
         self.tests = Tests(self.options.build.resolve(), self.work, self.library, self.options.jobs)
         self.places = queue.Queue()
         for number in range(self.options.jobs):
             self.places.put(number)
         self.try_all(mutants)
-        listed = [mutant for mutant in mutants if reasons.line_of(mutant)]
+        listed = [mutant for mutant in mutants if self.reasons.line_of(mutant)]
         for mutant in listed:
             if mutant.outcome == ALIVE:
                 mutant.outcome = EQUIVALENT
         caught = [mutant for mutant in listed if mutant.outcome in (COMPILER, TESTS, SAME)]
-        missing = reasons.without_mutant(self.mutants)
+        missing = self.reasons.without_mutant(self.mutants)
         seconds = time.time() - began
         resoconto.terminal(mutants, seconds)
         good = resoconto.faults(mutants, missing, caught)
