@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "CConverter.h"
+#include "catalogue/conversione_testi.h"
 
 IFunzioni::~IFunzioni() = default;
 
@@ -27,11 +28,11 @@ CFunzioni::CFunzioni(s_kel_canale* canali, unsigned int numCanali)
 CFunzioni::~CFunzioni() = default;
 
 std::string CFunzioni::ConvertiIn8(const std::string& testo) const {
-    return testo;
+    return kel::in_8(testo);
 }
 
 std::string CFunzioni::ConvertiDa8(const std::string& testo) const {
-    return testo;
+    return kel::da_8(testo);
 }
 
 // --- Channels ------------------------------------------------------------------------------------------------------

@@ -1,34 +1,25 @@
-// Table texts on their way to the client: through the catalogue's character conversion.
+// The character conversion of the object face, `ConvertiIn8` and `ConvertiDa8`: the one place where a build with another
+// character type would convert. Texts have 8 bits throughout: both are exact copies.
 #ifndef KEL_CATALOGUE_CONVERSIONE_TESTI_H
 #define KEL_CATALOGUE_CONVERSIONE_TESTI_H
 
 #include <string>
-#include <typeinfo>
-
-#include "CFunzioni.h"
+#include <string_view>
 
 namespace kel {
 
-// Only a derived catalogue can convert: the texts of this one go out as they are, without copies on the way.
-class ConversioneTesti {
-public:
-    explicit ConversioneTesti(const CFunzioni& catalogo)
-        : catalogo_(typeid(catalogo) == typeid(CFunzioni) ? nullptr : &catalogo) {}
+inline std::string in_8(std::string_view testo) {
+    return std::string(testo);
+}
 
-    std::string operator()(const char* testo) const {
-        return catalogo_ == nullptr ? std::string(testo) : catalogo_->ConvertiDa8(testo);
-    }
+inline std::string da_8(std::string_view testo) {
+    return std::string(testo);
+}
 
-    void aggiungi(std::string& a, const char* testo) const {
-        if (catalogo_ == nullptr)
-            a += testo;
-        else
-            a += catalogo_->ConvertiDa8(testo);
-    }
-
-private:
-    const CFunzioni* catalogo_;  // null: nothing to convert
-};
+// `da_8` at the end of a text, without a copy on the way.
+inline void aggiungi_da_8(std::string& a, std::string_view testo) {
+    a += testo;
+}
 
 }  // namespace kel
 

@@ -28,7 +28,6 @@ const s_variante_posizione* cerca_variante(const s_grandezza_fisica_uiv& grandez
 
 void CFunzioni::getFunzioni(std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>>& funzioni,
                             std::vector<unsigned int>& filtro) const {
-    const kel::ConversioneTesti converti(*this);
     funzioni.clear();
     for (const s_grandezza_fisica_uiv* riga = uib_grandezza_fisica_uiv; kelFidFineTabella(riga->chiave) == 0; ++riga) {
         if (!nel_filtro(riga->chiave, filtro))
@@ -36,11 +35,11 @@ void CFunzioni::getFunzioni(std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzio
         auto& elenco = funzioni[static_cast<GRANDEZZA_FISICA_FUNZKEL>(kelFidGrandezza(riga->chiave))];
         // The variants stand in place of a row that has them.
         if (riga->num_varianti == 0)
-            elenco.push_back({riga->chiave, converti(riga->testo)});
+            elenco.push_back({riga->chiave, kel::da_8(riga->testo)});
         for (int i = 0; i < riga->num_varianti; ++i) {
             const s_variante_posizione& variante = riga->varianti[i];
             const kel_funpos posizione = kelFidComponi(0, 0, variante.posizione);
-            elenco.push_back({(riga->chiave & ~bit_posizione) | posizione, converti(variante.testo)});
+            elenco.push_back({(riga->chiave & ~bit_posizione) | posizione, kel::da_8(variante.testo)});
         }
     }
 }
@@ -52,7 +51,6 @@ void CFunzioni::RiempiMapGrandezzaFisica(std::map<GRANDEZZA_FISICA_FUNZKEL, std:
 
 void CFunzioni::getFunzDettagli(kel_funpos fid, std::map<unsigned int, std::string>& lati,
                                 std::map<unsigned int, std::string>& inout, int& primo, int& ultimo) const {
-    const kel::ConversioneTesti converti(*this);
     lati.clear();
     inout.clear();
     const s_grandezza_fisica_uiv* grandezza = kelFunGetUIVs(fid);
@@ -62,9 +60,9 @@ void CFunzioni::getFunzDettagli(kel_funpos fid, std::map<unsigned int, std::stri
     if (variante == nullptr)
         return;
     for (int i = 0; i < variante->num_lati; ++i)
-        lati.emplace(variante->lati[i].chiave, converti(variante->lati[i].testo));
+        lati.emplace(variante->lati[i].chiave, kel::da_8(variante->lati[i].testo));
     for (int i = 0; i < variante->num_inout; ++i)
-        inout.emplace(variante->inout[i].chiave, converti(variante->inout[i].testo));
+        inout.emplace(variante->inout[i].chiave, kel::da_8(variante->inout[i].testo));
     primo = variante->primo;
     ultimo = variante->ultimo;
 }

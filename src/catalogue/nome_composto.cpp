@@ -12,14 +12,14 @@ namespace {
 // The long name's parts, each with its separator.
 class Frase {
 public:
-    Frase(const CFunzioni& catalogo, bool tutti) : converti_(catalogo), tutti_(tutti) {
+    explicit Frase(bool tutti) : tutti_(tutti) {
         testo_.reserve(63);  // more than most phrases need
     }
 
     void parola(std::span<const s_campo_fid> tabella, unsigned valore) {
         if (valore >= tabella.size())
             return;
-        converti_.aggiungi(testo_, tabella[valore].testo);
+        aggiungi_da_8(testo_, tabella[valore].testo);
         testo_ += ' ';
     }
 
@@ -31,9 +31,9 @@ public:
 
     // Left/right, front/rear and up/down are one word; an undefined one has no text.
     void lati(kel_funpos fid) {
-        converti_.aggiungi(testo_, leftright_FunzKel[kelFidLeftRight(fid)].testo);
-        converti_.aggiungi(testo_, frontrear_FunzKel[kelFidFrontRear(fid)].testo);
-        converti_.aggiungi(testo_, updown_FunzKel[kelFidUpDown(fid)].testo);
+        aggiungi_da_8(testo_, leftright_FunzKel[kelFidLeftRight(fid)].testo);
+        aggiungi_da_8(testo_, frontrear_FunzKel[kelFidFrontRear(fid)].testo);
+        aggiungi_da_8(testo_, updown_FunzKel[kelFidUpDown(fid)].testo);
         testo_ += ' ';
     }
 
@@ -51,23 +51,16 @@ public:
     }
 
 private:
-    ConversioneTesti converti_;
     bool tutti_;
     std::string testo_;
 };
 
 }  // namespace
 
-std::string nome_composto(const CFunzioni& catalogo, kel_funpos fid, bool tutti) {
-    Frase frase(catalogo, tutti);
+std::string nome_composto(kel_funpos fid, bool tutti) {
+    Frase frase(tutti);
     frase.parola(grandezza_fisica_FunzKel, kelFidGrandezza(fid));
-    if (kelFidGrandezza(fid) == FID_PHI_PACKAGE) {
-        // A packet's specialisation is named as a position would be: that is what users have always read.
-        frase.parola(dettagli_FunzKel, kelFidOggetto(fid));
-        frase.parola_se_data(posizione_FunzKel, kelFidPosizione(fid));
-    } else {
-        frase.parola_se_data(oggetto_misurato_FunzKel, kelFidOggetto(fid));
-    }
+    frase.parola_se_data(oggetto_misurato_FunzKel, kelFidOggetto(fid));  // never details: packets have their row's name
     frase.parola_se_data(inout_FunzKel, kelFidInOut(fid));
     if (kelFidNumerato(fid) != 0)
         frase.numero(kelFidNumero(fid));

@@ -4,12 +4,12 @@
 
 #include <string>
 
-#include "CFunzioni.h"
+#include "kelfunzioni.h"
 
 namespace kel {
 
-// The texts of the identifier's fields, through the catalogue's character conversion; undefined fields only with `tutti`.
-std::string nome_composto(const CFunzioni& catalogo, kel_funpos fid, bool tutti);
+// The texts of the identifier's fields, through the character conversion; undefined fields only with `tutti`.
+std::string nome_composto(kel_funpos fid, bool tutti);
 
 }  // namespace kel
 

@@ -37,5 +37,5 @@ const char* nome_nelle_tabelle(kel_funpos fid) {
 std::string CFunzioni::getNomeFunzione(kel_funpos fid, bool tutti) const {
     if (const char* nome = nome_nelle_tabelle(fid))
         return nome;  // as it stands, without a conversion
-    return kel::nome_composto(*this, fid, tutti);
+    return kel::nome_composto(fid, tutti);
 }

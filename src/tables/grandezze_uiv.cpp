@@ -210,5 +210,7 @@ constexpr bool indice_uguale_scansione() {
     return true;
 }
 static_assert(indice_uguale_scansione(), "the index answers as a walk over the table would");
+static_assert(indice_grandezze.per_grandezza[FID_PHI_PACKAGE].generica != IndiceGrandezze::nessuna,
+              "every packet has a name in the table: none is composed");
 
 }  // namespace kel
