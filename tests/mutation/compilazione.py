@@ -12,9 +12,10 @@ from mutante import COMPILER, ILL, SAME
 
 HERE = Path(__file__).resolve().parent
 LIBRARY = "libkelfunzioni.so.0"
-# A changed library may do what C++ leaves undefined: the compiler is not to conclude from it that it never happens.
-DEFINED = ("-O1", "-fwrapv", "-fno-strict-aliasing", "-fno-aggressive-loop-optimizations",
-           "-fno-toplevel-reorder")
+# A changed library may do what C++ leaves undefined: an index out of its array ends the program, and otherwise the compiler
+# is not to conclude anything from it.
+DEFINED = ("-O1", "-fsanitize=bounds", "-fsanitize-undefined-trap-on-error", "-fwrapv", "-fno-strict-aliasing",
+           "-fno-aggressive-loop-optimizations", "-fno-toplevel-reorder")
 # What a compiler says of a constant that is not what it was proved to be, or that it cannot compute.
 PROOF = re.compile(r"static assertion failed|constant expression|limit|too many|overflow|out of bounds|outside")
 

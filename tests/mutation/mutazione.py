@@ -89,7 +89,7 @@ class Run:
             mutants = mutants[share - 1::shares]
         if self.options.only:
             mutants = [m for m in mutants if any(m.name == one or m.file.endswith(one) for one in self.options.only)]
-        return sorted(mutants, key=lambda m: (m.compiled, m.file, m.begin, m.number))  # what is compiled takes longest
+        return sorted(mutants, key=lambda m: (m.file, m.begin, m.number))
 
     # --- What becomes of them ---------------------------------------------------------------------------------------
 
@@ -166,6 +166,7 @@ class Run:
             mutant.outcome, mutant.by = state.outcomes.get(mutant.name, ("", ""))
             if not mutant.outcome:
                 left.append(mutant)
+        left.sort(key=self.to_compile)  # that takes longest
         done, began = len(mutants) - len(left), time.time()
         with ThreadPoolExecutor(self.options.jobs) as pool:
             for count, mutant in enumerate(pool.map(self.tried, left), 1):
@@ -175,6 +176,9 @@ class Run:
                     print(f"\r{done + count} of {len(mutants)}, {rest:.0f} s left   ", end="", file=sys.stderr)
         if sys.stderr.isatty():
             print(file=sys.stderr)
+
+    def to_compile(self, mutant):
+        return mutant.compiled or not mutant.cell and not self.tests.reached([mutant.number])
 
     def tried(self, mutant):
         self.judge(mutant)
