@@ -86,28 +86,32 @@ class Compilation:
                         f"-Wl,--version-script={self.root / 'src/kelfunzioni.map'}", "-Wl,-Bsymbolic-functions",
                         "-Wl,-z,relro,-z,now", *map(str, objects), "-ldl", "-o", str(output)], check=True)
 
-    def instrumented(self, texts):
-        """The library with the switches; `texts` holds the instrumented files."""
+    def instrumented(self, texts, sources):
+        """The library with the switches: `texts` holds the instrumented files, `sources` what has to be compiled anew."""
         tree = self.work / "switched"
+        shutil.rmtree(tree, ignore_errors=True)
         for name, text in texts.items():
             file = tree / name
             file.parent.mkdir(parents=True, exist_ok=True)
             file.write_text(text)
-        extra = [*DEFINED, f"-I{HERE}"]
+        tree.mkdir(exist_ok=True)
 
         def compile_one(source):
             output = tree / (source.replace("/", "_") + ".o")
-            done = subprocess.run(self.command(source, tree, output, extra), capture_output=True, text=True)
-            return output, done.stderr if done.returncode else ""
+            command = self.command(source, tree, output, [*DEFINED, f"-I{HERE}"])
+            done = subprocess.run(command, capture_output=True, text=True)
+            return source, output, done.stderr if done.returncode else ""
 
         with ThreadPoolExecutor(self.jobs) as pool:
-            results = list(pool.map(compile_one, self.sources))
-        errors = [error for _, error in results if error]
+            results = list(pool.map(compile_one, sorted(sources)))
+        errors = [error for _, _, error in results if error]
         if errors:
             raise SystemExit("the instrumented library does not compile:\n" + "\n".join(errors))
         switch = tree / "interruttore.o"
         subprocess.run([self.commands[self.sources[0]][0][0], "-std=c++20", "-O1", "-fPIC", "-fvisibility=hidden", "-c",
                         str(HERE / "interruttore.cpp"), "-o", str(switch)], check=True)
+        objects = {source: output for source, (_, output) in self.commands.items()}
+        objects.update({source: output for source, output, _ in results})
         library = tree / "lib" / LIBRARY
-        self.link([switch, *(output for output, _ in results)], library)
+        self.link([switch, *objects.values()], library)
         return library

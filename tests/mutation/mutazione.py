@@ -73,23 +73,25 @@ class Run:
         self.texts = {name: (self.root / name).read_text() for name in known}
         count_occurrences(self.mutants)
 
-    def number(self):
-        """Numbers those that can be switched, and builds the library that has them all."""
-        by_file = {}
-        for number, mutant in enumerate((m for m in self.mutants if not m.compiled), 1):
-            mutant.number = number
-            by_file.setdefault(mutant.file, []).append(mutant)
-        return self.compilation.instrumented({name: instrument(self.texts[name], mutants)
-                                              for name, mutants in by_file.items()})
-
-    def chosen(self):
-        mutants = sorted(self.mutants, key=lambda m: m.name)
+    def chosen(self, mutants):
+        """Those that are asked for. A share goes by the names: it stays the same when others come and go."""
         if self.options.shard:
             share, shares = map(int, self.options.shard.split("/"))
-            mutants = mutants[share - 1::shares]
+            mutants = [m for m in mutants if int(m.name, 16) % shares == share - 1]
         if self.options.only:
             mutants = [m for m in mutants if any(m.name == one or m.file.endswith(one) for one in self.options.only)]
-        return sorted(mutants, key=lambda m: (m.file, m.begin, m.number))
+        return sorted(mutants, key=lambda m: (m.file, m.begin))
+
+    def switched(self, mutants):
+        """Numbers those that can be switched, and builds the library that has them all."""
+        by_file = {}
+        for number, mutant in enumerate((m for m in mutants if not m.compiled), 1):
+            mutant.number = number
+            by_file.setdefault(mutant.file, []).append(mutant)
+        instrumented = {name: instrument(self.texts[name], these) for name, these in by_file.items()}
+        own_tables = {table.file for table in self.tables if not table.file.startswith("src/tables/")}
+        sources = own_tables.union(*(self.users[name] for name in instrumented))
+        return self.compilation.instrumented(instrumented, sources)
 
     # --- What becomes of them ---------------------------------------------------------------------------------------
 
@@ -105,7 +107,8 @@ class Run:
 
     def readers(self, mutant):
         """The tests that come by the one file that reads a table; all where others may read it."""
-        own = mutant.file.endswith(".cpp") and not mutant.file.startswith("src/tables/")
+        whole = not self.options.shard and not self.options.only
+        own = whole and mutant.file.endswith(".cpp") and not mutant.file.startswith("src/tables/")
         if mutant.file not in self.readers_of:
             numbers = [m.number for m in self.mutants if m.number and m.file == mutant.file] if own else []
             self.readers_of[mutant.file] = self.tests.reached(numbers)
@@ -132,10 +135,11 @@ class Run:
     def run(self):
         began = time.time()
         self.find()
-        self.library = self.number()
+        mutants = self.chosen(self.mutants)
+        self.library = self.switched(mutants)
         cells = list(cell_mutants(self.tables, Image(self.library)))
         self.mutants += cells
-        mutants = self.chosen()
+        mutants += self.chosen(cells)
         if self.options.list:
             print(*mutants, sep="\n")
             return True

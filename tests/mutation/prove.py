@@ -37,7 +37,8 @@ class Tests:
                             if not name.startswith(("KEL_", "GTEST_", "LD_"))}
         self.recent = {}
         with ThreadPoolExecutor(jobs) as pool:
-            self.tests = [test for tests in pool.map(lambda folder: self.all_of(folder, library), FOLDERS) for test in tests]
+            programs = pool.map(lambda folder: self.all_of(folder, library), FOLDERS)
+            self.tests = [test for tests in programs for test in tests]
             list(pool.map(lambda test: self.look(test, library), self.tests))
 
     def all_of(self, folder, library):
