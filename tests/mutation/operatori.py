@@ -334,8 +334,11 @@ def is_number(of):
 
 
 def is_table(variable):
-    """Whether a constant is written out as a list of values, or a text: it has cells."""
-    if variable.type.get_canonical().kind not in (TypeKind.CONSTANTARRAY, TypeKind.RECORD, TypeKind.INCOMPLETEARRAY):
+    """Whether a constant array is written out as a list of values, or a text: it has cells.
+
+    A single record has none: the compiler knows it and writes its values where they are used.
+    """
+    if variable.type.get_canonical().kind != TypeKind.CONSTANTARRAY:
         return False
     last = None
     for last in variable.get_children():
