@@ -36,4 +36,30 @@ TEST(Longitude, NearTheMiddleBetweenTwoFloatsIsTheNearer) {
     }
 }
 
+struct Equatore {
+    std::int32_t x, z;     // ECEF, cm; y is 0
+    std::uint32_t angolo;  // bits of the float that the iteration ends with
+    const char* limite;    // what it would come to if it went on, degrees
+};
+
+// A centimetre or two beside the equator the iteration ends at a step of 1e-10 that is no small part of the way: the float is
+// that of where it ends, not of where it would come to.
+constexpr Equatore equatore[] = {
+    {529779859, 2, 0x346844FA, "2.163177654726877e-07"},
+    {655575980, 1, 0x33BBB27B, "8.740331125472260e-08"},
+    {699851375, 2, 0x342FD26E, "1.637469821949228e-07"},
+};
+
+TEST(Latitude, BesideTheEquatorIsWhereTheIterationEnds) {
+    constexpr kel_funpos latitudine = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS);
+    for (const Equatore& punto : equatore) {
+        Byte pacchetto(56, 0);
+        Metti(pacchetto, 16, LeI32(punto.x));
+        Metti(pacchetto, 24, LeI32(punto.z));
+        s_kel_converter conv = Sottocampo(kPacchettoGps, KEL_TIPO_GPS_KEL, latitudine, &kIdentita);
+        EXPECT_EQ(std::bit_cast<std::uint32_t>(Leggi(conv, pacchetto).valore), punto.angolo)
+            << punto.limite << " degrees";
+    }
+}
+
 }  // namespace
