@@ -1,6 +1,8 @@
 // Integer samples: sample types 0 to 5 in their linear and reciprocal forms, and the reserved raw values.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "converters/lettura.h"
 
 using namespace kel_test;
@@ -105,6 +107,10 @@ struct Riservato {
     std::uint32_t stato;
     const char* testo;
 };
+
+void PrintTo(const Riservato& caso, std::ostream* dove) {
+    *dove << "type " << caso.tipo << ", raw " << caso.grezzo;
+}
 
 class ReservedValue : public ::testing::TestWithParam<Riservato> {};
 
