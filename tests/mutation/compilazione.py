@@ -12,10 +12,10 @@ from mutante import COMPILER, ILL, SAME
 
 HERE = Path(__file__).resolve().parent
 LIBRARY = "libkelfunzioni.so.0"
-# A changed library may do what C++ leaves undefined: an index out of its array ends the program, and otherwise the compiler
-# is not to conclude anything from it.
-DEFINED = ("-O1", "-fsanitize=bounds", "-fsanitize-undefined-trap-on-error", "-fwrapv", "-fno-strict-aliasing",
-           "-fno-aggressive-loop-optimizations", "-fno-toplevel-reorder")
+# A changed library may do what C++ leaves undefined: what leaves an array ends the program, and otherwise the compiler is
+# not to conclude anything from it.
+DEFINED = ("-fsanitize=bounds", "-fsanitize-undefined-trap-on-error", "-fstack-protector-all", "-fwrapv",
+           "-fno-strict-aliasing", "-fno-aggressive-loop-optimizations")
 # What a compiler says of a constant that is not what it was proved to be, or that it cannot compute.
 PROOF = re.compile(r"static assertion failed|constant expression|limit|too many|overflow|out of bounds|outside")
 
@@ -54,7 +54,7 @@ class Compilation:
         file.parent.mkdir(parents=True)
         file.write_text(text[:mutant.begin] + mutant.text + text[mutant.end:])
         objects = {source: output for source, (_, output) in self.commands.items()}
-        differs = False
+        differ = []
         for source in sources:
             output = tree / (source.replace("/", "_") + ".o")
             try:
@@ -63,10 +63,13 @@ class Compilation:
                 return COMPILER, None
             if done.returncode:
                 return COMPILER if PROOF.search(done.stderr) else ILL, None
-            differs = differs or output.read_bytes() != objects[source].read_bytes()
-            objects[source] = output
-        if not differs:
+            if output.read_bytes() != objects[source].read_bytes():
+                differ.append(source)
+        if not differ:
             return SAME, None
+        for source in differ:
+            objects[source] = tree / (source.replace("/", "_") + ".o")
+            subprocess.run(self.command(source, tree, objects[source], DEFINED), check=True)
         library = tree / "lib" / LIBRARY
         self.link(list(objects.values()), library)
         return None, library
@@ -98,7 +101,7 @@ class Compilation:
 
         def compile_one(source):
             output = tree / (source.replace("/", "_") + ".o")
-            command = self.command(source, tree, output, [*DEFINED, f"-I{HERE}"])
+            command = self.command(source, tree, output, ["-O1", "-fno-toplevel-reorder", *DEFINED, f"-I{HERE}"])
             done = subprocess.run(command, capture_output=True, text=True)
             return source, output, done.stderr if done.returncode else ""
 
