@@ -76,10 +76,10 @@ class Tests:
         return [run for run in quick if run] + [[test] for test in slow]
 
     def start(self, folder, library, arguments, timeout, environment, limits=()):
-        return subprocess.run([*limits, str(self.programs[folder]), "--gtest_brief=1", "--gtest_color=no", *arguments], cwd=self.work,
+        command = [*limits, str(self.programs[folder]), "--gtest_brief=1", "--gtest_color=no", *arguments]
+        return subprocess.run(command, cwd=self.work, timeout=timeout, encoding="utf-8", errors="replace",
                               env={**self.environment, "LD_LIBRARY_PATH": str(library.parent), **environment},
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=timeout,
-                              encoding="utf-8", errors="replace")
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
 
     def order(self, file, number=0):
         """The stages that come by a mutant, the likeliest to catch it first."""
