@@ -4,22 +4,15 @@
 #define KEL_CATALOGUE_CONVERSIONE_TESTI_H
 
 #include <string>
-#include <string_view>
 
 namespace kel {
 
-inline std::string in_8(std::string_view testo) {
-    return std::string(testo);
-}
-
-inline std::string da_8(std::string_view testo) {
-    return std::string(testo);
-}
+std::string in_8(const std::string& testo);
+std::string da_8(const std::string& testo);
+std::string da_8(const char* testo);
 
 // `da_8` at the end of a text, without a copy on the way.
-inline void aggiungi_da_8(std::string& a, std::string_view testo) {
-    a += testo;
-}
+void aggiungi_da_8(std::string& a, const char* testo);
 
 }  // namespace kel
 
