@@ -115,7 +115,7 @@ class Run:
         return self.readers_of[mutant.file]
 
     def try_tests(self, mutant, tests, environment, library=None):
-        mutant.by = self.tests.catcher(mutant, tests, library or self.library, environment)
+        mutant.by = self.tests.catcher(mutant, tests, library or self.shared_object, environment)
         if mutant.by:
             mutant.outcome = TESTS
 
@@ -136,8 +136,8 @@ class Run:
         began = time.time()
         self.find()
         mutants = self.chosen(self.mutants)
-        self.library = self.switched(mutants)
-        cells = list(cell_mutants(self.tables, Image(self.library)))
+        self.shared_object = self.switched(mutants)
+        cells = list(cell_mutants(self.tables, Image(self.shared_object)))
         self.mutants += cells
         mutants += self.chosen(cells)
         if self.options.list:
@@ -145,7 +145,7 @@ class Run:
             return True
         self.reasons = equivalenti.Reasons()
         print(f"{len(self.mutants)} mutants, {len(mutants)} of them to try; {time.time() - began:.0f} s", file=sys.stderr)
-        self.tests = Tests(self.options.build.resolve(), self.work, self.library, self.options.jobs)
+        self.tests = Tests(self.options.build.resolve(), self.work, self.shared_object, self.options.jobs)
         self.places = queue.Queue()
         for number in range(self.options.jobs):
             self.places.put(number)
