@@ -12,10 +12,10 @@ from mutante import COMPILER, ILL, SAME
 
 HERE = Path(__file__).resolve().parent
 LIBRARY = "libkelfunzioni.so.0"
-# A changed library may do what C++ leaves undefined: what leaves an array ends the program, and otherwise the compiler is
-# not to conclude anything from it.
-DEFINED = ("-fsanitize=bounds", "-fsanitize-undefined-trap-on-error", "-fstack-protector-all", "-fwrapv",
-           "-fno-strict-aliasing", "-fno-aggressive-loop-optimizations")
+# A changed library may do what C++ leaves undefined: what leaves an array, or copies beyond the end of an object, ends
+# the program, and otherwise the compiler is not to conclude anything from it.
+DEFINED = ("-fsanitize=bounds", "-fsanitize-undefined-trap-on-error", "-fstack-protector-all", "-D_FORTIFY_SOURCE=2",
+           "-fwrapv", "-fno-strict-aliasing", "-fno-aggressive-loop-optimizations")
 # What a compiler says of a constant that is not what it was proved to be, or that it cannot compute.
 PROOF = re.compile(r"static assertion failed|constant expression|limit|too many|overflow|out of bounds|outside")
 
