@@ -25,8 +25,8 @@ endif()
 # Options of tests and tools. Most of their build time is spent on optimising them, which proves nothing of the library.
 add_library(kel_opzioni_contorno INTERFACE)
 target_link_libraries(kel_opzioni_contorno INTERFACE kel_opzioni)
-if(KEL_QUICK_TESTS)
-  target_compile_options(kel_opzioni_contorno INTERFACE -O0)
+if(KEL_TEST_LEVEL)
+  target_compile_options(kel_opzioni_contorno INTERFACE ${KEL_TEST_LEVEL})
 endif()
 
 option(KEL_FUZZ "Build the fuzzers of tests/fuzz as such, not only what runs their kept inputs" OFF)
