@@ -62,11 +62,10 @@ modello::RigaUdm unita(Ingredienti& da) {
 modello::Aspetto aspetto(Ingredienti& da) {
     modello::Aspetto come;
     const unsigned larghezza = da.u8();
-    come.larghezza = larghezza < 250 ? larghezza % 50 : da.u32() >> 1;
+    come.larghezza = larghezza < 250 ? larghezza % 50 : da.u32();
     const unsigned decimali = da.u8();
     come.decimali = decimali < 250 ? decimali % 5 : da.u32();
-    // A text has 31 characters at most: what automatic decimals do of a width far beyond is nobody's business.
-    come.auto_decimali = static_cast<unsigned>(da.scelta(2)) & (come.larghezza <= 50 ? 1U : 0U);
+    come.auto_decimali = static_cast<unsigned>(da.scelta(2));
     come.formato = static_cast<unsigned>(da.scelta(4));
     return come;
 }

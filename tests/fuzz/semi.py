@@ -75,6 +75,12 @@ def convertitori():
             seme += u8(0) + u8(min(int(larghezza) if larghezza.isdigit() else 8, 40)) + u8(min(int(decimali), 4))
             seme += u8(int(auto)) + u8(int(formato)) + u8(0) + u8(0) + u8(0) + u16(0) + byte_di(campione)
             yield f"type-{tipo:02}-{canale:x}-{funzione:x}", seme
+    # A field far wider than any text, with decimals and automatic decimals: of a speed in two bytes.
+    for larghezza in (0x7FFFFFFF, 0x80000000, 0xFFFFFFFF):
+        for auto in (0, 1):
+            seme = u8(FUNZIONI_CONVERTITORE) + u32(0x10) + u8(1) + u8(0) + u8(0) + u8(250) + u32(larghezza) + u8(2)
+            seme += u8(auto) + u8(0) + u8(0) + u8(0) + u8(0) + u16(0) + struct.pack("<h", -1234)
+            yield f"width-{larghezza:x}-{'auto' if auto else 'fixed'}", seme
 
 
 def tempi():

@@ -1,5 +1,6 @@
 #include "model/testo_numerico.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -8,6 +9,9 @@ namespace modello {
 namespace {
 
 constexpr unsigned kLunghezzaMassima = 31;  // a text has 32 bytes with its terminator
+
+// Wider than every text, and its powers of ten beyond every float: all widths above it are the same.
+constexpr unsigned kLarghezzaMassima = 100;
 
 unsigned decimaliMostrati(const Aspetto& aspetto) {
     return aspetto.decimali > 3 ? 3 : aspetto.decimali;
@@ -26,7 +30,7 @@ void scegliDecimali(Aspetto& aspetto, float valore) {
         aspetto.decimali = 0;
         return;
     }
-    const int larghezza = static_cast<int>(aspetto.larghezza);
+    const int larghezza = static_cast<int>(std::min(aspetto.larghezza, kLarghezzaMassima));
     const double v = static_cast<double>(valore);
     if (v < 0) {
         const double basso = -potenza10(larghezza - 2);
@@ -96,7 +100,7 @@ std::string senzaZeri(const std::string& testo, bool negativo, unsigned formato)
 std::string testoNumerico(Aspetto& aspetto, float valore) {
     scegliDecimali(aspetto, valore);
     const unsigned decimali = decimaliMostrati(aspetto);
-    unsigned larghezza = aspetto.larghezza;
+    unsigned larghezza = std::min(aspetto.larghezza, kLarghezzaMassima);
     unsigned lunghezza = decimali == 0 ? larghezza : larghezza + 1;
     if (lunghezza > kLunghezzaMassima) {
         lunghezza = kLunghezzaMassima;
