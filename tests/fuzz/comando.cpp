@@ -14,9 +14,7 @@
 
 #include "bersaglio.h"
 #include "ingredienti.h"
-
-// The program's main under another name.
-int kelfun_main(int argc, char** argv);
+#include "programma.h"
 
 namespace {
 
@@ -76,7 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     for (std::string& parola : parole)
         argv.push_back(parola.data());
     argv.push_back(nullptr);
-    const int stato = kelfun_main(static_cast<int>(parole.size()), argv.data());
+    const int stato = kel::strumento::kelfun(static_cast<int>(parole.size()), argv.data());
     std::fflush(stdout);
     pretendi(stato >= 0 && stato <= 2, "the exit status is 0, 1 or 2", [&] { return std::to_string(stato); });
     return 0;

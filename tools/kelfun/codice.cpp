@@ -1,6 +1,5 @@
 #include "codice.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstring>
 #include <kainjow/mustache.hpp>
@@ -12,9 +11,11 @@
 
 #include "IFunzioni.h"
 #include "campi.h"
+#include "comando.h"
 #include "errori.h"
 #include "incorporati.h"
 #include "numeri.h"
+#include "parole.h"
 #include "uscita.h"
 
 namespace kel::strumento {
@@ -47,7 +48,7 @@ bool soloSezione(const std::string& riga) {
 std::map<std::string, std::string> leggiPezzi(std::string_view testo) {
     std::map<std::string, std::string> pezzi;
     std::string* questo = nullptr;
-    for (const std::string& riga : CLI::detail::split(std::string(testo), '\n')) {
+    for (const std::string& riga : dividi(testo, '\n')) {
         if (riga.starts_with(INIZIO_PEZZO))
             questo = &pezzi[riga.substr(INIZIO_PEZZO.size())];
         else if (questo != nullptr)
@@ -121,34 +122,27 @@ std::string costante(const Campo& campo) {
 
 }  // namespace
 
-void aggiungiCodice(CLI::App& comando, std::string& linguaggio) {
+void aggiungiCodice(Comando& comando, std::string& linguaggio) {
     const std::function<void(const std::string&)> leggi = [&linguaggio](const std::string& testo) {
         if (cercaLinguaggio(testo) == nullptr)
             throw ErroreUso("there is no --code '" + testo + "'; accepted: " + nomi(LINGUAGGI));
         linguaggio = testo;
     };
-    CLI::Option* codice =
-        comando.add_option_function("--code", leggi, "Print the program that asks the library for this")
-            ->type_name("{c,cpp,python}");
-    for (const char* nome : {"--json", "--ndjson", "--csv"})
-        if (CLI::Option* forma = comando.get_option_no_throw(nome))
-            codice->excludes(forma);
+    escludiForma(
+        comando,
+        comando.opzione("--code", leggi, "Print the program that asks the library for this").valore("{c,cpp,python}"));
 }
 
 void rifiutaCodiceAltrove(CLI::App& programma) {
     std::string con;
-    const auto comandi = programma.get_subcommands([](const CLI::App*) { return true; });
-    for (const CLI::App* comando : comandi)
-        if (comando->get_option_no_throw("--code") != nullptr)
-            con += (con.empty() ? "" : ", ") + comando->get_name();
-    for (CLI::App* comando : comandi) {
-        if (comando->get_option_no_throw("--code") != nullptr)
-            continue;
-        const std::function<void(const std::string&)> rifiuta = [con](const std::string&) {
-            throw ErroreUso("it is more than one program of the library's faces; accepted with --code: " + con);
-        };
-        comando->add_option_function("--code", rifiuta)->trigger_on_parse()->group("");
-    }
+    for (const Comando& comando : Comando::tutti(programma))
+        if (comando.trova("--code"))
+            con += (con.empty() ? "" : ", ") + comando.nome();
+    for (Comando& comando : Comando::tutti(programma))
+        if (!comando.trova("--code"))
+            comando.nascosta("--code", [con](const std::string&) {
+                throw ErroreUso("it is more than one program of the library's faces; accepted with --code: " + con);
+            });
 }
 
 void stampaProgramma(const std::string& linguaggio, const std::string& nome, const std::string& titolo,

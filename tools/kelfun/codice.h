@@ -7,15 +7,12 @@
 #include <vector>
 
 #include "kelfunzioni.h"
-
-namespace CLI {
-class App;
-}
+#include "opzioni.h"
 
 namespace kel::strumento {
 
 /// Adds --code to a command that has programs. After the options of its output, with which it goes not together.
-void aggiungiCodice(CLI::App& comando, std::string& linguaggio);
+void aggiungiCodice(Comando& comando, std::string& linguaggio);
 
 /// Adds --code, shown nowhere, to every command without it: it tells which commands have one.
 void rifiutaCodiceAltrove(CLI::App& programma);

@@ -1,20 +1,23 @@
 #include "comando.h"
 
-#include <CLI/CLI.hpp>
-
 #include "colore.h"
 #include "errori.h"
 
 namespace kel::strumento {
 
-void aggiungiForma(CLI::App& comando, SceltaForma& scelta) {
-    auto* json = comando.add_flag("--json", scelta.json, "Print JSON");
-    auto* ndjson = comando.add_flag("--ndjson", scelta.ndjson, "Print JSON, one object a line");
-    auto* csv = comando.add_flag("--csv", scelta.csv, "Print CSV");
-    ndjson->excludes(json);
-    csv->excludes(json)->excludes(ndjson);
-    comando.add_option("--color", scelta.colori, "Colour the tables: auto (default; on a terminal), always, never")
-        ->type_name("{auto,always,never}");
+void aggiungiForma(Comando& comando, SceltaForma& scelta) {
+    const Opzione json = comando.bandiera("--json", scelta.json, "Print JSON");
+    Opzione ndjson = comando.bandiera("--ndjson", scelta.ndjson, "Print JSON, one object a line");
+    ndjson.esclude(json);
+    comando.bandiera("--csv", scelta.csv, "Print CSV").esclude(json).esclude(ndjson);
+    comando.opzione("--color", scelta.colori, "Colour the tables: auto (default; on a terminal), always, never")
+        .valore("{auto,always,never}");
+}
+
+void escludiForma(const Comando& comando, Opzione opzione) {
+    for (const char* nome : {"--json", "--ndjson", "--csv"})
+        if (const auto forma = comando.trova(nome))
+            opzione.esclude(*forma);
 }
 
 Aspetto SceltaForma::forma() const {

@@ -6,10 +6,7 @@
 #include <string>
 
 #include "documento.h"
-
-namespace CLI {
-class App;
-}
+#include "opzioni.h"
 
 namespace kel::strumento {
 
@@ -36,7 +33,10 @@ struct SceltaForma {
     /// How standard output is written.
     Aspetto forma() const;
 };
-void aggiungiForma(CLI::App& comando, SceltaForma& scelta);
+void aggiungiForma(Comando& comando, SceltaForma& scelta);
+
+/// Makes an option go not together with --json, --ndjson and --csv, where the command has them.
+void escludiForma(const Comando& comando, Opzione opzione);
 
 /// Text shown below the options by --help: notes and three command lines that work as they stand.
 std::string esempi(const char* note, const char* primo, const char* secondo, const char* terzo);

@@ -1,5 +1,4 @@
 // kelfun camera: the functions that the on-board camera can show, and the legacy identifiers beside them.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -115,16 +114,16 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiCamera(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("camera", "Functions that the on-board camera shows");
-    comando->add_option("ID", argomenti->id, "One identifier; none: every function that the camera shows");
-    comando->add_flag("--all", argomenti->tutte, "The hidden ones too");
-    comando->add_flag("--legacy", argomenti->vecchi, "Legacy identifiers that are no camera functions, too");
-    aggiungiCampi(*comando, argomenti->campi);
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiCodice(*comando, argomenti->codice);
-    comando->footer(esempi("SCALE is camera counts per unit; TYPE is the sample type code.", "kelfun camera",
-                           "kelfun camera WATER_TEMP --json", "kelfun camera --all --legacy --csv"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    Comando comando(programma, "camera", "Functions that the on-board camera shows");
+    comando.opzione("ID", argomenti->id, "One identifier; none: every function that the camera shows");
+    comando.bandiera("--all", argomenti->tutte, "The hidden ones too");
+    comando.bandiera("--legacy", argomenti->vecchi, "Legacy identifiers that are no camera functions, too");
+    aggiungiCampi(comando, argomenti->campi);
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(esempi("SCALE is camera counts per unit; TYPE is the sample type code.", "kelfun camera",
+                        "kelfun camera WATER_TEMP --json", "kelfun camera --all --legacy --csv"));
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

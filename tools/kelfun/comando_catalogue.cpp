@@ -1,5 +1,4 @@
 // kelfun catalogue: everything that the library knows as one JSON document, and the schema of that document.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -30,14 +29,15 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiCatalogue(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("catalogue", "The whole catalogue as one JSON document");
-    auto* schema = comando->add_flag("--schema", argomenti->schema, "Print the JSON Schema of the document instead");
-    comando->add_flag("--compact", argomenti->compatto, "On one line")->excludes(schema);
-    comando->footer(esempi(
+    Comando comando(programma, "catalogue", "The whole catalogue as one JSON document");
+    const Opzione schema =
+        comando.bandiera("--schema", argomenti->schema, "Print the JSON Schema of the document instead");
+    comando.bandiera("--compact", argomenti->compatto, "On one line").esclude(schema);
+    comando.note(esempi(
         "Quantities with their objects, units and conversions, functions with their choices, unit codes, sample\n"
         "types, packets, camera rows and legacy identifiers. The same library prints the same bytes anywhere.",
         "kelfun catalogue", "kelfun catalogue --compact", "kelfun catalogue --schema"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

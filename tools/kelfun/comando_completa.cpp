@@ -13,6 +13,7 @@
 #include "identificatore.h"
 #include "nomi_record.h"
 #include "numeri.h"
+#include "parole.h"
 #include "tipi_campione.h"
 #include "uscita.h"
 
@@ -101,7 +102,7 @@ Contesto leggiContesto(const CLI::App& comando, const std::vector<std::string>& 
 // An argument may be named by several words: "[ID] VALUE" is an identifier, unless its fields are given, and values.
 std::vector<std::string> nomiArgomento(const CLI::Option& argomento, bool campi_dati) {
     std::vector<std::string> nomi;
-    for (std::string nome : CLI::detail::split(argomento.get_name(true), ' ')) {
+    for (std::string nome : dividi(argomento.get_name(true), ' ')) {
         if (nome.front() == '[') {
             if (campi_dati)
                 continue;
@@ -224,7 +225,7 @@ private:
         const std::size_t apre = tipo.find('{');
         const std::size_t chiude = tipo.find('}', apre);
         if (apre != std::string::npos && chiude != std::string::npos) {
-            for (const std::string& una : CLI::detail::split(tipo.substr(apre + 1, chiude - apre - 1), ','))
+            for (const std::string& una : dividi(tipo.substr(apre + 1, chiude - apre - 1), ','))
                 candidati_.aggiungi(una, "");
         } else if (tipo.find("FILE") != std::string::npos || tipo.find("PATH") != std::string::npos ||
                    tipo.find("DIR") != std::string::npos) {

@@ -1,5 +1,4 @@
 // kelfun convert: values from one unit of a function into another.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -8,6 +7,7 @@
 #include "errori.h"
 #include "identificatore.h"
 #include "numeri.h"
+#include "parole.h"
 #include "righe.h"
 
 namespace kel::strumento {
@@ -40,7 +40,7 @@ void programma(const std::string& linguaggio, kel_funpos fid, const std::string&
 std::vector<float> leggiValori(const std::vector<std::string>& testi) {
     std::vector<float> valori;
     for (const std::string& riga : conRigheDiIngresso(testi)) {
-        const std::string testo = CLI::detail::trim_copy(riga);
+        const std::string testo = senzaBordi(riga);
         const auto valore = leggiFloat(testo);
         if (!valore)
             throw ErroreUso("'" + testo +
@@ -101,22 +101,22 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiConvert(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("convert", "Values from one unit of a function into another");
+    Comando comando(programma, "convert", "Values from one unit of a function into another");
     comando
-        ->add_option("[ID] VALUE", argomenti->posizionali,
-                     "Identifier, unless its fields are given, and values; - for lines of standard input")
-        ->type_name("")
-        ->required();
-    comando->add_option("--from", argomenti->da, "Unit of the values (default: the base unit)")->type_name("UNIT");
-    comando->add_option("--to", argomenti->a, "Unit wanted (default: the base unit)")->type_name("UNIT");
-    aggiungiCampi(*comando, argomenti->campi);
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiCodice(*comando, argomenti->codice);
-    comando->footer(
+        .opzione("[ID] VALUE", argomenti->posizionali,
+                 "Identifier, unless its fields are given, and values; - for lines of standard input")
+        .valore("")
+        .obbligatoria();
+    comando.opzione("--from", argomenti->da, "Unit of the values (default: the base unit)").valore("UNIT");
+    comando.opzione("--to", argomenti->a, "Unit wanted (default: the base unit)").valore("UNIT");
+    aggiungiCampi(comando, argomenti->campi);
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(
         esempi("Result = value * gain + offset in single precision; SHOWN has the function's default decimals.",
                "kelfun convert 0x10 100 --to mph", "kelfun convert --quantity temperature --from F --to C 32 212",
                "kelfun convert OIL_PRESS 2.5 --to psi --json"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

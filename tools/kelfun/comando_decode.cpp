@@ -1,5 +1,4 @@
 // kelfun decode: sample bytes as values and texts.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <list>
 #include <memory>
@@ -260,36 +259,34 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiDecode(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("decode", "Sample bytes as value, status and text");
+    Comando comando(programma, "decode", "Sample bytes as value, status and text");
     comando
-        ->add_option("[ID] HEX", argomenti->posizionali,
-                     "Identifier, unless its fields are given, and bytes; - for lines of standard input")
-        ->type_name("");
-    comando->add_option("--type", argomenti->tipo, "Sample type code; a packet's is known from its identifier")
-        ->type_name("CODE");
-    comando->add_flag("--types", argomenti->tipi, "List the sample types");
+        .opzione("[ID] HEX", argomenti->posizionali,
+                 "Identifier, unless its fields are given, and bytes; - for lines of standard input")
+        .valore("");
+    comando.opzione("--type", argomenti->tipo, "Sample type code; a packet's is known from its identifier")
+        .valore("CODE");
+    comando.bandiera("--types", argomenti->tipi, "List the sample types");
     comando
-        ->add_option("--channel", argomenti->canale,
-                     "Identifier of the packet channel, where ID is one of its subfields")
-        ->type_name("ID");
-    comando->add_option("--unit", argomenti->udm, "Unit (default: the base unit)")->type_name("UNIT");
-    comando
-        ->add_option("--width", argomenti->larghezza, "Characters of the text, point not counted, 1 to 31 (default 8)")
-        ->type_name("N");
-    comando->add_option("--decimals", argomenti->decimali, "Decimals of the text, 0 to 3 (default: the unit's)")
-        ->type_name("N");
-    comando->add_flag("--auto-decimals", argomenti->automatici, "Let the text choose 1 or 0 decimals by magnitude");
-    comando->add_option("--format", argomenti->formato, "right (default), left or compact")->type_name("FORMAT");
-    comando->add_option("--bits", argomenti->bit, "Bit field of an integer sample")->type_name("POS:COUNT");
-    aggiungiCampi(*comando, argomenti->campi);
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiCodice(*comando, argomenti->codice);
-    comando->footer(esempi(
+        .opzione("--channel", argomenti->canale, "Identifier of the packet channel, where ID is one of its subfields")
+        .valore("ID");
+    comando.opzione("--unit", argomenti->udm, "Unit (default: the base unit)").valore("UNIT");
+    comando.opzione("--width", argomenti->larghezza, "Characters of the text, point not counted, 1 to 31 (default 8)")
+        .valore("N");
+    comando.opzione("--decimals", argomenti->decimali, "Decimals of the text, 0 to 3 (default: the unit's)")
+        .valore("N");
+    comando.bandiera("--auto-decimals", argomenti->automatici, "Let the text choose 1 or 0 decimals by magnitude");
+    comando.opzione("--format", argomenti->formato, "right (default), left or compact").valore("FORMAT");
+    comando.opzione("--bits", argomenti->bit, "Bit field of an integer sample").valore("POS:COUNT");
+    aggiungiCampi(comando, argomenti->campi);
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(esempi(
         "Bytes stand in the order of the record, low byte first; several samples may follow each other.\n"
         "Status: 0 good, 1 error, 2 missing, 4 over range, 8 invalid.",
         "kelfun decode 0x10 --type 6 --unit mph 0000C842", "kelfun decode --quantity gear --type 11 0300 FFFF 0000",
         "kelfun decode --details laptime '01 02 0300 00460100 E8030000 00000000 00000000 00000000 00020000'"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

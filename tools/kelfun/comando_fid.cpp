@@ -1,5 +1,4 @@
 // kelfun fid: everything that the catalogue knows about one identifier.
-#include <CLI/CLI.hpp>
 #include <list>
 #include <map>
 #include <memory>
@@ -141,16 +140,16 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiFid(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("fid", "Everything known about one identifier");
-    comando->add_option("ID", argomenti->id, "Hexadecimal (0x10), decimal (16) or a legacy identifier (REF_SPEED)")
-        ->type_name("");
-    aggiungiCampi(*comando, argomenti->campi);
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiCodice(*comando, argomenti->codice);
-    comando->footer(esempi("Value in a unit = value in the base unit * gain + offset.", "kelfun fid 0x10",
-                           "kelfun fid FG_GEAR_BOX_TEMP --json",
-                           "kelfun fid --quantity speed --position wheel --side 'front left'"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    Comando comando(programma, "fid", "Everything known about one identifier");
+    comando.opzione("ID", argomenti->id, "Hexadecimal (0x10), decimal (16) or a legacy identifier (REF_SPEED)")
+        .valore("");
+    aggiungiCampi(comando, argomenti->campi);
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(esempi("Value in a unit = value in the base unit * gain + offset.", "kelfun fid 0x10",
+                        "kelfun fid FG_GEAR_BOX_TEMP --json",
+                        "kelfun fid --quantity speed --position wheel --side 'front left'"));
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

@@ -1,5 +1,4 @@
 // kelfun find: the identifiers whose names, units or fields hold some words.
-#include <CLI/CLI.hpp>
 #include <list>
 #include <memory>
 
@@ -7,6 +6,7 @@
 #include "comando.h"
 #include "errori.h"
 #include "identificatore.h"
+#include "parole.h"
 #include "ricerca.h"
 #include "unita.h"
 
@@ -23,8 +23,8 @@ struct Argomenti {
 std::vector<std::string> parole(const std::vector<std::string>& testi) {
     std::vector<std::string> tutte;
     for (const std::string& testo : testi)
-        for (const std::string& parola : CLI::detail::split(testo, ' '))
-            if (!CLI::detail::trim_copy(parola).empty())
+        for (const std::string& parola : dividi(testo, ' '))
+            if (!senzaBordi(parola).empty())
                 tutte.push_back(parola);
     return tutte;
 }
@@ -93,22 +93,21 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiFind(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("find", "Identifiers by any word of their names, units or fields");
+    Comando comando(programma, "find", "Identifiers by any word of their names, units or fields");
     comando
-        ->add_option(
-            "TEXT", argomenti->testi,
-            "Words, all of which must be found: of a name, a legacy identifier, a unit, an XML name, or digits")
-        ->type_name("")
-        ->required();
-    aggiungiForma(*comando, argomenti->forma);
-    comando->footer(
+        .opzione("TEXT", argomenti->testi,
+                 "Words, all of which must be found: of a name, a legacy identifier, a unit, an XML name, or digits")
+        .valore("")
+        .obbligatoria();
+    aggiungiForma(comando, argomenti->forma);
+    comando.note(
         esempi("Capitals do not matter, nor do blanks, underscores and hyphens between words. Best matches come first: "
                "exact,\n"
                "prefix, word, part; of these names, short names, legacy identifiers, units, fields (XML name, "
                "abbreviation or\n"
                "text), identifiers; then by quantity, object and position. KEY and MATCHED tell what answered.",
                "kelfun find oil", "kelfun find wheel front mph", "kelfun find FID_OBJ_WATER --json"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

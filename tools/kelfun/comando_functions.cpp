@@ -1,5 +1,4 @@
 // kelfun functions: what a configuration program would offer.
-#include <CLI/CLI.hpp>
 #include <list>
 #include <map>
 #include <memory>
@@ -97,16 +96,16 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiFunctions(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("functions", "Functions that a configuration program would offer");
-    comando->add_option("FILTER", argomenti->filtri,
-                        "Quantity (temperature) or identifier (0x0B8E); several are added up; none: every function");
-    aggiungiCampi(*comando, argomenti->campi);
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiCodice(*comando, argomenti->codice);
-    comando->footer(esempi("Of a filter only quantity and object count; an object of 0 stands for all.",
-                           "kelfun functions", "kelfun functions temperature speed",
-                           "kelfun functions --quantity pressure --object oil --json"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    Comando comando(programma, "functions", "Functions that a configuration program would offer");
+    comando.opzione("FILTER", argomenti->filtri,
+                    "Quantity (temperature) or identifier (0x0B8E); several are added up; none: every function");
+    aggiungiCampi(comando, argomenti->campi);
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(esempi("Of a filter only quantity and object count; an object of 0 stands for all.",
+                        "kelfun functions", "kelfun functions temperature speed",
+                        "kelfun functions --quantity pressure --object oil --json"));
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

@@ -1,5 +1,4 @@
 // kelfun lap: lap times to text and back.
-#include <CLI/CLI.hpp>
 #include <limits>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -124,23 +123,22 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiLap(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("lap", "Lap times to text and back");
+    Comando comando(programma, "lap", "Lap times to text and back");
     comando
-        ->add_option("TIME", argomenti->tempi,
-                     "Milliseconds (83456), texts (1:23.456), or - for lines of standard input")
-        ->type_name("")
-        ->required();
-    comando->add_option("--number", argomenti->numero, "Write lines of a lap list, numbered from N on")->type_name("N");
-    comando->add_flag("--lines", argomenti->righe, "Read lines of a lap list: '  7 - 1:23.456'");
-    comando->add_flag("--text", argomenti->testo, "Read everything as a text, also what looks like milliseconds");
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiCodice(*comando, argomenti->codice);
-    comando->footer(esempi(
+        .opzione("TIME", argomenti->tempi, "Milliseconds (83456), texts (1:23.456), or - for lines of standard input")
+        .valore("")
+        .obbligatoria();
+    comando.opzione("--number", argomenti->numero, "Write lines of a lap list, numbered from N on").valore("N");
+    comando.bandiera("--lines", argomenti->righe, "Read lines of a lap list: '  7 - 1:23.456'");
+    comando.bandiera("--text", argomenti->testo, "Read everything as a text, also what looks like milliseconds");
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(esempi(
         "With a point a text is minutes, seconds and thousandths as written (1:23.4 is 83004 ms); without, it is "
         "hours,\n"
         "minutes and seconds.",
         "kelfun lap 83456 3723000", "kelfun lap 1:23.456 1:02:03 --json", "kelfun lap --lines '  7 - 1:23.456'"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

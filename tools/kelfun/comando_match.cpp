@@ -1,5 +1,4 @@
 // kelfun match: which channels carry a function.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -9,6 +8,7 @@
 #include "errori.h"
 #include "identificatore.h"
 #include "numeri.h"
+#include "parole.h"
 #include "righe.h"
 #include "tipi_campione.h"
 
@@ -29,7 +29,7 @@ struct Argomenti {
 std::vector<std::string> leggiFile(const std::string& nome) {
     std::vector<std::string> testi;
     for (std::string& riga : leggiRighe(nome)) {
-        riga = CLI::detail::trim_copy(riga.substr(0, riga.find('#')));
+        riga = senzaBordi(riga.substr(0, riga.find('#')));
         if (!riga.empty())
             testi.push_back(riga);
     }
@@ -147,26 +147,25 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiMatch(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("match", "Channels that carry a function");
+    Comando comando(programma, "match", "Channels that carry a function");
     comando
-        ->add_option("[REQUEST] CHANNEL", argomenti->posizionali,
-                     "Request, unless its fields are given, and the channels' identifiers in order")
-        ->type_name("");
+        .opzione("[REQUEST] CHANNEL", argomenti->posizionali,
+                 "Request, unless its fields are given, and the channels' identifiers in order")
+        .valore("");
     comando
-        ->add_option("--channels", argomenti->file,
-                     "More channels: identifiers of a file, one a line; - is standard input")
-        ->type_name("FILE");
-    comando->add_option("--variant", argomenti->variante, "Only one: match, full or list")->type_name("NAME");
-    aggiungiCampi(*comando, argomenti->campi);
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiCodice(*comando, argomenti->codice);
-    comando->footer(
+        .opzione("--channels", argomenti->file, "More channels: identifiers of a file, one a line; - is standard input")
+        .valore("FILE");
+    comando.opzione("--variant", argomenti->variante, "Only one: match, full or list").valore("NAME");
+    aggiungiCampi(comando, argomenti->campi);
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(
         esempi("Fields of the request that are 0 match anything. match: first channel by quantity, object and "
                "position; full:\n"
                "first by every field; list: all by quantity, object and position. A packet also carries its subfields.",
                "kelfun match 0x10 0x0F 0x00070010 0x00068010", "kelfun match 0xA8010 0x0F 0x19A --json",
                "kelfun match --quantity speed --side left REF_SPEED_RL REF_SPEED_FL --variant full"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

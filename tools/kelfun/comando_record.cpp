@@ -1,5 +1,4 @@
 // kelfun record: the samples of a recording, a column for each channel.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 
@@ -145,38 +144,35 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiRecord(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("record", "Samples of a recording, a column for each channel");
-    comando->add_option("CHANNELS", argomenti->canali, "Channel records of 112 bytes, or - for standard input")
-        ->type_name("")
-        ->required();
-    comando->add_option("SAMPLES", argomenti->campioni, "Records of samples, or - for standard input")
-        ->type_name("")
-        ->required();
+    Comando comando(programma, "record", "Samples of a recording, a column for each channel");
+    comando.opzione("CHANNELS", argomenti->canali, "Channel records of 112 bytes, or - for standard input")
+        .valore("")
+        .obbligatoria();
+    comando.opzione("SAMPLES", argomenti->campioni, "Records of samples, or - for standard input")
+        .valore("")
+        .obbligatoria();
     comando
-        ->add_option("--time", argomenti->orario,
-                     "Time stamp before every record: u32ms (32 bits, ms) or u64us (64 bits, us); none by default")
-        ->type_name("{u32ms,u64us}");
-    comando->add_option("--rate", argomenti->frequenza, "Records a second, where they have no time stamp")
-        ->type_name("HZ");
+        .opzione("--time", argomenti->orario,
+                 "Time stamp before every record: u32ms (32 bits, ms) or u64us (64 bits, us); none by default")
+        .valore("{u32ms,u64us}");
+    comando.opzione("--rate", argomenti->frequenza, "Records a second, where they have no time stamp").valore("HZ");
     comando
-        ->add_option("--unit", argomenti->colonne.unita,
-                     "A unit, for all channels that know it or for the one named; may be repeated")
-        ->type_name("[CHANNEL=]UNIT")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        .opzione("--unit", argomenti->colonne.unita,
+                 "A unit, for all channels that know it or for the one named; may be repeated")
+        .valore("[CHANNEL=]UNIT")
+        .ripetibile();
     comando
-        ->add_option("--only", argomenti->colonne.solo,
-                     "Show this channel or subfield, by name, short name or identifier; may be repeated")
-        ->type_name("CHANNEL")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    comando->add_flag("--text", argomenti->colonne.testi, "Show the library's texts in place of values");
-    comando->add_flag("--packed", argomenti->compatta,
-                      "Samples lie one behind the other, as long as their types, whatever the channels say");
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiGrafico(*comando, argomenti->grafico);
-    comando->get_option("--plot")->excludes(comando->get_option("--text"));
-    comando->footer(esempi(
+        .opzione("--only", argomenti->colonne.solo,
+                 "Show this channel or subfield, by name, short name or identifier; may be repeated")
+        .valore("CHANNEL")
+        .ripetibile();
+    const Opzione testi =
+        comando.bandiera("--text", argomenti->colonne.testi, "Show the library's texts in place of values");
+    comando.bandiera("--packed", argomenti->compatta,
+                     "Samples lie one behind the other, as long as their types, whatever the channels say");
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiGrafico(comando, argomenti->grafico).esclude(testi);
+    comando.note(esempi(
         "A record holds one sample of every channel, little-endian, where the channel's record says, and is as long "
         "as\n"
         "their sample buffers together. Of a channel's record these fields are used: identifier (byte 12), sample "
@@ -185,7 +181,7 @@ void aggiungiRecord(CLI::App& programma) {
         "kelfun record session.channels session.samples --time u32ms",
         "kelfun record session.channels session.samples --time u32ms --only RPM --only 'GPS Speed' --unit mph --csv",
         "kelfun record session.channels session.samples --time u32ms --plot - --only RPM --only GPS"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

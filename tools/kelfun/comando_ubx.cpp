@@ -1,5 +1,4 @@
 // kelfun ubx: the NAV-SOL solutions of a u-blox byte stream.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 
@@ -116,13 +115,13 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiUbx(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("ubx", "GPS solutions (UBX NAV-SOL) of a u-blox byte stream");
-    comando->add_option("FILE", argomenti->file, "Capture, or - for standard input")->type_name("")->required();
-    comando->add_option("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph")->type_name("UNIT");
-    comando->add_option("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)")->type_name("N");
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiGrafico(*comando, argomenti->grafico);
-    comando->footer(esempi(
+    Comando comando(programma, "ubx", "GPS solutions (UBX NAV-SOL) of a u-blox byte stream");
+    comando.opzione("FILE", argomenti->file, "Capture, or - for standard input").valore("").obbligatoria();
+    comando.opzione("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph").valore("UNIT");
+    comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("N");
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiGrafico(comando, argomenti->grafico);
+    comando.note(esempi(
         "Every value is what the library makes of the logger's GPS packet:\n"
         "- The latitude follows the library's own rule, which takes the packet's centimetres as if they were metres:\n"
         "  it lies up to 0.19 degrees from WGS 84 (most at 45 degrees, none at the equator and the poles).\n"
@@ -130,7 +129,7 @@ void aggiungiUbx(CLI::App& programma) {
         "- The accuracies are only the low byte of the message's 32-bit fields: 300 cm shows as 44.\n"
         "What was skipped, and why, goes to standard error.",
         "kelfun ubx capture.ubx", "kelfun ubx capture.ubx --unit mph --csv", "kelsim - | kelfun ubx - --decimals 1"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

@@ -1,5 +1,4 @@
 // kelfun units: the units of one function, of all of them, or the unit codes.
-#include <CLI/CLI.hpp>
 #include <list>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -86,15 +85,15 @@ void esegui(const Argomenti& argomenti) {
 
 void aggiungiUnits(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    CLI::App* comando = programma.add_subcommand("units", "Units of a function, of every function, or the unit codes");
-    comando->add_option("ID", argomenti->id, "Identifier; none: every row of the quantity table");
-    comando->add_flag("--codes", argomenti->codici, "The unit codes, which have a vocabulary of their own");
-    aggiungiCampi(*comando, argomenti->campi);
-    aggiungiForma(*comando, argomenti->forma);
-    aggiungiCodice(*comando, argomenti->codice);
-    comando->footer(esempi("Value in a unit = value in the base unit * gain + offset. A reciprocal unit shows a pace.",
-                           "kelfun units", "kelfun units --quantity velocity", "kelfun units --codes --csv"));
-    comando->callback([argomenti] { esegui(*argomenti); });
+    Comando comando(programma, "units", "Units of a function, of every function, or the unit codes");
+    comando.opzione("ID", argomenti->id, "Identifier; none: every row of the quantity table");
+    comando.bandiera("--codes", argomenti->codici, "The unit codes, which have a vocabulary of their own");
+    aggiungiCampi(comando, argomenti->campi);
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(esempi("Value in a unit = value in the base unit * gain + offset. A reciprocal unit shows a pace.",
+                        "kelfun units", "kelfun units --quantity velocity", "kelfun units --codes --csv"));
+    comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
 }  // namespace kel::strumento

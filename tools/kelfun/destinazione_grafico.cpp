@@ -1,12 +1,12 @@
 #include "destinazione_grafico.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 
+#include "comando.h"
 #include "errori.h"
 #include "gnuplot.h"
 #include "grafico_gnuplot.h"
@@ -36,12 +36,11 @@ void scrivi(const std::string& file, const std::string& byte) {
 
 }  // namespace
 
-void aggiungiGrafico(CLI::App& comando, std::optional<std::string>& file) {
-    CLI::Option* opzione =
-        comando.add_option("--plot", file, "Draw a plot, no table: FILE.svg or FILE.png by gnuplot, - in the terminal");
-    opzione->type_name("FILE");
-    for (const char* forma : {"--json", "--ndjson", "--csv"})
-        opzione->excludes(comando.get_option(forma));
+Opzione aggiungiGrafico(Comando& comando, std::optional<std::string>& file) {
+    const char* aiuto = "Draw a plot, no table: FILE.svg or FILE.png by gnuplot, - in the terminal";
+    Opzione opzione = comando.opzione("--plot", file, aiuto).valore("FILE");
+    escludiForma(comando, opzione);
+    return opzione;
 }
 
 std::string titoloGrafico(const std::string& file) {

@@ -6,15 +6,12 @@
 #include <string>
 
 #include "grafico.h"
-
-namespace CLI {
-class App;
-}
+#include "opzioni.h"
 
 namespace kel::strumento {
 
 /// Adds --plot, in whose place no form of a table can be asked for.
-void aggiungiGrafico(CLI::App& comando, std::optional<std::string>& file);
+Opzione aggiungiGrafico(Comando& comando, std::optional<std::string>& file);
 
 /// What a plot of a file is called: its name without its folder, nothing for standard input.
 std::string titoloGrafico(const std::string& file);

@@ -1,12 +1,12 @@
 #include "identificatore.h"
 
-#include <CLI/CLI.hpp>
 #include <charconv>
 #include <list>
 
 #include "campi.h"
 #include "errori.h"
 #include "numeri.h"
+#include "parole.h"
 
 namespace kel::strumento {
 
@@ -56,7 +56,7 @@ kel_funpos leggiLati(const std::vector<std::string>& testi) {
         if (bitLato(testo) != 0)
             nomi.push_back(testo);
         else
-            nomi = CLI::detail::split(normale(testo), ' ');
+            nomi = dividi(normale(testo), ' ');
         for (const std::string& nome : nomi) {
             const kel_funpos nuovo = bitLato(nome);
             if (nuovo == 0)
@@ -83,32 +83,25 @@ bool CampiDati::dati() const {
            !dettagli.empty() || !specializzazione.empty() || !lati.empty();
 }
 
-void aggiungiCampi(CLI::App& comando, CampiDati& campi) {
+void aggiungiCampi(Comando& comando, CampiDati& campi) {
     const char* gruppo = "Fields by name (XML name, its last words such as 'speed', text or number)";
-    comando.add_option("--quantity", campi.grandezza, "Physical quantity: speed, oil pressure is 'pressure'")
-        ->type_name("NAME")
-        ->group(gruppo);
-    comando.add_option("--object", campi.oggetto, "Measured object: oil, water, lap...")
-        ->type_name("NAME")
-        ->group(gruppo);
-    comando.add_option("--position", campi.posizione, "Position: wheel, engine, gps...")
-        ->type_name("NAME")
-        ->group(gruppo);
-    comando.add_option("--inout", campi.inout, "in, out or center")->type_name("NAME")->group(gruppo);
-    comando.add_option("--side", campi.lati, "Sides, such as 'front left'; may be repeated")
-        ->type_name("NAME")
-        ->group(gruppo)
-        ->allow_extra_args(false);
-    comando.add_option("--number", campi.numero, "Instance number, 0 to 63, in place of sides")
-        ->type_name("N")
-        ->group(gruppo);
-    comando.add_option("--details", campi.dettagli, "Kind of packet: laptime, datetime, gps")
-        ->type_name("NAME")
-        ->group(gruppo);
-    comando
-        .add_option("--specialisation", campi.specializzazione, "Its specialisation: kelnavsol, ubxnavsol, kel2g...")
-        ->type_name("NAME")
-        ->group(gruppo);
+    comando.opzione("--quantity", campi.grandezza, "Physical quantity: speed, oil pressure is 'pressure'")
+        .valore("NAME")
+        .gruppo(gruppo);
+    comando.opzione("--object", campi.oggetto, "Measured object: oil, water, lap...").valore("NAME").gruppo(gruppo);
+    comando.opzione("--position", campi.posizione, "Position: wheel, engine, gps...").valore("NAME").gruppo(gruppo);
+    comando.opzione("--inout", campi.inout, "in, out or center").valore("NAME").gruppo(gruppo);
+    comando.opzione("--side", campi.lati, "Sides, such as 'front left'; may be repeated")
+        .valore("NAME")
+        .gruppo(gruppo)
+        .ripetibile();
+    comando.opzione("--number", campi.numero, "Instance number, 0 to 63, in place of sides").valore("N").gruppo(gruppo);
+    comando.opzione("--details", campi.dettagli, "Kind of packet: laptime, datetime, gps")
+        .valore("NAME")
+        .gruppo(gruppo);
+    comando.opzione("--specialisation", campi.specializzazione, "Its specialisation: kelnavsol, ubxnavsol, kel2g...")
+        .valore("NAME")
+        .gruppo(gruppo);
 }
 
 kel_funpos componi(const CampiDati& campi) {

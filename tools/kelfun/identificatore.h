@@ -7,10 +7,7 @@
 #include <vector>
 
 #include "IFunzioni.h"
-
-namespace CLI {
-class App;
-}
+#include "opzioni.h"
 
 namespace kel::strumento {
 
@@ -30,7 +27,7 @@ struct CampiDati {
 };
 
 /// Adds --quantity, --object, --position, --inout, --side, --number, --details and --specialisation to a command.
-void aggiungiCampi(CLI::App& comando, CampiDati& campi);
+void aggiungiCampi(Comando& comando, CampiDati& campi);
 
 /// The identifier of fields given by name. Fields that were not given are 0.
 /// @throws ErroreUso  for an unknown name and for fields that exclude each other.

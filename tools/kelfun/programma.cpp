@@ -1,4 +1,5 @@
-// kelfun: the function catalogue on the command line.
+#include "programma.h"
+
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <cstring>
@@ -14,9 +15,9 @@
 #include "mostrabile.h"
 #include "uscita.h"
 
-namespace {
+namespace kel::strumento {
 
-using namespace kel::strumento;
+namespace {
 
 // What a command accepts, from its own options: "FILE, --unit, --json".
 std::string accettati(const CLI::App& comando) {
@@ -111,11 +112,13 @@ int esegui(int argc, char** argv) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int kelfun(int argc, char** argv) {
     try {
         return esegui(argc, argv);
     } catch (const std::exception& e) {  // from before the command line was read, or of the help
         std::fprintf(stderr, "kelfun: %s\n", e.what());
-        return 1;
+        return USCITA_NON_TROVATO;
     }
 }
+
+}  // namespace kel::strumento

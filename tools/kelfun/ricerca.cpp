@@ -1,6 +1,5 @@
 #include "ricerca.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <numeric>
 #include <optional>
@@ -8,6 +7,7 @@
 #include <tuple>
 
 #include "campi.h"
+#include "parole.h"
 
 namespace kel::strumento {
 
@@ -135,7 +135,7 @@ std::vector<std::string> vicine(std::span<const Noto> noti, const std::string& p
         for (const Testo& testo : noto.testi) {
             if (testo.specie == Specie::identificatore)
                 continue;
-            for (const std::string& una : CLI::detail::split(normale(testo.testo), ' '))
+            for (const std::string& una : dividi(normale(testo.testo), ' '))
                 if (const unsigned d = distanza(cercata, una); d <= massima && d < una.size())
                     trovate.emplace(d, una);
         }
