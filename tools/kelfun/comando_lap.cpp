@@ -86,9 +86,16 @@ nlohmann::ordered_json vocePerProgramma(const Argomenti& argomenti, const std::s
     return {{"elencato", true}, {"ms", ms}, {"numero", questo}};
 }
 
+std::vector<std::string> leggiTempi(const Argomenti& argomenti) {
+    std::vector<std::string> testi = conRigheDiIngresso(argomenti.tempi);
+    if (testi.empty())
+        throw ErroreUso("there is no lap time; accepted: TIME..., or - and a time on each line of standard input");
+    return testi;
+}
+
 void programma(const Argomenti& argomenti, std::optional<int> numero) {
     nlohmann::ordered_json voci = nlohmann::ordered_json::array();
-    for (const std::string& testo : conRigheDiIngresso(argomenti.tempi))
+    for (const std::string& testo : leggiTempi(argomenti))
         voci.push_back(vocePerProgramma(argomenti, testo, numero));
     stampaProgramma(argomenti.codice, "lap", "Lap times to text and back",
                     {{"voci", voci}, {"con_righe", argomenti.righe}});
@@ -109,7 +116,7 @@ void esegui(const Argomenti& argomenti) {
         return programma(argomenti, numero);
     // Everything is read before anything is printed: a wrong argument leaves no half of a table.
     std::vector<Riga> righe;
-    for (const std::string& testo : conRigheDiIngresso(argomenti.tempi))
+    for (const std::string& testo : leggiTempi(argomenti))
         righe.push_back(riga(argomenti, testo, numero));
     Documento documento(stdout, argomenti.forma.forma());
     documento.inizia("laps", "",
