@@ -2,12 +2,14 @@
 //
 //   kel_digest [--flat] [--calls N]          prints the digest of every operation, and of all
 //   kel_digest --calls N --check FILE        compares with what FILE keeps for N calls; exit status 1 at a difference
+//   kel_digest --threads N ...               so many threads make all these calls at once, on one catalogue
 //
 // The same numbers must come out on every machine, from every compiler and at every level of optimisation.
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <thread>
 #include <vector>
 
 #include "famiglie.h"
@@ -21,6 +23,7 @@ using digest::Impronta;
 struct Richiesta {
     unsigned long chiamate = 1000000;
     bool flat = false;
+    unsigned long fili = 1;
     const char* confronta = nullptr;
 };
 
@@ -80,6 +83,22 @@ std::vector<Riga> righe(const Richiesta& richiesta) {
     return righe;
 }
 
+// What each thread finds. With one, no thread is started.
+std::vector<std::vector<Riga>> righeDeiFili(const Richiesta& richiesta) {
+    std::vector<std::vector<Riga>> tutte(richiesta.fili);
+    std::vector<std::thread> altri;
+    for (std::size_t i = 1; i < tutte.size(); i++)
+        altri.emplace_back([&richiesta, &sue = tutte[i]] { sue = righe(richiesta); });
+    tutte[0] = righe(richiesta);
+    for (std::thread& filo : altri)
+        filo.join();
+    return tutte;
+}
+
+bool uguali(const Riga& una, const Riga& altra) {
+    return std::strcmp(una.testo, altra.testo) == 0;
+}
+
 // The kept lines for so many calls: those up to and with the one of the sum.
 std::vector<Riga> tenute(const Richiesta& richiesta) {
     std::FILE* file = std::fopen(richiesta.confronta, "r");
@@ -104,20 +123,28 @@ std::vector<Riga> tenute(const Richiesta& richiesta) {
     return trovate ? blocco : std::vector<Riga>();
 }
 
-int confronta(const Richiesta& richiesta, const std::vector<Riga>& trovate) {
+int confronta(const Richiesta& richiesta, const std::vector<std::vector<Riga>>& dei_fili) {
     const std::vector<Riga> attese = tenute(richiesta);
     if (attese.empty()) {
         std::fprintf(stderr, "%s keeps no digest of %lu calls\n", richiesta.confronta, richiesta.chiamate);
         return 2;
     }
-    bool uguali = attese.size() == trovate.size();
-    for (std::size_t i = 0; i < attese.size() && i < trovate.size(); i++)
-        if (std::strcmp(attese[i].testo, trovate[i].testo) != 0) {
-            uguali = false;
-            std::printf("kept  %s\nfound %s\n", attese[i].testo, trovate[i].testo);
-        }
-    std::printf("%s\n", uguali ? trovate.back().testo : "the results differ");
-    return uguali ? 0 : 1;
+    bool tutte = true;
+    for (const std::vector<Riga>& trovate : dei_fili) {
+        tutte = tutte && attese.size() == trovate.size();
+        for (std::size_t i = 0; i < attese.size() && i < trovate.size(); i++)
+            if (!uguali(attese[i], trovate[i])) {
+                tutte = false;
+                std::printf("kept  %s\nfound %s\n", attese[i].testo, trovate[i].testo);
+            }
+    }
+    std::printf("%s\n", tutte ? attese.back().testo : "the results differ");
+    return tutte ? 0 : 1;
+}
+
+int uso() {
+    std::fprintf(stderr, "usage: kel_digest [--flat] [--calls N] [--threads N] [--check FILE]\n");
+    return 2;
 }
 
 }  // namespace
@@ -130,17 +157,21 @@ int main(int argc, char** argv) {
             richiesta.flat = true;
         } else if (std::strcmp(argv[i], "--calls") == 0 && altro) {
             richiesta.chiamate = std::strtoul(argv[++i], nullptr, 10);
+        } else if (std::strcmp(argv[i], "--threads") == 0 && altro) {
+            richiesta.fili = std::strtoul(argv[++i], nullptr, 10);
         } else if (std::strcmp(argv[i], "--check") == 0 && altro) {
             richiesta.confronta = argv[++i];
         } else {
-            std::fprintf(stderr, "usage: kel_digest [--flat] [--calls N] [--check FILE]\n");
-            return 2;
+            return uso();
         }
     }
-    const std::vector<Riga> trovate = righe(richiesta);
+    if (richiesta.fili == 0)
+        return uso();
+    const std::vector<std::vector<Riga>> trovate = righeDeiFili(richiesta);
     if (richiesta.confronta != nullptr)
         return confronta(richiesta, trovate);
-    for (const Riga& una : trovate)
-        std::puts(una.testo);
+    for (const std::vector<Riga>& del_filo : trovate)
+        for (const Riga& una : del_filo)
+            std::puts(una.testo);
     return 0;
 }
