@@ -95,10 +95,6 @@ std::vector<std::vector<Riga>> righeDeiFili(const Richiesta& richiesta) {
     return tutte;
 }
 
-bool uguali(const Riga& una, const Riga& altra) {
-    return std::strcmp(una.testo, altra.testo) == 0;
-}
-
 // The kept lines for so many calls: those up to and with the one of the sum.
 std::vector<Riga> tenute(const Richiesta& richiesta) {
     std::FILE* file = std::fopen(richiesta.confronta, "r");
@@ -133,7 +129,7 @@ int confronta(const Richiesta& richiesta, const std::vector<std::vector<Riga>>& 
     for (const std::vector<Riga>& trovate : dei_fili) {
         tutte = tutte && attese.size() == trovate.size();
         for (std::size_t i = 0; i < attese.size() && i < trovate.size(); i++)
-            if (!uguali(attese[i], trovate[i])) {
+            if (std::strcmp(attese[i].testo, trovate[i].testo) != 0) {
                 tutte = false;
                 std::printf("kept  %s\nfound %s\n", attese[i].testo, trovate[i].testo);
             }

@@ -21,7 +21,7 @@ Opzione& Opzione::obbligatoria() {
 }
 
 Opzione& Opzione::ripetibile() {
-    opzione_->allow_extra_args(false);
+    opzione_->allow_extra_args(false);  // else it takes every word up to the next option
     return *this;
 }
 
