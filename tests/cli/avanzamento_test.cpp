@@ -1,5 +1,5 @@
 // The line that tells how far the reading has come, by a clock that the tests set.
-#include "avanzamento.h"
+#include "io/avanzamento.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The stream reader and the solutions shown from it survive anything, and lose nothing that is good.
-#include "flusso_ubx.h"
+#include "captures/flusso_ubx.h"
 
 #include <gtest/gtest.h>
 
@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "captures/navsol.h"
 #include "messaggi.h"
-#include "navsol.h"
 
 namespace {
 

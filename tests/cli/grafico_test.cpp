@@ -1,5 +1,5 @@
 // What is kept of many values to be drawn, and how dots and characters come of it.
-#include "grafico.h"
+#include "plots/grafico.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <limits>
 #include <string>
 
-#include "grafico_terminale.h"
-#include "raster.h"
+#include "plots/grafico_terminale.h"
+#include "plots/raster.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Solutions through the packet channel against sums done here on the message's own numbers.
-#include "navsol.h"
+#include "captures/navsol.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "flusso_ubx.h"
+#include "captures/flusso_ubx.h"
 #include "messaggi.h"
 
 namespace {

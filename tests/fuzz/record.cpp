@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "bersaglio.h"
-#include "canali_record.h"
-#include "errori.h"
+#include "captures/canali_record.h"
+#include "captures/registrazione.h"
 #include "ingredienti.h"
-#include "registrazione.h"
+#include "text/errori.h"
 
 namespace {
 

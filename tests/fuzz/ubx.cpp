@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "bersaglio.h"
-#include "flusso_ubx.h"
+#include "captures/flusso_ubx.h"
+#include "captures/navsol.h"
 #include "ingredienti.h"
-#include "navsol.h"
 
 namespace {
 

@@ -7,13 +7,14 @@
 #include <sstream>
 #include <string>
 
-#include "codice.h"
-#include "colore.h"
-#include "comando.h"
-#include "comando_completa.h"
-#include "errori.h"
-#include "mostrabile.h"
-#include "uscita.h"
+#include "cli/esempi.h"
+#include "code/codice.h"
+#include "commands/comandi.h"
+#include "completion/completa.h"
+#include "io/colore.h"
+#include "io/uscita.h"
+#include "text/errori.h"
+#include "text/mostrabile.h"
 
 namespace kel::strumento {
 

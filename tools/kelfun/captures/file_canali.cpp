@@ -1,0 +1,21 @@
+#include "captures/file_canali.h"
+
+#include "io/ingresso.h"
+#include "text/errori.h"
+
+namespace kel::strumento {
+
+std::vector<s_kel_canale> leggiFileCanali(const std::string& nome, Disposizione disposizione) {
+    Ingresso ingresso(nome);
+    std::vector<std::uint8_t> byte(CANALI_MASSIMI * CANALE_BYTE + 1);
+    byte.resize(ingresso.leggiTutti(byte.data(), byte.size()));
+    try {
+        if (byte.size() > CANALI_MASSIMI * CANALE_BYTE)
+            throw NonTrovato("it is longer than " + std::to_string(CANALI_MASSIMI) + " channel records");
+        return leggiCanali(byte, disposizione);
+    } catch (const NonTrovato& e) {
+        throw NonTrovato("cannot use '" + ingresso.nome() + "' as channels: " + e.what());
+    }
+}
+
+}  // namespace kel::strumento

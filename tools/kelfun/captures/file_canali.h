@@ -1,0 +1,18 @@
+// A recording's file of channels.
+#ifndef KELFUN_CAPTURES_FILE_CANALI_H
+#define KELFUN_CAPTURES_FILE_CANALI_H
+
+#include <string>
+#include <vector>
+
+#include "captures/registrazione.h"
+
+namespace kel::strumento {
+
+/// The channel set of a file, or of standard input for "-".
+/// @throws NonTrovato  when it cannot be read, or holds no channel records: one line that names the file.
+std::vector<s_kel_canale> leggiFileCanali(const std::string& nome, Disposizione disposizione);
+
+}  // namespace kel::strumento
+
+#endif

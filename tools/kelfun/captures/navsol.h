@@ -1,0 +1,56 @@
+// One NAV-SOL solution shown through the logger's GPS packet.
+#ifndef KELFUN_CAPTURES_NAVSOL_H
+#define KELFUN_CAPTURES_NAVSOL_H
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "IFunzioni.h"
+
+namespace kel::strumento {
+
+constexpr std::uint8_t NAV_SOL_CLASSE = 0x01;
+constexpr std::uint8_t NAV_SOL_ID = 0x06;
+constexpr std::size_t NAV_SOL_BYTE = 52;
+
+/// What a solution shows. Values come from the library's converters, but for the time of week: as a float it would be
+/// off by up to 32 ms, so that it is read from the message.
+struct Soluzione {
+    std::uint32_t settimana_ms = 0;  ///< GPS time of week, ms
+    unsigned fix = 0;
+    unsigned satelliti = 0;
+    float longitudine = 0;  ///< degrees
+    float latitudine = 0;   ///< degrees by the library's rule
+    float velocita = 0;     ///< in the unit asked for
+    std::string testo_velocita;
+    unsigned accuratezza_posizione = 0;  ///< low byte of the field in cm
+    unsigned accuratezza_velocita = 0;   ///< low byte of the field in cm/s
+};
+
+/// A packet channel of the logger's GPS packet (4 bytes of time before the 52 of the payload) and its converters.
+class CanaleNavSol {
+public:
+    /// @param udm       a unit of the speed.
+    /// @param decimali  digits after the point of the speed's text.
+    CanaleNavSol(IFunzioni& catalogo, const std::string& udm, unsigned decimali);
+
+    /// The function of the speed in the packet.
+    static kel_funpos fidVelocita();
+
+    Soluzione leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const;
+
+private:
+    float valore(IConverter& converter, const std::uint8_t* pacchetto) const;
+
+    s_kel_canale canale_;
+    std::unique_ptr<IConverter> fix_, satelliti_, longitudine_, latitudine_, velocita_;
+    s_kel_converter accuratezza_posizione_{};
+    s_kel_converter accuratezza_velocita_{};
+};
+
+}  // namespace kel::strumento
+
+#endif

@@ -1,0 +1,83 @@
+#include "captures/nomi_record.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+
+#include "captures/canali_record.h"
+#include "captures/file_canali.h"
+#include "text/chiavi.h"
+#include "text/mostrabile.h"
+
+namespace kel::strumento {
+
+namespace {
+
+// A name that stands on one line and that --only tells from others.
+bool scrivibile(const std::string& nome) {
+    return !chiave(nome).empty() && nome.front() != ':' && std::none_of(nome.begin(), nome.end(), [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+    });
+}
+
+// A shell passes on the word as it was typed.
+std::string conCasa(const std::string& file) {
+    const char* casa = std::getenv("HOME");
+    return file.starts_with("~/") && casa != nullptr ? casa + file.substr(1) : file;
+}
+
+std::string breve(const s_kel_canale& canale) {
+    return {canale.breve, std::find(canale.breve, std::end(canale.breve), '\0')};
+}
+
+class Nomi {
+public:
+    void aggiungi(const std::string& nome, const std::string& spiegazione, const std::vector<std::string>& unita) {
+        if (!scrivibile(nome))
+            return;
+        auto posto = std::find_if(nomi_.begin(), nomi_.end(), [&](const NomeRecord& n) { return n.nome == nome; });
+        if (posto == nomi_.end())
+            posto = nomi_.insert(posto, {nome, mostrabile(spiegazione), {}});
+        for (const std::string& una : unita)
+            if (std::find(posto->unita.begin(), posto->unita.end(), una) == posto->unita.end())
+                posto->unita.push_back(una);
+    }
+    std::vector<NomeRecord> tutti() && { return std::move(nomi_); }
+
+private:
+    std::vector<NomeRecord> nomi_;
+};
+
+std::vector<NomeRecord> nomi(IFunzioni& catalogo, const std::vector<s_kel_canale>& canali) {
+    const std::vector<ColonnaRecord> colonne = colonneRecord(catalogo, canali, {});
+    Nomi nomi;
+    for (const ColonnaRecord& colonna : colonne) {
+        const s_kel_canale& canale = canali[colonna.indice];
+        const bool interno = colonna.fid != canale.fid;
+        if (interno)
+            nomi.aggiungi(nomeCanale(canale), "all of this packet", {});
+        nomi.aggiungi(colonna.nome, interno ? "of " + nomeCanale(canale) : catalogo.getNomeFunzione(colonna.fid, false),
+                      colonna.unitaPossibili(catalogo));
+    }
+    for (const ColonnaRecord& colonna : colonne)
+        nomi.aggiungi(breve(canali[colonna.indice]), nomeCanale(canali[colonna.indice]),
+                      colonna.unitaPossibili(catalogo));
+    return std::move(nomi).tutti();
+}
+
+}  // namespace
+
+std::vector<NomeRecord> nomiRecord(IFunzioni& catalogo, const std::string& file, Disposizione disposizione) {
+    std::error_code errore;
+    const std::string percorso = conCasa(file);
+    if (file == "-" || !std::filesystem::is_regular_file(percorso, errore))
+        return {};
+    try {
+        return nomi(catalogo, leggiFileCanali(percorso, disposizione));
+    } catch (const std::runtime_error&) {
+        return {};
+    }
+}
+
+}  // namespace kel::strumento

@@ -1,0 +1,14 @@
+// The end of a command's --help.
+#ifndef KELFUN_CLI_ESEMPI_H
+#define KELFUN_CLI_ESEMPI_H
+
+#include <string>
+
+namespace kel::strumento {
+
+/// Text shown below the options by --help: notes and three command lines that work as they stand.
+std::string esempi(const char* note, const char* primo, const char* secondo, const char* terzo);
+
+}  // namespace kel::strumento
+
+#endif

@@ -1,0 +1,294 @@
+// kelfun decode: sample bytes as values and texts.
+#include <algorithm>
+#include <list>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "cli/esempi.h"
+#include "cli/forma.h"
+#include "code/codice.h"
+#include "commands/comandi.h"
+#include "domain/canale.h"
+#include "domain/identificatore.h"
+#include "domain/tipi_campione.h"
+#include "io/righe.h"
+#include "output/celle.h"
+#include "text/errori.h"
+#include "text/numeri.h"
+
+namespace kel::strumento {
+
+namespace {
+
+struct Argomenti {
+    std::vector<std::string> posizionali;  // identifier, unless given by its fields, and bytes
+    CampiDati campi;
+    std::string canale;
+    std::string tipo;
+    std::string udm;
+    std::string larghezza = "8";
+    std::string decimali;
+    std::string formato = "right";
+    std::string bit;
+    bool automatici = false;
+    bool tipi = false;
+    SceltaForma forma;
+    std::string codice;
+};
+
+unsigned intero(const char* opzione, const std::string& testo, unsigned minimo, unsigned massimo) {
+    const auto valore = leggiIntero(testo, minimo, massimo);
+    if (!valore)
+        throw ErroreUso(std::string(opzione) + " '" + testo + "' is out of range; accepted: " + std::to_string(minimo) +
+                        " to " + std::to_string(massimo));
+    return static_cast<unsigned>(*valore);
+}
+
+eFormatoConv leggiFormato(const std::string& testo) {
+    if (testo == "right")
+        return FORMATO_DESTRA;
+    if (testo == "left")
+        return FORMATO_SINISTRA;
+    if (testo == "compact")
+        return FORMATO_COMPATTO;
+    throw ErroreUso("there is no --format '" + testo + "'; accepted: right, left, compact");
+}
+
+struct CampoBit {
+    unsigned short posizione = 0;
+    unsigned short quanti = 0;
+};
+
+CampoBit leggiBit(const std::string& testo) {
+    if (testo.empty())
+        return {};
+    const std::size_t punti = testo.find(':');
+    const auto posizione = leggiIntero(std::string_view(testo).substr(0, punti), 0, 31);
+    const auto quanti =
+        punti == std::string::npos ? std::nullopt : leggiIntero(std::string_view(testo).substr(punti + 1), 1, 32);
+    if (!posizione || !quanti)
+        throw ErroreUso("--bits '" + testo + "' is no bit field; accepted: POSITION:COUNT, such as 8:1");
+    return {static_cast<unsigned short>(*posizione), static_cast<unsigned short>(*quanti)};
+}
+
+unsigned leggiLarghezza(const Argomenti& argomenti) {
+    return intero("--width", argomenti.larghezza, 1, 31);
+}
+
+// Those asked for, or those that the function shows in the unit.
+unsigned leggiDecimali(const Argomenti& argomenti, const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
+    if (!argomenti.decimali.empty())
+        return intero("--decimals", argomenti.decimali, 0, 3);
+    return static_cast<unsigned>(std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3));
+}
+
+std::string leggiEsadecimali(const std::vector<std::string>& testi) {
+    std::string byte;
+    for (const std::string& testo : conRigheDiIngresso(testi)) {
+        const auto letti = leggiByte(testo);
+        if (!letti)
+            throw ErroreUso(
+                "'" + testo +
+                "' are no bytes; accepted: pairs of hexadecimal digits in the order of the record, such as 3930");
+        byte += *letti;
+    }
+    return byte;
+}
+
+// One converter and what it makes of one sample.
+class Decodifica {
+public:
+    Decodifica(const IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid, const std::string& udm,
+               const Argomenti& argomenti)
+        : fid_(fid), udm_(udm) {
+        const CampoBit bit = leggiBit(argomenti.bit);
+        conv_.larghezza = leggiLarghezza(argomenti);
+        conv_.decimali = leggiDecimali(argomenti, catalogo, fid, udm);
+        conv_.auto_decimali = argomenti.automatici;
+        conv_.formato = leggiFormato(argomenti.formato);
+        kelConvInit(&conv_, &canale, fid, catalogo.getParamConv(fid, udm), bit.posizione, bit.quanti, 1);
+    }
+
+    void riga(Documento& documento, std::size_t campione, const std::string& nome, const char* byte) {
+        std::uint32_t stato = 0;
+        float valore = 0;
+        const bool ha_valore = conv_.valore != nullptr;
+        if (ha_valore)
+            valore = conv_.valore(&conv_, byte + kelConvGetOffset(&conv_), &stato);
+        char testo[32];
+        kelConvGetString(&conv_, byte, testo);
+        documento.riga({Cella::intero(static_cast<std::int64_t>(campione)), Cella::fid(fid_), Cella::testo(nome),
+                        ha_valore ? Cella::numero(valore) : Cella(), testoOVuota(udm_),
+                        ha_valore ? Cella::intero(stato) : Cella(), Cella::citata(testo)});
+    }
+
+private:
+    kel_funpos fid_;
+    std::string udm_;
+    s_kel_converter conv_{};
+};
+
+void tabellaTipi(Documento& documento) {
+    documento.inizia("sample_types", "",
+                     {{"code", "TYPE", Lato::destra}, {"bytes", "BYTES", Lato::destra}, {"content", "CONTENT"}});
+    for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE; ++tipo)
+        documento.riga(
+            {Cella::intero(tipo), Cella::intero(kelFunGetSamplSize(tipo)), Cella::testo(contenutoCampione(tipo))});
+}
+
+unsigned leggiTipo(const Argomenti& argomenti, kel_funpos fid_canale) {
+    if (!argomenti.tipo.empty())
+        return intero("--type", argomenti.tipo, 0, NUM_TIPI_CAMPIONE - 1);
+    const auto tipo = tipoPacchetto(fid_canale);
+    if (!tipo)
+        throw ErroreUso("the sample type is missing; accepted: --type 0 to 24, see --types");
+    return *tipo;
+}
+
+// Bytes of one sample after the other.
+std::string leggiCampioni(const std::vector<std::string>& testi, unsigned tipo, std::size_t dimensione) {
+    std::string byte = leggiEsadecimali(testi);
+    if (dimensione == 0)
+        throw ErroreUso("type " + std::to_string(tipo) + " has no sample; accepted: a --type with bytes, see --types");
+    if (byte.empty() || byte.size() % dimensione != 0)
+        throw ErroreUso(std::to_string(byte.size()) + " bytes are no samples of type " + std::to_string(tipo) +
+                        "; accepted: " + std::to_string(dimensione) + " bytes a sample");
+    return byte;
+}
+
+void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid,
+               const std::string& udm, const std::string& byte, bool pacchetto) {
+    const CampoBit bit = leggiBit(argomenti.bit);
+    const eFormatoConv formato = leggiFormato(argomenti.formato);
+    if (argomenti.codice == "cpp" && (bit.quanti != 0 || argomenti.automatici))
+        throw ErroreUso("--bits and --auto-decimals are of the flat face alone; accepted: --code c, --code python");
+    const kel_funpos fid_canale = canale.fid;
+    const unsigned tipo = canale.tipo_campione;
+    const std::size_t dimensione = kelFunGetSamplSize(tipo);
+    nlohmann::ordered_json campioni = nlohmann::ordered_json::array();
+    for (std::size_t da = 0; da < byte.size(); da += dimensione) {
+        std::vector<std::string> uno;
+        for (std::size_t i = 0; i < dimensione; ++i)
+            uno.push_back(esadecimale(static_cast<std::uint8_t>(byte[da + i]), 2));
+        campioni.push_back({{"byte", elencoPerProgramma(uno, argomenti.codice == "python" ? 11 : 9)}});
+    }
+    const unsigned decimali = leggiDecimali(argomenti, catalogo, fid, udm);
+    static constexpr const char* FORMATI[] = {"FORMATO_DESTRA", "FORMATO_SINISTRA", "FORMATO_COMPATTO"};
+    stampaProgramma(argomenti.codice, "decode", "Samples of " + catalogo.getNomeFunzione(fid, false),
+                    {{"fid", fidPerProgramma(fid)},
+                     {"canale", fid_canale == fid ? "fid" : esadecimale(fid_canale, 8)},
+                     {"tipo", costanteCampione(tipo)},
+                     {"tipo_numero", tipo},
+                     {"udm", testoPerProgramma(udm)},
+                     {"larghezza", leggiLarghezza(argomenti)},
+                     {"decimali", decimali},
+                     {"suoi", argomenti.decimali.empty()},
+                     {"automatici", argomenti.automatici ? 1 : 0},
+                     {"formato", FORMATI[formato]},
+                     {"formato_numero", static_cast<int>(formato)},
+                     {"pos_bit", bit.posizione},
+                     {"num_bit", bit.quanti},
+                     {"dimensione", dimensione},
+                     {"campioni", campioni},
+                     {"pacchetto", pacchetto}});
+}
+
+void esegui(const Argomenti& argomenti) {
+    if (argomenti.tipi && !argomenti.codice.empty())
+        return stampaProgramma(argomenti.codice, "decode types", "The sizes of the sample types",
+                               {{"quanti", NUM_TIPI_CAMPIONE}});
+    Documento documento(stdout, argomenti.forma.forma());
+    if (argomenti.tipi) {
+        tabellaTipi(documento);
+        documento.fine();
+        return;
+    }
+    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    std::vector<std::string> testi = argomenti.posizionali;
+    std::string id;
+    if (!argomenti.campi.dati() && !testi.empty()) {
+        id = testi.front();
+        testi.erase(testi.begin());
+    }
+    const kel_funpos fid = risolvi(*catalogo, id, argomenti.campi);
+    const kel_funpos fid_canale = argomenti.canale.empty() ? fid : leggiFid(*catalogo, argomenti.canale);
+    const unsigned tipo = leggiTipo(argomenti, fid_canale);
+    const std::size_t dimensione = kelFunGetSamplSize(tipo);
+    const std::string byte = leggiCampioni(testi, tipo, dimensione);
+    const s_kel_canale canale = kel::strumento::canale(fid_canale, tipo);
+
+    // The function asked for; a whole packet shows its subfields too.
+    const std::string udm = leggiUdm(*catalogo, fid, argomenti.udm);
+    const std::size_t pacchetto = tipoPacchetto(fid) ? kelFunGetSamplSize(*tipoPacchetto(fid)) : 0;
+    const bool intero = fid == fid_canale && pacchetto == dimensione && pacchetto != 0 &&
+                        search_sottocampi_struct(kelFidOggetto(fid), kelFidPosizione(fid)) != nullptr;
+    std::vector<Decodifica> decodifiche;
+    std::vector<std::string> nomi;
+    decodifiche.emplace_back(*catalogo, canale, fid, udm, argomenti);
+    nomi.push_back(catalogo->getNomeFunzione(fid, false));
+    if (!argomenti.codice.empty())
+        return programma(argomenti, *catalogo, canale, fid, udm, byte, intero);
+    if (intero) {
+        std::list<kel_funpos> interni;
+        catalogo->getAllInnerFunpos(fid, interni);
+        for (const kel_funpos interno : interni) {
+            decodifiche.emplace_back(*catalogo, canale, interno, catalogo->getUnitaBase(interno), argomenti);
+            const s_sottocampo* riga =
+                getDettagliSottocampo(search_sottocampi_struct(kelFidOggetto(fid), kelFidPosizione(fid)), interno);
+            if (interno == 0)
+                nomi.emplace_back("(reserved)");
+            else if (riga->testo != nullptr && *riga->testo != '\0')
+                nomi.emplace_back(riga->testo);
+            else
+                nomi.push_back(catalogo->getNomeFunzione(interno, false));
+        }
+    }
+    documento.inizia("samples", "",
+                     {{"sample", "SAMPLE", Lato::destra},
+                      {"identifier", "IDENTIFIER"},
+                      {"name", "NAME"},
+                      {"value", "VALUE", Lato::destra},
+                      {"unit", "UNIT"},
+                      {"status", "STATUS", Lato::destra},
+                      {"text", "TEXT"}});
+    for (std::size_t i = 0; i < byte.size() / dimensione; ++i)
+        for (std::size_t j = 0; j < decodifiche.size(); ++j)
+            decodifiche[j].riga(documento, i, nomi[j], byte.data() + i * dimensione);
+    documento.fine();
+}
+
+}  // namespace
+
+void aggiungiDecode(CLI::App& programma) {
+    auto argomenti = std::make_shared<Argomenti>();
+    Comando comando(programma, "decode", "Sample bytes as value, status and text");
+    comando
+        .opzione("[ID] HEX", argomenti->posizionali,
+                 "Identifier, unless its fields are given, and bytes; - for lines of standard input")
+        .valore("");
+    comando.opzione("--type", argomenti->tipo, "Sample type code; a packet's is known from its identifier")
+        .valore("CODE");
+    comando.bandiera("--types", argomenti->tipi, "List the sample types");
+    comando
+        .opzione("--channel", argomenti->canale, "Identifier of the packet channel, where ID is one of its subfields")
+        .valore("ID");
+    comando.opzione("--unit", argomenti->udm, "Unit (default: the base unit)").valore("UNIT");
+    comando.opzione("--width", argomenti->larghezza, "Characters of the text, point not counted, 1 to 31 (default 8)")
+        .valore("N");
+    comando.opzione("--decimals", argomenti->decimali, "Decimals of the text, 0 to 3 (default: the unit's)")
+        .valore("N");
+    comando.bandiera("--auto-decimals", argomenti->automatici, "Let the text choose 1 or 0 decimals by magnitude");
+    comando.opzione("--format", argomenti->formato, "right (default), left or compact").valore("FORMAT");
+    comando.opzione("--bits", argomenti->bit, "Bit field of an integer sample").valore("POS:COUNT");
+    aggiungiCampi(comando, argomenti->campi);
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiCodice(comando, argomenti->codice);
+    comando.note(esempi(
+        "Bytes stand in the order of the record, low byte first; several samples may follow each other.\n"
+        "Status: 0 good, 1 error, 2 missing, 4 over range, 8 invalid.",
+        "kelfun decode 0x10 --type 6 --unit mph 0000C842", "kelfun decode --quantity gear --type 11 0300 FFFF 0000",
+        "kelfun decode --details laptime '01 02 0300 00460100 E8030000 00000000 00000000 00000000 00020000'"));
+    comando.esegue([argomenti] { esegui(*argomenti); });
+}
+
+}  // namespace kel::strumento

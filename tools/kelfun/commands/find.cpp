@@ -1,0 +1,115 @@
+// kelfun find: the identifiers whose names, units or fields hold some words.
+#include <list>
+#include <memory>
+
+#include "cli/esempi.h"
+#include "cli/forma.h"
+#include "commands/comandi.h"
+#include "domain/identificatore.h"
+#include "domain/ricerca.h"
+#include "domain/unita.h"
+#include "output/celle.h"
+#include "text/errori.h"
+#include "text/parole.h"
+
+namespace kel::strumento {
+
+namespace {
+
+struct Argomenti {
+    std::vector<std::string> testi;
+    SceltaForma forma;
+};
+
+// Words apart by blanks; an argument may hold several.
+std::vector<std::string> parole(const std::vector<std::string>& testi) {
+    std::vector<std::string> tutte;
+    for (const std::string& testo : testi)
+        for (const std::string& parola : dividi(testo, ' '))
+            if (!senzaBordi(parola).empty())
+                tutte.push_back(parola);
+    return tutte;
+}
+
+std::string traVirgolette(const std::vector<std::string>& testi) {
+    std::string tutti;
+    for (const std::string& testo : testi)
+        tutti += (tutti.empty() ? "'" : ", '") + testo + "'";
+    return tutti;
+}
+
+[[noreturn]] void nessuno(const std::vector<Noto>& noti, const std::vector<std::string>& cercate) {
+    for (const std::string& parola : cercate) {
+        const std::string una[] = {parola};
+        if (!cerca(noti, una).empty())
+            continue;
+        const std::vector<std::string> simili = vicine(noti, parola);
+        throw NonTrovato("nothing is called '" + parola + "'; " +
+                         (simili.empty() ? "searched: names, legacy identifiers, units, XML names, identifiers"
+                                         : "close to it: " + elenco(simili)));
+    }
+    throw NonTrovato("nothing is called all of " + traVirgolette(cercate) + "; each of them alone is");
+}
+
+void riga(Documento& documento, const IFunzioni& catalogo, const Trovato& trovato) {
+    const kel_funpos fid = trovato.noto->fid;
+    std::list<std::string> unita;
+    catalogo.getFunzUIVs(fid, unita);
+    std::vector<std::string> specie;
+    std::vector<std::string> testi;
+    for (const Testo* testo : trovato.testi) {
+        specie.emplace_back(nomeSpecie(testo->specie));
+        testi.push_back(testo->testo);
+    }
+    documento.riga({Cella::fid(fid), Cella::testo(catalogo.getNomeFunzione(fid, false)),
+                    Cella::testo(senzaNul(catalogo.getNomeFunzioneShort(fid))), testoOVuota(idVecchio(fid)),
+                    testoOVuota(elenco(unita)), Cella::testo(nomeGrado(trovato.grado)), Cella::testo(elenco(specie)),
+                    Cella::testo(elenco(testi))});
+}
+
+void esegui(const Argomenti& argomenti) {
+    const std::vector<std::string> cercate = parole(argomenti.testi);
+    if (cercate.empty())
+        throw ErroreUso("there is nothing to search for; accepted: words of a name, unit or identifier, such as oil");
+    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    const std::vector<Noto> noti = identificatoriNoti(*catalogo);
+    const std::vector<Trovato> trovati = cerca(noti, cercate);
+    if (trovati.empty())
+        nessuno(noti, cercate);
+    Documento documento(stdout, argomenti.forma.forma());
+    documento.inizia("found", "",
+                     {{"identifier", "IDENTIFIER"},
+                      {"name", "NAME"},
+                      {"short_name", "SHORT"},
+                      {"legacy_id", "LEGACY IDENTIFIER"},
+                      {"units", "UNITS"},
+                      {"match", "MATCH"},
+                      {"key", "KEY"},
+                      {"matched", "MATCHED"}});
+    for (const Trovato& trovato : trovati)
+        riga(documento, *catalogo, trovato);
+    documento.fine();
+}
+
+}  // namespace
+
+void aggiungiFind(CLI::App& programma) {
+    auto argomenti = std::make_shared<Argomenti>();
+    Comando comando(programma, "find", "Identifiers by any word of their names, units or fields");
+    comando
+        .opzione("TEXT", argomenti->testi,
+                 "Words, all of which must be found: of a name, a legacy identifier, a unit, an XML name, or digits")
+        .valore("")
+        .obbligatoria();
+    aggiungiForma(comando, argomenti->forma);
+    comando.note(
+        esempi("Capitals do not matter, nor do blanks, underscores and hyphens between words. Best matches come first: "
+               "exact,\n"
+               "prefix, word, part; of these names, short names, legacy identifiers, units, fields (XML name, "
+               "abbreviation or\n"
+               "text), identifiers; then by quantity, object and position. KEY and MATCHED tell what answered.",
+               "kelfun find oil", "kelfun find wheel front mph", "kelfun find FID_OBJ_WATER --json"));
+    comando.esegue([argomenti] { esegui(*argomenti); });
+}
+
+}  // namespace kel::strumento

@@ -1,0 +1,54 @@
+// Reading a function identifier from the command line.
+#ifndef KELFUN_DOMAIN_IDENTIFICATORE_H
+#define KELFUN_DOMAIN_IDENTIFICATORE_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "IFunzioni.h"
+#include "cli/opzioni.h"
+
+namespace kel::strumento {
+
+/// Fields of an identifier given by name.
+struct CampiDati {
+    std::string grandezza;
+    std::string oggetto;
+    std::string posizione;
+    std::string inout;
+    std::string numero;
+    std::string dettagli;
+    std::string specializzazione;
+    std::vector<std::string> lati;
+
+    /// Whether any of them was given.
+    bool dati() const;
+};
+
+/// Adds --quantity, --object, --position, --inout, --side, --number, --details and --specialisation to a command.
+void aggiungiCampi(Comando& comando, CampiDati& campi);
+
+/// The identifier of fields given by name. Fields that were not given are 0.
+/// @throws ErroreUso  for an unknown name and for fields that exclude each other.
+kel_funpos componi(const CampiDati& campi);
+
+/// The identifier of one argument: hexadecimal with "0x", decimal, or a legacy identifier.
+/// @throws ErroreUso   when it is none of the three.
+/// @throws NonTrovato  for a legacy identifier that no table knows.
+kel_funpos leggiFid(IFunzioni& catalogo, std::string_view testo);
+
+/// The identifier of a command that takes it either as an argument or by its fields.
+/// @throws ErroreUso  when both or neither are given; else as `leggiFid` and `componi`.
+kel_funpos risolvi(IFunzioni& catalogo, const std::string& argomento, const CampiDati& campi);
+
+/// The legacy identifier of a function, "" when it has none.
+std::string idVecchio(kel_funpos fid);
+
+/// A unit of a function: `udm` itself, or the base unit for "".
+/// @throws ErroreUso  when it is not one of the function's units, with those that are.
+std::string leggiUdm(const IFunzioni& catalogo, kel_funpos fid, const std::string& udm);
+
+}  // namespace kel::strumento
+
+#endif

@@ -1,0 +1,73 @@
+#include "domain/tipi_campione.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kel::strumento {
+
+namespace {
+
+struct Tipo {
+    unsigned codice;
+    const char* costante;
+    const char* contenuto;
+};
+// clang-format off
+constexpr Tipo TIPI[] = {
+    {KEL_TIPO_INT32,            "KEL_TIPO_INT32",            "signed 32-bit integer"},
+    {KEL_TIPO_INT16,            "KEL_TIPO_INT16",            "signed 16-bit integer"},
+    {KEL_TIPO_UINT8_INTERO,     "KEL_TIPO_UINT8_INTERO",     "unsigned 8-bit integer"},
+    {KEL_TIPO_UINT32,           "KEL_TIPO_UINT32",           "unsigned 32-bit integer"},
+    {KEL_TIPO_UINT16,           "KEL_TIPO_UINT16",           "unsigned 16-bit integer"},
+    {KEL_TIPO_UINT8,            "KEL_TIPO_UINT8",            "unsigned 8-bit integer, may be a bit field"},
+    {KEL_TIPO_FLOAT,            "KEL_TIPO_FLOAT",            "32-bit float"},
+    {KEL_TIPO_LAP_2G,           "KEL_TIPO_LAP_2G",           "lap packet, second generation"},
+    {KEL_TIPO_GPS_KEL,          "KEL_TIPO_GPS_KEL",          "GPS solution packet of the logger"},
+    {KEL_TIPO_GPS_NAVSOL,       "KEL_TIPO_GPS_NAVSOL",       "u-blox NAV-SOL payload"},
+    {KEL_TIPO_DATA_ORA,         "KEL_TIPO_DATA_ORA",         "date and time packet"},
+    {KEL_TIPO_MARCIA,           "KEL_TIPO_MARCIA",           "gear"},
+    {KEL_TIPO_TEMPO_GIRO,       "KEL_TIPO_TEMPO_GIRO",       "lap time, ms"},
+    {KEL_TIPO_LISTA_BIT,        "KEL_TIPO_LISTA_BIT",        "bit set"},
+    {KEL_TIPO_NESSUNO,          "KEL_TIPO_NESSUNO",          "no sample"},
+    {KEL_TIPO_NUMERO_TESTO_6,   "KEL_TIPO_NUMERO_TESTO_6",   "16-bit number and text of 6"},
+    {KEL_TIPO_NUMERO_TESTO_30,  "KEL_TIPO_NUMERO_TESTO_30",  "16-bit number and text of 30"},
+    {KEL_TIPO_LAP_1G,           "KEL_TIPO_LAP_1G",           "lap packet, first generation"},
+    {KEL_TIPO_GPS_SATELLITI,    "KEL_TIPO_GPS_SATELLITI",    "GPS satellite packet"},
+    {KEL_TIPO_OTTO_BYTE,        "KEL_TIPO_OTTO_BYTE",        "8 bytes without a decoder"},
+    {KEL_TIPO_MEZZO_FLOAT,      "KEL_TIPO_MEZZO_FLOAT",      "16-bit float"},
+    {KEL_TIPO_COORDINATA,       "KEL_TIPO_COORDINATA",       "coordinate, 1e-7 degrees"},
+    {KEL_TIPO_TEMPO_PACCHETTO,  "KEL_TIPO_TEMPO_PACCHETTO",  "packet with a time, ms"},
+    {KEL_TIPO_NESSUNO_2,        "KEL_TIPO_NESSUNO_2",        "no sample"},
+    {KEL_TIPO_DIFFERENZA_TEMPO, "KEL_TIPO_DIFFERENZA_TEMPO", "time difference, ms"},
+};
+// clang-format on
+static_assert(std::size(TIPI) == NUM_TIPI_CAMPIONE, "all of them");
+static_assert(std::ranges::all_of(TIPI, [](const Tipo& tipo) { return &tipo == &TIPI[tipo.codice]; }),
+              "row i is code i");
+
+}  // namespace
+
+const char* contenutoCampione(unsigned tipo) {
+    return TIPI[tipo].contenuto;
+}
+
+const char* costanteCampione(unsigned tipo) {
+    return TIPI[tipo].costante;
+}
+
+std::optional<unsigned> tipoPacchetto(kel_funpos fid) {
+    if (kelFidGrandezza(fid) != FID_PHI_PACKAGE)
+        return std::nullopt;
+    switch (kelFidOggetto(fid)) {
+        case FID_DETTAGLI_LAPTIME:
+            return kelFidPosizione(fid) == FID_SPEC_LAPTIME_KEL1G ? 17 : 7;
+        case FID_DETTAGLI_DATETIME:
+            return 10;
+        case FID_DETTAGLI_GPS:
+            return kelFidPosizione(fid) == FID_SPEC_GPS_UBXNAVSOL ? 9 : 8;
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace kel::strumento

@@ -1,0 +1,24 @@
+// The units of a function as a table.
+#ifndef KELFUN_DOMAIN_UNITA_H
+#define KELFUN_DOMAIN_UNITA_H
+
+#include "IFunzioni.h"
+#include "output/documento.h"
+
+namespace kel::strumento {
+
+/// Adds the table "units": every unit of a function with its code, decimals and conversion, base unit first.
+void tabellaUnita(Documento& documento, const IFunzioni& catalogo, kel_funpos fid);
+
+/// Texts one after the other: "km/h, mph".
+template <typename Testi>
+std::string elenco(const Testi& testi) {
+    std::string tutti;
+    for (const auto& testo : testi)
+        tutti += (tutti.empty() ? "" : ", ") + testo;
+    return tutti;
+}
+
+}  // namespace kel::strumento
+
+#endif

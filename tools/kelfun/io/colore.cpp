@@ -1,0 +1,29 @@
+#include "io/colore.h"
+
+#include <unistd.h>
+#include <cstdlib>
+#include <string>
+
+namespace kel::strumento {
+
+namespace {
+
+std::string variabile(const char* nome) {
+    const char* valore = std::getenv(nome);
+    return valore != nullptr ? valore : "";
+}
+
+}  // namespace
+
+bool capisceComandi(std::FILE* file) {
+    const std::string terminale = variabile("TERM");
+    return !terminale.empty() && terminale != "dumb" && ::isatty(::fileno(file)) == 1;
+}
+
+bool ammetteColori(std::string_view quando, std::FILE* file) {
+    if (quando == "always" || quando == "never")
+        return quando == "always";
+    return variabile("NO_COLOR").empty() && capisceComandi(file);
+}
+
+}  // namespace kel::strumento

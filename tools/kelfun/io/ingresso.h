@@ -1,0 +1,48 @@
+// Where a command's bytes come from: a file, or standard input.
+#ifndef KELFUN_IO_INGRESSO_H
+#define KELFUN_IO_INGRESSO_H
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "io/avanzamento.h"
+
+namespace kel::strumento {
+
+/// A file, or standard input for "-", as its bytes come.
+class Ingresso {
+public:
+    /// @throws NonTrovato  when the file cannot be opened, or is a folder.
+    explicit Ingresso(const std::string& nome);
+    ~Ingresso();
+    Ingresso(const Ingresso&) = delete;
+    Ingresso& operator=(const Ingresso&) = delete;
+
+    /// At most so many bytes; 0 at the end. What has been printed so far is shown before the wait for them.
+    /// @throws NonTrovato  when they cannot be read, or what has been printed cannot be written: nobody waits for more.
+    std::size_t leggi(std::uint8_t* byte, std::size_t quanti);
+
+    /// Shows on standard error how far the reading has come, if that is a terminal.
+    /// @param con_righe  what is read is printed row by row: on a terminal the rows say how far it has come.
+    void mostraAvanzamento(bool con_righe);
+
+    /// As many of so many bytes as there are before the end.
+    std::size_t leggiTutti(std::uint8_t* byte, std::size_t quanti);
+
+    /// What to call it in a message.
+    const std::string& nome() const { return nome_; }
+
+private:
+    void chiudi() const;
+
+    std::string nome_;
+    int fd_;
+    std::uint64_t letti_ = 0;
+    std::optional<Avanzamento> avanzamento_;
+};
+
+}  // namespace kel::strumento
+
+#endif

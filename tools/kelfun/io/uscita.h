@@ -1,0 +1,20 @@
+// What a command prints, all of it or an error.
+#ifndef KELFUN_IO_USCITA_H
+#define KELFUN_IO_USCITA_H
+
+#include <cstdio>
+#include <string_view>
+
+namespace kel::strumento {
+
+/// Sends on what has been written so far.
+/// @throws NonTrovato  when any of it could not be written, now or before.
+void mandaUscita(std::FILE* file = stdout);
+
+/// Writes a text to standard output and sends it on.
+/// @throws NonTrovato  when it could not be written.
+void scriviUscita(std::string_view testo);
+
+}  // namespace kel::strumento
+
+#endif

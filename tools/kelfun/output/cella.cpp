@@ -1,0 +1,56 @@
+#include "output/documento.h"
+#include "text/numeri.h"
+
+namespace kel::strumento {
+
+Cella Cella::mancante(std::string_view testo) {
+    return {std::string(testo), {}};
+}
+
+Cella Cella::testo(std::string_view testo) {
+    return {testo.find_first_not_of(' ') == std::string_view::npos ? "-" : std::string(testo), std::string(testo)};
+}
+
+Cella Cella::citata(std::string_view testo) {
+    return {'"' + std::string(testo) + '"', std::string(testo)};
+}
+
+Cella Cella::intero(std::int64_t valore) {
+    return {std::to_string(valore), valore};
+}
+
+Cella Cella::codice(std::int64_t valore, int cifre) {
+    return {esadecimale(static_cast<std::uint32_t>(valore), cifre), valore};
+}
+
+Cella Cella::fid(kel_funpos fid) {
+    Cella cella = testo(esadecimale(fid, 8));
+    cella.identificatore_ = true;
+    return cella;
+}
+
+Cella Cella::numero(float valore) {
+    return {breve(valore), comeScritto(valore)};
+}
+
+Cella Cella::numero(float valore, int decimali) {
+    std::string testo = conDecimali(valore, decimali);
+    const double scritto = comeScritto(testo);
+    return {std::move(testo), scritto};
+}
+
+Cella Cella::reale(double valore, int decimali) {
+    std::string testo = conDecimali(valore, decimali);
+    const double scritto = comeScritto(testo);
+    return {std::move(testo), scritto};
+}
+
+Cella Cella::numero(float valore, std::string_view testo) {
+    return {std::string(testo), comeScritto(valore)};
+}
+
+Cella Cella::logico(bool valore) {
+    return {valore ? "yes" : "no", valore};
+}
+
+}  // namespace kel::strumento

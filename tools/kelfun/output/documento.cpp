@@ -1,0 +1,233 @@
+#include "output/documento.h"
+
+#include <algorithm>
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "io/colore.h"
+#include "io/uscita.h"
+#include "text/numeri.h"
+
+namespace kel::strumento {
+
+namespace {
+
+// Sample bytes reach texts as they are; a terminal must not be given control characters.
+std::string innocuo(const std::string& testo) {
+    std::string uscita;
+    for (const char c : testo) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 0x20 && byte < 0x7F)
+            uscita += c;
+        else
+            uscita += "\\x" + esadecimale(byte, 2).substr(2);
+    }
+    return uscita;
+}
+
+nlohmann::ordered_json json(const Cella& cella) {
+    return std::visit(
+        [](const auto& valore) -> nlohmann::ordered_json {
+            using Tipo = std::decay_t<decltype(valore)>;
+            if constexpr (std::is_same_v<Tipo, std::monostate>)
+                return nullptr;
+            else
+                return valore;  // a number that is not finite becomes null
+        },
+        cella.valore());
+}
+
+std::string testoJson(const nlohmann::ordered_json& valore) {
+    return valore.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+std::string testoCsv(const Cella& cella) {
+    if (const auto* testo = std::get_if<std::string>(&cella.valore()))
+        return innocuo(*testo);
+    if (std::holds_alternative<std::monostate>(cella.valore()))
+        return "";
+    if (const auto* logico = std::get_if<bool>(&cella.valore()))
+        return *logico ? "true" : "false";
+    return testoJson(json(cella));
+}
+
+}  // namespace
+
+Documento::Documento(std::FILE* file, Aspetto aspetto) : file_(file), forma_(aspetto.forma), colori_(aspetto.colori) {}
+
+void Documento::scrivi(std::string_view testo) {
+    std::fwrite(testo.data(), 1, testo.size(), file_);
+}
+
+std::string Documento::colorato(std::string_view colore, std::string_view testo) const {
+    if (!colori_ || colore.empty() || testo.empty())
+        return std::string(testo);
+    return std::string(colore) + std::string(testo) + std::string(NORMALE);
+}
+
+void Documento::proprieta(std::string_view chiave, std::string_view titolo, const Cella& valore) {
+    proprieta_.push_back({std::string(chiave), std::string(titolo), valore});
+}
+
+void Documento::inizia(std::string_view chiave, std::string_view titolo, std::vector<Colonna> colonne, bool flusso) {
+    chiudiProprieta();
+    chiudi();
+    tabella_ = chiave;
+    colonne_ = std::move(colonne);
+    flusso_ = flusso;
+    aperta_ = true;
+    righe_ = 0;
+    for (Colonna& colonna : colonne_)
+        colonna.larghezza = std::max(flusso ? colonna.larghezza : 0, colonna.titolo.size());
+    if (forma_ == Forma::ndjson)
+        return;
+    if (forma_ == Forma::json)
+        scrivi((scritto_ ? ",\n  " : "{\n  ") + testoJson(chiave) + ": [");
+    else if (scritto_)
+        scrivi("\n");
+    scritto_ = true;
+    if (forma_ == Forma::tabella && !titolo.empty())
+        scrivi(colorato(GRASSETTO, titolo) + "\n");
+    if (forma_ == Forma::csv || (forma_ == Forma::tabella && flusso_))
+        testata();
+}
+
+void Documento::riga(std::vector<Cella> celle) {
+    celle.resize(colonne_.size());
+    ++righe_;
+    if (forma_ == Forma::csv) {
+        std::vector<std::string> testi;
+        testi.reserve(celle.size());
+        for (const Cella& cella : celle)
+            testi.push_back(testoCsv(cella));
+        rigaCsv(testi);
+    } else if (forma_ != Forma::tabella) {
+        rigaJson(celle);
+    } else if (flusso_) {
+        rigaPerPersone(celle);
+    } else {
+        celle_.push_back(std::move(celle));
+    }
+}
+
+void Documento::chiudi() {
+    if (!aperta_)
+        return;
+    aperta_ = false;
+    if (forma_ == Forma::json)
+        scrivi(righe_ > 0 ? "\n  ]" : "]");
+    if (forma_ != Forma::tabella || flusso_)
+        return;
+    for (const auto& celle : celle_)
+        for (std::size_t i = 0; i < celle.size(); ++i)
+            colonne_[i].larghezza = std::max(colonne_[i].larghezza, innocuo(celle[i].perPersone()).size());
+    testata();
+    for (const auto& celle : celle_)
+        rigaPerPersone(celle);
+    celle_.clear();
+}
+
+void Documento::chiudiProprieta() {
+    if (proprieta_.empty())
+        return;
+    if (forma_ == Forma::tabella) {
+        proprietaPerPersone();
+    } else if (forma_ == Forma::csv) {
+        scrivi("property,value\n");
+        for (const Proprieta& p : proprieta_)
+            rigaCsv({p.chiave, testoCsv(p.valore)});
+    } else if (forma_ == Forma::ndjson) {
+        nlohmann::ordered_json oggetto = {{"table", "properties"}};
+        for (const Proprieta& p : proprieta_)
+            oggetto[p.chiave] = json(p.valore);
+        scrivi(testoJson(oggetto) + "\n");
+    } else {
+        for (const Proprieta& p : proprieta_)
+            scrivi((&p != &proprieta_.front() || scritto_ ? ",\n  " : "{\n  ") + testoJson(p.chiave) + ": " +
+                   testoJson(json(p.valore)));
+    }
+    scritto_ = true;
+    proprieta_.clear();
+}
+
+void Documento::proprietaPerPersone() {
+    std::size_t larghezza = 0;
+    for (const Proprieta& p : proprieta_)
+        larghezza = std::max(larghezza, p.titolo.size());
+    for (const Proprieta& p : proprieta_) {
+        const std::string testo = innocuo(p.valore.perPersone());
+        scrivi(colorato(GRASSETTO, p.titolo) + std::string(larghezza - p.titolo.size() + 2, ' ') +
+               (p.valore.identificatore() ? colorato(CIANO, testo) : testo) + "\n");
+    }
+}
+
+void Documento::testata() {
+    std::vector<std::string> chiavi;
+    std::vector<Cella> titoli;
+    for (const Colonna& colonna : colonne_) {
+        chiavi.push_back(colonna.chiave);
+        titoli.push_back(Cella::testo(colonna.titolo));
+    }
+    if (forma_ == Forma::csv)
+        rigaCsv(chiavi);
+    else
+        rigaPerPersone(titoli, GRASSETTO);
+}
+
+void Documento::rigaJson(const std::vector<Cella>& celle) {
+    nlohmann::ordered_json oggetto = nlohmann::ordered_json::object();
+    if (forma_ == Forma::ndjson)
+        oggetto["table"] = tabella_;
+    for (std::size_t i = 0; i < celle.size(); ++i)
+        oggetto[colonne_[i].chiave] = json(celle[i]);
+    if (forma_ == Forma::ndjson)
+        scrivi(testoJson(oggetto) + "\n");
+    else
+        scrivi((righe_ > 1 ? ",\n    " : "\n    ") + testoJson(oggetto));
+}
+
+void Documento::rigaPerPersone(const std::vector<Cella>& celle, std::string_view colore) {
+    std::string riga;
+    std::size_t mancano = 0;  // blanks due before the next text, so that none ends the line
+    for (std::size_t i = 0; i < celle.size(); ++i) {
+        const std::string testo = innocuo(celle[i].perPersone());
+        const std::size_t larghezza = std::max(colonne_[i].larghezza, testo.size());
+        const std::size_t spazi = larghezza - testo.size();
+        const bool destra = colonne_[i].lato == Lato::destra;
+        mancano += (i > 0 ? 2 : 0) + (destra ? spazi : 0);
+        const std::size_t fine = testo.find_last_not_of(' ') + 1;
+        if (fine > 0)
+            riga += std::string(std::exchange(mancano, 0), ' ') +
+                    colorato(celle[i].identificatore() ? CIANO : colore, testo.substr(0, fine));
+        mancano += testo.size() - fine + (destra ? 0 : spazi);
+    }
+    scrivi(riga + "\n");
+}
+
+void Documento::rigaCsv(const std::vector<std::string>& testi) {
+    std::string riga;
+    for (std::size_t i = 0; i < testi.size(); ++i) {
+        if (i > 0)
+            riga += ',';
+        if (testi[i].find_first_of(",\"") == std::string::npos) {
+            riga += testi[i];
+            continue;
+        }
+        riga += '"';
+        for (const char c : testi[i])
+            riga += c == '"' ? std::string("\"\"") : std::string(1, c);
+        riga += '"';
+    }
+    scrivi(riga + "\n");
+}
+
+void Documento::fine() {
+    chiudiProprieta();
+    chiudi();
+    if (forma_ == Forma::json)
+        scrivi(scritto_ ? "\n}\n" : "{}\n");
+    mandaUscita(file_);
+}
+
+}  // namespace kel::strumento

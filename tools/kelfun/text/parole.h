@@ -1,0 +1,20 @@
+// Texts taken apart.
+#ifndef KELFUN_TEXT_PAROLE_H
+#define KELFUN_TEXT_PAROLE_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kel::strumento {
+
+/// What stands between the separators: an empty text between two in a row, nothing after the last. Of an empty text it is
+/// one empty text.
+std::vector<std::string> dividi(std::string_view testo, char separatore);
+
+/// Without the blanks, tabs and line ends around it.
+std::string senzaBordi(std::string_view testo);
+
+}  // namespace kel::strumento
+
+#endif
