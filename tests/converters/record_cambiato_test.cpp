@@ -50,14 +50,31 @@ TEST(ChangedRecord, DecodersWithoutAStatusSetItToZero) {
     EXPECT_EQ(stato, 0u) << "digit of a gear";
 }
 
-TEST(ChangedRecord, WithoutTheSubfieldNoMaskIsLeft) {
+TEST(ChangedRecord, KeepsItsMaskWhenThePacketHasNoSuchSubfield) {
     s_kel_converter conv = Imposta(KEL_TIPO_UINT32, kFid, 0, 12);
-    ASSERT_NE(conv.maschera, 0u);
+    ASSERT_EQ(conv.maschera, 0x1000u);
+    const kel_funpos pacchetto = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+    const s_kel_canale canale = Canale(pacchetto, KEL_TIPO_GPS_KEL, 9);
+    kelConvInit(&conv, &canale, kFid, &kDoppioPiuCinque, 3, 4, 0);
+    EXPECT_EQ(conv.maschera, 0x1000u) << "of the earlier set-up";
+    EXPECT_EQ(conv.offset_campione, 9u) << "what comes before the subfield's look-up is written";
+    EXPECT_EQ(conv.pos_bit, 3u);
+    EXPECT_EQ(conv.num_bit, 4u);
+    EXPECT_EQ(conv.dati, &kDoppioPiuCinque);
+    EXPECT_EQ(conv.valore, nullptr);
+    EXPECT_EQ(conv.testo_stato, nullptr);
+    EXPECT_EQ(Leggi(conv, Byte(64, 1)).testo, "- -");
+}
+
+TEST(ChangedRecord, HasTheMaskOfAnyOtherSetUp) {
+    s_kel_converter conv = Imposta(KEL_TIPO_UINT32, kFid, 0, 12);
+    const s_kel_canale ignoto = Canale(kFid, 99);
+    kelConvInit(&conv, &ignoto, kFid, &kIdentita, 0, 3, 1);
+    EXPECT_EQ(conv.maschera, 8u) << "a code without a format has a bit field as well";
     const kel_funpos pacchetto = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
     const s_kel_canale canale = Canale(pacchetto, KEL_TIPO_GPS_KEL);
-    kelConvInit(&conv, &canale, kFid, &kIdentita, 0, 0, 1);
-    EXPECT_EQ(conv.maschera, 0u);
-    EXPECT_EQ(conv.valore, nullptr);
+    kelConvInit(&conv, &canale, kVelocitaGps, &kIdentita, 0, 0, 1);
+    EXPECT_EQ(conv.maschera, 0u) << "a computed subfield has none";
 }
 
 TEST(ChangedRecord, ComputedSubfieldWithoutAnyUnitDataHasNoValue) {
