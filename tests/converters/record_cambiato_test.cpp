@@ -87,4 +87,22 @@ TEST(ChangedRecord, ComputedSubfieldWithoutAnyUnitDataHasNoValue) {
     EXPECT_EQ(letto.testo, "- -");
 }
 
+TEST(ChangedRecord, ComputedSubfieldThatNoUnitConvertsNeedsNone) {
+    const kel_funpos pacchetto = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+    const s_kel_canale canale = Canale(pacchetto, KEL_TIPO_GPS_KEL);
+    Byte soluzione(56, 0);
+    Metti(soluzione, 24, Le32(6));  // above the north pole
+    s_kel_converter conv{};
+    conv.larghezza = 4;
+    kelConvInit(&conv, &canale, 0xA8A07, nullptr, 0, 0, 1);
+    EXPECT_EQ(Leggi(conv, soluzione).valore, 90.0f);
+    // The record's own unit decides as one that is given: there is no reciprocal latitude.
+    conv.dati = &kReciproca;
+    kelConvInit(&conv, &canale, 0xA8A07, nullptr, 0, 0, 1);
+    EXPECT_EQ(conv.valore, nullptr);
+    EXPECT_EQ(Leggi(conv, soluzione).ha_valore, 0);
+    kelConvInit(&conv, &canale, 0xA8A07, &kIdentita, 0, 0, 1);
+    EXPECT_EQ(Leggi(conv, soluzione).valore, 90.0f);
+}
+
 }  // namespace
