@@ -18,12 +18,11 @@ inline const modello::RigaUdm& unitaIdentita() {
 
 // How both show numbers.
 struct Lettore {
-    // `prima`: what the record holds before it is set up; `con_dati`: whether set-up is given the unit, or null.
     Lettore(const modello::Canale& canale, modello::Fid fid, const modello::RigaUdm& unita, modello::Campo campo = {},
-            bool in_testa = true, const s_kel_converter& prima = {}, bool con_dati = true)
-        : dati(datiDi(unita)), libreria(prima), modello(canale, fid, unita, campo, in_testa) {
+            bool in_testa = true)
+        : dati(datiDi(unita)), modello(canale, fid, unita, campo, in_testa) {
         const s_kel_canale record = canaleDi(canale);
-        kelConvInit(&libreria, &record, fid, con_dati ? &dati : nullptr, static_cast<unsigned short>(campo.pos_bit),
+        kelConvInit(&libreria, &record, fid, &dati, static_cast<unsigned short>(campo.pos_bit),
                     static_cast<unsigned short>(campo.num_bit), in_testa ? 1 : 0);
     }
     Lettore(const Lettore&) = delete;
@@ -45,7 +44,7 @@ struct Lettore {
     }
 
     s_converter_data dati;
-    s_kel_converter libreria;
+    s_kel_converter libreria{};
     modello::Convertitore modello;
     char testo[32];
     bool riuscito = false;

@@ -175,8 +175,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
         std::ranges::copy(campione, posto);
         // A record of all samples begins before this one: where, only its address tells.
         const unsigned char* buffer = in_testa ? posto : posto - canale.offset;
-        Lettore lettore(canale, fid, riga, campo, in_testa, prima, con_dati);
+        Lettore lettore(canale, fid, riga, campo, in_testa);
         const s_converter_data* dati = con_dati ? &lettore.dati : nullptr;
+        lettore.libreria = prima;
+        kelConvInit(&lettore.libreria, &record, fid, dati, static_cast<unsigned short>(campo.pos_bit),
+                    static_cast<unsigned short>(campo.num_bit), in_testa ? 1 : 0);
         lettore.aspetto(come);
         pretendi(kelConvGetOffset(&lettore.libreria) == lettore.modello.offset(), "the offset is the model's");
         pretendi(kelConvGetConvData(&lettore.libreria) == (con_dati ? dati : prima.dati),
