@@ -1,5 +1,6 @@
 /// @file
-/// The function identifier: its layout, the value of every field, and small functions that take it apart and compose it.
+/// The function identifier: its layout, the value of every field, and small functions that take it apart and compose
+/// it.
 ///
 /// A channel says what it measures with one 32-bit value, `kel_funpos`:
 ///
@@ -10,9 +11,9 @@
 ///    |  0  | instance number | 1 |in/ou|position|  object   | quantity |   numbered
 ///    +-----+-----------------+---+-----+--------+-----------+----------+
 ///
-/// A packet is a sample that holds several quantities. For packets (quantity `FID_PHI_PACKAGE`) the object field holds the
-/// details (lap, date and time, or GPS) and the position field the specialisation (which version of the packet). A field
-/// that is 0 is not given; in a request it matches any value.
+/// A packet is a sample that holds several quantities. For packets (quantity `FID_PHI_PACKAGE`) the object field holds
+/// the details (lap, date and time, or GPS) and the position field the specialisation (which version of the packet). A
+/// field that is 0 is not given; in a request it matches any value.
 #ifndef KEL_IDENTIFICATORI_H
 #define KEL_IDENTIFICATORI_H
 

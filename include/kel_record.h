@@ -1,9 +1,9 @@
 /// @file
 /// The records that programs see: rows of the constant tables, and records that belong to the calling program.
 ///
-/// The order of the members is fixed. Where pointers are 32 bits wide every record has exactly the layout of the device:
-/// its size is given beside each record, and the compiler checks it. Where pointers are 64 bits wide the members have the
-/// same order, with the alignment of the platform. `s_kel_canale` has 112 bytes everywhere.
+/// The order of the members is fixed. Where pointers are 32 bits wide every record has exactly the layout of the
+/// device: its size is given beside each record, and the compiler checks it. Where pointers are 64 bits wide the
+/// members have the same order, with the alignment of the platform. `s_kel_canale` has 112 bytes everywhere.
 ///
 /// Texts are 8-bit and NUL-terminated. Texts in table rows exist as long as the library is loaded.
 #ifndef KEL_RECORD_H
@@ -30,8 +30,8 @@ typedef struct s_scelta_fid {
     const char* testo;  ///< text shown to the user
 } s_scelta_fid;
 
-/// Position variant: a function that has a name and choices of its own at one position. Speed at a wheel, for example, is
-/// "Wheel Spd". 36 bytes on the device.
+/// Position variant: a function that has a name and choices of its own at one position. Speed at a wheel, for example,
+/// is "Wheel Spd". 36 bytes on the device.
 typedef struct s_variante_posizione {
     uint32_t posizione;         ///< value of the position field
     const char* breve;          ///< abbreviation
@@ -85,8 +85,8 @@ typedef struct s_codice_udm {
 #endif
 /// Channel record, which belongs to the calling program. 112 bytes, little-endian, at any address.
 ///
-/// The library reads `fid`, `tipo_campione`, `offset_campione` and `dim_buffer`. It writes a record only in
-/// `kelFunGetFreeCh`, and then all of it. The caller may use the `riservato` bytes.
+/// The library reads `fid`, `tipo_campione`, `offset_campione` and `dim_buffer`, and gives out the two names. It writes
+/// a record only in `kelFunGetFreeCh`, and then all of it. The caller may use the `riservato` bytes.
 typedef struct KEL_COMPATTO s_kel_canale {
     uint16_t indice;           ///< byte 0: the record's index in the array, low 16 bits; `kelFunGetFreeCh` writes it
     uint8_t riservato1[10];    ///< byte 2
@@ -149,8 +149,8 @@ typedef enum eFormatoConv KEL_ENUM {
 
 typedef struct s_kel_converter s_kel_converter;
 
-/// Bits of a status word, which tells whether a sample is good; 0 is good. When several bits are set, the first of 4, 2, 8,
-/// 1 decides the status text.
+/// Bits of a status word, which tells whether a sample is good; 0 is good. When several bits are set, the first of 4,
+/// 2, 8, 1 decides the status text.
 enum {
     KEL_STATO_ERRORE = 1,       ///< error: "Err"
     KEL_STATO_MANCANTE = 2,     ///< value missing, or under range: three blanks

@@ -1,9 +1,10 @@
 /// @file
 /// The constant tables, exported under their own names with their row counts.
 ///
-/// Programs may read the tables directly, and compare their addresses with pointers that the functions return. As long as
-/// the soname of the library stays the same, a table does not change and does not grow. A table whose rows are found by an
-/// identifier ends with an end row: quantity 32 and object 58 (`kelFidFineTabella`). The end row counts in the size.
+/// Programs may read the tables directly, and compare their addresses with pointers that the functions return. As long
+/// as the soname of the library stays the same, a table does not change and does not grow. A table whose rows are found
+/// by an identifier ends with an end row: quantity 32 and object 58 (`kelFidFineTabella`). The end row counts in the
+/// size.
 #ifndef KEL_TABELLE_H
 #define KEL_TABELLE_H
 
