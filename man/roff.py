@@ -29,7 +29,7 @@ def spezza(riga, larghezza=78):
 def argomento(testo):
     """One argument of a macro."""
     testo = testo.replace("\\", "\\e").replace("-", "\\-").replace('"', '\\(dq')
-    # Without \\& a word that is the name of a macro would be read as that macro.
+    # Without \& a word that is the name of a macro would be read as that macro.
     if re.fullmatch(r"[A-Z][a-z]|[%][A-Z]", testo) or not testo:
         testo = "\\&" + testo
     return f'"{testo}"' if " " in testo else testo
