@@ -41,7 +41,7 @@ def code(header):
 
 
 def members(text):
-    for body in re.findall(r"\b(?:struct|class)\b[^;{()]*\{(.*?)^\}", text, re.M | re.S):
+    for body in re.findall(r"\b(?:struct|class)\b[^;{()]*\{(.*?)\}", text, re.S):
         body = re.sub(r"[^;{}]*\([^;]*;", "", body)  # no functions
         yield from (name for name in re.findall(r"(\w+)(?:\[\d+\])?;", body) if not name.endswith("_"))
 
