@@ -5,7 +5,7 @@ _kelfun() {
     local line=${COMP_LINE:0:COMP_POINT} words=() word candidate joined i
     COMPREPLY=()
 
-    # Bash breaks words at = and : as well; what stands together on the line is one word for the tool.
+    # Bash splits words at = and : too. What has no blank between is one word for the tool, so join it again.
     for ((i = 0; i <= COMP_CWORD; ++i)); do
         joined=1
         if [[ $line == [[:space:]]* ]] || ((i == 0)); then
@@ -13,7 +13,7 @@ _kelfun() {
             line=${line#"${line%%[![:space:]]*}"}
         fi
         word=${COMP_WORDS[i]}
-        # Of the word at the cursor only what stands before it.
+        # Of the word at the cursor take only what is before the cursor.
         ((i < COMP_CWORD)) && [[ $line == "$word"* ]] || word=$line
         line=${line:${#word}}
         if ((joined)); then
@@ -23,13 +23,13 @@ _kelfun() {
         fi
     done
 
-    # What bash takes for words of their own stays on the line: the last = or : before a quote, and all before it.
+    # Bash replaces only what follows the last = or : (before a quote). What comes before that stays on the line.
     local current=${words[-1]} breaks=${COMP_WORDBREAKS//[^=:]/} stays option='' quoted=''
     [[ $current == --*=* ]] && option=${current%%=*}=
     stays=${current%%[\'\"]*}
     [[ $breaks && $stays == *["$breaks"]* ]] && stays=${stays%"${stays##*["$breaks"]}"} || stays=
     [[ ${current#"$stays"} == [\'\"]* ]] && quoted=1
-    # The tool is told the words without their quotes, and gives them so.
+    # The tool gets the words without their quotes, and answers without quotes.
     words=("${words[@]//[\\\'\"]/}")
     stays=${stays//\\/}
 

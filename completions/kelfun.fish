@@ -4,7 +4,7 @@ function __kelfun_complete
     set -l words (commandline --tokenize --cut-at-cursor --current-process)
     set -l current (commandline --current-token --cut-at-cursor)
     set -l plain (string replace --all --regex '[\\\\\'"]' '' -- $current)
-    # Fish looks for more than the beginning of a word, so it is given every word that may stand there.
+    # Fish matches not only the beginning of a word, so it gets every word that is possible here.
     set -l option (string match --regex -- '^--[^=]*=' $plain)
     set -l begin $option
     if string match --quiet -- '-*' $plain; and not set -q option[1]

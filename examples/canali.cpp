@@ -1,5 +1,5 @@
-// The data behind a channel set-up dialog: which quantities there are, which functions each offers, and for the
-// function chosen its sides or numbers, units, decimals and names; last the default names of packet channels.
+// What a dialog for setting up channels needs: which quantities there are and which functions each offers; the sides or
+// numbers, units, decimals and names of one function; and the default names of packet channels.
 #include <IFunzioni.h>
 
 #include <cstdio>
@@ -17,7 +17,7 @@ void mostra_grandezze(const IFunzioni& catalogo) {
     catalogo.RiempiMapGrandezzaFisica(grandezze);
 
     std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> funzioni;
-    std::vector<unsigned int> tutte;  // an empty filter keeps everything
+    std::vector<unsigned int> tutte;  // "all": an empty filter gives all functions
     catalogo.getFunzioni(funzioni, tutte);
 
     for (const auto& voce : funzioni) {
@@ -41,7 +41,7 @@ void mostra_scelte(IFunzioni& catalogo, kel_funpos fid) {
     int primo = -1, ultimo = -1;
     catalogo.getFunzDettagli(fid, lati, inout, primo, ultimo);
     for (const auto& lato : lati)
-        // The key of a side holds the bits themselves: the identifier of a corner is one "or" away.
+        // The key of a side holds its bits of the identifier: add them with "or".
         std::printf("  side    %-12s 0x%08X\n", lato.second.c_str(), static_cast<unsigned>(fid | lato.first));
     for (const auto& verso : inout)
         // The key of in/out is the field's value, not shifted.
@@ -59,10 +59,10 @@ void mostra_scelte(IFunzioni& catalogo, kel_funpos fid) {
                     catalogo.getNumDecimaliMax(fid, udm));
 }
 
-// Third page: a packet channel brings a channel for each of its subfields, with these names unless the user has others.
+// Third page: each subfield of a packet becomes a channel. These are its names unless the user chooses others.
 void mostra_pacchetti(const IFunzioni& catalogo) {
     std::map<unsigned int, IFunzioni::NomiDefaultCanale> canali;
-    canali[0xA8010].nome = "Ground Speed";  // the user's own name: entries that are there stay as they are
+    canali[0xA8010].nome = "Ground Speed";  // a name that the user chose: entries that are there are not changed
     catalogo.getCanaliGPS(canali);
     catalogo.getCanaliLapNum(canali);
     catalogo.getCanaliLapTime(canali);
@@ -75,7 +75,7 @@ void mostra_pacchetti(const IFunzioni& catalogo) {
 }  // namespace
 
 int main() {
-    // No channels are needed to ask what exists.
+    // Questions about functions need no channels.
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
 
     mostra_grandezze(*catalogo);

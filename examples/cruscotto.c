@@ -1,7 +1,7 @@
 /*
- * A dashboard: one line of fixed-width texts for every record of samples that the logger hands over.
+ * A dashboard: one line of fixed-width texts for every record of samples that the logger sends.
  *
- * C99, and nothing is allocated: the channels, the converters and the texts are all the program's own memory.
+ * C99, and nothing is allocated: channels, converters and texts are static memory or on the stack.
  */
 #include <kelfunzioni.h>
 #include <stdio.h>
@@ -12,10 +12,10 @@ static const struct {
     kel_funpos fid;
     uint32_t tipo_campione; /* how the logger records it */
     const char* udm;        /* the unit that the driver chose */
-    const char* etichetta;  /* what stands behind the text; gears and lap times speak for themselves */
+    const char* etichetta;  /* the unit that is shown after the text; gears and lap times need none */
     uint32_t larghezza;     /* characters of a number, the point not counted */
     uint32_t decimali;
-    int colonna; /* characters that are kept for the text; a status ("---", three blanks, "Err") takes three */
+    int colonna; /* width of the column; a status ("---", three blanks, "Err") needs three characters */
 } voci[] = {
     {FID_PHI_RPM, KEL_TIPO_UINT16, "rpm", "rpm", 5, 0, 5},
     {FID_PHI_SPEED, KEL_TIPO_MEZZO_FLOAT, "mph", "mph", 4, 1, 5},
@@ -26,7 +26,7 @@ static const struct {
 };
 enum { NUM_VOCI = sizeof voci / sizeof voci[0], DIM_RECORD = 16 };
 
-/* Three records as a logger writes them: every sample little-endian, one after the other, none aligned. */
+/* Three records as a logger writes them: the samples are little-endian, one after the other, without alignment. */
 static const unsigned char registrati[][DIM_RECORD] = {
     /* rpm      speed       gear        water       brake                   lap time, ms */
     {0xF2, 0x2B, 0x08, 0x56, 0x03, 0x00, 0x3A, 0x00, 0x00, 0x00, 0x00, 0x00, 0x0E, 0xA1, 0x00, 0x00},
@@ -55,7 +55,7 @@ int main(void) {
     uint32_t offset = 0;
     unsigned i;
 
-    /* Once, at start-up: channels one behind the other in the record, and a converter for each. */
+    /* Once, at start-up: the channels, one after the other in the record, and a converter for each. */
     kelFunInit(&set, canali, NUM_VOCI, 0);
     for (i = 0; i < NUM_VOCI; ++i) {
         s_kel_canale* canale = kelFunGetFreeCh(&set);
@@ -75,7 +75,7 @@ int main(void) {
         return 1;
     }
 
-    /* The loop: no decisions are left in it, and the columns stand still. */
+    /* The loop: each text is one call, and the columns keep their places. */
     while (leggi_record(record)) {
         for (i = 0; i < NUM_VOCI; ++i) {
             kelConvGetString(&converter[i], record, testo);

@@ -2,9 +2,9 @@
 //
 //     registratore [CHANNELS SAMPLES]
 //
-// The first file holds the channel records as they lie in memory, 112 bytes each; the second the records of samples, one
-// behind the other, of as many bytes as the channel set asks for. Whatever is needed to read the samples is in the first:
-// "kelfun record CHANNELS SAMPLES" shows the two as a table.
+// The first file holds the channel records as they are in memory, 112 bytes each. The second holds the records of samples,
+// one after the other; the channel set tells how many bytes each has. To read the samples a program needs only the first
+// file. "kelfun record CHANNELS SAMPLES" shows the two as a table.
 #include <IFunzioni.h>
 
 #include <cstdint>
@@ -23,14 +23,14 @@ namespace {
 
 // --- Writing --------------------------------------------------------------------------------------------------------
 
-// A little-endian integer at a place of a record: samples lie at any address.
+// Writes a little-endian integer into a record. Samples may lie at any address.
 template <typename Intero>
 void scrivi(std::string& record, std::size_t dove, Intero valore) {
     for (std::size_t i = 0; i < sizeof valore; ++i)
         record[dove + i] = static_cast<char>(static_cast<std::uint64_t>(valore) >> 8 * i & 0xFF);
 }
 
-// Adds a channel behind those that are there, its sample behind their samples.
+// Adds a channel after the others, with its sample after theirs.
 const s_kel_canale& aggiungi(s_set_canali& set, kel_funpos fid, std::uint32_t tipo, const char* breve,
                              const char* nome) {
     const std::uint32_t offset = kelFunGetSizeBufferValori(&set);
@@ -109,7 +109,7 @@ bool mostra(const char* file_canali, const char* file_campioni) {
     if (dim_record == 0 || campioni.size() % dim_record != 0)
         return false;
 
-    // A line for each channel; for a packet channel one for the packet and one for each subfield that has a name.
+    // One line for each channel. A packet channel has a line for the packet, and one for each subfield that has a name.
     std::map<unsigned int, IFunzioni::NomiDefaultCanale> nomi;
     catalogo->getCanaliGPS(nomi);
     catalogo->getCanaliLapNum(nomi);

@@ -1,5 +1,5 @@
-// An overlay on the video: walks the functions that the camera can show, finds the channel that carries each, and gives
-// the value twice: as the count that the camera is sent, and as the text that it draws.
+// An overlay on the video. Goes through the functions that the camera can show, finds the channel that carries each, and
+// prints the value twice: as the count (whole number) that the camera is sent, and as the text that it draws.
 #include <IFunzioni.h>
 
 #include <cmath>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// What the logger records: one sample of every channel, one behind the other.
+// What the logger records: one sample of every channel, one after the other.
 struct Registrato {
     kel_funpos fid;
     std::uint32_t tipo_campione;
@@ -44,7 +44,7 @@ void prepara() {
 }
 
 void mostra(IFunzioni& catalogo, const t_SFunzioneZumikoCam& funzione) {
-    // A code of -1 would be a function that the camera cannot be told about; the walks leave those out.
+    // Functions with the code -1 are unknown to the camera. They are hidden, so none comes here.
     std::printf("%04X %-4s  %-16s ", static_cast<unsigned>(funzione.codice), funzione.breve, funzione.testo);
     const s_kel_canale* canale = catalogo.getMatchCh(funzione.fid);
     if (canale == nullptr) {
@@ -52,15 +52,15 @@ void mostra(IFunzioni& catalogo, const t_SFunzioneZumikoCam& funzione) {
         return;
     }
 
-    // The camera has unit words of its own ("deg7", "lambda", "#"). One that is not a unit of the function stands for the
-    // base unit; the unit that was found is told by its text.
+    // Some units of the camera ("deg7", "lambda", "#") are not units of the function. For these getParamConv gives the base
+    // unit, so take the unit's text from its result.
     const std::string udm = catalogo.getParamConv(funzione.fid, funzione.udm)->udm;
     const auto decimali = static_cast<unsigned>(catalogo.getNumDecimaliDefault(funzione.fid, udm));
     const std::unique_ptr<IConverter> converter(
         catalogo.CreateConverter(canale, funzione.fid, udm, false, decimali, FORMATO_DESTRA, 6));
 
-    // A sample that is missing or out of range reads as 0: only the text says so. A value has 24 bits, so a coordinate
-    // loses its last digits in the count, never in its text.
+    // A sample that is missing or out of range has the value 0; only the text tells. A value is a float with 24 bits, so a
+    // coordinate loses its last digits in the count, but not in its text.
     float valore = 0;
     std::string testo;
     converter->GetVal(record, &valore);
@@ -74,7 +74,7 @@ int main() {
     prepara();
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe(canali, num_canali));
 
-    // The cursors of the two walks belong to the catalogue object: one walk of each kind at a time.
+    // The catalogue object holds one cursor for the basic functions and one for the extended functions.
     std::printf("code                         counts  text\n");
     for (auto f = catalogo->getFirstFunzVisZumikoCam(); f != nullptr; f = catalogo->getNextFunzVisZumikoCam())
         mostra(*catalogo, *f);

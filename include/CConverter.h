@@ -8,8 +8,8 @@
 #include "IConverter.h"
 #include "kelfunzioni.h"
 
-/// A converter that owns its converter record. The unit data are borrowed and must outlive it; the channel record is
-/// read only while it is built.
+/// A converter with its own converter record. It keeps a pointer to the unit data, which must exist longer than the
+/// converter. It reads the channel record only in the constructor.
 class KEL_API CConverter : public IConverter {
 public:
     /// @param ch             the channel, at any address; never null.
@@ -27,9 +27,9 @@ public:
     bool GetString(const void* buffer, std::string& text) override;
     void SetNumDec(int numDec) override;
 
-    /// Identifiers of the subfields of a packet function, in table order, reserved rows (0) included.
+    /// Identifiers of the subfields of a packet function, in the order of the table, with the reserved rows (0).
     ///
-    /// @param fid  a packet function; for any other the list is left empty.
+    /// @param fid  a packet function; for any other the list is empty.
     /// @param out  emptied first.
     static void getAllInnerFunpos(kel_funpos fid, std::list<kel_funpos>& out);
 

@@ -10,15 +10,15 @@
 
 #include "IFunzioni.h"
 
-/// The catalogue. What each operation does is told in `IFunzioni`.
+/// The catalogue. `IFunzioni` describes each operation.
 class KEL_API CFunzioni : public IFunzioni {
 public:
     /// A catalogue without channels.
     CFunzioni();
 
-    /// A catalogue bound to an array of channel records, all of which count as used.
-    /// @param canali     the array; stays the caller's and must outlive the catalogue.
-    /// @param numCanali  its records.
+    /// A catalogue for an array of channel records, which all count as used.
+    /// @param canali     the array; it stays the caller's and must exist longer than the catalogue.
+    /// @param numCanali  the number of its records.
     CFunzioni(s_kel_canale* canali, unsigned int numCanali);
 
     ~CFunzioni() override;
@@ -80,14 +80,14 @@ public:
                            std::list<std::string>& updown, std::list<std::string>& numeri) override;
 
     /// @name The character conversion
-    /// Every text of the caller that is looked up passes through `ConvertiIn8`, every table text that is handed out
-    /// through `ConvertiDa8`. Both return an exact copy: the catalogue works in 8-bit text throughout. They are the one
-    /// place where a build with another character type would convert.
+    /// Every text that the caller looks up passes through `ConvertiIn8`; every text of a table that the caller gets
+    /// passes through `ConvertiDa8`. Both return an exact copy, because all texts are 8-bit. A build with another
+    /// character type would convert here, and nowhere else.
     /// @{
 
-    /// A text of the caller, as tables hold texts.
+    /// A text of the caller in the characters of the tables.
     std::string ConvertiIn8(const std::string& testo) const;
-    /// A text of a table, as the caller holds texts.
+    /// A text of a table in the characters of the caller.
     std::string ConvertiDa8(const std::string& testo) const;
     /// @}
 

@@ -7,10 +7,11 @@
 
 #include "kel_export.h"
 
-/// A converter. Made by `IFunzioni::CreateConverter`, destroyed by its owner with `delete`.
+/// A converter. `IFunzioni::CreateConverter` creates it; the caller destroys it with `delete`.
 ///
-/// Clients are compiled against the order of the operations: it never changes.
-/// Reads may run in several threads; `SetNumDec` must not run beside a text read of the same converter.
+/// Compiled programs rely on the order of the operations, so it never changes.
+/// Several threads may read at the same time. While one calls `SetNumDec`, no other may read a text with the same
+/// converter.
 class KEL_API IConverter {
 public:
     virtual ~IConverter();
@@ -25,12 +26,12 @@ public:
     /// Reads a text.
     ///
     /// @param buffer  the sample, or the record of samples, at any address.
-    /// @param text    receives the characters and one NUL, which counts in its length: clients compare and print texts
-    ///                with it. Empty when the result is false.
+    /// @param text    receives the characters and one NUL. The NUL counts in the length, because programs compare and
+    ///                print texts with it. Empty when the result is false.
     /// @return whether the converter has a text function.
     virtual bool GetString(const void* buffer, std::string& text) = 0;
 
-    /// Sets the decimals of the numeric text: 0, 1, 2, or 3 for any other number. Takes effect at the next text read.
+    /// Sets the decimals of the numeric text: 0, 1, 2, or 3 for any other number. The next text has them.
     virtual void SetNumDec(int numDec) = 0;
 
 protected:

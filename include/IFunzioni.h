@@ -1,5 +1,5 @@
 /// @file
-/// The object face of the catalogue.
+/// The catalogue as a C++ object.
 #ifndef IFUNZIONI_H
 #define IFUNZIONI_H
 
@@ -11,7 +11,7 @@
 #include "IConverter.h"
 #include "kelfunzioni.h"
 
-/// A function that a configuration program may offer.
+/// A function that a configuration program may offer. A function is what a channel measures, such as oil pressure.
 struct SFunzionePerGF {
     kel_funpos funpos;  ///< the function
     std::string nome;   ///< its name
@@ -19,9 +19,9 @@ struct SFunzionePerGF {
 
 /// The catalogue: everything the library knows about function identifiers, and the caller's channels.
 ///
-/// Clients are compiled against the order of the operations: it never changes, and whether an operation is const is
-/// part of it. A catalogue belongs to one thread at a time (it holds the two camera cursors); different catalogues
-/// share only constant tables. Only allocation failures are thrown, unless an operation says otherwise.
+/// Compiled programs rely on the order of the operations and on which of them are const, so neither changes. Use a
+/// catalogue in one thread at a time, because it holds the two camera cursors; different catalogues share only constant
+/// tables. Operations throw only when memory runs out, unless their comment says otherwise.
 class KEL_API IFunzioni {
 public:
     /// Default names of a packet's channel.
@@ -31,12 +31,12 @@ public:
     };
 
     /// @name Creation
-    /// The result is the caller's, who destroys it with `delete`.
+    /// The caller destroys the result with `delete`.
     /// @{
 
-    /// A catalogue bound to an array of channel records, all of which count as used.
-    /// @param canali     the array; stays the caller's and must outlive the catalogue.
-    /// @param numCanali  its records.
+    /// A catalogue for an array of channel records, which all count as used.
+    /// @param canali     the array; it stays the caller's and must exist longer than the catalogue.
+    /// @param numCanali  the number of its records.
     static IFunzioni* CreateMe(s_kel_canale* canali, unsigned int numCanali);
 
     /// A catalogue without channels.
@@ -48,16 +48,15 @@ public:
     /// @name Channels: see the flat functions of the same names
     /// @{
 
-    /// Name of a channel. An index out of range, or a catalogue without channels, is the caller's error and throws
-    /// `std::logic_error`, as a string built from a null text does.
+    /// Name of a channel. Throws `std::logic_error` when the index is out of range or the catalogue has no channels.
     virtual std::string getNomeCanale(unsigned int indice) = 0;
     /// Short name of a channel; else as `getNomeCanale`.
     virtual std::string getNomeCanaleShort(unsigned int indice) = 0;
-    /// Sample buffer that all used channels need together, bytes.
+    /// Bytes of a record of samples of all used channels.
     virtual unsigned int getSizeBufferValori() = 0;
     /// Number of used channels.
     virtual unsigned int getNumChUsed() = 0;
-    /// A free channel record, cleared, now used; null when there is none.
+    /// Takes the next free channel record into use and clears it; null when there is none.
     virtual s_kel_canale* getFreeCh() = 0;
     /// Channel record of an index; null when it is not in use.
     virtual s_kel_canale* getCanale(unsigned int indice) = 0;
@@ -68,13 +67,13 @@ public:
     /// @name Names
     /// @{
 
-    /// Short name of a function, with one NUL at its end that counts in its length.
+    /// Short name of a function. It ends with one NUL, which counts in its length.
     virtual std::string getNomeFunzioneShort(kel_funpos fid) const = 0;
     /// Long name of a function.
-    /// @param fid    any identifier; one that no table knows gets a name composed from its fields.
-    /// @param tutti  a composed name shows its empty fields too.
+    /// @param fid    any identifier; one that is in no table gets a name composed from its fields.
+    /// @param tutti  true: a composed name shows its empty fields too.
     virtual std::string getNomeFunzione(kel_funpos fid, bool tutti) const = 0;
-    /// The class of functions that a function belongs to: quantity and object of its row in the quantity table, or 0.
+    /// The class of a function: quantity and object of its row in the quantity table; 0 without a row.
     virtual kel_funpos getFidEquivalente(kel_funpos fid) const = 0;
     /// Text of the base unit of a function, "" when it has none.
     virtual std::string getUnitaBase(kel_funpos fid) const = 0;
@@ -84,26 +83,26 @@ public:
     /// Rows are in constant tables.
     /// @{
 
-    /// Function of a legacy textual identifier; 0 when it is unknown. Asks `getFunVecchiaZumikoDaID` of this object
-    /// first, so that a derived catalogue's answer counts.
+    /// Function of a legacy identifier (a text, such as "WATER_TEMP"); 0 when it is unknown. First calls
+    /// `getFunVecchiaZumikoDaID` of this object, so that a derived class may add identifiers of its own.
     virtual kel_funpos getFidDaID(const std::string& id) = 0;
     /// Camera row of a function, or null.
     virtual const t_SFunzioneZumikoCam* getFunVecchiaZumikoDaFID(kel_funpos fid) = 0;
-    /// Camera row of a legacy textual identifier, or null. "" finds the base table's end row.
+    /// Camera row of a legacy identifier, or null. "" finds the end row of the basic table.
     virtual const t_SFunzioneZumikoCam* getFunVecchiaZumikoDaID(const std::string& id) = 0;
     /// Camera row of a function, or null.
     virtual const t_SFunzioneZumikoCam* getParamZumikoCam(kel_funpos fid) const = 0;
-    /// Restarts the walk over the basic camera functions and gives the first.
+    /// The first basic camera function. Moves the cursor back to it.
     virtual const t_SFunzioneZumikoCam* getFirstFunzVisZumikoCam() = 0;
-    /// The next basic camera function; null at the end, and from then on.
+    /// The next basic camera function; null at the end, and at every call after that.
     virtual const t_SFunzioneZumikoCam* getNextFunzVisZumikoCam() = 0;
-    /// Restarts the walk over the visible extended camera functions and gives the first.
+    /// The first visible extended camera function. Moves the cursor back to it.
     virtual const t_SFunzioneZumikoCam* getFirstFunzVisZumikoCamEstese() = 0;
-    /// The next visible extended camera function; null at the end, and from then on.
+    /// The next visible extended camera function; null at the end, and at every call after that.
     virtual const t_SFunzioneZumikoCam* getNextFunzVisZumikoCamEstese() = 0;
-    /// Appends all 19 basic camera functions.
+    /// Adds all 19 basic camera functions at the end.
     virtual void getAllFunzZumikoCamBasePerSw(std::vector<const t_SFunzioneZumikoCam*>& funzioni) = 0;
-    /// Appends all 22 extended camera functions, hidden ones included.
+    /// Adds all 22 extended camera functions at the end, hidden ones too.
     virtual void getAllFunzZumikoCamEstesePerSw(std::vector<const t_SFunzioneZumikoCam*>& funzioni) = 0;
     /// @}
 
@@ -122,20 +121,22 @@ public:
     virtual void getFunzUIVs(kel_funpos fid, std::list<std::string>& unita) const = 0;
     /// Functions to offer, by quantity.
     /// @param funzioni  emptied first.
-    /// @param filtro    identifiers whose quantity, and object where it is not 0, are wanted; empty keeps all.
+    /// @param filtro    identifiers of the quantities that are wanted, or of quantity and object; empty for all
+    ///                  functions.
     virtual void getFunzioni(std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>>& funzioni,
                              std::vector<unsigned int>& filtro) const = 0;
     /// Choices that make sense for a function at its position.
     /// @param fid     any identifier.
     /// @param lati    emptied first; side bits and their texts.
     /// @param inout   emptied first; in/out values and their texts.
-    /// @param primo   first instance number or -1; left alone when the function has no variant at this position.
-    /// @param ultimo  last instance number or -1; left alone likewise.
+    /// @param primo   first instance number or -1; not changed when the function has no variant at this position.
+    /// @param ultimo  last instance number or -1; not changed in the same case.
     virtual void getFunzDettagli(kel_funpos fid, std::map<unsigned int, std::string>& lati,
                                  std::map<unsigned int, std::string>& inout, int& primo, int& ultimo) const = 0;
-    /// Output formats of a function: none. Returns 0 and leaves the number alone.
+    /// Output formats of a function. There are none: returns 0 and does not change the number.
     virtual int getFormati(kel_funpos fid, unsigned int* formati) = 0;
-    /// Identifiers of the subfields of a packet function; emptied first, empty for any other.
+    /// Identifiers of the subfields of a packet function. The list is emptied first; for any other function it stays
+    /// empty.
     virtual void getAllInnerFunpos(kel_funpos fid, std::list<kel_funpos>& interni) = 0;
     /// Conversion from the base unit of a function into a unit; never null.
     virtual const s_converter_data* getParamConv(kel_funpos fid, const std::string& udm) const = 0;
@@ -144,14 +145,14 @@ public:
     /// The camera's parameters of a function.
     /// @param fid     the identifier's bits.
     /// @param codice  receives the parameter code.
-    /// @param scala   receives the scale, when it is above 0.
-    /// @param udm     receives the unit, when it is not "".
-    /// @return false, and nothing written, when no camera table has the function.
+    /// @param scala   receives the scale, if it is above 0.
+    /// @param udm     receives the unit, if it is not "".
+    /// @return false when no camera table has the function; then nothing is changed.
     virtual bool FunGetParamZumikoCam(int fid, int& codice, float& scala, std::string& udm) const = 0;
     /// @}
 
     /// @name Default channel names of packets
-    /// Entries are added; one that is there already keeps its names.
+    /// Entries are added. An entry that is there already keeps its names.
     /// @{
 
     /// Channels of a GPS packet.
@@ -163,7 +164,7 @@ public:
     /// @}
 
     /// @name Texts and XML names of field values
-    /// "" for a value out of range; 0, which is also the undefined value, for an unknown name.
+    /// A text is "" for a value out of range. A value is 0 for an unknown name; "undefined" is 0 too.
     /// @{
 
     /// Text of a quantity, such as "Speed".
@@ -176,7 +177,7 @@ public:
     virtual std::string getXmlStrPhi(GRANDEZZA_FISICA_FUNZKEL valore) = 0;
     /// XML name of an object, such as "FID_OBJ_OIL".
     virtual std::string getXmlStrObj(OGGETTO_MISURATO_FUNZKEL valore) = 0;
-    /// Adds the text of every quantity; one that is there already keeps its text.
+    /// Adds the text of every quantity. An entry that is there already keeps its text.
     virtual void RiempiMapGrandezzaFisica(std::map<GRANDEZZA_FISICA_FUNZKEL, std::string>& mappa) const = 0;
     /// Quantity of an XML name.
     virtual int getIdxPhi(const std::string& xml) = 0;
@@ -188,12 +189,12 @@ public:
     virtual int getIdxFrontRear(const std::string& xml) = 0;
     /// @}
 
-    /// A converter of one function of one channel in one unit. The caller's, who destroys it with `delete`; it may
-    /// outlive the catalogue and the channel.
+    /// A converter of one function of one channel in one unit. The caller destroys it with `delete`. It may exist
+    /// longer than the catalogue and the channel.
     ///
     /// @param ch             the channel, at any address; never null.
     /// @param fid            the channel's own function, or that of one subfield of a packet channel.
-    /// @param udm            a unit of the function; an unknown text stands for the base unit.
+    /// @param udm            a unit of the function; for an unknown text the base unit is taken.
     /// @param sampleAtStart  true: reads are given the sample itself; false: a record of all samples.
     /// @param numDec         decimals of the numeric text.
     /// @param format         alignment of the numeric text.
@@ -202,8 +203,8 @@ public:
                                         bool sampleAtStart, unsigned int numDec, eFormatoConv format,
                                         unsigned int width) = 0;
 
-    /// Appends the values of every field of an identifier, for an editor: XML names in value order, for `sensoLati`
-    /// "Position" and "Number", for `numeri` "0" to "63".
+    /// Adds the values of every field of an identifier at the end of the lists, for a program that edits identifiers:
+    /// XML names in the order of the values; for `sensoLati` "Position" and "Number"; for `numeri` "0" to "63".
     virtual void GetValoriCampiFID(std::list<std::string>& grandezze, std::list<std::string>& oggetti,
                                    std::list<std::string>& posizioni, std::list<std::string>& dettagli,
                                    std::list<std::string>& specGps, std::list<std::string>& specLaptime,

@@ -11,14 +11,14 @@
 #endif
 
 #ifdef __cplusplus
-/// Begins what has C linkage.
+/// Begins declarations with C linkage.
 #define KEL_C_BEGIN extern "C" {
-/// Ends what has C linkage.
+/// Ends declarations with C linkage.
 #define KEL_C_END }
-/// Gives an enumeration its 32-bit type in C++, where a value without an enumerator (read from a record, or cast from a
-/// number) is then well defined; C has no such syntax and needs none.
+/// Gives an enumeration a 32-bit type in C++. A value without a name, read from a record or cast from a number, is then
+/// well defined. C has no such syntax and does not need it.
 #define KEL_ENUM : unsigned
-/// Marks the small functions that live in the headers: usable in constant expressions in C++.
+/// Marks the small functions that are defined in the headers. In C++ they may be used in constant expressions.
 #define KEL_PURA constexpr
 /// Says to C++ callers that a flat function never throws.
 #define KEL_NOEXCEPT noexcept

@@ -1,13 +1,13 @@
 /// @file
-/// The flat functions: the whole library for programs in any language that can call a shared library.
+/// The flat functions: the library for programs in any language that can call a shared library.
 ///
-/// What holds for every one of them:
+/// For all of them:
 ///
-/// - none throws, prints, allocates, locks or keeps state; failures are told by the result only;
-/// - texts given are 8-bit and NUL-terminated, and compared byte for byte, case-sensitive;
-/// - texts and rows returned lie in constant tables, or in the caller's own channel array: nothing is ever freed;
-/// - functions that take a channel set or a converter record touch only that memory, and belong to one thread at a
-///   time; every other function may be called from any thread, at any time, without initialisation.
+/// - No function throws, prints, allocates, locks or keeps state. Only the result tells of a failure.
+/// - Texts that you pass are 8-bit and NUL-terminated. They are compared byte for byte; capitals matter.
+/// - Texts and rows that you get are in constant tables, or in your own array of channels. Never free them.
+/// - A function that takes a channel set or a converter record uses only that memory. Use one set or record in one
+///   thread at a time. Every other function may be called from any thread, at any time, without initialisation.
 #ifndef KEL_FUNZIONI_H
 #define KEL_FUNZIONI_H
 
@@ -16,26 +16,25 @@
 KEL_C_BEGIN
 
 /// @name Channel set
-/// The bounds of the indices differ from function to function on purpose: clients depend on each as it is.
+/// The limits of the indices differ from function to function. This is intended: programs depend on each as it is.
 /// @{
 
-/// Binds a channel set to the caller's array. Call it before any other function on the set.
+/// Sets up a channel set for the caller's array. Call it before any other function on the set.
 ///
-/// @param set     the context to fill; never null.
-/// @param canali  first record of the array, which must outlive the set; may be null (no array yet).
-/// @param totale  capacity of the array, records.
-/// @param usati   live records at its start. Nothing is checked.
+/// @param set     the set to fill; never null.
+/// @param canali  first record of the array, which must exist longer than the set; may be null (no array yet).
+/// @param totale  number of records in the array.
+/// @param usati   how many of them are in use, from the first on. Nothing is checked.
 /// @since 0.1.0
 KEL_API void kelFunInit(s_set_canali* set, s_kel_canale* canali, unsigned totale, unsigned usati) KEL_NOEXCEPT;
 
-/// Hands out the next free record: clears its 112 bytes, writes its position (low 16 bits) into `indice` and counts it
-/// as used.
+/// Takes the next free record into use: clears its 112 bytes and writes its index (low 16 bits) into `indice`.
 ///
 /// @return the record, in the caller's array; null when there is no array or no free record, and then nothing changes.
 /// @since 0.1.0
 KEL_API s_kel_canale* kelFunGetFreeCh(s_set_canali* set) KEL_NOEXCEPT;
 
-/// Takes the last used record back; its contents stay as they are.
+/// Makes the last used record free again. Its contents stay as they are.
 ///
 /// @return 1; 0 when there is no array or no used record.
 /// @since 0.1.0
@@ -53,16 +52,16 @@ KEL_API unsigned kelFunGetNumChUsed(const s_set_canali* set) KEL_NOEXCEPT;
 /// Capacity of the array, records. @since 0.1.0
 KEL_API unsigned kelFunGetNumChTot(const s_set_canali* set) KEL_NOEXCEPT;
 
-/// Sample buffer that all used channels need together, bytes: the sum of their `dim_buffer`, modulo 2^32.
+/// Bytes of a record of samples of all used channels: the sum of their `dim_buffer`, modulo 2^32.
 ///
 /// @return the sum; 0 when there is no array or no used record.
 /// @since 0.1.0
 KEL_API unsigned kelFunGetSizeBufferValori(const s_set_canali* set) KEL_NOEXCEPT;
 
-/// Name of the channel at an index, in place in its record.
+/// Name of the channel at an index: a pointer into its record.
 ///
-/// One record past the last used one is accepted as well, and its name is given as it stands. The array is not looked
-/// at: for a null array the result is the address that the record layout implies, which must not be read.
+/// The index of the first record that is not in use is accepted too; a program can name a record before it is used. The
+/// array is not checked: for a null array the result is not null either, but must not be read.
 ///
 /// @return the name; null when `indice` is above the used or above the total count.
 /// @since 0.1.0
@@ -73,8 +72,8 @@ KEL_API const char* kelFunGetNomeCanaleShort(const s_set_canali* set, unsigned i
 
 /// @}
 /// @name Matching
-/// Which channel carries a function. Fields of the request that are 0 match anything.
-/// A packet channel also matches the identifier of any of its subfields, compared whole.
+/// Which channel carries a function. A field of the request that is 0 matches anything.
+/// A packet channel also matches the identifier of each of its subfields; all bits of it must be equal.
 /// @{
 
 /// First used channel whose quantity, object and position match.
@@ -85,9 +84,9 @@ KEL_API s_kel_canale* kelFunGetMatchCh(const s_set_canali* set, kel_funpos fid) 
 
 /// First used channel of which every field up to bit 28 matches.
 ///
-/// Bit 22 is one-way: a request without it accepts channels with and without. Bits 23 to 28 are compared in three
-/// pieces of two bits, each only where it is not 0 in the request, even for instance numbers: a request for number 4
-/// also accepts number 5.
+/// A request without bit 22 (numbered) accepts channels with and without it; a request with it accepts only numbered
+/// channels. Bits 23 to 28 are compared as three pairs of bits, for instance numbers too. A pair that is 0 in the
+/// request matches anything. So a request for number 4 also finds number 5.
 ///
 /// @return the record; null when none matches, or there is no array or no used record.
 /// @since 0.1.0
@@ -97,28 +96,28 @@ KEL_API s_kel_canale* kelFunGetMatchChFull(const s_set_canali* set, kel_funpos f
 ///
 /// @param set      the channel set.
 /// @param fid      the request.
-/// @param trovati  receives the records found, in order; null is answered with 0.
-/// @param numero   in: capacity of `trovati`, at least 1; out: records stored. The walk stops when the number stored
-///                 equals the capacity right after a store, so a capacity of 0 never stops it: `trovati` must then
-///                 have room for every used channel.
-/// @return 1; 0 when nothing matched, and then `trovati` and `numero` are as they were.
+/// @param trovati  receives the channels found, in order; when it is null the result is 0.
+/// @param numero   in: how many channels `trovati` has room for, at least 1; out: how many were stored. The number is
+///                 compared with the room only after a channel was stored. So a room of 0 does not stop the search, and
+///                 `trovati` must then have room for every used channel.
+/// @return 1; 0 when nothing matched, and then `trovati` and `numero` are not changed.
 /// @since 0.1.0
 KEL_API int kelFunGetMatchChList(const s_set_canali* set, kel_funpos fid, s_kel_canale** trovati,
                                  unsigned* numero) KEL_NOEXCEPT;
 
 /// @}
 /// @name Units of measure
-/// An identifier's units follow from its quantity and object alone; the other fields are never looked at.
+/// The quantity and the object of an identifier decide which units it has. The other fields do not matter.
 /// @{
 
-/// The row of the quantity table that an identifier falls under: the first of its quantity with its object, or the
-/// quantity's generic row.
+/// Row of the quantity table for an identifier: the row of its quantity and object, or else the row of its quantity
+/// for all other objects.
 ///
-/// @return a row of `uib_grandezza_fisica_uiv`; null for quantities without one (0, 28 and all above 31).
+/// @return a row of `uib_grandezza_fisica_uiv`; null for quantities that have none (0, 28 and all above 31).
 /// @since 0.1.0
 KEL_API const s_grandezza_fisica_uiv* kelFunGetUIVs(kel_funpos fid) KEL_NOEXCEPT;
 
-/// Text of the base unit: the first of the identifier's unit table.
+/// Text of the base unit: the first of the unit table, in most cases the unit that values are recorded in.
 ///
 /// @return the text; "" for an identifier without units, never null.
 /// @since 0.1.0
@@ -130,7 +129,7 @@ KEL_API const char* kelFunGetUnitaBase(kel_funpos fid) KEL_NOEXCEPT;
 /// @since 0.1.0
 KEL_API const char* kelFunGetUdmTxt(unsigned codice) KEL_NOEXCEPT;
 
-/// Code of a unit text. The codes have a vocabulary of their own ("a/f", "lambda"), not always that of the unit tables.
+/// Code of a unit text. Some of the texts that have codes ("a/f", "lambda") are not those of the unit tables.
 ///
 /// @param testo  never null.
 /// @return 0 to 32; -1 when there is no such text.
@@ -140,7 +139,7 @@ KEL_API int kelFunGetUdmCode(const char* testo) KEL_NOEXCEPT;
 /// Decimals that a function shows in a unit unless the user chooses.
 ///
 /// @param fid  any identifier.
-/// @param udm  never null. A text that is not a unit of the function is answered with the base unit's decimals.
+/// @param udm  never null. For a text that is not a unit of the function the result is that of the base unit.
 /// @return decimals; 0 for an identifier without units.
 /// @since 0.1.0
 KEL_API int kelFunGetNumDecimaliDefault(kel_funpos fid, const char* udm) KEL_NOEXCEPT;
@@ -155,19 +154,20 @@ KEL_API int kelFunGetNumDecimaliMin(kel_funpos fid, const char* udm) KEL_NOEXCEP
 ///
 /// @param fid  any identifier.
 /// @param udm  a unit of the function, or null.
-/// @return a unit row, in place; the base unit's for an unknown text; that of `NULL_udm_associate` (gain 1, offset 0)
-///         for null and for an identifier without units. Never null.
+/// @return a pointer into the unit table. For an unknown text it is the base unit; for null and for an identifier
+///         without units it is the row of `NULL_udm_associate` (gain 1, offset 0). Never null.
 /// @since 0.1.0
 KEL_API const s_converter_data* kelFunGetConvData(kel_funpos fid, const char* udm) KEL_NOEXCEPT;
 
 /// Conversion from one unit of a function into another: value * gain + offset, both in single precision.
 ///
-/// The result carries no unit text ("") and no reciprocal flag, also between "km/h" and "min/km".
+/// The result has no unit text ("") and no reciprocal flag. So the result between "km/h" and "min/km" is not a pace: it
+/// is only value * gain + offset.
 ///
 /// @param fid    any identifier.
 /// @param udmDa  unit to convert from; never null.
 /// @param udmA   unit to convert into; never null.
-/// @return gain = gain of `udmA` / gain of `udmDa`, and the offset that goes with it; the identity (offset 0, gain 1)
+/// @return gain = gain of `udmA` / gain of `udmDa`, and the offset that goes with it. Offset 0 and gain 1 (no change)
 ///         for equal texts, for texts that are not units of the function and for an identifier without units.
 /// @since 0.1.0
 KEL_API s_converter_data kelFunGetConvDatas(kel_funpos fid, const char* udmDa, const char* udmA) KEL_NOEXCEPT;
@@ -178,28 +178,30 @@ KEL_API s_converter_data kelFunGetConvDatas(kel_funpos fid, const char* udmDa, c
 
 /// Short name of a function: that of its camera row, else the texts of its fields one after the other.
 ///
-/// @param set  not used, may be null: kept for the clients that pass their channel set.
+/// @param set  not used, may be null; it is there because programs pass their channel set.
 /// @param fid  any identifier.
 /// @return the name by value, at most 31 characters; all NUL when no field has a text.
 /// @since 0.1.0
 KEL_API s_nome_breve kelFunGetNomeFunzioneShort(const s_set_canali* set, kel_funpos fid) KEL_NOEXCEPT;
 
-/// Identifier of a legacy textual identifier of the table `funz_Kel`. The camera tables are not searched.
+/// Function identifier of a legacy identifier, which is a text such as "REF_SPEED_FL". Only the table `funz_Kel` is
+/// searched, not the camera tables.
 ///
 /// @param id  may be null.
 /// @return the identifier; 0 when it is unknown, null or "".
 /// @since 0.1.0
 KEL_API kel_funpos kelFunGetFidDaID(const char* id) KEL_NOEXCEPT;
 
-/// Camera row of a legacy textual identifier: base table first, then the extended one. The end rows take part, so ""
-/// finds the base end row.
+/// Camera row of a legacy identifier: the basic table is searched first, then the extended one. The end rows are
+/// searched too, so "" finds the end row of the basic table.
 ///
 /// @param id  never null.
 /// @return the row; null when neither table has it.
 /// @since 0.1.0
 KEL_API const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaID(const char* id) KEL_NOEXCEPT;
 
-/// Camera row of an identifier, compared whole: base table first, then the extended one, end rows included.
+/// Camera row of an identifier; all bits must be equal. The basic table is searched first, then the extended one, and
+/// the end rows too.
 ///
 /// @return the row; null when neither table has it.
 /// @since 0.1.0
@@ -208,10 +210,10 @@ KEL_API const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaFID(kel_funpos fi
 /// The same search as `kelFunGetFunVecchiaZumikoDaFID`. @since 0.1.0
 KEL_API const t_SFunzioneZumikoCam* kelFunGetParamZumikoCam(kel_funpos fid) KEL_NOEXCEPT;
 
-/// Rows of `funz_ZumikoCam_base`, its end row included: 20. @since 0.1.0
+/// Number of rows of `funz_ZumikoCam_base`, with its end row: 20. @since 0.1.0
 KEL_API unsigned getFunzVisSize(void) KEL_NOEXCEPT;
 
-/// Rows of `funz_ZumikoCam_estese`, its end row included: 23. @since 0.1.0
+/// Number of rows of `funz_ZumikoCam_estese`, with its end row: 23. @since 0.1.0
 KEL_API unsigned getFunzVisEstSize(void) KEL_NOEXCEPT;
 
 /// @}
@@ -235,7 +237,7 @@ KEL_API unsigned kelF16compress(unsigned bit_float) KEL_NOEXCEPT;
 
 /// 16-bit float (IEEE 754 binary16) to float, exact.
 ///
-/// @param mezzo  bits of the 16-bit float; only the low 16 are looked at.
+/// @param mezzo  bits of the 16-bit float; those above the low 16 are ignored.
 /// @return bits of the equal IEEE 754 binary32.
 /// @since 0.1.0
 KEL_API unsigned kelF16decompress(unsigned mezzo) KEL_NOEXCEPT;
@@ -266,7 +268,7 @@ KEL_API void kelConvInit(s_kel_converter* conv, const s_kel_canale* canale, kel_
                          const s_converter_data* dati, unsigned short pos_bit, unsigned short num_bit,
                          int campione_in_testa) KEL_NOEXCEPT;
 
-/// Reads a value in the converter's unit. The status word is not given; a bad sample reads as 0.
+/// Reads a value in the converter's unit. A bad sample reads as 0; the status word is not returned.
 ///
 /// @param conv    set up with `kelConvInit`.
 /// @param buffer  the sample, or the record of samples, at any address. Nothing outside the sample is read.
@@ -292,14 +294,14 @@ KEL_API unsigned kelConvGetOffset(const s_kel_converter* conv) KEL_NOEXCEPT;
 
 /// @}
 /// @name Packet subfields
-/// Tables end with a row whose identifier has 32 in its low seven bits.
+/// A subfield is one quantity within a packet. Its tables end with a row whose identifier has 32 in its low seven bits.
 /// @{
 
 /// Subfield table of a lap packet, by the specialisation of its identifier. Null for specialisations above 2.
 /// @since 0.1.0
 KEL_API const s_sottocampo* kelConvGetSottoCampiLapTime(kel_funpos fid) KEL_NOEXCEPT;
 
-/// Subfield table of a date and time packet: holds only the end row. @since 0.1.0
+/// Subfield table of a date and time packet. It has only the end row. @since 0.1.0
 KEL_API const s_sottocampo* kelConvGetSottoCampiDataOra(kel_funpos fid) KEL_NOEXCEPT;
 
 /// Subfield table of a GPS packet, by the specialisation of its identifier. Null for specialisations above 1.

@@ -1,5 +1,6 @@
 /// @file
-/// The function identifier: its layout, the value of every field, and small functions that take it apart and compose it.
+/// The function identifier: its layout, the value of every field, and small functions that take it apart and compose
+/// it.
 ///
 /// A channel says what it measures with one 32-bit value, `kel_funpos`:
 ///
@@ -10,8 +11,9 @@
 ///    |  0  | instance number | 1 |in/ou|position|  object   | quantity |   numbered
 ///    +-----+-----------------+---+-----+--------+-----------+----------+
 ///
-/// For packets (quantity `FID_PHI_PACKAGE`) the object field holds the packet's details and the position field its
-/// specialisation. A field of 0 is not given, and stands for any value where a request is matched.
+/// A packet is a sample that holds several quantities. For packets (quantity `FID_PHI_PACKAGE`) the object field holds
+/// the details (lap, date and time, or GPS) and the position field the specialisation (which version of the packet). A
+/// field that is 0 is not given; in a request it matches any value.
 #ifndef KEL_IDENTIFICATORI_H
 #define KEL_IDENTIFICATORI_H
 
@@ -60,7 +62,7 @@ typedef enum GRANDEZZA_FISICA_FUNZKEL KEL_ENUM {
     FID_PHI_GEAR               = 31
 } GRANDEZZA_FISICA_FUNZKEL;
 
-/// Measured object: bits 7 to 14 (eight bits, of which 0 to 57 have a meaning).
+/// Measured object: bits 7 to 14. Of their 256 values, 0 to 57 have a meaning.
 typedef enum OGGETTO_MISURATO_FUNZKEL KEL_ENUM {
     FID_OBJ_UNDEFINED                = 0,
     FID_OBJ_AIR                      = 1,
@@ -202,7 +204,7 @@ enum {
     FID_SPEC_LAPTIME_KEL2Gv2 = 2
 };
 
-/// Shift, width and mask of every field. Extraction shifts right first and masks afterwards.
+/// Shift and mask of every field. To read a field, shift right first, then mask.
 enum {
     FID_SHIFT_PHI       = 0,  FID_MASK_PHI       = 0x7F,  ///< physical quantity
     FID_SHIFT_OBJ       = 7,  FID_MASK_OBJ       = 0xFF,  ///< measured object, or packet details
@@ -215,8 +217,8 @@ enum {
     FID_SHIFT_UPDOWN    = 27, FID_MASK_UPDOWN    = 3      ///< up/down
 };
 
-/// The end marker of tables keyed by an identifier: each field one past its last value.
-/// A table walk stops at the first row of this quantity and object, whatever its other bits.
+/// The end marker of tables whose rows are found by an identifier: each field is one above its last value.
+/// The first row with this quantity and this object is the end of the table, whatever its other bits are.
 enum {
     FID_PHI_FINE_TABELLA = 32,
     FID_OBJ_FINE_TABELLA = 58,
@@ -237,43 +239,43 @@ KEL_PURA unsigned kelFidPosizione(kel_funpos fid) { return (fid >> FID_SHIFT_POS
 /// In/out field of an identifier, 0 to 3.
 KEL_PURA unsigned kelFidInOut(kel_funpos fid) { return (fid >> FID_SHIFT_INOUT) & FID_MASK_INOUT; }
 
-/// 1 when the identifier carries an instance number in place of the sides, else 0.
+/// 1 when the identifier has an instance number in place of the sides, else 0.
 KEL_PURA unsigned kelFidNumerato(kel_funpos fid) { return (fid >> FID_SHIFT_NUMBERED) & FID_MASK_NUMBERED; }
 
-/// Instance number of an identifier, 0 to 63; has a meaning only when `kelFidNumerato` is 1.
+/// Instance number of an identifier, 0 to 63. Use it only when `kelFidNumerato` is 1.
 KEL_PURA unsigned kelFidNumero(kel_funpos fid) { return (fid >> FID_SHIFT_NUMBER) & FID_MASK_NUMBER; }
 
-/// Left/right field of an identifier, 0 to 3; has a meaning only when `kelFidNumerato` is 0.
+/// Left/right field of an identifier, 0 to 3. Use it only when `kelFidNumerato` is 0.
 KEL_PURA unsigned kelFidLeftRight(kel_funpos fid) { return (fid >> FID_SHIFT_LEFTRIGHT) & FID_MASK_LEFTRIGHT; }
 
-/// Front/rear field of an identifier, 0 to 3; has a meaning only when `kelFidNumerato` is 0.
+/// Front/rear field of an identifier, 0 to 3. Use it only when `kelFidNumerato` is 0.
 KEL_PURA unsigned kelFidFrontRear(kel_funpos fid) { return (fid >> FID_SHIFT_FRONTREAR) & FID_MASK_FRONTREAR; }
 
-/// Up/down field of an identifier, 0 to 3; has a meaning only when `kelFidNumerato` is 0.
+/// Up/down field of an identifier, 0 to 3. Use it only when `kelFidNumerato` is 0.
 KEL_PURA unsigned kelFidUpDown(kel_funpos fid) { return (fid >> FID_SHIFT_UPDOWN) & FID_MASK_UPDOWN; }
 
 /// Composes an identifier from quantity, object (or packet details) and position (or packet specialisation).
-/// Each argument is cut to its field. Sides are added with `|`: `kelFidComponi(...) | kelFidLati(...)`.
+/// Bits of an argument above its field are ignored. Add sides with `|`: `kelFidComponi(...) | kelFidLati(...)`.
 KEL_PURA kel_funpos kelFidComponi(unsigned grandezza, unsigned oggetto, unsigned posizione) {
     return (grandezza & FID_MASK_PHI) << FID_SHIFT_PHI | (oggetto & FID_MASK_OBJ) << FID_SHIFT_OBJ |
            (posizione & FID_MASK_POS) << FID_SHIFT_POS;
 }
 
-/// The in/out bits of an identifier, to be added with `|`.
+/// The in/out bits of an identifier. Add them with `|`.
 KEL_PURA kel_funpos kelFidBitInOut(unsigned inout) { return (inout & FID_MASK_INOUT) << FID_SHIFT_INOUT; }
 
-/// The side bits of an identifier, to be added with `|`.
+/// The side bits of an identifier. Add them with `|`.
 KEL_PURA kel_funpos kelFidLati(unsigned leftright, unsigned frontrear, unsigned updown) {
     return (leftright & FID_MASK_LEFTRIGHT) << FID_SHIFT_LEFTRIGHT |
            (frontrear & FID_MASK_FRONTREAR) << FID_SHIFT_FRONTREAR | (updown & FID_MASK_UPDOWN) << FID_SHIFT_UPDOWN;
 }
 
-/// The instance number of an identifier with its flag (bit 22), to be added with `|` in place of the sides.
+/// The instance number of an identifier with its flag (bit 22). Add it with `|`, in place of the sides.
 KEL_PURA kel_funpos kelFidIstanza(unsigned numero) {
     return 1u << FID_SHIFT_NUMBERED | (numero & FID_MASK_NUMBER) << FID_SHIFT_NUMBER;
 }
 
-/// 1 when the identifier is the end marker of a table, else 0. Only quantity and object are looked at.
+/// 1 when the identifier is the end marker of a table, else 0. Only quantity and object are compared.
 KEL_PURA int kelFidFineTabella(kel_funpos fid) {
     return kelFidGrandezza(fid) == FID_PHI_FINE_TABELLA && kelFidOggetto(fid) == FID_OBJ_FINE_TABELLA;
 }

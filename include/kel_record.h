@@ -1,11 +1,11 @@
 /// @file
-/// The records that cross the library's boundary: rows of its constant tables and records that the caller owns.
+/// The records that programs see: rows of the constant tables, and records that belong to the calling program.
 ///
-/// Members stand in a fixed order. Where pointers are 32 bits wide every record has exactly the device's byte layout
-/// (given beside each record and proved when the library is compiled); where they are 64 bits wide the same members
-/// stand in the same order with the platform's own alignment. `s_kel_canale` is 112 bytes everywhere.
+/// The order of the members is fixed. Where pointers are 32 bits wide every record has exactly the layout of the
+/// device: its size is given beside each record, and the compiler checks it. Where pointers are 64 bits wide the
+/// members have the same order, with the alignment of the platform. `s_kel_canale` has 112 bytes everywhere.
 ///
-/// Texts are 8-bit and NUL-terminated; those in table rows live as long as the library is loaded.
+/// Texts are 8-bit and NUL-terminated. Texts in table rows exist as long as the library is loaded.
 #ifndef KEL_RECORD_H
 #define KEL_RECORD_H
 
@@ -15,7 +15,7 @@
 
 KEL_C_BEGIN
 
-/// Row of a field descriptor table: one value of one field of an identifier. 16 bytes on the device.
+/// Row of a field table: one value of one field of an identifier. 16 bytes on the device.
 typedef struct s_campo_fid {
     int32_t valore;     ///< the field value; equals the row's index
     const char* xml;    ///< XML name, such as "FID_PHI_SPEED"
@@ -30,7 +30,8 @@ typedef struct s_scelta_fid {
     const char* testo;  ///< text shown to the user
 } s_scelta_fid;
 
-/// Position variant: a function that has a name and choices of its own at one position. 36 bytes on the device.
+/// Position variant: a function that has a name and choices of its own at one position. Speed at a wheel, for example,
+/// is "Wheel Spd". 36 bytes on the device.
 typedef struct s_variante_posizione {
     uint32_t posizione;         ///< value of the position field
     const char* breve;          ///< abbreviation
@@ -48,7 +49,7 @@ typedef struct s_converter_data {
     const char* udm;    ///< the unit as shown, such as "km/h"; never null in the tables
     float offset;       ///< additive term
     float gain;         ///< multiplicative term
-    int32_t reciproco;  ///< 1: the unit shows the quantity as a reciprocal ("min/km", a pace); else 0
+    int32_t reciproco;  ///< 1: the unit shows 1 divided by the value, as a pace ("min/km") does; else 0
 } s_converter_data;
 
 /// Row of a unit table. 28 bytes on the device. Row 0 of every table is the base unit.
@@ -61,7 +62,7 @@ typedef struct s_udm_associata {
 
 /// Row of the quantity table. 28 bytes on the device.
 typedef struct s_grandezza_fisica_uiv {
-    kel_funpos chiave;           ///< quantity and object that select the row; object 0 is the quantity's generic row
+    kel_funpos chiave;           ///< quantity and object; object 0: the row for all objects without a row of their own
     const char* breve;           ///< abbreviation
     const char* testo;           ///< readable name
     int32_t num_udm;             ///< rows of `udm`
@@ -70,44 +71,46 @@ typedef struct s_grandezza_fisica_uiv {
     const s_variante_posizione* varianti;  ///< names and choices at particular positions; null when there are none
 } s_grandezza_fisica_uiv;
 
-/// Row of the unit code table. 8 bytes on the device.
+/// Row of the unit code table: a number for a unit text. 8 bytes on the device.
 typedef struct s_codice_udm {
-    const char* testo;  ///< the unit's text in the vocabulary of the codes
+    const char* testo;  ///< the unit's text; not always that of the unit tables
     int32_t codice;     ///< the code; equals the row's index
 } s_codice_udm;
 
 #ifdef __GNUC__
-/// Marks a record without padding, at any address.
+/// Marks a record without padding, which may lie at any address.
 #define KEL_COMPATTO __attribute__((packed))
 #else
 #error "the channel record needs a compiler with __attribute__((packed))"
 #endif
-/// Channel record, owned by the caller. 112 bytes, little-endian, at any address.
+/// Channel record, which belongs to the calling program. 112 bytes, little-endian, at any address.
 ///
-/// The library reads `fid`, `tipo_campione` and the last two named fields, and writes a whole record only when
-/// `kelFunGetFreeCh` hands it out. The `riservato` bytes are the caller's.
+/// The library reads `fid`, `tipo_campione`, `offset_campione` and `dim_buffer`, and gives out the two names. It writes
+/// a record only in `kelFunGetFreeCh`, and then all of it. The caller may use the `riservato` bytes.
 typedef struct KEL_COMPATTO s_kel_canale {
-    uint16_t indice;           ///< byte 0: position in the array when handed out, low 16 bits
+    uint16_t indice;           ///< byte 0: the record's index in the array, low 16 bits; `kelFunGetFreeCh` writes it
     uint8_t riservato1[10];    ///< byte 2
-    kel_funpos fid;            ///< byte 12: the function that the channel carries
+    kel_funpos fid;            ///< byte 12: the function: what the channel measures
     uint8_t riservato2[4];     ///< byte 16
     uint32_t tipo_campione;    ///< byte 20: sample type code, 0 to 24
     char breve[8];             ///< byte 24: short name, NUL-terminated
     char nome[36];             ///< byte 32: name, NUL-terminated
-    uint32_t offset_campione;  ///< byte 68: where the channel's sample lies in a record of all samples, bytes
-    uint32_t dim_buffer;       ///< byte 72: sample buffer that the channel needs, bytes
+    uint32_t offset_campione;  ///< byte 68: offset of the channel's sample in a record of all samples, bytes
+    uint32_t dim_buffer;       ///< byte 72: bytes that the channel needs in a record of all samples
     uint8_t riservato3[36];    ///< byte 76
 } s_kel_canale;
 #undef KEL_COMPATTO
 
-/// Channel set, owned by the caller: his array of channel records and how much of it is in use. 12 bytes on the device.
+/// Channel set, which belongs to the calling program: an array of channel records, and how many of them are in use. 12
+/// bytes on the device.
 typedef struct s_set_canali {
     s_kel_canale* canali;  ///< first record of the caller's array; may be null
     uint32_t totale;       ///< capacity of the array, records
-    uint32_t usati;        ///< live channels: records 0 to `usati` - 1
+    uint32_t usati;        ///< how many are in use: records 0 to `usati` - 1
 } s_set_canali;
 
-/// Sample type codes: the format of one sample, little-endian, at any address. Sizes are told by `kelFunGetSamplSize`.
+/// Sample type codes: the format of one sample. Samples are little-endian and may lie at any address.
+/// `kelFunGetSamplSize` gives their sizes.
 enum {
     KEL_TIPO_INT32 = 0,              ///< signed 32-bit integer
     KEL_TIPO_INT16 = 1,              ///< signed 16-bit integer
@@ -122,7 +125,7 @@ enum {
     KEL_TIPO_DATA_ORA = 10,          ///< date and time packet
     KEL_TIPO_MARCIA = 11,            ///< gear, signed 16-bit: 1 to 9, 0 neutral, -1 reverse and special positions
     KEL_TIPO_TEMPO_GIRO = 12,        ///< lap time, signed 32-bit, ms
-    KEL_TIPO_LISTA_BIT = 13,         ///< 8 bits, shown as the list of those set
+    KEL_TIPO_LISTA_BIT = 13,         ///< 8 bits, shown as a list of those that are set
     KEL_TIPO_NESSUNO = 14,           ///< no sample
     KEL_TIPO_NUMERO_TESTO_6 = 15,    ///< signed 16-bit number and 6 bytes of text
     KEL_TIPO_NUMERO_TESTO_30 = 16,   ///< signed 16-bit number and 30 bytes of text
@@ -134,7 +137,7 @@ enum {
     KEL_TIPO_TEMPO_PACCHETTO = 22,   ///< packet with a time in ms in its second 32-bit word
     KEL_TIPO_NESSUNO_2 = 23,         ///< no sample
     KEL_TIPO_DIFFERENZA_TEMPO = 24,  ///< time difference, signed 32-bit, ms
-    KEL_TIPO_CALCOLATO = 25          ///< in tables only: computed from several packet fields, or no format at all
+    KEL_TIPO_CALCOLATO = 25          ///< in tables only: computed from several fields of a packet, or without a format
 };
 
 /// Alignment of a numeric text. Any other value acts as `FORMATO_DESTRA`.
@@ -146,7 +149,8 @@ typedef enum eFormatoConv KEL_ENUM {
 
 typedef struct s_kel_converter s_kel_converter;
 
-/// Bits of a status word; 0 is a good value. The status text looks at them in the order 4, 2, 8, 1.
+/// Bits of a status word, which tells whether a sample is good; 0 is good. When several bits are set, the first of 4,
+/// 2, 8, 1 decides the status text.
 enum {
     KEL_STATO_ERRORE = 1,       ///< error: "Err"
     KEL_STATO_MANCANTE = 2,     ///< value missing, or under range: three blanks
@@ -160,21 +164,21 @@ typedef float (*f_valore_conv)(const s_kel_converter* conv, const void* campione
 /// Writes the text of one sample, NUL-terminated, into 32 bytes that the caller has zeroed.
 typedef void (*f_testo_conv)(s_kel_converter* conv, const void* campione, char* testo);
 
-/// Writes the text of a status word, NUL-terminated, into 32 bytes; leaves them alone when no status bit is set.
+/// Writes the text of a status word, NUL-terminated, into 32 bytes. Does nothing when no status bit is set.
 typedef void (*f_stato_conv)(uint32_t stato, char* testo);
 
-/// Converter record, owned by the caller of the flat functions. 44 bytes on the device. Filled by `kelConvInit`,
-/// but for `larghezza`, `decimali`, `auto_decimali` and `formato`, which are the caller's to set and change.
+/// Converter record, which belongs to the calling program. 44 bytes on the device. `kelConvInit` fills it, except
+/// `larghezza`, `decimali`, `auto_decimali` and `formato`: the caller sets these, and may change them.
 struct s_kel_converter {
     uint32_t offset_campione;      ///< byte offset of the sample within the buffer handed to the reads
     uint16_t pos_bit;              ///< first bit of a bit field
     uint16_t num_bit;              ///< width of a bit field; 0 = no bit field
-    uint32_t maschera;             ///< the single bit above the field: 2 to the power of num_bit, shifted by pos_bit
+    uint32_t maschera;             ///< the one bit above the bit field: 2 to the power of num_bit, shifted by pos_bit
     const s_converter_data* dati;  ///< conversion into the unit shown
     uint32_t larghezza;            ///< characters of the numeric text, the point not counted; 5 = compact lap times
     uint32_t decimali;             ///< digits after the point: 0, 1, 2, or 3 for any larger value; a negative
                                    ///< number needs a width of two more, also where they are larger than 3
-    uint32_t auto_decimali;        ///< non-zero: the numeric text chooses 1 or 0 decimals by magnitude
+    uint32_t auto_decimali;        ///< not 0: the text has 1 decimal for small numbers and none for large ones
     eFormatoConv formato;          ///< alignment of the numeric text
     f_valore_conv valore;          ///< decoder of the value; null = no value
     f_testo_conv testo;            ///< writer of the text
@@ -189,32 +193,32 @@ typedef struct s_sottocampo {
     uint16_t num_bit;                ///< width of a bit field; 0 = whole value
     uint32_t maschera;               ///< 0 in every row: the converter computes its own
     uint32_t tipo_campione;          ///< sample type code; 25 = computed from several packet fields
-    f_valore_conv valore;            ///< overrides the decoder of the sample type; may be null
+    f_valore_conv valore;            ///< used in place of the decoder of the sample type; may be null
     f_valore_conv valore_reciproco;  ///< the same for a unit with the reciprocal flag; may be null
     f_testo_conv conv_testo;         ///< text; null = the converter's numeric text
     const char* breve;               ///< default short name, "" when the row has none
     const char* testo;               ///< default name, "" when the row has none
 } s_sottocampo;
 
-/// Short name of a function, returned by value; NUL-terminated, the rest is NUL.
+/// Short name of a function, returned by value; NUL to the end.
 typedef struct s_nome_breve {
     char testo[32];  ///< the name
 } s_nome_breve;
 
-/// Row of a camera table. 36 bytes on the device.
+/// Row of a camera table: a function that the on-board camera can show. 36 bytes on the device.
 typedef struct t_SFunzioneZumikoCam {
     kel_funpos fid;         ///< function
     const char* udm;        ///< unit label shown by the camera
-    float scala;            ///< camera counts per unit of `udm`
+    float scala;            ///< camera counts (the whole numbers that the camera is sent) for one `udm`
     int32_t codice;         ///< the camera's parameter code; -1 = none
-    float fattore;          ///< second factor, handed out with the row, not used by the library
+    float fattore;          ///< a second factor; the library does not use it
     const char* breve;      ///< short name, at most 4 characters
     const char* testo;      ///< long name
     const char* id;         ///< legacy identifier
     int32_t tipo_campione;  ///< sample type code; 25 in the end rows
 } t_SFunzioneZumikoCam;
 
-/// Row of the legacy identifier table. 16 bytes on the device.
+/// Row of the table of legacy identifiers: texts that older systems use as identifiers. 16 bytes on the device.
 typedef struct t_SFunzioneVecchia {
     const char* breve;  ///< short name, at most 4 characters
     const char* testo;  ///< long name

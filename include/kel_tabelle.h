@@ -1,9 +1,10 @@
 /// @file
 /// The constant tables, exported under their own names with their row counts.
 ///
-/// Programs may read them in place and compare their addresses with those that the functions return. A table never
-/// changes and never grows within one soname. Tables keyed by an identifier end with a row whose identifier has
-/// quantity 32 and object 58 (`kelFidFineTabella`); that row counts in the size.
+/// Programs may read the tables directly, and compare their addresses with pointers that the functions return. As long
+/// as the soname of the library stays the same, a table does not change and does not grow. A table whose rows are found
+/// by an identifier ends with an end row: quantity 32 and object 58 (`kelFidFineTabella`). The end row counts in the
+/// size.
 #ifndef KEL_TABELLE_H
 #define KEL_TABELLE_H
 
@@ -27,18 +28,18 @@ extern KEL_API const s_campo_fid specializzazione_gps_FunzKel[2];      ///< spec
 extern KEL_API const s_campo_fid specializzazione_laptime_FunzKel[3];  ///< specialisation of lap packets
 /// @}
 
-/// The quantity table: which units, names and variants each quantity and object has. The last row is the end row,
-/// key 0x1D20.
+/// The quantity table: which units, names and variants each quantity and object has. The last row is the end row; its
+/// key is 0x1D20.
 extern KEL_API const s_grandezza_fisica_uiv uib_grandezza_fisica_uiv[66];
 
-/// @name Position variants and the choices that they offer.
+/// @name Position variants (functions with a name of their own at one position) and the choices that they offer.
 /// @{
 extern KEL_API const s_variante_posizione z4_pres_brk[2];    ///< brake pressure: brake, wheel
 extern KEL_API const s_variante_posizione z4_velocity[1];    ///< velocity: suspension
 extern KEL_API const s_variante_posizione z4_time_off[1];    ///< off time: engine
 extern KEL_API const s_variante_posizione z4_num_lambda[1];  ///< air/fuel ratio: exhaust
 extern KEL_API const s_variante_posizione z4_speed[2];       ///< speed: vehicle, wheel
-extern KEL_API const s_scelta_fid ios_completo[3];           ///< in, out, centre; numbered unlike `inout_FunzKel`
+extern KEL_API const s_scelta_fid ios_completo[3];           ///< in, out, centre; other numbers than `inout_FunzKel`
 extern KEL_API const s_scelta_fid ios_solo_inout[2];         ///< out, in
 extern KEL_API const s_scelta_fid udfrlrs_solo_fr[2];        ///< front, rear
 extern KEL_API const s_scelta_fid udfrlrs_solo_frlr[6];      ///< front, rear and the four corners
@@ -49,7 +50,7 @@ extern KEL_API const s_codice_udm udm_codici[33];
 
 /// @name Unit tables. Row 0 is the base unit.
 /// @{
-extern KEL_API const s_udm_associata NULL_udm_associate[1];        ///< no unit: the answer for an identifier that has none
+extern KEL_API const s_udm_associata NULL_udm_associate[1];        ///< no unit: what an identifier without units gets
 extern KEL_API const s_udm_associata kmh_udm_associate[2];         ///< speed
 extern KEL_API const s_udm_associata kmh_vel_udm_associate[7];     ///< velocity
 extern KEL_API const s_udm_associata C_udm_associate[2];           ///< temperature

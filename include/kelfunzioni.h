@@ -1,5 +1,6 @@
 /// @file
-/// Everything of the flat face: identifiers, records, constant tables and functions. C99 and C++11.
+/// The whole flat face (the library as C functions): identifiers, records, constant tables and functions. C99 and
+/// C++11.
 #ifndef KELFUNZIONI_H
 #define KELFUNZIONI_H
 

@@ -28,7 +28,7 @@ class Aiuto:
                 break
             if riga.startswith("Exit status:"):
                 self.uscita = riga.removeprefix("Exit status:").strip()
-            # A title stands after an empty line, entries are indented below it.
+            # A title follows an empty line; its entries are indented below it.
             elif riga.endswith(":") and not riga.startswith("-") and resto and re.match(r"  \S", resto[0]):
                 self.gruppi.append((riga.rstrip(":"), self.voci(resto)))
             else:
@@ -42,7 +42,7 @@ class Aiuto:
             riga = resto.pop(0)
             if re.match(r"  \S", riga):
                 nome, _, testo = riga.strip().partition("  ")
-                # A name that reaches into the second column is followed by its text after one blank, too.
+                # A long name reaches into the second column. Then one blank separates it from its text.
                 if not testo and len(riga) > 30 and riga[29] == " ":
                     nome, testo = riga[:29].strip(), riga[30:]
                 voci.append([nome, testo.strip()])
@@ -80,7 +80,7 @@ def voce(nome, testo):
             frasi.append(f"{frase} {', '.join(re.findall(r'--?[a-z-]+', trovate[1]))}.")
             nome = nome.replace(trovate[0], "")
     nome = nome.replace(" REQUIRED", "")
-    # Defaults and bounds that are told beside a name belong to its text.
+    # Defaults and limits beside a name are part of its text.
     nome = nome.replace("[", "").replace("]", "") if not nome.startswith("-") else nome
     pezzi = nome.split()
     if pezzi[0].startswith("-"):
@@ -155,7 +155,7 @@ def main():
     argomenti = parser.parse_args()
 
     def aiuto(*comando, programma=argomenti.kelfun):
-        # The C locale: a page does not depend on who builds it.
+        # The C locale, so that the page is the same wherever it is built.
         fatto = subprocess.run([*argomenti.emulator, programma, *comando, "--help"], capture_output=True, text=True, check=True,
                                env={**os.environ, "LC_ALL": "C", "NO_COLOR": "1"})
         return Aiuto(fatto.stdout)

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Manual pages of the flat functions, from the comments of their header, which the reference is made of as well."""
+"""Manual pages of the flat functions, made from the comments of their header. The reference site is made from them too."""
 import argparse
 import re
 
 import roff
 
-# Records whose functions belong to one thread at a time, as the header says of all functions together.
+# Records that only one thread at a time may use, as the header says for all functions.
 DI_UN_THREAD = {"s_set_canali": "channel set", "s_kel_converter": "converter record"}
 
 
@@ -62,8 +62,8 @@ class Funzione:
     def thread(self):
         record = next((r for tipo, r in DI_UN_THREAD.items() if any(tipo in p for p in self.parametri)), None)
         if record:
-            return [f"The function touches no memory but the {record} and what it refers to.",
-                    f"A {record} belongs to one thread at a time; functions on different ones may run at the same time."]
+            return [f"The function uses only the memory of the {record} and what it points to.",
+                    f"Use one {record} in one thread at a time. Functions on different ones may run at the same time."]
         return ["The function keeps no state: it may be called from any thread, at any time, without initialisation."]
 
     def pagina(self, versione, quando, tutte):
@@ -93,9 +93,9 @@ class Funzione:
         return roff.pagina(self.nome, 3, versione, quando, roff.riassunto(self.breve), righe)
 
 
-# What is said once for every function.
+# Descriptions of parameters that many functions have.
 COMUNI = {
-    "set": "a set that `kelFunInit` has bound; never null.",
+    "set": "a set that `kelFunInit` has set up; never null.",
     "fid": "function identifier.",
     "conv": "a record set up with `kelConvInit`; never null.",
     "indice": "index of a record, from 0.",

@@ -1,4 +1,4 @@
-"""What the generators of the manual pages share: mdoc text from plain text."""
+"""Parts that the generators of the manual pages share: they turn plain text into mdoc, the format of manual pages."""
 import datetime
 import os
 import re
@@ -8,20 +8,20 @@ SEGNI = {"\\": "\\e", "'": "\\(aq", "`": "\\(ga", "^": "\\(ha", "~": "\\(ti", "-
 
 
 def letterale(testo):
-    """A text to be shown and copied as it is: program lines, names of options."""
+    """A text that is shown as it is: program lines, names of options."""
     riga = "".join(SEGNI.get(c, c) for c in testo)
     return "\\&" + riga if riga.startswith((".", "\\(aq")) else riga
 
 
 def prosa(testo):
-    """A line of running text. What stands in backticks is set as a literal."""
+    """A line of running text. Text in backticks becomes bold."""
     pezzi = testo.replace("\\", "\\e").split("`")
     riga = "".join(f"\\fB{pezzo.replace('-', chr(92) + '-')}\\fP" if i % 2 else pezzo for i, pezzo in enumerate(pezzi))
     return "\\&" + riga if riga.startswith((".", "'")) else riga
 
 
 def spezza(riga, larghezza=78):
-    """A line of running text as lines of a width that mandoc likes. None may begin as a macro does."""
+    """A line of running text, split into lines that mandoc accepts. None may begin with a character that begins a macro."""
     return ["\\&" + r if r.startswith((".", "'")) and r != riga else r
             for r in textwrap.wrap(riga, larghezza, break_long_words=False, break_on_hyphens=False)]
 
@@ -29,14 +29,14 @@ def spezza(riga, larghezza=78):
 def argomento(testo):
     """One argument of a macro."""
     testo = testo.replace("\\", "\\e").replace("-", "\\-").replace('"', '\\(dq')
-    # A word that is a macro's name would be taken for one.
+    # Without \& a word that is the name of a macro would be read as that macro.
     if re.fullmatch(r"[A-Z][a-z]|[%][A-Z]", testo) or not testo:
         testo = "\\&" + testo
     return f'"{testo}"' if " " in testo else testo
 
 
 def paragrafi(righe):
-    """Lines of a comment or of a help text as mdoc: paragraphs apart by empty lines, points that begin with a hyphen."""
+    """Lines of a comment or of a help text as mdoc. An empty line separates paragraphs; a hyphen begins a point of a list."""
     uscita = []
     in_punti = False
 
@@ -67,7 +67,7 @@ def paragrafi(righe):
         if nuovo and uscita:
             uscita.append(".Pp")
         nuovo = False
-        # A sentence begins on a line of its own.
+        # Every sentence begins on a new line, as mdoc wants it.
         for frase in re.split(r"(?<=[a-z0-9)`\"][.:?]) +(?=[A-Z])", testo):
             uscita += spezza(prosa(frase))
     finisci()
@@ -75,14 +75,14 @@ def paragrafi(righe):
 
 
 def data(file):
-    """Date of a page: that of the build where one is set, so that a build can be repeated, else of its source."""
+    """Date of a page: SOURCE_DATE_EPOCH if it is set, so that two builds give the same bytes, else the date of its source."""
     secondi = int(os.environ.get("SOURCE_DATE_EPOCH") or os.path.getmtime(file))
     giorno = datetime.datetime.fromtimestamp(secondi, datetime.timezone.utc)
     return f"{giorno:%B} {giorno.day}, {giorno.year}"
 
 
 def riassunto(testo):
-    """A sentence as the line below NAME: without its point, its first word small unless it is a name."""
+    """A sentence for the line below NAME: without its point, and with a small first letter unless it begins with a name."""
     testo = testo.rstrip(". ").replace("`", "")
     if re.match(r"[A-Z][a-z]* ?", testo) and not re.match(r"[A-Z][A-Z0-9]", testo):
         testo = testo[0].lower() + testo[1:]

@@ -23,7 +23,8 @@ def places(text):
 def main():
     root = Path(sys.argv[1]).resolve()
     pages = {path: path.read_text(encoding="utf-8")
-             for path in [root / "README.md", root / "CHANGELOG.md", *sorted((root / "docs").glob("*.md"))]}
+             for path in [root / "README.md", root / "CONTRIBUTING.md", root / "CHANGELOG.md",
+                          *sorted((root / "docs").glob("*.md"))]}
     mistakes, checked, reached = [], 0, {root / "README.md"}
     for page, text in pages.items():
         for link in LINK.findall(CODE.sub("", text)):
