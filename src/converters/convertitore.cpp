@@ -40,7 +40,8 @@ void imposta_formato(s_kel_converter& conv, uint32_t tipo_campione, kel_funpos c
     if (senza_dati)
         return;
     conv.valore = formato->lineare;
-    // Only a format with a reciprocal form looks through the pointer: where the caller has given no unit, it may lead anywhere.
+    // Only a format with a reciprocal form looks through the pointer: where the caller has given no unit, it may lead
+    // anywhere.
     if (formato->reciproca != nullptr && conv.dati->reciproco != 0)
         conv.valore = formato->reciproca;
     else if (conv.maschera != 0 && formato->campo_bit != nullptr)

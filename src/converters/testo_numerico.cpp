@@ -37,10 +37,11 @@ uint32_t decimali_automatici(float valore, uint32_t larghezza, uint32_t decimali
 
 constexpr float scale[] = {1.0f, 10.0f, 100.0f, 1000.0f};
 
-// What is added before the fraction is cut, to round halves up: the float just below 0.5. With 0.5 itself the sum would be
-// rounded to a float first, and show 0.49999997 as 1 and 8388609 as 8388610. With this one the cut sum is right for every float:
-// - a fraction of a half reaches the next whole number, because the sum that falls short of it by 2^-25 is rounded up to it;
-// - a smaller fraction stays below it;
+// What is added before the fraction is cut, to round halves up: the float just below 0.5. With 0.5 itself the sum would
+// be rounded to a float first, and show 0.49999997 as 1 and 8388609 as 8388610. With this one it is right for every
+// float:
+// - of a fraction of a half the sum falls short of the next whole number by 2^-25, which is rounded up to it;
+// - of a smaller fraction it stays below;
 // - from 2^23 on there are no fractions, and what is added is less than half a step: it is rounded away.
 constexpr float quasi_mezzo = 0x1.fffffep-2f;
 
@@ -103,8 +104,8 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
 [[gnu::cold]] void testo_lungo(char* testo, float numero, const s_kel_converter& conv, bool negativo) noexcept {
     const uint32_t larghezza = conv.larghezza;
     const uint32_t decimali = decimali_mostrati(conv);
-    // One place of a negative number is kept for its sign, where two or more stand before the point: told from the decimals as
-    // they are recorded, also from those that are not shown.
+    // One place of a negative number is kept for its sign, where two or more stand before the point: told from the
+    // decimals as they are recorded, also from those that are not shown.
     const bool posto_segno = int64_t{larghezza} - conv.decimali > 1;
     const uint32_t permesse = !negativo ? larghezza : posto_segno ? larghezza - 1 : 0;
     CifreDaDestra cifre(numero, permesse, larghezza);
