@@ -10,9 +10,6 @@ namespace kel::strumento {
 
 namespace {
 
-constexpr std::uint8_t CLASSE_NAV = 0x01;
-constexpr std::uint8_t ID_SOL = 0x06;
-constexpr std::uint8_t ID_PVT = 0x07;
 constexpr std::size_t TIPI_ELENCATI = 12;
 
 // Two digits, as the receivers' manuals write classes and ids.
@@ -38,8 +35,8 @@ bool LettoreSoluzioni::prossima() {
     while (lettore_.prossimo(messaggio_)) {
         const auto& dati = messaggio_.dati;
         ++conteggi_.per_tipo[{messaggio_.classe, messaggio_.id}];
-        const bool sol = messaggio_.classe == CLASSE_NAV && messaggio_.id == ID_SOL;
-        const bool pvt = messaggio_.classe == CLASSE_NAV && messaggio_.id == ID_PVT;
+        const bool sol = messaggio_.classe == NAV_SOL_CLASSE && messaggio_.id == NAV_SOL_ID;
+        const bool pvt = messaggio_.classe == NAV_PVT_CLASSE && messaggio_.id == NAV_PVT_ID;
         if (!sol && !pvt) {
             ++conteggi_.altri;
         } else if (dati.size() != (sol ? NAV_SOL_BYTE : NAV_PVT_BYTE)) {

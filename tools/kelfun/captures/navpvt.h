@@ -10,9 +10,11 @@
 
 namespace kel::strumento {
 
+constexpr std::uint8_t NAV_PVT_CLASSE = 0x01;
+constexpr std::uint8_t NAV_PVT_ID = 0x07;
 constexpr std::size_t NAV_PVT_BYTE = 92;
 
-/// From the payload of NAV-PVT (class 01, id 07).
+/// From the payload of NAV-PVT.
 Soluzione daNavPvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
 
 /// The same solution as a payload of NAV-SOL, which the logger's packet holds: rounded to centimetres, and where it has no

@@ -55,9 +55,11 @@ constexpr bool conAltezza(unsigned fix) {
     return fix == 3 || fix == 4;
 }
 
+constexpr std::uint8_t NAV_SOL_CLASSE = 0x01;
+constexpr std::uint8_t NAV_SOL_ID = 0x06;
 constexpr std::size_t NAV_SOL_BYTE = 52;
 
-/// From the payload of NAV-SOL (class 01, id 06).
+/// From the payload of NAV-SOL.
 Soluzione daNavSol(std::span<const std::uint8_t, NAV_SOL_BYTE> payload);
 
 }  // namespace kel::strumento
