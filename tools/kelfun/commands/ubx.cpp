@@ -11,6 +11,7 @@
 #include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_soluzioni.h"
+#include "plots/opzioni_grafico.h"
 #include "text/chiavi.h"
 #include "text/errori.h"
 #include "text/numeri.h"
@@ -23,7 +24,7 @@ struct Argomenti {
     std::string file;
     std::string udm;
     std::string decimali = "3";
-    std::optional<std::string> grafico;
+    SceltaGrafico grafico;
     SceltaForma forma;
 };
 
@@ -33,13 +34,12 @@ struct Riassunto {
     std::uint64_t lunghezza_errata = 0;
 };
 
-void stampa(const Riassunto& r, const ConteggiUbx& c) {
+std::string testo(const Riassunto& r, const ConteggiUbx& c) {
     const auto n = [](std::uint64_t valore) { return std::to_string(valore); };
-    const std::string testo = n(r.soluzioni) + " solutions in " + n(c.byte) + " bytes; skipped: " + n(c.byte_fuori) +
+    return n(r.soluzioni) + " solutions in " + n(c.byte) + " bytes; skipped: " + n(c.byte_fuori) +
                               " bytes outside messages, " + n(r.altri) + " other messages, " + n(c.checksum_errati) +
                               " bad checksums, " + n(r.lunghezza_errata) + " NAV-SOL of wrong length, " +
-                              n(c.byte_troncati) + " bytes truncated at the end\n";
-    std::fputs(testo.c_str(), stderr);
+                              n(c.byte_troncati) + " bytes truncated at the end";
 }
 
 std::vector<Colonna> colonne(const std::string& udm) {
@@ -82,6 +82,12 @@ Riassunto leggi(LettoreUbx& lettore, const CanaleNavSol& canale, Mostra mostra) 
     return riassunto;
 }
 
+// What a speed in a unit is multiplied with to be in m/s.
+double metriAlSecondo(const IFunzioni& catalogo, const std::string& udm) {
+    constexpr double KMH = 3.6;  // km/h in a m/s; the library's units start from km/h
+    return 1 / (KMH * static_cast<double>(catalogo.getParamConv(CanaleNavSol::fidVelocita(), udm)->gain));
+}
+
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const std::string udm = leggiUdm(*catalogo, CanaleNavSol::fidVelocita(), argomenti.udm);
@@ -90,25 +96,31 @@ void esegui(const Argomenti& argomenti) {
         throw ErroreUso("--decimals '" + argomenti.decimali + "' is no number of decimals; accepted: 0 to 3");
     const CanaleNavSol canale(*catalogo, udm, static_cast<unsigned>(*decimali));
     std::optional<DestinazioneGrafico> destinazione;
-    if (argomenti.grafico)
-        destinazione.emplace(*argomenti.grafico);
+    const Tratto tratto = trattoScelto(argomenti.grafico, true);
+    if (argomenti.grafico.file)
+        destinazione.emplace(argomenti.grafico);
     Ingresso ingresso(argomenti.file);
     ingresso.mostraAvanzamento(!destinazione);
     LettoreUbx lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
 
     Riassunto riassunto;
     if (destinazione) {
-        GraficoSoluzioni grafico(titoloGrafico(argomenti.file), udm);
+        GraficoSoluzioni grafico(udm, metriAlSecondo(*catalogo, udm), tratto);
         riassunto = leggi(lettore, canale, [&grafico](const Soluzione& s) { grafico.aggiungi(s); });
+        std::vector<Nota> note = grafico.chiudi();
+        grafico.grafico().titolo = titoloGrafico(argomenti.file);
+        note.push_back({testo(riassunto, lettore.conteggi()), {}, ""});
         if (riassunto.soluzioni != 0)
-            destinazione->disegna(grafico.grafico());
+            destinazione->disegna(grafico.grafico(), note, false);
+        else
+            std::fputs((note.back().testo() + "\n").c_str(), stderr);
     } else {
         Documento documento(stdout, argomenti.forma.forma());
         documento.inizia("solutions", "", colonne(udm), true);
         riassunto = leggi(lettore, canale, [&documento](const Soluzione& s) { documento.riga(celle(s)); });
         documento.fine();
+        std::fputs((testo(riassunto, lettore.conteggi()) + "\n").c_str(), stderr);
     }
-    stampa(riassunto, lettore.conteggi());
     if (riassunto.soluzioni == 0)
         throw NonTrovato("there is no NAV-SOL message in it");
 }
@@ -123,6 +135,7 @@ void aggiungiUbx(CLI::App& programma) {
     comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("N");
     aggiungiForma(comando, argomenti->forma);
     aggiungiGrafico(comando, argomenti->grafico);
+    aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(
         "Every value is what the library makes of the logger's GPS packet:\n"
         "- The latitude follows the library's own rule, which takes the packet's centimetres as if they were metres:\n"
