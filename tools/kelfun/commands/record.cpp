@@ -190,7 +190,8 @@ void aggiungiRecord(CLI::App& programma) {
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
     aggiungiForma(comando, argomenti->forma);
     aggiungiGrafico(comando, argomenti->grafico).esclude(testi);
-    comando.bandiera("--all", argomenti->tutto, "Draw all channels, each in its panel, not only those that matter most");
+    comando.bandiera("--all", argomenti->tutto,
+                     "Draw all channels, each in its panel, not only those that matter most");
     aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(
         "A record holds one sample of every channel, little-endian, where the channel's record says, and is as long "
@@ -200,7 +201,7 @@ void aggiungiRecord(CLI::App& programma) {
         "(20), short name (24), name (32), place of the sample (68), sample buffer (72).",
         "kelfun record session.channels session.samples --time u32ms",
         "kelfun record session.channels session.samples --time u32ms --only RPM --only 'GPS Speed' --unit mph --csv",
-        "kelfun record session.channels session.samples --time u32ms --plot session.pdf --from 0:30 --x distance"));
+        "kelfun record session.channels session.samples --time u32ms --plot - --x distance --from 0:30"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

@@ -37,9 +37,8 @@ struct Riassunto {
 std::string testo(const Riassunto& r, const ConteggiUbx& c) {
     const auto n = [](std::uint64_t valore) { return std::to_string(valore); };
     return n(r.soluzioni) + " solutions in " + n(c.byte) + " bytes; skipped: " + n(c.byte_fuori) +
-                              " bytes outside messages, " + n(r.altri) + " other messages, " + n(c.checksum_errati) +
-                              " bad checksums, " + n(r.lunghezza_errata) + " NAV-SOL of wrong length, " +
-                              n(c.byte_troncati) + " bytes truncated at the end";
+           " bytes outside messages, " + n(r.altri) + " other messages, " + n(c.checksum_errati) + " bad checksums, " +
+           n(r.lunghezza_errata) + " NAV-SOL of wrong length, " + n(c.byte_troncati) + " bytes truncated at the end";
 }
 
 std::vector<Colonna> colonne(const std::string& udm) {

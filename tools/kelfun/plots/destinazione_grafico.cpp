@@ -18,7 +18,7 @@ namespace kel::strumento {
 namespace {
 
 constexpr int CARATTERI_MASSIMI = 1000;  // columns, or lines
-constexpr std::size_t RIGHE_NOTA = 2;  // of a note below a plot in the terminal, at most
+constexpr std::size_t RIGHE_NOTA = 2;    // of a note below a plot in the terminal, at most
 
 constexpr std::pair<const char*, Formato> FORMATI[] = {
     {".svg", Formato::svg}, {".png", Formato::png}, {".pdf", Formato::pdf}};
@@ -41,6 +41,13 @@ void scrivi(const std::string& file, const std::string& byte) {
     const bool chiuso = !aperto || std::fclose(uscita) == 0;
     if (!scritto || !chiuso)
         throw NonTrovato("cannot write '" + file + "': " + std::strerror(scritto ? errno : errore));
+}
+
+// gnuplot leaves this sign as it is in a text, where XML does not allow it; it writes no CDATA, which ends so.
+std::string svgBenFormato(std::string svg) {
+    for (std::size_t dove = 0; (dove = svg.find("]]>", dove)) != std::string::npos;)
+        svg.replace(dove, 3, "]]&gt;");
+    return svg;
 }
 
 void di(const std::string& nota) {
@@ -68,8 +75,9 @@ DestinazioneGrafico::DestinazioneGrafico(const SceltaGrafico& scelta) : file_(sc
         return;
     const auto formato = formatoDi(file_);
     if (!formato)
-        throw ErroreUso("--plot '" + file_ +
-                        "' is no kind of picture; accepted: a name that ends with .svg, .png or .pdf, - for the terminal");
+        throw ErroreUso(
+            "--plot '" + file_ +
+            "' is no kind of picture; accepted: a name that ends with .svg, .png or .pdf, - for the terminal");
     formato_ = *formato;
     gnuplot_ = cercaGnuplot();
 }
@@ -82,7 +90,8 @@ void DestinazioneGrafico::disegna(const Grafico& grafico, std::vector<Nota> note
         return;
     }
     const Immagine immagine = istruzioniGnuplot(grafico, formato_, misura_);
-    scrivi(file_, eseguiGnuplot(gnuplot_, immagine.istruzioni));
+    std::string byte = eseguiGnuplot(gnuplot_, immagine.istruzioni);
+    scrivi(file_, formato_ == Formato::svg ? svgBenFormato(std::move(byte)) : byte);
     for (const Nota& nota : note)
         di(nota.testo());
     if (!immagine.nota.empty())

@@ -13,10 +13,10 @@ namespace kel::strumento {
 
 namespace {
 
-constexpr int COLONNE_MINIME = 16;         // below them nothing can be read
-constexpr int COLONNE_CON_TRACCIA = 60;    // panels and track side by side
-constexpr int RIGHE_PANNELLO_MINIME = 2;   // its greatest and its least value
-constexpr int RIGHE_PANNELLO_COMODE = 3;   // where the plot may be as high as it needs
+constexpr int COLONNE_MINIME = 16;        // below them nothing can be read
+constexpr int COLONNE_CON_TRACCIA = 60;   // panels and track side by side
+constexpr int RIGHE_PANNELLO_MINIME = 2;  // its greatest and its least value
+constexpr int RIGHE_PANNELLO_COMODE = 3;  // where the plot may be as high as it needs
 constexpr int RIGHE_ASSE = 2;
 constexpr int FRA_COLONNE = 3;
 constexpr int RIGHE_TRACCIA_MINIME = 8;
@@ -96,7 +96,8 @@ void disponiPannelli(const Grafico& grafico, const Terminale& terminale, Disposi
     if (affianco)
         d.colonna_traccia = d.colonne_pannelli + FRA_COLONNE;
     else if (traccia)
-        d.note.push_back({"no room for the track: it takes " + std::to_string(COLONNE_CON_TRACCIA) + " columns", {}, ""});
+        d.note.push_back(
+            {"no room for the track: it takes " + std::to_string(COLONNE_CON_TRACCIA) + " columns", {}, ""});
     d.pannelli = posti(grafico, d);
     int libere = terminale.righe - static_cast<int>(d.titolo.size()) - RIGHE_ASSE;
     const bool segni = !grafico.giri.empty() || !grafico.sessioni.empty();

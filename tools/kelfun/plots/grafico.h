@@ -31,8 +31,8 @@ struct Pannello {
     std::vector<Curva> curve;
     double altezza = 1;  ///< of the picture, in proportion to the other panels
 
-    bool vuoto() const;      ///< no curve has a value
-    double minimo() const;   ///< of all curves; 0 without values
+    bool vuoto() const;     ///< no curve has a value
+    double minimo() const;  ///< of all curves; 0 without values
     double massimo() const;
 };
 
@@ -54,8 +54,8 @@ struct Grafico {
     Ascissa ascissa = Ascissa::tempo;
     std::vector<Pannello> pannelli;
     Traccia traccia;
-    std::string udm_velocita;  ///< of the track
-    std::vector<Segno> giri;   ///< where laps begin, from left to right
+    std::string udm_velocita;        ///< of the track
+    std::vector<Segno> giri;         ///< where laps begin, from left to right
     std::vector<Sessione> sessioni;  ///< from left to right; none where there is only one
 
     bool vuoto() const { return pannelli.empty() && traccia.vuota(); }

@@ -18,11 +18,11 @@ namespace {
 constexpr double CARATTERE = 8;      // dots that a figure of the axes takes
 constexpr double FRA_TACCHE_Y = 24;  // dots, at least
 constexpr double TACCHE_Y_MASSIME = 8;
-constexpr double FRA_GIRI = 8;       // dots between two laps: closer ones hide what they mark
+constexpr double FRA_GIRI = 8;  // dots between two laps: closer ones hide what they mark
 const std::string GIRO = "lap ";
 const std::string SESSIONE = "session ";
 constexpr double FRA_SCRITTA_E_TRACCIA = 58;
-constexpr double GRADAZIONI = 64;    // shades of the speed along the track
+constexpr double GRADAZIONI = 64;  // shades of the speed along the track
 constexpr double DOT_IN_POLLICE = 96;
 
 // Okabe and Ito's colours, which people tell apart whatever colours they see; the yellow is too light for a line.
@@ -90,8 +90,8 @@ private:
                         " font 'DejaVu Sans,10' background '#ffffff'\n";
                 break;
             case Formato::pdf:
-                testo = "set terminal pdfcairo noenhanced rounded size " + n(pagina_.larghezza / DOT_IN_POLLICE) + "in," +
-                        n(pagina_.altezza / DOT_IN_POLLICE) + "in font 'DejaVu Sans,10' background '#ffffff'\n";
+                testo = "set terminal pdfcairo noenhanced rounded size " + n(pagina_.larghezza / DOT_IN_POLLICE) +
+                        "in," + n(pagina_.altezza / DOT_IN_POLLICE) + "in font 'DejaVu Sans,10' background '#ffffff'\n";
                 break;
         }
         // A long name gets smaller letters rather than no end.
@@ -125,8 +125,8 @@ private:
             if (punti[i].staccato && (i + 1 == punti.size() || punti[i + 1].staccato))
                 soli += riga;
         }
-        dati_ += "$l" + nome + " << EOD\n" + linee + "EOD\n$p" + nome + " << EOD\n" + (soli.empty() ? "NaN NaN\n" : soli) +
-                 "EOD\n";
+        dati_ += "$l" + nome + " << EOD\n" + linee + "EOD\n$p" + nome + " << EOD\n" +
+                 (soli.empty() ? "NaN NaN\n" : soli) + "EOD\n";
     }
 
     // A little room above and below, so that no line lies on the border.
@@ -138,7 +138,8 @@ private:
         const double grandezza = std::max(std::fabs(pannello.massimo()), std::fabs(pannello.minimo()));
         const bool ferma = ampiezza <= MINIMA * std::max(1.0, grandezza);
         const double margine = ferma ? std::max(1.0, grandezza * 0.1) : ampiezza * 0.08;
-        const double passo = passoTacche(ampiezza + 2 * margine, std::clamp(altezza / FRA_TACCHE_Y, 1.0, TACCHE_Y_MASSIME));
+        const double passo =
+            passoTacche(ampiezza + 2 * margine, std::clamp(altezza / FRA_TACCHE_Y, 1.0, TACCHE_Y_MASSIME));
         return "set yrange [" + n(pannello.minimo() - margine) + ":" + n(pannello.massimo() + margine) +
                "]\nset format y '%g'\nset ytics " + n(pannello.udm.empty() && passo < 1 ? 1.0 : passo) + "\n";
     }
@@ -164,12 +165,13 @@ private:
         };
         const auto nome = [&](double dove, const std::string& quale, double sopra, const char* colore) {
             if (primo)
-                testo += "set label " + testi_(quale) + " at first " + n(dove) +
-                         ",graph 1 left offset 0.3," + n(sopra) + " noenhanced front textcolor rgb '" + colore + "' font ',9'\n";
+                testo += "set label " + testi_(quale) + " at first " + n(dove) + ",graph 1 left offset 0.3," +
+                         n(sopra) + " noenhanced front textcolor rgb '" + colore + "' font ',9'\n";
         };
         const std::vector<Segno>& giri = grafico_.giri;
         const std::size_t ogni = ogniQuanti(giri, dot);
-        const bool fitti = giri.size() > 1 && (giri.back().x - giri.front().x) * dot < FRA_GIRI * static_cast<double>(giri.size());
+        const bool fitti =
+            giri.size() > 1 && (giri.back().x - giri.front().x) * dot < FRA_GIRI * static_cast<double>(giri.size());
         for (std::size_t i = 0; i < giri.size(); ++i) {
             if (!fitti || i % ogni == 0)
                 linea(giri[i].x, "dt (6,4) lc rgb '#9ca3af'");
@@ -202,7 +204,8 @@ private:
     std::string pannello(std::size_t i) {
         const Pannello& uno = grafico_.pannelli[i];
         const Riquadro& r = pagina_.pannelli[i];
-        std::string testo = margini(r) + asseY(uno, r.altezza()) + asseX(r.larghezza(), i + 1 == grafico_.pannelli.size());
+        std::string testo =
+            margini(r) + asseY(uno, r.altezza()) + asseX(r.larghezza(), i + 1 == grafico_.pannelli.size());
         testo += nomeRiquadro(titoloConUdm(uno.nome, uno.udm) + (uno.vuoto() ? ": no values" : ""));
         testo += segni(r, i == 0);
         testo += uno.curve.size() > 1
@@ -249,8 +252,8 @@ private:
         };
         const double passo = passoTacche(metri_per_dot * r.larghezza(), std::max(2.0, r.larghezza() / 90));
         return "set xrange " + intervallo(terreno.ovest, terreno.est, r.larghezza()) + "set yrange " +
-               intervallo(terreno.sud, terreno.nord, r.altezza()) + "set xtics " + n(passo) + "\nset ytics " + n(passo) +
-               "\n";
+               intervallo(terreno.sud, terreno.nord, r.altezza()) + "set xtics " + n(passo) + "\nset ytics " +
+               n(passo) + "\n";
     }
 
     // A line has one colour from point to point: where the speed changes more than a shade between two, there are points

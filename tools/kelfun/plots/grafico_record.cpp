@@ -192,10 +192,10 @@ std::vector<Nota> GraficoRecord::chiudi() {
             pannello.nome = pannello.curve.front().nome;
     if (troppi_giri_) {
         grafico_.giri.clear();
-        note.push_back({"the lap number changes more than " + std::to_string(GIRI_MASSIMI) +
-                            " times: no laps are marked",
-                        {},
-                        ""});
+        note.push_back(
+            {"the lap number changes more than " + std::to_string(GIRI_MASSIMI) + " times: no laps are marked",
+             {},
+             ""});
     } else if (grafico_.giri.size() == 1) {
         grafico_.giri.clear();  // it never changes
     }

@@ -34,8 +34,8 @@ double GraficoSoluzioni::secondi(std::uint32_t settimana_ms) {
 void GraficoSoluzioni::aggiungi(const Soluzione& soluzione) {
     const auto velocita = static_cast<double>(soluzione.velocita);
     const bool fix = soluzione.fix >= GPS_FIX_MINIMO && soluzione.satelliti >= GPS_SATELLITI_MINIMI;
-    const auto x = percorso_.colloca(secondi(soluzione.settimana_ms),
-                                     fix ? std::optional(velocita * per_ms_) : std::nullopt);
+    const auto x =
+        percorso_.colloca(secondi(soluzione.settimana_ms), fix ? std::optional(velocita * per_ms_) : std::nullopt);
     if (!x)
         return;
     if (percorso_.interrotto()) {

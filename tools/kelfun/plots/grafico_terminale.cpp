@@ -100,9 +100,10 @@ private:
             foglio_.metti(d_.asse, sopra + i, segni_.verticale);
         if (p.vuoto())
             return;
-        aSinistraDellAsse(sopra, etichetta(p.massimo()));
+        // A value that never changes lies at the foot.
+        aSinistraDellAsse(sopra + posto.righe - 1, etichetta(p.minimo()));
         if (p.minimo() < p.massimo())
-            aSinistraDellAsse(sopra + posto.righe - 1, etichetta(p.minimo()));
+            aSinistraDellAsse(sopra, etichetta(p.massimo()));
         for (std::size_t i = 0; i < p.curve.size(); ++i) {
             const char lettera = static_cast<char>('a' + i % 26);
             curva(p, p.curve[i].serie, posto.righe)
@@ -190,7 +191,9 @@ private:
         // One scale for both axes: a metre is as long to the east as to the north.
         const double scala =
             std::min((raster.larghezza() - 1) / std::max(1.0, larga), (raster.altezza() - 1) / std::max(1.0, alta));
-        const auto x = [&](const PuntoTraccia& p) { return static_cast<int>(std::lround((p.est - terreno.ovest) * scala)); };
+        const auto x = [&](const PuntoTraccia& p) {
+            return static_cast<int>(std::lround((p.est - terreno.ovest) * scala));
+        };
         const auto y = [&](const PuntoTraccia& p) {
             return raster.altezza() - 1 - static_cast<int>(std::lround((terreno.nord - p.nord) * scala));
         };

@@ -20,8 +20,8 @@ constexpr double SEGNI = 18;     // the numbers of the laps, or those of the ses
 constexpr double SOTTO = 56;     // texts of the axis and its name
 constexpr double SINISTRA = 70;  // labels of a panel
 constexpr double DESTRA = 26;
-constexpr double NOME = 26;             // of a panel, above its curves
-constexpr double CURVE_MINIME = 24;     // height in which something is still to be seen
+constexpr double NOME = 26;          // of a panel, above its curves
+constexpr double CURVE_MINIME = 24;  // height in which something is still to be seen
 constexpr double PANNELLO_STRETTO = 240;
 
 constexpr double FRA_COLONNE = 84;   // between the panels and the track: its labels
@@ -57,11 +57,11 @@ void mettiPannelli(const Grafico& grafico, double sopra, double destra, Impagina
     for (const Pannello& pannello : grafico.pannelli) {
         const double fine = riga + pannello.altezza * unita;
         if (fine - riga < NOME + CURVE_MINIME) {
-            const auto almeno = static_cast<int>(std::ceil((NOME + CURVE_MINIME) / pannello.altezza * pesi(grafico) +
-                                                           pagina.altezza - alto));
-            throw ErroreUso("--size: " + std::to_string(static_cast<int>(pagina.altezza)) +
-                            " dots are too low for " + std::to_string(grafico.pannelli.size()) +
-                            " panels; accepted: a height of " + std::to_string(almeno) + " and more");
+            const auto almeno = static_cast<int>(
+                std::ceil((NOME + CURVE_MINIME) / pannello.altezza * pesi(grafico) + pagina.altezza - alto));
+            throw ErroreUso("--size: " + std::to_string(static_cast<int>(pagina.altezza)) + " dots are too low for " +
+                            std::to_string(grafico.pannelli.size()) + " panels; accepted: a height of " +
+                            std::to_string(almeno) + " and more");
         }
         pagina.pannelli.push_back({SINISTRA, destra, riga + NOME, fine});
         riga = fine;

@@ -24,7 +24,7 @@ struct Riquadro {
 struct Impaginazione {
     double larghezza = 0;
     double altezza = 0;
-    std::vector<Riquadro> pannelli;    ///< one for each
+    std::vector<Riquadro> pannelli;  ///< one for each
     std::optional<Riquadro> traccia;
     std::string nota;  ///< what had no room; "" for nothing
 };

@@ -42,8 +42,10 @@ void aggiungiTratto(Comando& comando, SceltaGrafico& scelta) {
 
 Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
     if (!scelta.file)
-        for (const auto& [nome, valore] :
-             {std::pair("--size", &scelta.misura), {"--from", &scelta.da}, {"--to", &scelta.a}, {"--x", &scelta.ascissa}})
+        for (const auto& [nome, valore] : {std::pair("--size", &scelta.misura),
+                                           {"--from", &scelta.da},
+                                           {"--to", &scelta.a},
+                                           {"--x", &scelta.ascissa}})
             if (*valore)
                 throw ErroreUso(std::string(nome) + " is for a plot; accepted: --plot FILE with it");
     Tratto tratto;
@@ -55,9 +57,10 @@ Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
     tratto.da = secondi("--from", scelta.da);
     tratto.a = secondi("--to", scelta.a);
     if (!con_tempo && (tratto.da || tratto.a || scelta.ascissa))
-        throw ErroreUso("--from, --to and --x take times, and these records have none; accepted: --time or --rate with them");
+        throw ErroreUso(
+            "--from, --to and --x take times, and these records have none; accepted: --time or --rate with them");
     if (tratto.da && tratto.a && *tratto.a <= *tratto.da)
-        throw ErroreUso("--to '" + *scelta.a + "' is not behind --from '" + *scelta.da + "'");
+        throw ErroreUso("--to '" + *scelta.a + "' is not behind --from '" + *scelta.da + "'; accepted: a later time");
     return tratto;
 }
 

@@ -22,8 +22,8 @@ bool Percorso::comincia(double tempo) {
     const bool ritorno = ultimo_ && tempo < *ultimo_;
     if (ritorno) {
         if (ritorni_.size() == RITORNI_MASSIMI)
-            throw NonTrovato("time runs backwards more than " + std::to_string(RITORNI_MASSIMI) +
-                             " times by record " + std::to_string(record_) + ": these are no times of a recording");
+            throw NonTrovato("time runs backwards more than " + std::to_string(RITORNI_MASSIMI) + " times by record " +
+                             std::to_string(record_) + ": these are no times of a recording");
         ritorni_.push_back(record_);
     }
     return ritorno || !ultimo_;

@@ -45,12 +45,12 @@ private:
     bool comincia(double tempo);
 
     Tratto tratto_;
-    std::vector<Sessione> sessioni_;    // those that anything is drawn of
-    std::optional<double> ultimo_;      // time of the last record
-    std::optional<double> velocita_;    // and speed
-    double metri_ = 0;                  // in this session
-    double fine_ = 0;                   // of what is drawn so far
-    bool da_disegnare_ = true;          // nothing of this session has been drawn yet
+    std::vector<Sessione> sessioni_;  // those that anything is drawn of
+    std::optional<double> ultimo_;    // time of the last record
+    std::optional<double> velocita_;  // and speed
+    double metri_ = 0;                // in this session
+    double fine_ = 0;                 // of what is drawn so far
+    bool da_disegnare_ = true;        // nothing of this session has been drawn yet
     bool nuova_ = false;
     bool interrotto_ = false;
     double passo_ = 0;  // s between the last two records

@@ -41,9 +41,9 @@ private:
 
     std::vector<Punto> punti_;
     double tratto_ = 0;
-    std::size_t ultimo_ = 0;        // where the points of the last stretch begin
-    double numero_ultimo_ = 0;      // and which stretch it is, from 0; a whole number
-    bool rotta_ = true;             // a value was missing since the last point
+    std::size_t ultimo_ = 0;    // where the points of the last stretch begin
+    double numero_ultimo_ = 0;  // and which stretch it is, from 0; a whole number
+    bool rotta_ = true;         // a value was missing since the last point
     double minimo_ = 0;
     double massimo_ = 0;
 };

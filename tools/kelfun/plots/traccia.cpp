@@ -10,8 +10,8 @@ namespace kel::strumento {
 
 namespace {
 
-constexpr std::size_t FERMI_MASSIMI = 8192;  // thinned points
-constexpr std::size_t CODA = 4096;           // those behind them, still to be thinned
+constexpr std::size_t FERMI_MASSIMI = 8192;   // thinned points
+constexpr std::size_t CODA = 4096;            // those behind them, still to be thinned
 constexpr double METRI_IN_UN_GRADO = 111195;  // of a great circle, mean radius of the Earth 6371 km
 constexpr double CRESCITA_VELOCITA = std::numbers::sqrt2;
 
