@@ -16,7 +16,7 @@ namespace kel::strumento {
 namespace {
 
 constexpr double CARATTERE = 8;      // dots that a figure of the axes takes
-constexpr double FRA_TACCHE_Y = 24;  // dots, at least
+constexpr double FRA_TACCHE_Y = 18;  // dots, at least
 constexpr double TACCHE_Y_MASSIME = 8;
 constexpr double FRA_GIRI = 8;  // dots between two laps: closer ones hide what they mark
 const std::string GIRO = "lap ";
@@ -217,8 +217,8 @@ private:
 
     // Where curves lie on each other the lower one is the wider one.
     static double spessore(const Pannello& pannello, std::size_t curva) {
-        const double sopra = static_cast<double>(pannello.curve.size() - 1 - curva);
-        return 1.4 + std::min(2.0, sopra * 0.8);
+        const auto altre = static_cast<double>(pannello.curve.size() - 1);
+        return altre > 0 ? 2.2 - 0.8 * static_cast<double>(curva) / altre : 1.4;
     }
 
     // What has no unit is a number or a code: it jumps from one value to the next.
