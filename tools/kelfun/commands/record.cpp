@@ -1,4 +1,5 @@
 // kelfun record: the samples of a recording, a column for each channel.
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -12,6 +13,7 @@
 #include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_record.h"
+#include "plots/opzioni_grafico.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -24,7 +26,8 @@ struct Argomenti {
     std::string campioni;
     std::string frequenza;
     std::string orario;
-    std::optional<std::string> grafico;
+    SceltaGrafico grafico;
+    bool tutto = false;
     bool compatta = false;
     SceltaColonne colonne;
     SceltaForma forma;
@@ -91,20 +94,8 @@ void tabella(const Argomenti& argomenti, const Tempo& tempo, std::vector<Colonna
     documento.fine();
 }
 
-void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Tempo& tempo,
-             GraficoRecord& grafico, LettoreRecord& lettore) {
-    while (lettore.prossimo())
-        grafico.aggiungi(tempo.noto() ? tempo.secondi(lettore) : static_cast<double>(lettore.record() - 1),
-                         lettore.campioni());
-    const std::vector<std::string> fermi = grafico.chiudi();
-    if (lettore.record() != 0)
-        destinazione.disegna(grafico.grafico());
-    if (!fermi.empty() && argomenti.colonne.solo.empty())
-        std::fprintf(stderr, "not drawn, as they never change: %s\n", elenco(fermi).c_str());
-}
-
 // What was read, and what a size that does not fit may mean.
-void riassunto(const LettoreRecord& lettore, std::size_t dimensione_record, Orario orario) {
+std::string riassunto(const LettoreRecord& lettore, std::size_t dimensione_record, Orario orario) {
     std::string testo = std::to_string(lettore.record()) + " records of " +
                         std::to_string(dimensione_record + dimensione(orario)) + " bytes in " +
                         std::to_string(lettore.byte()) + " bytes; " + std::to_string(lettore.avanzo()) +
@@ -112,7 +103,28 @@ void riassunto(const LettoreRecord& lettore, std::size_t dimensione_record, Orar
     if (orario == Orario::nessuno && lettore.avanzo() != 0 &&
         lettore.byte() % (dimensione_record + dimensione(Orario::u32ms)) == 0)
         testo += "; none with --time u32ms";
-    std::fputs((testo + "\n").c_str(), stderr);
+    return testo;
+}
+
+// The columns of a plot: those asked for, or those that matter. Characters show one curve in a panel best.
+PannelliRecord pannelli(const Argomenti& argomenti, const std::vector<ColonnaRecord>& colonne) {
+    const bool nel_terminale = argomenti.grafico.file == "-";
+    return argomenti.tutto || !argomenti.colonne.solo.empty() ? unPannelloPerColonna(colonne)
+                                                              : pannelliPrincipali(colonne, !nel_terminale);
+}
+
+void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Tempo& tempo,
+             GraficoRecord& grafico, LettoreRecord& lettore, const std::function<std::string()>& riassunto) {
+    while (lettore.prossimo())
+        grafico.aggiungi(tempo.noto() ? tempo.secondi(lettore) : static_cast<double>(lettore.record() - 1),
+                         lettore.campioni());
+    std::vector<Nota> note = grafico.chiudi();
+    grafico.grafico().titolo = titoloGrafico(argomenti.campioni);
+    note.push_back({riassunto(), {}, ""});
+    if (lettore.record() != 0)
+        destinazione.disegna(grafico.grafico(), note, argomenti.tutto || !argomenti.colonne.solo.empty());
+    else
+        std::fputs((note.back().testo() + "\n").c_str(), stderr);
 }
 
 void esegui(const Argomenti& argomenti) {
@@ -120,8 +132,11 @@ void esegui(const Argomenti& argomenti) {
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     const Tempo tempo(argomenti);
     std::optional<DestinazioneGrafico> destinazione;
-    if (argomenti.grafico)
-        destinazione.emplace(*argomenti.grafico);
+    const Tratto tratto = trattoScelto(argomenti.grafico, tempo.noto());
+    if (argomenti.tutto && !argomenti.grafico.file)
+        throw ErroreUso("--all is for a plot, a table has all columns; accepted: --plot FILE with it");
+    if (argomenti.grafico.file)
+        destinazione.emplace(argomenti.grafico);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const std::vector<s_kel_canale> canali =
         leggiFileCanali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
@@ -130,14 +145,15 @@ void esegui(const Argomenti& argomenti) {
     ingresso.mostraAvanzamento(!destinazione);
     LettoreRecord lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); },
                           dimensioneRecord(canali), tempo.orario());
+    const auto letto = [&] { return riassunto(lettore, dimensioneRecord(canali), tempo.orario()); };
     if (destinazione) {
-        GraficoRecord grafico(*catalogo, canali, std::move(colonne), titoloGrafico(argomenti.campioni),
-                              tempo.noto() ? "time, s" : "record");
-        disegna(*destinazione, argomenti, tempo, grafico, lettore);
+        const std::vector<ColonnaRecord> tutte = colonneRecord(*catalogo, canali, {});
+        GraficoRecord grafico(*catalogo, canali, tutte, colonne, pannelli(argomenti, colonne), tratto);
+        disegna(*destinazione, argomenti, tempo, grafico, lettore, letto);
     } else {
         tabella(argomenti, tempo, colonne, lettore);
+        std::fputs((letto() + "\n").c_str(), stderr);
     }
-    riassunto(lettore, dimensioneRecord(canali), tempo.orario());
     if (lettore.record() == 0)
         throw NonTrovato("there is no whole record in it");
 }
@@ -176,6 +192,9 @@ void aggiungiRecord(CLI::App& programma) {
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
     aggiungiForma(comando, argomenti->forma);
     aggiungiGrafico(comando, argomenti->grafico).esclude(testi);
+    comando.bandiera("--all", argomenti->tutto,
+                     "Draw all channels, each in its panel, not only those that matter most");
+    aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(
         "A GPS packet's columns are WGS 84, from the packet's own numbers; where it has no fix they are nothing.\n"
         "A record holds one sample of every channel, little-endian, where the channel's record says, and is as long "
@@ -185,7 +204,7 @@ void aggiungiRecord(CLI::App& programma) {
         "(20), short name (24), name (32), place of the sample (68), sample buffer (72).",
         "kelfun record session.channels session.samples --time u32ms",
         "kelfun record session.channels session.samples --time u32ms --only RPM --only 'GPS Speed' --unit mph --csv",
-        "kelfun record session.channels session.samples --time u32ms --plot - --only RPM --only GPS"));
+        "kelfun record session.channels session.samples --time u32ms --plot - --x distance --from 0:30"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

@@ -13,6 +13,7 @@
 #include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_soluzioni.h"
+#include "plots/opzioni_grafico.h"
 #include "text/chiavi.h"
 #include "text/errori.h"
 #include "text/numeri.h"
@@ -25,7 +26,7 @@ struct Argomenti {
     std::string file;
     std::string udm;
     std::string decimali = "3";
-    std::optional<std::string> grafico;
+    SceltaGrafico grafico;
     bool dispositivo = false;
     SceltaForma forma;
 };
@@ -127,18 +128,18 @@ private:
     CanaleNavSol canale_;
 };
 
-void riassunto(const LettoreSoluzioni& lettore) {
+std::string riassunto(const LettoreSoluzioni& lettore) {
     const auto n = [](std::uint64_t valore) { return std::to_string(valore); };
     const ConteggiSoluzioni& s = lettore.conteggi();
     const ConteggiUbx& c = lettore.byte();
     std::string testo = n(s.soluzioni) + " solutions in " + n(c.byte) + " bytes; skipped: " + n(c.byte_fuori) +
                         " bytes outside messages, " + n(s.altri) + " other messages, " + n(c.checksum_errati) +
                         " bad checksums, " + n(s.lunghezza_errata) + " NAV-SOL or NAV-PVT of wrong length, " +
-                        n(c.byte_troncati) + " bytes truncated at the end\n";
+                        n(c.byte_troncati) + " bytes truncated at the end";
     if (s.stessa_epoca != 0)
-        testo += "there are both NAV-SOL and NAV-PVT in it: the first of each epoch is shown, " + n(s.stessa_epoca) +
-                 " of the other kind are left out\n";
-    std::fputs(testo.c_str(), stderr);
+        testo += "\nthere are both NAV-SOL and NAV-PVT in it: the first of each epoch is shown, " + n(s.stessa_epoca) +
+                 " of the other kind are left out";
+    return testo;
 }
 
 [[noreturn]] void senzaSoluzioni(const LettoreSoluzioni& lettore) {
@@ -146,6 +147,12 @@ void riassunto(const LettoreSoluzioni& lettore) {
     throw NonTrovato("there is no NAV-SOL (01 06) and no NAV-PVT (01 07) message in it; " +
                      (messaggi.empty() ? "it holds no UBX message at all"
                                        : "the messages that it holds, by class and id: " + messaggi));
+}
+
+// What a speed in a unit is multiplied with to be in m/s.
+double metriAlSecondo(const IFunzioni& catalogo, const std::string& udm) {
+    constexpr double KMH = 3.6;  // km/h in a m/s; the library's units start from km/h
+    return 1 / (KMH * static_cast<double>(catalogo.getParamConv(CanaleNavSol::fidVelocita(), udm)->gain));
 }
 
 void esegui(const Argomenti& argomenti) {
@@ -160,27 +167,33 @@ void esegui(const Argomenti& argomenti) {
     else
         vista = std::make_unique<VistaWgs84>(*catalogo, udm, static_cast<unsigned>(*decimali));
     std::optional<DestinazioneGrafico> destinazione;
-    if (argomenti.grafico)
-        destinazione.emplace(*argomenti.grafico);
+    const Tratto tratto = trattoScelto(argomenti.grafico, true);
+    if (argomenti.grafico.file)
+        destinazione.emplace(argomenti.grafico);
     Ingresso ingresso(argomenti.file);
     ingresso.mostraAvanzamento(!destinazione);
     LettoreSoluzioni lettore(
         [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
 
     if (destinazione) {
-        GraficoSoluzioni grafico(titoloGrafico(argomenti.file), udm);
+        GraficoSoluzioni grafico(udm, metriAlSecondo(*catalogo, udm), tratto);
         while (lettore.prossima())
             grafico.aggiungi(vista->punto(lettore));
+        std::vector<Nota> note = grafico.chiudi();
+        grafico.grafico().titolo = titoloGrafico(argomenti.file);
+        note.push_back({riassunto(lettore), {}, ""});
         if (lettore.conteggi().soluzioni != 0)
-            destinazione->disegna(grafico.grafico());
+            destinazione->disegna(grafico.grafico(), note, false);
+        else
+            std::fputs((note.back().testo() + "\n").c_str(), stderr);
     } else {
         Documento documento(stdout, argomenti.forma.forma());
         documento.inizia("solutions", "", vista->colonne(), true);
         while (lettore.prossima())
             documento.riga(vista->celle(lettore));
         documento.fine();
+        std::fputs((riassunto(lettore) + "\n").c_str(), stderr);
     }
-    riassunto(lettore);
     if (lettore.conteggi().soluzioni == 0)
         senzaSoluzioni(lettore);
 }
@@ -197,6 +210,7 @@ void aggiungiUbx(CLI::App& programma) {
                      "Show what the device shows: the library's values and texts of the logger's GPS packet");
     aggiungiForma(comando, argomenti->forma);
     aggiungiGrafico(comando, argomenti->grafico);
+    aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(
         "Positions are WGS 84, computed in double precision from the numbers of the message; the altitude is that "
         "above\n"
