@@ -30,16 +30,16 @@ def leggi_serie(percorso):
 
 
 def leggi_obiettivi(percorso):
-    """[(row pattern, names compared with or None for the limit, largest ratio)]"""
+    """[(row pattern, names compared with or "limit", largest ratio, the bound that it stops at or "")]"""
     obiettivi = []
     for linea in pathlib.Path(percorso).read_text().splitlines():
         if linea.strip() and not linea.startswith("#"):
-            riga, contro, massimo = (parte.strip() for parte in linea.split("|"))
-            obiettivi.append((riga, contro, float(massimo)))
+            riga, contro, massimo, *motivo = (parte.strip() for parte in linea.split("|"))
+            obiettivi.append((riga, contro, float(massimo), "".join(motivo)))
     return obiettivi
 
 
-def esito(ruoli, contro, massimo):
+def esito(ruoli, contro, massimo, motivo):
     """A target of a row: text, and whether it is held (None when there is nothing to compare with)."""
     nostro = next(iter(ruoli["ours"].values()))
     if contro == "limit":
@@ -47,10 +47,11 @@ def esito(ruoli, contro, massimo):
     else:
         tempi = [ruoli.get("peer", {}).get(nome.strip()) for nome in contro.split(",")]
         tempi = [tempo for tempo in tempi if tempo is not None]
+    limite = f"{massimo:g} of {contro}" + (f" (bound: {motivo})" if motivo else "")
     if not tempi:
-        return f"{massimo:g} of {contro}", None
+        return limite, None
     rapporto = nostro / min(tempi)
-    return f"{rapporto:.2f} <= {massimo:g} of {contro}", rapporto <= massimo
+    return f"{rapporto:.2f} <= {limite}", rapporto <= massimo
 
 
 def numero(valore):
@@ -72,7 +73,7 @@ def righe_tabella(serie, obiettivi):
             f"{nostro / pari[1]:.2f}" if pari else "-",
             f"{nostro / limite:.2f}" if limite else "-",
         ]
-        propri = [esito(ruoli, contro, massimo) for modello, contro, massimo in obiettivi
+        propri = [esito(ruoli, *obiettivo) for modello, *obiettivo in obiettivi
                   if fnmatch.fnmatchcase(riga, modello)]
         for _, tenuto in propri:
             conti[tenuto] += 1

@@ -5,8 +5,23 @@
 // before the generic row of their quantity. The diagnostic number of lambda stands apart from the other row of its
 // quantity: rows of one quantity are not always neighbours.
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/indice_grandezze.h"
 #include "tables/invarianti.h"
+#include "tables/posti_udm.h"
+#include "tables/righe_grandezze.h"
+#include "tables/udm_accelerazione.h"
+#include "tables/udm_adimensionali.h"
+#include "tables/udm_coordinate.h"
+#include "tables/udm_distanza.h"
+#include "tables/udm_elettriche.h"
+#include "tables/udm_fluidi.h"
+#include "tables/udm_frequenza.h"
+#include "tables/udm_miscela.h"
+#include "tables/udm_potenza.h"
+#include "tables/udm_pressione.h"
+#include "tables/udm_rotazione.h"
+#include "tables/udm_temperatura.h"
+#include "tables/udm_tempo.h"
+#include "tables/udm_velocita.h"
 
 namespace kel {
 namespace {
@@ -155,62 +170,77 @@ constexpr bool testi_in_misura() {
 }
 static_assert(testi_in_misura(), "texts are ASCII and fit their fields");
 
-// --- The index -----------------------------------------------------------------------------------------------------
+// --- The rows by quantity and object -----------------------------------------------------------------------------------
 
-namespace {
-
-// Whether the rows of a quantity find free places when its object 0 is at `inizio`.
-constexpr bool si_incastra(const IndiceGrandezze& indice, unsigned grandezza, unsigned inizio) {
-    for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
-        if (kelFidGrandezza(riga.chiave) == grandezza && kelFidOggetto(riga.chiave) != 0 &&
-            indice.posti[inizio + kelFidOggetto(riga.chiave)].grandezza != IndiceGrandezze::nessuna)
-            return false;
-    return true;
-}
-
-// The first shift that fits each quantity, one after the other.
-constexpr IndiceGrandezze costruisci_indice() {
-    IndiceGrandezze indice;
-    for (unsigned grandezza = 0; grandezza < IndiceGrandezze::grandezze; ++grandezza) {
-        auto& di_questa = indice.per_grandezza[grandezza];
-        while (!si_incastra(indice, grandezza, di_questa.inizio))
-            ++di_questa.inizio;
-        for (std::uint8_t numero = 0; numero + 1u < std::size(uib_grandezza_fisica_uiv); ++numero) {
-            const kel_funpos chiave = uib_grandezza_fisica_uiv[numero].chiave;
-            if (kelFidGrandezza(chiave) != grandezza)
-                continue;
-            if (kelFidOggetto(chiave) == 0)
-                di_questa.generica = numero;
-            else
-                indice.posti[di_questa.inizio + kelFidOggetto(chiave)] = {numero, static_cast<std::uint8_t>(grandezza)};
-        }
-    }
-    return indice;
-}
-
-}  // namespace
-
-constexpr IndiceGrandezze indice_grandezze = costruisci_indice();
-
-// The rule that the index stands for: the first row of the quantity that has the object or no object.
+// The rule: the first row of the quantity that has the object or no object.
 constexpr unsigned prima_riga(unsigned grandezza, unsigned oggetto) {
-    for (unsigned numero = 0; numero + 1 < std::size(uib_grandezza_fisica_uiv); ++numero) {
+    unsigned numero = 0;
+    for (; numero < riga_fine_grandezze; ++numero) {
         const kel_funpos chiave = uib_grandezza_fisica_uiv[numero].chiave;
         if (kelFidGrandezza(chiave) == grandezza && (kelFidOggetto(chiave) == oggetto || kelFidOggetto(chiave) == 0))
-            return numero;
+            break;
     }
-    return IndiceGrandezze::nessuna;
+    return numero;
 }
 
-constexpr bool indice_uguale_scansione() {
-    for (unsigned grandezza = 0; grandezza <= IndiceGrandezze::grandezze; ++grandezza)
-        for (unsigned oggetto = 0; oggetto <= IndiceGrandezze::oggetti; ++oggetto)
-            if (indice_grandezze.riga(kelFidComponi(grandezza, oggetto, 0)) != prima_riga(grandezza, oggetto))
+constexpr RigheGrandezze scandisci() {
+    RigheGrandezze righe = {};
+    for (unsigned grandezza = 0; grandezza < grandezze_con_riga; ++grandezza)
+        for (unsigned oggetto = 0; oggetto < oggetti_con_riga; ++oggetto)
+            righe.numeri[grandezza][oggetto] = static_cast<std::uint8_t>(prima_riga(grandezza, oggetto));
+    return righe;
+}
+
+constexpr RigheGrandezze righe_grandezze = scandisci();
+
+// One quantity and one object more than there is room for stand for all beyond.
+constexpr bool come_la_scansione() {
+    for (unsigned grandezza = 0; grandezza <= grandezze_con_riga; ++grandezza)
+        for (unsigned oggetto = 0; oggetto <= oggetti_con_riga; ++oggetto)
+            if (righe_grandezze.riga(kelFidComponi(grandezza, oggetto, 0)) != prima_riga(grandezza, oggetto))
                 return false;
     return true;
 }
-static_assert(indice_uguale_scansione(), "the index answers as a walk over the table would");
-static_assert(indice_grandezze.per_grandezza[FID_PHI_PACKAGE].generica != IndiceGrandezze::nessuna,
+static_assert(come_la_scansione(), "the row of an identifier is where a walk over the table stops");
+
+constexpr bool chiavi_in_misura() {
+    for (const s_grandezza_fisica_uiv* riga = uib_grandezza_fisica_uiv; riga->chiave != fine_grandezze; ++riga)
+        if (kelFidGrandezza(riga->chiave) >= grandezze_con_riga || kelFidOggetto(riga->chiave) >= oggetti_con_riga)
+            return false;
+    return true;
+}
+static_assert(chiavi_in_misura(), "there is room for the quantity and the object of every row");
+static_assert(prima_riga(FID_PHI_PACKAGE, 0) != riga_fine_grandezze,
               "every packet has a name in the table: none is composed");
+
+// --- The units by text -------------------------------------------------------------------------------------------------
+
+// From the last unit to the first: of those that share a place the first one's stays.
+constexpr PostiUdm trova_posti() {
+    PostiUdm posti = {};
+    for (unsigned riga = 0; riga < riga_fine_grandezze; ++riga) {
+        const s_grandezza_fisica_uiv& grandezza = uib_grandezza_fisica_uiv[riga];
+        for (int i = grandezza.num_udm - 1; i >= 0; --i)
+            posti.udm[riga][posto_udm(grandezza.udm[i].dati.udm)] = static_cast<std::uint8_t>(i);
+    }
+    return posti;
+}
+
+constexpr PostiUdm posti_udm = trova_posti();
+
+// Units whose place is another's, and where that other one does not stand before them.
+constexpr unsigned fuori_posto(bool solo_dietro) {
+    unsigned quante = 0;
+    for (unsigned riga = 0; riga < riga_fine_grandezze; ++riga) {
+        const s_grandezza_fisica_uiv& grandezza = uib_grandezza_fisica_uiv[riga];
+        for (int i = 0; i < grandezza.num_udm; ++i) {
+            const int al_posto = posti_udm.udm[riga][posto_udm(grandezza.udm[i].dati.udm)];
+            quante += (solo_dietro ? al_posto > i : al_posto != i) ? 1 : 0;
+        }
+    }
+    return quante;
+}
+static_assert(fuori_posto(true) == 0, "a unit is found at its place or behind the one that is there");
+static_assert(fuori_posto(false) == 2, "all units are at their places, but gal/h behind gal/s and rpm/100 behind rpm");
 
 }  // namespace kel

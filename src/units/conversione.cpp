@@ -22,8 +22,7 @@ s_converter_data kelFunGetConvDatas(kel_funpos fid, const char* udmDa, const cha
         return identita;
 
     // The result carries no reciprocal flag: between a speed and a pace it is the plain linear conversion.
-    s_converter_data conversione = identita;
-    conversione.gain = a->dati.gain / da->dati.gain;
-    conversione.offset = a->dati.offset - (a->dati.gain * da->dati.offset) / da->dati.gain;
-    return conversione;
+    const float gain = a->dati.gain / da->dati.gain;
+    const float offset = a->dati.offset - (a->dati.gain * da->dati.offset) / da->dati.gain;
+    return {"", offset, gain, 0};
 }

@@ -1,37 +1,27 @@
 #include "units/grandezza.h"
 
-#include "tables/indice_grandezze.h"
-#include "units/confronto.h"
+#include <cstddef>
+#include <cstring>
+
+#include "tables/posti_udm.h"
+#include "tables/righe_grandezze.h"
 
 namespace kel {
-namespace {
-
-// The first two bytes of a text, its NUL among them.
-unsigned primi_due(const char* testo) noexcept {
-    const auto primo = static_cast<unsigned char>(testo[0]);
-    return primo != 0 ? primo | static_cast<unsigned>(static_cast<unsigned char>(testo[1])) << 8 : 0;
-}
-
-}  // namespace
 
 const s_grandezza_fisica_uiv* cerca_grandezza(kel_funpos fid) noexcept {
-    const unsigned riga = indice_grandezze.riga(fid);
-    return riga != IndiceGrandezze::nessuna ? &uib_grandezza_fisica_uiv[riga] : nullptr;
+    const unsigned riga = righe_grandezze.riga(fid);
+    return riga != riga_fine_grandezze ? &uib_grandezza_fisica_uiv[riga] : nullptr;
 }
 
 const s_udm_associata* cerca_udm(const s_grandezza_fisica_uiv& grandezza, const char* udm) noexcept {
-    // Which unit is asked for cannot be foretold: the rows are looked at by their first two characters, all of them and
-    // without a branch, and only the row found is compared.
-    const unsigned inizio = primi_due(udm);
-    int trovata = 0;
-    for (int i = grandezza.num_udm - 1; i >= 0; --i)
-        trovata = primi_due(grandezza.udm[i].dati.udm) == inizio ? i : trovata;
-    if (uguali(grandezza.udm[trovata].dati.udm, udm))
-        return &grandezza.udm[trovata];
-    // Another row may begin like the one found.
-    for (int i = trovata + 1; i < grandezza.num_udm; ++i)
-        if (uguali(grandezza.udm[i].dati.udm, udm))
-            return &grandezza.udm[i];
+    const std::ptrdiff_t riga = &grandezza - uib_grandezza_fisica_uiv;
+    const s_udm_associata* const fine = grandezza.udm + grandezza.num_udm;
+    // Nearly always the first comparison is the last.
+    const s_udm_associata* trovata = &grandezza.udm[posti_udm.udm[riga][posto_udm(udm)]];
+    do {
+        if (std::strcmp(trovata->dati.udm, udm) == 0)
+            return trovata;
+    } while (++trovata != fine);
     return nullptr;
 }
 

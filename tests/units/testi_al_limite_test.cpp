@@ -1,4 +1,4 @@
-// Unit texts are read up to their NUL and no further: they may end where the caller's memory ends.
+// Unit texts are read up to their NUL and no further: they may end where the caller's memory ends, or begin where it begins.
 #include <gtest/gtest.h>
 #include <kelfunzioni.h>
 
@@ -20,6 +20,12 @@ protected:
         return reinterpret_cast<const char*>(dove);
     }
 
+    // The text, its first character in the first byte that may be read.
+    const char* InTesta(const std::string& testo) {
+        std::memcpy(recinto_.InTesta(), testo.c_str(), testo.size() + 1);
+        return reinterpret_cast<const char*>(recinto_.InTesta());
+    }
+
 private:
     kel_test::Recinto recinto_;
 };
@@ -38,6 +44,26 @@ TEST_F(UnitTextAtTheEndOfMemory, WithoutACharacterOrUnknownIsTheBaseUnit) {
     EXPECT_STREQ(kelFunGetConvData(distanza, InFondo("f"))->udm, "m");
     EXPECT_STREQ(kelFunGetConvData(distanza, InFondo("V"))->udm, "m");
     EXPECT_EQ(kelFunGetNumDecimaliDefault(distanza, InFondo("")), 0);
+}
+
+TEST_F(UnitTextAtTheEndOfMemory, OrAtItsBeginningIsReadFromItsFirstCharacterOn) {
+    constexpr kel_funpos distanza = kelFidComponi(FID_PHI_DISTANCE, 0, 0);
+    for (const char* testo : {"", "m", "f", "ft", "furlong"}) {
+        const std::string atteso = std::string(testo) == "ft" ? "ft" : "m";
+        EXPECT_EQ(kelFunGetConvData(distanza, InTesta(testo))->udm, atteso) << '"' << testo << '"';
+    }
+}
+
+// Units whose places are taken by others of their quantity.
+TEST(UnitsThatBeginAlike, AreToldApart) {
+    constexpr kel_funpos portata = kelFidComponi(FID_PHI_VOLUME_SEC_RATIO, 0, 0);
+    constexpr kel_funpos rotazione = kelFidComponi(FID_PHI_ANGLE_SEC_RATIO, 0, 0);
+    EXPECT_STREQ(kelFunGetConvData(portata, "gal/s")->udm, "gal/s");
+    EXPECT_STREQ(kelFunGetConvData(portata, "gal/h")->udm, "gal/h");
+    EXPECT_STREQ(kelFunGetConvData(portata, "gal")->udm, "l/s");
+    EXPECT_STREQ(kelFunGetConvData(rotazione, "rpm")->udm, "rpm");
+    EXPECT_STREQ(kelFunGetConvData(rotazione, "rpm/100")->udm, "rpm/100");
+    EXPECT_STREQ(kelFunGetConvData(rotazione, "rpm/")->udm, "deg/s");
 }
 
 }  // namespace

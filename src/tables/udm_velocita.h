@@ -1,4 +1,9 @@
 // Units of speed: value in the unit = value in the base unit * gain + offset.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_VELOCITA_H
+#define KEL_TABLES_UDM_VELOCITA_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -38,3 +43,5 @@ static_assert(unita_distinte(kmh_vel_udm_associate), "each unit stands once, wit
 static_assert(decimali_ordinati(kmh_vel_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif

@@ -1,4 +1,9 @@
 // Electrical units: value in the unit = value in the base unit * gain + offset.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_ELETTRICHE_H
+#define KEL_TABLES_UDM_ELETTRICHE_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -42,3 +47,5 @@ static_assert(unita_distinte(A_udm_associate), "each unit stands once, with a ga
 static_assert(decimali_ordinati(A_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif

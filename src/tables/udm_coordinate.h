@@ -1,4 +1,9 @@
 // Units of coordinates: value in the unit = value in the base unit * gain + offset.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_COORDINATE_H
+#define KEL_TABLES_UDM_COORDINATE_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -52,3 +57,5 @@ static_assert(unita_distinte(coord_udm_associate), "each unit stands once, with 
 static_assert(decimali_ordinati(coord_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif

@@ -1,4 +1,9 @@
 // Units of time: value in the unit = value in the base unit * gain + offset.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_TEMPO_H
+#define KEL_TABLES_UDM_TEMPO_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -58,3 +63,5 @@ static_assert(unita_distinte(date_udm_associate), "each unit stands once, with a
 static_assert(decimali_ordinati(date_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif

@@ -1,4 +1,9 @@
 // Units of acceleration: value in the unit = value in the base unit * gain + offset.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_ACCELERAZIONE_H
+#define KEL_TABLES_UDM_ACCELERAZIONE_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -21,3 +26,5 @@ static_assert(unita_distinte(g_udm_associate), "each unit stands once, with a ga
 static_assert(decimali_ordinati(g_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif

@@ -1,4 +1,9 @@
 // Units of pressure: value in the unit = value in the base unit * gain + offset.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_PRESSIONE_H
+#define KEL_TABLES_UDM_PRESSIONE_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -48,3 +53,5 @@ static_assert(unita_distinte(bar_brake_udm_associate), "each unit stands once, w
 static_assert(decimali_ordinati(bar_brake_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif

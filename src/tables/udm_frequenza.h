@@ -1,4 +1,9 @@
 // Units of frequency: value in the unit = value in the base unit * gain + offset.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_FREQUENZA_H
+#define KEL_TABLES_UDM_FREQUENZA_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -22,3 +27,5 @@ static_assert(unita_distinte(Hz_udm_associate), "each unit stands once, with a g
 static_assert(decimali_ordinati(Hz_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif

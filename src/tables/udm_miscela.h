@@ -1,4 +1,9 @@
 // Units of the mixture: value in the unit = value in the base unit * gain + offset.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_MISCELA_H
+#define KEL_TABLES_UDM_MISCELA_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -41,3 +46,5 @@ static_assert(unita_distinte(lambda_tot_udm_associate), "each unit stands once, 
 static_assert(decimali_ordinati(lambda_tot_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif

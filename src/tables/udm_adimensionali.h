@@ -1,4 +1,9 @@
 // Quantities without a physical unit.
+//
+// Defined here, and included once, where the quantity table needs the texts.
+#ifndef KEL_TABLES_UDM_ADIMENSIONALI_H
+#define KEL_TABLES_UDM_ADIMENSIONALI_H
+
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 
@@ -81,3 +86,5 @@ static_assert(unita_distinte(pckt_udm_associate), "each unit stands once, with a
 static_assert(decimali_ordinati(pckt_udm_associate), "min <= default <= max in every row");
 
 }  // namespace kel
+
+#endif
