@@ -1,7 +1,6 @@
 #include "cli/forma.h"
 
 #include "io/colore.h"
-#include "text/errori.h"
 
 namespace kel::strumento {
 
@@ -11,7 +10,7 @@ void aggiungiForma(Comando& comando, SceltaForma& scelta) {
     ndjson.esclude(json);
     comando.bandiera("--csv", scelta.csv, "Print CSV").esclude(json).esclude(ndjson);
     comando.opzione("--color", scelta.colori, "Colour the tables: auto (default; on a terminal), always, never")
-        .valore("{auto,always,never}");
+        .scelta({"auto", "always", "never"});
 }
 
 void escludiForma(const Comando& comando, Opzione opzione) {
@@ -21,8 +20,6 @@ void escludiForma(const Comando& comando, Opzione opzione) {
 }
 
 Aspetto SceltaForma::forma() const {
-    if (colori != "auto" && colori != "always" && colori != "never")
-        throw ErroreUso("there is no --color '" + colori + "'; accepted: auto, always, never");
     if (json || ndjson || csv)
         return {json ? Forma::json : ndjson ? Forma::ndjson : Forma::csv, false};
     return {Forma::tabella, ammetteColori(colori, stdout)};
