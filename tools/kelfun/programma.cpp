@@ -16,9 +16,9 @@
 #include "commands/comandi.h"
 #include "completion/completa.h"
 #include "io/colore.h"
+#include "io/messaggi.h"
 #include "io/uscita.h"
 #include "text/errori.h"
-#include "text/mostrabile.h"
 #include "text/vicini.h"
 
 namespace kel::strumento {
@@ -86,8 +86,7 @@ std::string colori(const CLI::App& comando) {
 
 int errore(const CLI::App& comando, const std::string& chi, const std::string& testo, int stato) {
     const bool colorato = ammetteColori(colori(comando), stderr);
-    const std::string prima = colorato ? std::string(ROSSO) + chi + ":" + std::string(NORMALE) : chi + ":";
-    std::fprintf(stderr, "%s %s\n", prima.c_str(), mostrabile(testo).c_str());
+    messaggio(chi, testo, colorato ? ROSSO : std::string_view());
     return stato;
 }
 

@@ -2,7 +2,7 @@
 
 namespace kel::strumento {
 
-std::string esempi(const char* note, const char* primo, const char* secondo, const char* terzo) {
+std::string esempi(const std::string& note, const char* primo, const char* secondo, const char* terzo) {
     std::string testo = note;
     testo += testo.empty() ? "Examples:\n" : "\n\nExamples:\n";
     for (const char* esempio : {primo, secondo, terzo})

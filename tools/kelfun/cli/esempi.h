@@ -7,7 +7,7 @@
 namespace kel::strumento {
 
 /// Text shown below the options by --help: notes and three command lines that work as they stand.
-std::string esempi(const char* note, const char* primo, const char* secondo, const char* terzo);
+std::string esempi(const std::string& note, const char* primo, const char* secondo, const char* terzo);
 
 }  // namespace kel::strumento
 

@@ -4,11 +4,13 @@
 
 namespace kel::strumento {
 
-void aggiungiForma(Comando& comando, SceltaForma& scelta) {
+void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std::string>& tabelle) {
     const Opzione json = comando.bandiera("--json", scelta.json, "Print JSON");
     Opzione ndjson = comando.bandiera("--ndjson", scelta.ndjson, "Print JSON, one object a line");
     ndjson.esclude(json);
-    comando.bandiera("--csv", scelta.csv, "Print CSV").esclude(json).esclude(ndjson);
+    comando.bandiera("--csv", scelta.csv, "Print CSV: one table").esclude(json).esclude(ndjson);
+    if (!tabelle.empty())
+        comando.opzione("--table", scelta.tabella, "Print only this table (default of CSV: the first)").scelta(tabelle);
     comando.opzione("--color", scelta.colori, "Colour the tables: auto (default; on a terminal), always, never")
         .scelta({"auto", "always", "never"});
 }
@@ -21,8 +23,8 @@ void escludiForma(const Comando& comando, Opzione opzione) {
 
 Aspetto SceltaForma::forma() const {
     if (json || ndjson || csv)
-        return {json ? Forma::json : ndjson ? Forma::ndjson : Forma::csv, false};
-    return {Forma::tabella, ammetteColori(colori, stdout)};
+        return {json ? Forma::json : ndjson ? Forma::ndjson : Forma::csv, false, tabella};
+    return {Forma::tabella, ammetteColori(colori, stdout), tabella};
 }
 
 }  // namespace kel::strumento

@@ -146,7 +146,7 @@ void aggiungiFid(CLI::App& programma) {
     comando.opzione("ID", argomenti->id, "Hexadecimal (0x10), decimal (16) or a legacy identifier (REF_SPEED)")
         .valore("");
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"fields", "properties", "units", "choices", "camera", "subfields"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi("Value in a unit = value in the base unit * gain + offset.", "kelfun fid 0x10",
                         "kelfun fid FG_GEAR_BOX_TEMP --json",

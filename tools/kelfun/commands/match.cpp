@@ -159,7 +159,7 @@ void aggiungiMatch(CLI::App& programma) {
         .valore("FILE");
     comando.opzione("--variant", argomenti->variante, "Only one: match, full or list").valore("NAME");
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"matches", "properties"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(
         esempi("Fields of the request that are 0 match anything. match: first channel by quantity, object and "

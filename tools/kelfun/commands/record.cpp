@@ -5,9 +5,11 @@
 #include "captures/canali_record.h"
 #include "captures/file_canali.h"
 #include "captures/registrazione.h"
+#include "cli/avvisi.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
+#include "domain/avvisi_unita.h"
 #include "domain/unita.h"
 #include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
@@ -27,6 +29,7 @@ struct Argomenti {
     std::optional<std::string> grafico;
     bool compatta = false;
     SceltaColonne colonne;
+    Avvisi avvisi;
     SceltaForma forma;
 };
 
@@ -115,7 +118,7 @@ void riassunto(const LettoreRecord& lettore, std::size_t dimensione_record, Orar
     std::fputs((testo + "\n").c_str(), stderr);
 }
 
-void esegui(const Argomenti& argomenti) {
+void esegui(Argomenti& argomenti) {
     if (argomenti.canali == "-" && argomenti.campioni == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     const Tempo tempo(argomenti);
@@ -126,6 +129,8 @@ void esegui(const Argomenti& argomenti) {
     const std::vector<s_kel_canale> canali =
         leggiFileCanali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
     std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
+    for (const ColonnaRecord& colonna : colonne)
+        argomenti.avvisi.subito(avvisoUnita(*catalogo, colonna.fid, colonna.udm));
     Ingresso ingresso(argomenti.campioni);
     ingresso.mostraAvanzamento(!destinazione);
     LettoreRecord lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); },
@@ -172,7 +177,8 @@ void aggiungiRecord(CLI::App& programma) {
         comando.bandiera("--text", argomenti->colonne.testi, "Show the library's texts in place of values");
     comando.bandiera("--packed", argomenti->compatta,
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiAvvisi(comando, argomenti->avvisi);
+    aggiungiForma(comando, argomenti->forma, {"records"});
     aggiungiGrafico(comando, argomenti->grafico).esclude(testi);
     comando.note(esempi(
         "A record holds one sample of every channel, little-endian, where the channel's record says, and is as long "

@@ -121,7 +121,7 @@ void aggiungiUbx(CLI::App& programma) {
     comando.opzione("FILE", argomenti->file, "Capture, or - for standard input").valore("").obbligatoria();
     comando.opzione("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph").valore("UNIT");
     comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("N");
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"solutions"});
     aggiungiGrafico(comando, argomenti->grafico);
     comando.note(esempi(
         "Every value is what the library makes of the logger's GPS packet:\n"
