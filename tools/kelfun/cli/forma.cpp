@@ -16,7 +16,7 @@ void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std:
 }
 
 void escludiForma(const Comando& comando, Opzione opzione) {
-    for (const char* nome : {"--json", "--ndjson", "--csv"})
+    for (const char* nome : {"--json", "--ndjson", "--csv", "--table"})
         if (const auto forma = comando.trova(nome))
             opzione.esclude(*forma);
 }

@@ -207,15 +207,23 @@ std::optional<std::string> avvisoBit(const Argomenti& argomenti) {
            ", as the device does, and none of the field's own bits";
 }
 
-std::optional<std::string> avvisoGps(const std::vector<Decodifica>& decodifiche) {
+// What the device makes of a GPS packet's subfields, and a person does not expect.
+std::optional<std::string> avvisoGps(const std::vector<Decodifica>& decodifiche, unsigned tipo) {
     const auto mostra = [&](kel_funpos fid) {
         return std::ranges::any_of(decodifiche, [&](const Decodifica& una) { return una.fid() == fid; });
     };
+    if (tipo != KEL_TIPO_GPS_KEL && tipo != KEL_TIPO_GPS_NAVSOL)
+        return std::nullopt;
+    std::vector<std::string> fatti;
     if (mostra(GPS_LATITUDINE))
-        return "latitudes follow the device's rule, up to 0.19 degrees from WGS 84, and accuracies are the low bytes "
-               "of "
-               "what the receiver sends; kelfun ubx shows true ones";
-    return std::nullopt;
+        fatti.emplace_back("its latitude lies up to 0.19 degrees from WGS 84");
+    if (mostra(GPS_ACCURATEZZA_POSIZIONE) || mostra(GPS_ACCURATEZZA_VELOCITA))
+        fatti.emplace_back("its accuracies are the low bytes of cm and cm/s");
+    if (tipo == KEL_TIPO_GPS_NAVSOL && mostra(GPS_VELOCITA))
+        fatti.emplace_back("its speed is in cm/s, whatever the unit");
+    if (fatti.empty())
+        return std::nullopt;
+    return "the packet is shown as the device shows it: " + elenco(fatti);
 }
 
 void inizia(Documento& documento, bool flusso) {
@@ -264,7 +272,7 @@ void esegui(Argomenti& argomenti) {
         aggiungiSottocampi(decodifiche, *catalogo, canale, argomenti);
     argomenti.avvisi.subito(avvisoUnita(*catalogo, fid, udm));
     argomenti.avvisi.subito(avvisoBit(argomenti));
-    argomenti.avvisi.subito(avvisoGps(decodifiche));
+    argomenti.avvisi.subito(avvisoGps(decodifiche, tipo));
     if (!argomenti.codice.empty()) {
         std::string byte;
         campioni.leggi([] {}, [&](const char* uno) { byte.append(uno, campioni.dimensione()); });

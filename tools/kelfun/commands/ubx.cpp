@@ -120,7 +120,7 @@ void aggiungiUbx(CLI::App& programma) {
     Comando comando(programma, "ubx", "GPS solutions (UBX NAV-SOL) of a u-blox byte stream");
     comando.opzione("FILE", argomenti->file, "Capture, or - for standard input").valore("").obbligatoria();
     comando.opzione("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph").valore("UNIT");
-    comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("N");
+    comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("{0,1,2,3}");
     aggiungiForma(comando, argomenti->forma, {"solutions"});
     aggiungiGrafico(comando, argomenti->grafico);
     comando.note(esempi(

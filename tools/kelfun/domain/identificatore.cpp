@@ -89,12 +89,14 @@ void aggiungiCampi(Comando& comando, CampiDati& campi) {
         .gruppo(gruppo);
     comando.opzione("--object", campi.oggetto, "Measured object: oil, water, lap...").valore("NAME").gruppo(gruppo);
     comando.opzione("--position", campi.posizione, "Position: wheel, engine, gps...").valore("NAME").gruppo(gruppo);
-    comando.opzione("--inout", campi.inout, "in, out or center").valore("NAME").gruppo(gruppo);
+    comando.opzione("--inout", campi.inout, "in, out or center").valore("DIRECTION").gruppo(gruppo);
     comando.opzione("--side", campi.lati, "Sides, such as 'front left'; may be repeated")
-        .valore("NAME")
+        .valore("SIDE")
         .gruppo(gruppo)
         .ripetibile();
-    comando.opzione("--number", campi.numero, "Instance number, 0 to 63, in place of sides").valore("N").gruppo(gruppo);
+    comando.opzione("--number", campi.numero, "Instance number, 0 to 63, in place of sides")
+        .valore("NUMBER")
+        .gruppo(gruppo);
     comando.opzione("--details", campi.dettagli, "Kind of packet: laptime, datetime, gps")
         .valore("NAME")
         .gruppo(gruppo);
