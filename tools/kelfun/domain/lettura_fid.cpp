@@ -103,7 +103,7 @@ std::optional<kel_funpos> fidDaNumeroOVecchio(IFunzioni& catalogo, std::string_v
 kel_funpos leggiFid(IFunzioni& catalogo, std::string_view testo) {
     if (const auto fid = fidDaNumeroOVecchio(catalogo, testo))
         return *fid;
-    const std::vector<Noto> noti = identificatoriNoti(catalogo);
+    static const std::vector<Noto> noti = identificatoriNoti(catalogo);  // the same of every catalogue
     const std::vector<const Noto*> trovati = conNome(noti, normale(testo));
     if (trovati.size() == 1)
         return trovati.front()->fid;
