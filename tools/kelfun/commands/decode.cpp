@@ -10,9 +10,9 @@
 #include "code/codice.h"
 #include "commands/campioni_dati.h"
 #include "commands/comandi.h"
+#include "domain/avvisi_campioni.h"
 #include "domain/avvisi_unita.h"
 #include "domain/canale.h"
-#include "domain/fid_gps.h"
 #include "domain/identificatore.h"
 #include "domain/tipi_campione.h"
 #include "output/celle.h"
@@ -198,32 +198,11 @@ void aggiungiSottocampi(std::vector<Decodifica>& decodifiche, IFunzioni& catalog
     }
 }
 
-std::optional<std::string> avvisoBit(const Argomenti& argomenti) {
-    if (argomenti.bit.empty())
-        return std::nullopt;
-    const CampoBit bit = leggiBit(argomenti.bit);
-    const unsigned sopra = bit.posizione + bit.quanti;
-    return "--bits " + argomenti.bit + " shows the single bit above the field, bit " + std::to_string(sopra) +
-           ", as the device does, and none of the field's own bits";
-}
-
-// What the device makes of a GPS packet's subfields, and a person does not expect.
-std::optional<std::string> avvisoGps(const std::vector<Decodifica>& decodifiche, unsigned tipo) {
-    const auto mostra = [&](kel_funpos fid) {
-        return std::ranges::any_of(decodifiche, [&](const Decodifica& una) { return una.fid() == fid; });
-    };
-    if (tipo != KEL_TIPO_GPS_KEL && tipo != KEL_TIPO_GPS_NAVSOL)
-        return std::nullopt;
-    std::vector<std::string> fatti;
-    if (mostra(GPS_LATITUDINE))
-        fatti.emplace_back("its latitude lies up to 0.19 degrees from WGS 84");
-    if (mostra(GPS_ACCURATEZZA_POSIZIONE) || mostra(GPS_ACCURATEZZA_VELOCITA))
-        fatti.emplace_back("its accuracies are the low bytes of cm and cm/s");
-    if (tipo == KEL_TIPO_GPS_NAVSOL && mostra(GPS_VELOCITA))
-        fatti.emplace_back("its speed is in cm/s, whatever the unit");
-    if (fatti.empty())
-        return std::nullopt;
-    return "the packet is shown as the device shows it: " + elenco(fatti);
+std::vector<kel_funpos> mostrati(const std::vector<Decodifica>& decodifiche) {
+    std::vector<kel_funpos> tutti;
+    for (const Decodifica& una : decodifiche)
+        tutti.push_back(una.fid());
+    return tutti;
 }
 
 void inizia(Documento& documento, bool flusso) {
@@ -270,22 +249,34 @@ void esegui(Argomenti& argomenti) {
     decodifiche.emplace_back(*catalogo, canale, fid, udm, catalogo->getNomeFunzione(fid, false), argomenti);
     if (intero)
         aggiungiSottocampi(decodifiche, *catalogo, canale, argomenti);
-    argomenti.avvisi.subito(avvisoUnita(*catalogo, fid, udm));
-    argomenti.avvisi.subito(avvisoBit(argomenti));
-    argomenti.avvisi.subito(avvisoGps(decodifiche, tipo));
+    const CampoBit bit = leggiBit(argomenti.bit);
+    const std::optional<std::string> avvisi[] = {avvisoUnita(*catalogo, fid, udm),
+                                                 avvisoBit(argomenti.bit, bit.posizione + bit.quanti),
+                                                 avvisoGps(mostrati(decodifiche), tipo)};
+    for (const auto& avviso : avvisi)
+        argomenti.avvisi.pretendi(avviso);
+    const auto avvisa = [&] {
+        for (const auto& avviso : avvisi)
+            argomenti.avvisi.di(avviso);
+    };
     if (!argomenti.codice.empty()) {
         std::string byte;
         campioni.leggi([] {}, [&](const char* uno) { byte.append(uno, campioni.dimensione()); });
         programma(argomenti, *catalogo, canale, fid, udm, byte, intero);
+        avvisa();
         return campioni.fine();
     }
     std::int64_t campione = 0;
-    campioni.leggi([&] { inizia(documento, campioni.conRighe()); },
-                   [&](const char* byte) {
-                       for (Decodifica& una : decodifiche)
-                           una.riga(documento, campione, byte);
-                       ++campione;
-                   });
+    campioni.leggi(
+        [&] {
+            avvisa();
+            inizia(documento, campioni.conRighe());
+        },
+        [&](const char* byte) {
+            for (Decodifica& una : decodifiche)
+                una.riga(documento, campione, byte);
+            ++campione;
+        });
     documento.fine();
     campioni.fine();
 }
@@ -325,10 +316,11 @@ void aggiungiDecode(CLI::App& programma) {
         "input each sample is answered once its bytes are there; a wrong line is reported and left out (exit status "
         "1).\n"
         "Types: " +
-            elenco(nomiCampioni()) +
+            suRighe(nomiCampioni()) +
             ".\n"
             "Status: 0 good, 1 error, 2 missing, 4 over range, 8 invalid.",
-        "kelfun decode 0x10 --type 6 --unit mph 0000C842", "kelfun decode --quantity gear --type 11 0300 FFFF 0000",
+        "kelfun decode 0x10 --type float32 --unit mph 0000C842",
+        "kelfun decode --quantity gear --type gear 0300 FFFF 0000",
         "kelfun decode --details laptime '01 02 0300 00460100 E8030000 00000000 00000000 00000000 00020000'"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }

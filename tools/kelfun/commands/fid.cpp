@@ -143,7 +143,9 @@ void esegui(const Argomenti& argomenti) {
 void aggiungiFid(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "fid", "Everything known about one identifier");
-    comando.opzione("ID", argomenti->id, "Hexadecimal (0x10), decimal (16), a legacy identifier (REF_SPEED) or a name ('Oil Pressure')")
+    comando
+        .opzione("ID", argomenti->id,
+                 "Hexadecimal (0x10), decimal (16), a legacy identifier (REF_SPEED) or a name ('Oil Pressure')")
         .valore("");
     aggiungiCampi(comando, argomenti->campi);
     aggiungiForma(comando, argomenti->forma, {"fields", "properties", "units", "choices", "camera", "subfields"});

@@ -132,6 +132,7 @@ void esegui(Argomenti& argomenti) {
     Elementi elementi("lap", argomenti.tempi);
     Documento documento(stdout, argomenti.forma.forma());
     nlohmann::ordered_json voci = nlohmann::ordered_json::array();
+    std::vector<std::optional<std::string>> sospesi;  // until there is a program beside them
     const bool con_codice = !argomenti.codice.empty();
     const bool risposto = elementi.rispondi(
         [&](const std::string& testo) {
@@ -148,11 +149,13 @@ void esegui(Argomenti& argomenti) {
                                  elementi.conRighe());
         },
         [&](const Tempo& tempo) {
-            argomenti.avvisi.di(tempo.avviso);
-            if (con_codice)
+            if (con_codice) {
                 voci.push_back(vocePerProgramma(tempo, numero));
-            else
-                documento.riga(riga(tempo, numero));
+                sospesi.push_back(tempo.avviso);
+                return;
+            }
+            argomenti.avvisi.di(tempo.avviso);
+            documento.riga(riga(tempo, numero));
         });
     if (!risposto || (con_codice && voci.empty()))
         throw ErroreUso("there is no lap time; accepted: TIME..., or - and a time on each line of standard input");
@@ -161,6 +164,8 @@ void esegui(Argomenti& argomenti) {
                         {{"voci", voci}, {"con_righe", argomenti.righe}});
     else
         documento.fine();
+    for (const auto& avviso : sospesi)
+        argomenti.avvisi.di(avviso);
     elementi.fine();
 }
 
