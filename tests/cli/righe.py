@@ -52,8 +52,12 @@ def difetti(programmi, argomenti, righe):
     """What goes wrong in one dialogue."""
     colloquio = Colloquio(programmi, argomenti)
     for numero, (riga, risposta) in enumerate(righe, 1):
-        colloquio.processo.stdin.write(riga.encode() + b"\n")
-        colloquio.processo.stdin.flush()
+        try:
+            colloquio.processo.stdin.write(riga.encode() + b"\n")
+            colloquio.processo.stdin.flush()
+        except BrokenPipeError:
+            yield f"{argomenti}: ends before line {numero}, {riga!r}"
+            return
         if not colloquio.aspetta(f"line {numero}: " if risposta is None else risposta):
             colloquio.processo.kill()
             yield f"{argomenti}: no answer to line {numero}, {riga!r}"
