@@ -86,10 +86,10 @@ def valori_noti(d):
 
 def altri_comandi(programmi, d):
     offerte = altrove(programmi, "functions")["functions"]
-    uguali("functions", [(f["quantity"], f["identifier"], f["name"], f["short_name"], ", ".join(f["units"]))
+    uguali("functions", [(f["quantity"], f["identifier"], f["name"], f["short_name"], f["units"])
                          for f in d["functions"]],
            [(f["quantity"], f["identifier"], f["name"], f["short_name"], f["units"]) for f in offerte])
-    uguali("sides", [", ".join(lato["text"] for lato in f["sides"]) or None for f in d["functions"]],
+    uguali("sides", [[lato["text"] for lato in f["sides"]] for f in d["functions"]],
            [f["sides"] for f in offerte])
     for quantita in d["quantities"]:
         for riga in quantita["objects"]:

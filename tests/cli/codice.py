@@ -72,7 +72,7 @@ def attese_fid(d, linguaggio):
 
 def attese_functions(d, _):
     for f in d["functions"]:
-        yield f"{f['identifier']} {f['quantity']}: {f['name']} in {f['units'].replace(', ', ' ')}"
+        yield f"{f['identifier']} {f['quantity']}: {f['name']} in {' '.join(f['units'])}"
 
 
 def attese_units(d, _):
@@ -81,7 +81,7 @@ def attese_units(d, _):
             yield f"{c['code']} {c['unit']}"
     elif "functions" in d:
         for f in d["functions"]:
-            yield f"{f['identifier']} {f['name']} in {f['units'].replace(', ', ' ')}"
+            yield f"{f['identifier']} {f['name']} in {' '.join(f['units'])}"
     else:
         yield f"identifier {d['identifier']}"
         yield f"base unit {d['base_unit']}"
@@ -207,6 +207,7 @@ class Prova:
             errori.append(f"kelfun {riga}: exit {stato}: {errore.decode()}")
             return 0
         documento = json.loads(uscita)
+        avvisi = errore
         fatti = 0
         for linguaggio in LINGUAGGI:
             stato, testo, errore = self.programmi.esegui("kelfun", [*argomenti, "--code", linguaggio])
@@ -214,7 +215,7 @@ class Prova:
                     linguaggio == "cpp" and ("--bits" in argomenti or "--auto-decimals" in argomenti)):
                 continue  # refused, see above
             chi = f"kelfun {riga} --code {linguaggio}"
-            if stato != 0 or errore:
+            if stato != 0 or errore != avvisi:  # what is to be said of the answer is to be said of its program
                 errori.append(f"{chi}: exit {stato}: {errore.decode()}")
                 continue
             testo = testo.decode("ascii")

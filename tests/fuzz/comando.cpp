@@ -21,7 +21,7 @@ namespace {
 using fuzz::Ingredienti;
 using fuzz::pretendi;
 
-constexpr std::array<const char*, 64> kParole = {
+constexpr std::array<const char*, 68> kParole = {
     "find",       "fid",        "functions",  "units",     "convert",    "decode",    "match",     "camera",
     "lap",        "ubx",        "record",     "catalogue", "--json",     "--ndjson",  "--csv",     "--color=always",
     "--quantity", "--object",   "--position", "--inout",   "--side",     "--number",  "--details", "--specialisation",
@@ -29,7 +29,8 @@ constexpr std::array<const char*, 64> kParole = {
     "--packed",   "--help",     "--version",  "--code",    "__complete", "-",         "--",        "0x10",
     "0x9A",       "speed",      "km/h",       "mph",       "bar",        "psi",       "100",       "-1",
     "1e38",       "nan",        "1:23.456",   "GPS",       "wheel",      "FL",        "u32ms",     "--from",
-    "--to",       "--plot",     "gps",        "REF_SPEED", "--bits",     "--channel", "c",         "python"};
+    "--to",       "--plot",     "gps",        "REF_SPEED", "--bits",     "--channel", "c",         "python",
+    "--table",    "--strict",   "int16",      "units"};
 
 // An empty folder to be in, no programs to start, and nobody to read what is printed.
 bool prepara() {

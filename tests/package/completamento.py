@@ -71,6 +71,13 @@ ELENCHI = [
     (["kelfun", "fid", "--details", ""], ["laptime", "datetime", "gps"]),
     (["kelfun", "fid", "--details", "gps", "--specialisation", ""], ["kelnavsol", "ubxnavsol"]),
     (["kelfun", "fid", "REF_SPEED_F"], ["REF_SPEED_FL", "REF_SPEED_FR"]),
+    (["kelfun", "decode", "0x10", "--type", "int"], ["int32", "int16"]),
+    (["kelfun", "decode", "0x10", "--format", ""], ["right", "left", "compact"]),
+    (["kelfun", "decode", "0x10", "--decimals", ""], ["0", "1", "2", "3"]),
+    (["kelfun", "ubx", "f", "--decimals", ""], ["0", "1", "2", "3"]),
+    (["kelfun", "match", "--variant", ""], ["match", "full", "list"]),
+    (["kelfun", "camera", "--table", ""], ["camera", "legacy"]),
+    (["kelfun", "fid", "OIL_P"], ["OIL_PRESS"]),
     (["kelfun", "nonsense", ""], []),
     (["kelfun", "fid", "--quantity", "nonsense"], []),
 ]
@@ -138,7 +145,7 @@ def lo_strumento(banco):
     unita = json.loads(subprocess.run([banco.kelfun, "units", "--json"], capture_output=True, check=True).stdout)
     for riga in unita["functions"][::3]:
         offerte = list(banco.offre("decode", riga["identifier"], "--unit", ""))
-        pretendi(offerte == riga["units"].split(", "), f"units of {riga['identifier']}: {offerte}, not {riga['units']}")
+        pretendi(offerte == riga["units"], f"units of {riga['identifier']}: {offerte}, not {riga['units']}")
     registrazione(banco)
     pretendi(banco.offre("ubx", "") == {":files": ""}, "ubx does not ask for files")
 

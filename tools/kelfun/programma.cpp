@@ -1,20 +1,25 @@
 #include "programma.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "cli/esempi.h"
+#include "cli/opzioni.h"
 #include "code/codice.h"
 #include "commands/comandi.h"
 #include "completion/completa.h"
 #include "io/colore.h"
+#include "io/messaggi.h"
 #include "io/uscita.h"
 #include "text/errori.h"
-#include "text/mostrabile.h"
+#include "text/vicini.h"
 
 namespace kel::strumento {
 
@@ -29,6 +34,41 @@ std::string accettati(const CLI::App& comando) {
         if (!opzione->get_group().empty())  // else it is hidden
             testo += (testo.empty() ? "" : ", ") + opzione->get_name(opzione->get_positional());
     return testo;
+}
+
+// The commands of a program, and its options as they are written.
+std::vector<std::string> parole(const CLI::App& comando, bool comandi) {
+    std::vector<std::string> tutte;
+    if (comandi)
+        for (const CLI::App* sotto : comando.get_subcommands([](const CLI::App*) { return true; }))
+            tutte.push_back(sotto->get_name());
+    for (const CLI::Option* opzione : comando.get_options())
+        if (!opzione->get_group().empty() && opzione->nonpositional())
+            tutte.push_back(opzione->get_name());
+    return tutte;
+}
+
+// A word that the command has no place for: an option that it does not know, or an argument more than it takes.
+std::string diTroppo(const CLI::App& comando, const std::string& parola) {
+    const std::string nome = parola.substr(0, parola.find('='));
+    if (!parola.starts_with("-"))
+        return "'" + senzaSegno(parola) + "' is one argument too many; accepted: " + accettati(comando);
+    return "there is no option '" + nome + "'; " + forse(nome, parole(comando, false)) +
+           "accepted: " + accettati(comando);
+}
+
+// The command line for the parser, which takes it backwards. After "--" every word is an argument; of a command that
+// comes after it the name is none.
+std::vector<std::string> perParser(int argc, char** argv) {
+    std::vector<std::string> tutte(argv + 1, argv + argc);
+    const auto fine = std::find(tutte.begin(), tutte.end(), "--");
+    const bool prima_del_comando = fine == tutte.begin();
+    if (fine != tutte.end())
+        for (auto parola = tutte.erase(fine); parola != tutte.end(); ++parola)
+            if (!prima_del_comando || parola != tutte.begin())
+                parola->insert(0, 1, SOLO_ARGOMENTO);
+    std::reverse(tutte.begin(), tutte.end());
+    return tutte;
 }
 
 const CLI::App* sottocomando(const CLI::App& programma, const std::string& nome) {
@@ -46,8 +86,7 @@ std::string colori(const CLI::App& comando) {
 
 int errore(const CLI::App& comando, const std::string& chi, const std::string& testo, int stato) {
     const bool colorato = ammetteColori(colori(comando), stderr);
-    const std::string prima = colorato ? std::string(ROSSO) + chi + ":" + std::string(NORMALE) : chi + ":";
-    std::fprintf(stderr, "%s %s\n", prima.c_str(), mostrabile(testo).c_str());
+    messaggio(chi, testo, colorato ? ROSSO : std::string_view());
     return stato;
 }
 
@@ -84,16 +123,21 @@ int esegui(int argc, char** argv) {
             completa(programma, {argv + 2, argv + argc});
             return USCITA_BENE;
         }
-        if (argc > 1 && argv[1][0] != '-') {
-            const CLI::App* trovato = sottocomando(programma, argv[1]);
+        std::vector<std::string> argomenti = perParser(argc, argv);
+        const std::string primo = argomenti.empty() ? "" : argomenti.back();
+        if (primo.starts_with("-") && programma.get_option_no_throw(primo.substr(0, primo.find('='))) == nullptr)
+            return errore(*comando, chi, diTroppo(programma, primo), USCITA_USO);
+        if (!primo.empty() && !primo.starts_with("-")) {
+            const CLI::App* trovato = sottocomando(programma, primo);
             if (trovato == nullptr)
                 return errore(*comando, chi,
-                              std::string("there is no command '") + argv[1] + "'; accepted: " + accettati(programma),
+                              "there is no command '" + primo + "'; " + forse(primo, parole(programma, true)) +
+                                  "accepted: " + accettati(programma),
                               USCITA_USO);
             comando = trovato;
-            chi += std::string(" ") + argv[1];
+            chi += " " + primo;
         }
-        programma.parse(argc, argv);
+        programma.parse(std::move(argomenti));
         return USCITA_BENE;
     } catch (const CLI::Success& richiesta) {  // --help, --version
         std::ostringstream testo;
@@ -101,6 +145,10 @@ int esegui(int argc, char** argv) {
         scriviUscita(testo.str());
         return USCITA_BENE;
     } catch (const CLI::ParseError& e) {
+        // A mistyped option is the reason, whatever the parser misses without it.
+        for (const std::string& parola : comando->remaining())
+            if (parola.starts_with("-") || dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr)
+                return errore(*comando, chi, diTroppo(*comando, parola), USCITA_USO);
         return errore(*comando, chi, std::string(e.what()) + "; accepted: " + accettati(*comando), USCITA_USO);
     } catch (const ErroreUso& e) {
         return errore(*comando, chi, e.what(), USCITA_USO);

@@ -8,7 +8,8 @@
 #include "captures/registrazione.h"
 #include "domain/campi.h"
 #include "domain/fid_gps.h"
-#include "domain/identificatore.h"
+#include "domain/lettura_fid.h"
+#include "domain/sinonimi.h"
 #include "domain/tipi_campione.h"
 #include "domain/unita.h"
 #include "output/celle.h"
@@ -118,35 +119,63 @@ void distingui(std::vector<ColonnaRecord>& colonne, std::span<const s_kel_canale
     }
 }
 
-// What a user calls a column, or all columns of a channel: by name, short name or identifier.
+// What a user calls a column, or all columns of a channel: by name, short name, identifier, or the column's name in CSV.
 class Richiamo {
 public:
-    Richiamo(IFunzioni& catalogo, const std::string& testo) : chiave_(chiave(testo)) {
-        try {
-            fid_ = leggiFid(catalogo, testo);
-        } catch (const std::runtime_error&) {  // a name, then
-        }
+    Richiamo(IFunzioni& catalogo, const std::string& testo, std::span<const ColonnaRecord> colonne,
+             std::span<const s_kel_canale> canali)
+        : catalogo_(&catalogo), chiave_(chiave(testo)), fid_(fidDaNumeroOVecchio(catalogo, testo)) {
+        // The catalogue's name of a function counts where the recording has no such name of its own.
+        const bool vale_gia = std::ranges::any_of(
+            colonne, [&](const ColonnaRecord& colonna) { return vale(colonna, canali[colonna.indice]); });
+        if (!vale_gia && !fid_)
+            fid_ = nomeDelCatalogo(testo);
     }
 
     bool vale(const ColonnaRecord& colonna, const s_kel_canale& canale) const {
         if (fid_ && ((colonna.fid == *fid_ && *fid_ != 0) || canale.fid == *fid_))
             return true;
         const std::string breve(canale.breve, std::find(canale.breve, std::end(canale.breve), '\0'));
-        return !chiave_.empty() &&
-               (chiave(colonna.nome) == chiave_ || chiave(nomeCanale(canale)) == chiave_ || chiave(breve) == chiave_);
+        return !chiave_.empty() && (chiave(colonna.nome) == chiave_ || chiave(nomeCanale(canale)) == chiave_ ||
+                                    chiave(breve) == chiave_ || diColonna(colonna));
     }
 
 private:
+    // "gps_speed_km_h", whatever the unit that it is shown in.
+    bool diColonna(const ColonnaRecord& colonna) const {
+        return colonna.chiave() == chiave_ ||
+               std::ranges::any_of(colonna.unitaPossibili(*catalogo_), [&](const std::string& udm) {
+                   return chiaveConUdm(colonna.nomeMisurato(), udm) == chiave_;
+               });
+    }
+
+    std::optional<kel_funpos> nomeDelCatalogo(const std::string& testo) const {
+        try {
+            return leggiFid(*catalogo_, testo);
+        } catch (const std::runtime_error&) {  // none, or one that several functions have
+            return std::nullopt;
+        }
+    }
+
+    IFunzioni* catalogo_;
     std::string chiave_;
     std::optional<kel_funpos> fid_;
 };
 
-[[noreturn]] void sconosciuto(const char* opzione, const std::string& nome, std::span<const s_kel_canale> canali) {
+[[noreturn]] void sconosciuto(const char* opzione, const std::string& nome, std::span<const ColonnaRecord> colonne,
+                              std::span<const s_kel_canale> canali) {
     std::vector<std::string> nomi;
-    for (const s_kel_canale& canale : canali)
+    std::vector<std::string> tutti;  // subfields and short names too: too many to list
+    for (const s_kel_canale& canale : canali) {
         nomi.push_back(nomeCanale(canale));
-    throw ErroreUso(std::string(opzione) + " '" + nome + "' is no channel of this set; accepted: " + elenco(nomi) +
-                    ", their subfields, or identifiers");
+        tutti.emplace_back(canale.breve, std::find(canale.breve, std::end(canale.breve), '\0'));
+    }
+    tutti.insert(tutti.end(), nomi.begin(), nomi.end());
+    for (const ColonnaRecord& colonna : colonne)
+        for (const std::string& suo : {colonna.nome, colonna.chiave()})
+            tutti.push_back(suo);
+    throw ErroreUso(std::string(opzione) + " '" + nome + "' is no channel of this set; " + proposta(nome, tutti) +
+                    "accepted: " + elenco(nomi) + ", their subfields, identifiers, or columns as CSV names them");
 }
 
 void tieni(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<const s_kel_canale> canali,
@@ -155,13 +184,13 @@ void tieni(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<c
         return;
     std::vector<bool> tenute(colonne.size());
     for (const std::string& nome : solo) {
-        const Richiamo richiamo(catalogo, nome);
+        const Richiamo richiamo(catalogo, nome, colonne, canali);
         bool trovato = false;
         for (std::size_t i = 0; i < colonne.size(); ++i)
             if (richiamo.vale(colonne[i], canali[colonne[i].indice]))
                 tenute[i] = trovato = true;
         if (!trovato)
-            sconosciuto("--only", nome, canali);
+            sconosciuto("--only", nome, colonne, canali);
     }
     std::size_t i = 0;
     std::erase_if(colonne, [&](const ColonnaRecord&) { return !tenute[i++]; });
@@ -172,7 +201,7 @@ void scegliUnita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::
     const std::size_t uguale = richiesta.rfind('=');
     const std::string nome = uguale == std::string::npos ? "" : richiesta.substr(0, uguale);
     const std::string udm = uguale == std::string::npos ? richiesta : richiesta.substr(uguale + 1);
-    const Richiamo richiamo(catalogo, nome);
+    const Richiamo richiamo(catalogo, nome, colonne, canali);
     std::vector<std::string> possibili;
     bool chiamata = false;
     bool cambiata = false;
@@ -187,10 +216,10 @@ void scegliUnita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::
                 possibili.push_back(una);
     }
     if (!chiamata)
-        sconosciuto("--unit", nome, canali);
+        sconosciuto("--unit", nome, colonne, canali);
     if (!cambiata)
-        throw ErroreUso("'" + udm + "' is no unit of " + (nome.empty() ? "these channels" : "'" + nome + "'") +
-                        "; accepted: " + (possibili.empty() ? "none" : elenco(possibili)));
+        throw ErroreUso("'" + udm + "' is no unit of " + (nome.empty() ? "these channels" : "'" + nome + "'") + "; " +
+                        proposta(udm, possibili) + "accepted: " + (possibili.empty() ? "none" : elenco(possibili)));
 }
 
 }  // namespace

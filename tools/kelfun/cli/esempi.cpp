@@ -2,7 +2,25 @@
 
 namespace kel::strumento {
 
-std::string esempi(const char* note, const char* primo, const char* secondo, const char* terzo) {
+std::string suRighe(const std::vector<std::string>& testi) {
+    constexpr std::size_t LARGHEZZA = 72;
+    std::string tutti;
+    std::size_t riga = 0;
+    for (const std::string& testo : testi) {
+        tutti += tutti.empty() ? "" : ",";
+        if (riga + testo.size() > LARGHEZZA) {
+            tutti += "\n";
+            riga = 0;
+        } else if (!tutti.empty()) {
+            tutti += " ";
+        }
+        tutti += testo;
+        riga += testo.size() + 2;
+    }
+    return tutti;
+}
+
+std::string esempi(const std::string& note, const char* primo, const char* secondo, const char* terzo) {
     std::string testo = note;
     testo += testo.empty() ? "Examples:\n" : "\n\nExamples:\n";
     for (const char* esempio : {primo, secondo, terzo})

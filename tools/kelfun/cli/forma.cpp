@@ -1,31 +1,30 @@
 #include "cli/forma.h"
 
 #include "io/colore.h"
-#include "text/errori.h"
 
 namespace kel::strumento {
 
-void aggiungiForma(Comando& comando, SceltaForma& scelta) {
+void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std::string>& tabelle) {
     const Opzione json = comando.bandiera("--json", scelta.json, "Print JSON");
     Opzione ndjson = comando.bandiera("--ndjson", scelta.ndjson, "Print JSON, one object a line");
     ndjson.esclude(json);
-    comando.bandiera("--csv", scelta.csv, "Print CSV").esclude(json).esclude(ndjson);
+    comando.bandiera("--csv", scelta.csv, "Print CSV: one table").esclude(json).esclude(ndjson);
+    if (!tabelle.empty())
+        comando.opzione("--table", scelta.tabella, "Print only this table (default of CSV: the first)").scelta(tabelle);
     comando.opzione("--color", scelta.colori, "Colour the tables: auto (default; on a terminal), always, never")
-        .valore("{auto,always,never}");
+        .scelta({"auto", "always", "never"});
 }
 
 void escludiForma(const Comando& comando, Opzione opzione) {
-    for (const char* nome : {"--json", "--ndjson", "--csv"})
+    for (const char* nome : {"--json", "--ndjson", "--csv", "--table"})
         if (const auto forma = comando.trova(nome))
             opzione.esclude(*forma);
 }
 
 Aspetto SceltaForma::forma() const {
-    if (colori != "auto" && colori != "always" && colori != "never")
-        throw ErroreUso("there is no --color '" + colori + "'; accepted: auto, always, never");
     if (json || ndjson || csv)
-        return {json ? Forma::json : ndjson ? Forma::ndjson : Forma::csv, false};
-    return {Forma::tabella, ammetteColori(colori, stdout)};
+        return {json ? Forma::json : ndjson ? Forma::ndjson : Forma::csv, false, tabella};
+    return {Forma::tabella, ammetteColori(colori, stdout), tabella};
 }
 
 }  // namespace kel::strumento

@@ -3,25 +3,28 @@
 #define KELFUN_CLI_FORMA_H
 
 #include <string>
+#include <vector>
 
 #include "cli/opzioni.h"
 #include "output/documento.h"
 
 namespace kel::strumento {
 
-/// --json, --ndjson, --csv and --color.
+/// --json, --ndjson, --csv, --table and --color.
 struct SceltaForma {
     bool json = false;
     bool ndjson = false;
     bool csv = false;
     std::string colori = "auto";
+    std::string tabella;
 
     /// How standard output is written.
     Aspetto forma() const;
 };
-void aggiungiForma(Comando& comando, SceltaForma& scelta);
+/// @param tabelle  the keys of the tables that the command can print, the main one first; without any there is no --table.
+void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std::string>& tabelle = {});
 
-/// Makes an option go not together with --json, --ndjson and --csv, where the command has them.
+/// Makes an option go not together with --json, --ndjson, --csv and --table, where the command has them.
 void escludiForma(const Comando& comando, Opzione opzione);
 
 }  // namespace kel::strumento

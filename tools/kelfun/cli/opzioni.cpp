@@ -1,12 +1,33 @@
 #include "cli/opzioni.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <utility>
+
+#include "text/errori.h"
+#include "text/parole.h"
+#include "text/vicini.h"
 
 namespace kel::strumento {
 
 Opzione& Opzione::valore(const char* nome) {
     opzione_->type_name(nome);
+    return *this;
+}
+
+Opzione& Opzione::scelta(const std::vector<std::string>& parole) {
+    std::string tipo;
+    for (const std::string& una : parole)
+        tipo += (tipo.empty() ? "{" : ",") + una;
+    opzione_->type_name(tipo + "}");
+    opzione_->check(
+        [nome = opzione_->get_name(), parole](const std::string& data) -> std::string {
+            if (std::find(parole.begin(), parole.end(), data) == parole.end())
+                throw ErroreUso("there is no " + nome + " '" + data + "'; " + forse(data, parole) +
+                                "accepted: " + elenco(parole));
+            return "";
+        },
+        "");
     return *this;
 }
 
@@ -30,23 +51,43 @@ Opzione& Opzione::esclude(const Opzione& altra) {
     return *this;
 }
 
+std::string senzaSegno(std::string parola) {
+    if (parola.starts_with(SOLO_ARGOMENTO))
+        parola.erase(0, 1);
+    return parola;
+}
+
+namespace {
+
+// What "--" came before is taken without the mark that told so.
+CLI::Option* senzaSegni(CLI::Option* opzione) {
+    return opzione->transform(CLI::Validator(
+        [](std::string& parola) {
+            parola = senzaSegno(std::move(parola));
+            return std::string();
+        },
+        ""));
+}
+
+}  // namespace
+
 Comando::Comando(CLI::App& programma, const char* nome, const char* descrizione)
     : comando_(programma.add_subcommand(nome, descrizione)) {}
 
 Opzione Comando::opzione(const char* nome, std::string& valore, const char* aiuto) {
-    return Opzione(comando_->add_option(nome, valore, aiuto));
+    return Opzione(senzaSegni(comando_->add_option(nome, valore, aiuto)));
 }
 
 Opzione Comando::opzione(const char* nome, std::optional<std::string>& valore, const char* aiuto) {
-    return Opzione(comando_->add_option(nome, valore, aiuto));
+    return Opzione(senzaSegni(comando_->add_option(nome, valore, aiuto)));
 }
 
 Opzione Comando::opzione(const char* nome, std::vector<std::string>& valori, const char* aiuto) {
-    return Opzione(comando_->add_option(nome, valori, aiuto));
+    return Opzione(senzaSegni(comando_->add_option(nome, valori, aiuto)));
 }
 
 Opzione Comando::opzione(const char* nome, std::function<void(const std::string&)> leggi, const char* aiuto) {
-    return Opzione(comando_->add_option_function(nome, leggi, aiuto));
+    return Opzione(senzaSegni(comando_->add_option_function(nome, leggi, aiuto)));
 }
 
 void Comando::nascosta(const char* nome, std::function<void(const std::string&)> leggi) {

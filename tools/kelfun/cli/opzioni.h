@@ -15,6 +15,12 @@ class Option;
 
 namespace kel::strumento {
 
+/// What stands before a word of the command line that is an argument whatever it begins with, as all are after "--". The
+/// parser has no way of its own to say so of one word; the arguments of commands take it off.
+constexpr char SOLO_ARGOMENTO = '\x1F';
+/// A word without it.
+std::string senzaSegno(std::string parola);
+
 /// An option or an argument of a command, which owns it: copies are the same option.
 class Opzione {
 public:
@@ -22,6 +28,8 @@ public:
 
     /// What --help calls its value; nothing for an argument that its own name tells.
     Opzione& valore(const char* nome);
+    /// Takes one of these words alone. --help, the completion of shells and the error for another word know them from here.
+    Opzione& scelta(const std::vector<std::string>& parole);
     /// The heading of --help that it stands under.
     Opzione& gruppo(const char* titolo);
     Opzione& obbligatoria();

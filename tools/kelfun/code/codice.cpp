@@ -123,14 +123,12 @@ std::string costante(const Campo& campo) {
 }  // namespace
 
 void aggiungiCodice(Comando& comando, std::string& linguaggio) {
-    const std::function<void(const std::string&)> leggi = [&linguaggio](const std::string& testo) {
-        if (cercaLinguaggio(testo) == nullptr)
-            throw ErroreUso("there is no --code '" + testo + "'; accepted: " + nomi(LINGUAGGI));
-        linguaggio = testo;
-    };
+    std::vector<std::string> tutti;
+    for (const Linguaggio& uno : LINGUAGGI)
+        tutti.emplace_back(uno.nome);
     escludiForma(
         comando,
-        comando.opzione("--code", leggi, "Print the program that asks the library for this").valore("{c,cpp,python}"));
+        comando.opzione("--code", linguaggio, "Print the program that asks the library for this").scelta(tutti));
 }
 
 void rifiutaCodiceAltrove(CLI::App& programma) {

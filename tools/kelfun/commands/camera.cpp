@@ -121,7 +121,7 @@ void aggiungiCamera(CLI::App& programma) {
     comando.bandiera("--all", argomenti->tutte, "The hidden ones too");
     comando.bandiera("--legacy", argomenti->vecchi, "Legacy identifiers that are no camera functions, too");
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"camera", "legacy"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi("SCALE is camera counts per unit; TYPE is the sample type code.", "kelfun camera",
                         "kelfun camera WATER_TEMP --json", "kelfun camera --all --legacy --csv"));

@@ -1,13 +1,16 @@
 // kelfun convert: values from one unit of a function into another.
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <utility>
 
+#include "cli/avvisi.h"
+#include "cli/elementi.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "code/codice.h"
 #include "commands/comandi.h"
+#include "domain/avvisi_unita.h"
 #include "domain/identificatore.h"
-#include "io/righe.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 #include "text/parole.h"
@@ -21,6 +24,7 @@ struct Argomenti {
     CampiDati campi;
     std::string da;
     std::string a;
+    Avvisi avvisi;
     SceltaForma forma;
     std::string codice;
 };
@@ -39,23 +43,61 @@ void programma(const std::string& linguaggio, kel_funpos fid, const std::string&
                      {"valori", elencoPerProgramma(numeri, 8)}});
 }
 
-std::vector<float> leggiValori(const std::vector<std::string>& testi) {
-    std::vector<float> valori;
-    for (const std::string& riga : conRigheDiIngresso(testi)) {
-        const std::string testo = senzaBordi(riga);
-        const auto valore = leggiFloat(testo);
-        if (!valore)
-            throw ErroreUso("'" + testo +
-                            "' is no value; accepted: a decimal number with a point, such as 12.5, within single "
-                            "precision (up to 3.4e38)");
-        valori.push_back(*valore);
-    }
-    if (valori.empty())
-        throw ErroreUso("there is no value to convert; accepted: ID VALUE..., or fields by name and VALUE...");
-    return valori;
+float leggiValore(const std::string& riga) {
+    const std::string testo = senzaBordi(riga);
+    const auto valore = leggiFloat(testo);
+    if (!valore)
+        throw ErroreUso("'" + testo +
+                        "' is no value; accepted: a decimal number with a point, such as 12.5, within single "
+                        "precision (up to 3.4e38)");
+    return *valore;
 }
 
-void esegui(const Argomenti& argomenti) {
+constexpr std::size_t LARGHEZZA_NUMERO = 10;  // of the values of lines, whose table grows
+constexpr std::size_t LARGHEZZA_UNITA = 6;
+
+std::vector<Colonna> colonne() {
+    return {{"value", "VALUE", Lato::destra, LARGHEZZA_NUMERO},
+            {"from", "FROM", Lato::sinistra, LARGHEZZA_UNITA},
+            {"result", "RESULT", Lato::destra, LARGHEZZA_NUMERO},
+            {"to", "TO", Lato::sinistra, LARGHEZZA_UNITA},
+            {"shown", "SHOWN", Lato::destra, LARGHEZZA_NUMERO}};
+}
+
+// What the values are converted by.
+struct Conversione {
+    kel_funpos fid;
+    std::string da;
+    std::string a;
+    s_converter_data dati;
+    int decimali;
+};
+
+Conversione leggiConversione(IFunzioni& catalogo, const Argomenti& argomenti, const std::string& id) {
+    const kel_funpos fid = risolvi(catalogo, id, argomenti.campi);
+    if (argomenti.da.empty() && argomenti.a.empty())
+        throw ErroreUso(
+            "there is no unit to convert from or into; accepted: --from, --to, one left out is the base unit");
+    const std::string da = leggiUdm(catalogo, fid, argomenti.da);
+    const std::string a = leggiUdm(catalogo, fid, argomenti.a);
+    return {fid, da, a, catalogo.getParamConv(fid, da, a), catalogo.getNumDecimaliDefault(fid, a)};
+}
+
+void inizia(Documento& documento, const IFunzioni& catalogo, const Conversione& c, bool flusso) {
+    documento.proprieta("identifier", "Identifier", Cella::fid(c.fid));
+    documento.proprieta("name", "Name", Cella::testo(catalogo.getNomeFunzione(c.fid, false)));
+    documento.proprieta("gain", "Gain", Cella::numero(c.dati.gain));
+    documento.proprieta("offset", "Offset", Cella::numero(c.dati.offset));
+    documento.inizia("values", "", colonne(), flusso);
+}
+
+void riga(Documento& documento, const Conversione& c, float valore) {
+    const float risultato = valore * c.dati.gain + c.dati.offset;
+    documento.riga({Cella::numero(valore), Cella::testo(c.da), Cella::numero(risultato), Cella::testo(c.a),
+                    Cella::testo(conDecimali(risultato, c.decimali))});
+}
+
+void esegui(Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     std::vector<std::string> testi = argomenti.posizionali;
     std::string id;
@@ -63,40 +105,40 @@ void esegui(const Argomenti& argomenti) {
         id = testi.front();
         testi.erase(testi.begin());
     }
-    const kel_funpos fid = risolvi(*catalogo, id, argomenti.campi);
-    const std::vector<float> valori = leggiValori(testi);
-    if (argomenti.da.empty() && argomenti.a.empty())
-        throw ErroreUso(
-            "there is no unit to convert from or into; accepted: --from, --to, one left out is the base unit");
-    const std::string da = leggiUdm(*catalogo, fid, argomenti.da);
-    const std::string a = leggiUdm(*catalogo, fid, argomenti.a);
-    const s_converter_data dati = catalogo->getParamConv(fid, da, a);
-    const int decimali = catalogo->getNumDecimaliDefault(fid, a);
-
-    if (!argomenti.codice.empty())
-        return programma(argomenti.codice, fid, da, a, valori);
+    const Conversione conversione = leggiConversione(*catalogo, argomenti, id);
+    Elementi elementi("convert", testi);
     Documento documento(stdout, argomenti.forma.forma());
-    documento.proprieta("identifier", "Identifier", Cella::fid(fid));
-    documento.proprieta("name", "Name", Cella::testo(catalogo->getNomeFunzione(fid, false)));
-    documento.proprieta("gain", "Gain", Cella::numero(dati.gain));
-    documento.proprieta("offset", "Offset", Cella::numero(dati.offset));
-    documento.inizia("values", "",
-                     {{"value", "VALUE", Lato::destra},
-                      {"from", "FROM"},
-                      {"result", "RESULT", Lato::destra},
-                      {"to", "TO"},
-                      {"shown", "SHOWN", Lato::destra}});
-    for (const float valore : valori) {
-        const float risultato = valore * dati.gain + dati.offset;
-        documento.riga({Cella::numero(valore), Cella::testo(da), Cella::numero(risultato), Cella::testo(a),
-                        Cella::testo(conDecimali(risultato, decimali))});
-    }
-    documento.fine();
-    for (const std::string& udm : {da, a})
-        if (da != a && catalogo->getParamConv(fid, udm)->reciproco != 0)
-            std::fprintf(stderr,
-                         "kelfun convert: %s shows a reciprocal, which a conversion between two units does not\n",
-                         udm.c_str());
+    std::vector<float> valori;
+    const bool con_codice = !argomenti.codice.empty();
+    // The remark is the same for all values: that of the first one shows what it is about.
+    bool primo = true;
+    const auto leggi = [&](const std::string& testo) {
+        const float valore = leggiValore(testo);
+        argomenti.avvisi.pretendi(avvisoConversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore));
+        return valore;
+    };
+    const bool risposto = elementi.rispondi(
+        leggi,
+        [&] {
+            if (!con_codice)
+                inizia(documento, *catalogo, conversione, elementi.conRighe());
+        },
+        [&](float valore) {
+            if (std::exchange(primo, false))
+                argomenti.avvisi.di(
+                    avvisoConversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore));
+            if (con_codice)
+                valori.push_back(valore);
+            else
+                riga(documento, conversione, valore);
+        });
+    if (!risposto || (con_codice && valori.empty()))
+        throw ErroreUso("there is no value to convert; accepted: ID VALUE..., or fields by name and VALUE...");
+    if (con_codice)
+        programma(argomenti.codice, conversione.fid, conversione.da, conversione.a, valori);
+    else
+        documento.fine();
+    elementi.fine();
 }
 
 }  // namespace
@@ -112,12 +154,15 @@ void aggiungiConvert(CLI::App& programma) {
     comando.opzione("--from", argomenti->da, "Unit of the values (default: the base unit)").valore("UNIT");
     comando.opzione("--to", argomenti->a, "Unit wanted (default: the base unit)").valore("UNIT");
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiAvvisi(comando, argomenti->avvisi);
+    aggiungiForma(comando, argomenti->forma, {"values", "properties"});
     aggiungiCodice(comando, argomenti->codice);
-    comando.note(
-        esempi("Result = value * gain + offset in single precision; SHOWN has the function's default decimals.",
-               "kelfun convert 0x10 100 --to mph", "kelfun convert --quantity temperature --from F --to C 32 212",
-               "kelfun convert OIL_PRESS 2.5 --to psi --json"));
+    comando.note(esempi(
+        "Result = value * gain + offset in single precision; SHOWN has the function's default decimals. Lines of "
+        "standard\n"
+        "input are answered as they come; a wrong one is reported with its number and left out (exit status 1).",
+        "kelfun convert 0x10 100 --to mph", "kelfun convert --quantity temperature --from F --to C 32 212",
+        "kelfun convert OIL_PRESS 2.5 --to psi --json"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

@@ -4,17 +4,22 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "cli/avvisi.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "code/codice.h"
+#include "commands/campioni_dati.h"
 #include "commands/comandi.h"
+#include "domain/avvisi_campioni.h"
+#include "domain/avvisi_unita.h"
 #include "domain/canale.h"
 #include "domain/identificatore.h"
 #include "domain/tipi_campione.h"
-#include "io/righe.h"
 #include "output/celle.h"
 #include "text/errori.h"
 #include "text/numeri.h"
+#include "text/parole.h"
+#include "text/vicini.h"
 
 namespace kel::strumento {
 
@@ -32,6 +37,7 @@ struct Argomenti {
     std::string bit;
     bool automatici = false;
     bool tipi = false;
+    Avvisi avvisi;
     SceltaForma forma;
     std::string codice;
 };
@@ -44,14 +50,11 @@ unsigned intero(const char* opzione, const std::string& testo, unsigned minimo, 
     return static_cast<unsigned>(*valore);
 }
 
+// The formats of texts in the order of their numbers.
+const std::vector<std::string> FORMATI = {"right", "left", "compact"};
+
 eFormatoConv leggiFormato(const std::string& testo) {
-    if (testo == "right")
-        return FORMATO_DESTRA;
-    if (testo == "left")
-        return FORMATO_SINISTRA;
-    if (testo == "compact")
-        return FORMATO_COMPATTO;
-    throw ErroreUso("there is no --format '" + testo + "'; accepted: right, left, compact");
+    return static_cast<eFormatoConv>(std::find(FORMATI.begin(), FORMATI.end(), testo) - FORMATI.begin());
 }
 
 struct CampoBit {
@@ -82,25 +85,12 @@ unsigned leggiDecimali(const Argomenti& argomenti, const IFunzioni& catalogo, ke
     return static_cast<unsigned>(std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3));
 }
 
-std::string leggiEsadecimali(const std::vector<std::string>& testi) {
-    std::string byte;
-    for (const std::string& testo : conRigheDiIngresso(testi)) {
-        const auto letti = leggiByte(testo);
-        if (!letti)
-            throw ErroreUso(
-                "'" + testo +
-                "' are no bytes; accepted: pairs of hexadecimal digits in the order of the record, such as 3930");
-        byte += *letti;
-    }
-    return byte;
-}
-
 // One converter and what it makes of one sample.
 class Decodifica {
 public:
     Decodifica(const IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid, const std::string& udm,
-               const Argomenti& argomenti)
-        : fid_(fid), udm_(udm) {
+               const std::string& nome, const Argomenti& argomenti)
+        : fid_(fid), udm_(udm), nome_(nome) {
         const CampoBit bit = leggiBit(argomenti.bit);
         conv_.larghezza = leggiLarghezza(argomenti);
         conv_.decimali = leggiDecimali(argomenti, catalogo, fid, udm);
@@ -109,7 +99,9 @@ public:
         kelConvInit(&conv_, &canale, fid, catalogo.getParamConv(fid, udm), bit.posizione, bit.quanti, 1);
     }
 
-    void riga(Documento& documento, std::size_t campione, const std::string& nome, const char* byte) {
+    kel_funpos fid() const { return fid_; }
+
+    void riga(Documento& documento, std::int64_t campione, const char* byte) {
         std::uint32_t stato = 0;
         float valore = 0;
         const bool ha_valore = conv_.valore != nullptr;
@@ -117,7 +109,7 @@ public:
             valore = conv_.valore(&conv_, byte + kelConvGetOffset(&conv_), &stato);
         char testo[32];
         kelConvGetString(&conv_, byte, testo);
-        documento.riga({Cella::intero(static_cast<std::int64_t>(campione)), Cella::fid(fid_), Cella::testo(nome),
+        documento.riga({Cella::intero(campione), Cella::fid(fid_), Cella::testo(nome_),
                         ha_valore ? Cella::numero(valore) : Cella(), testoOVuota(udm_),
                         ha_valore ? Cella::intero(stato) : Cella(), Cella::citata(testo)});
     }
@@ -125,35 +117,31 @@ public:
 private:
     kel_funpos fid_;
     std::string udm_;
+    std::string nome_;
     s_kel_converter conv_{};
 };
 
 void tabellaTipi(Documento& documento) {
-    documento.inizia("sample_types", "",
-                     {{"code", "TYPE", Lato::destra}, {"bytes", "BYTES", Lato::destra}, {"content", "CONTENT"}});
+    documento.inizia(
+        "sample_types", "",
+        {{"code", "CODE", Lato::destra}, {"name", "TYPE"}, {"bytes", "BYTES", Lato::destra}, {"content", "CONTENT"}});
     for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE; ++tipo)
-        documento.riga(
-            {Cella::intero(tipo), Cella::intero(kelFunGetSamplSize(tipo)), Cella::testo(contenutoCampione(tipo))});
+        documento.riga({Cella::intero(tipo), Cella::testo(nomeCampione(tipo)), Cella::intero(kelFunGetSamplSize(tipo)),
+                        Cella::testo(contenutoCampione(tipo))});
 }
 
 unsigned leggiTipo(const Argomenti& argomenti, kel_funpos fid_canale) {
-    if (!argomenti.tipo.empty())
-        return intero("--type", argomenti.tipo, 0, NUM_TIPI_CAMPIONE - 1);
+    if (!argomenti.tipo.empty()) {
+        const auto tipo = leggiTipoCampione(argomenti.tipo);
+        if (!tipo)
+            throw ErroreUso("there is no --type '" + argomenti.tipo + "'; " + forse(argomenti.tipo, nomiCampioni()) +
+                            "accepted: " + elenco(nomiCampioni()) + ", or a code from 0 to 24, see --types");
+        return *tipo;
+    }
     const auto tipo = tipoPacchetto(fid_canale);
     if (!tipo)
-        throw ErroreUso("the sample type is missing; accepted: --type 0 to 24, see --types");
+        throw ErroreUso("the sample type is missing; accepted: --type " + elenco(nomiCampioni()) + ", see --types");
     return *tipo;
-}
-
-// Bytes of one sample after the other.
-std::string leggiCampioni(const std::vector<std::string>& testi, unsigned tipo, std::size_t dimensione) {
-    std::string byte = leggiEsadecimali(testi);
-    if (dimensione == 0)
-        throw ErroreUso("type " + std::to_string(tipo) + " has no sample; accepted: a --type with bytes, see --types");
-    if (byte.empty() || byte.size() % dimensione != 0)
-        throw ErroreUso(std::to_string(byte.size()) + " bytes are no samples of type " + std::to_string(tipo) +
-                        "; accepted: " + std::to_string(dimensione) + " bytes a sample");
-    return byte;
 }
 
 void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid,
@@ -173,7 +161,7 @@ void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_ke
         campioni.push_back({{"byte", elencoPerProgramma(uno, argomenti.codice == "python" ? 11 : 9)}});
     }
     const unsigned decimali = leggiDecimali(argomenti, catalogo, fid, udm);
-    static constexpr const char* FORMATI[] = {"FORMATO_DESTRA", "FORMATO_SINISTRA", "FORMATO_COMPATTO"};
+    static constexpr const char* COSTANTI[] = {"FORMATO_DESTRA", "FORMATO_SINISTRA", "FORMATO_COMPATTO"};
     stampaProgramma(argomenti.codice, "decode", "Samples of " + catalogo.getNomeFunzione(fid, false),
                     {{"fid", fidPerProgramma(fid)},
                      {"canale", fid_canale == fid ? "fid" : esadecimale(fid_canale, 8)},
@@ -184,7 +172,7 @@ void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_ke
                      {"decimali", decimali},
                      {"suoi", argomenti.decimali.empty()},
                      {"automatici", argomenti.automatici ? 1 : 0},
-                     {"formato", FORMATI[formato]},
+                     {"formato", COSTANTI[formato]},
                      {"formato_numero", static_cast<int>(formato)},
                      {"pos_bit", bit.posizione},
                      {"num_bit", bit.quanti},
@@ -193,7 +181,43 @@ void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_ke
                      {"pacchetto", pacchetto}});
 }
 
-void esegui(const Argomenti& argomenti) {
+// The subfields of a packet, each in its base unit.
+void aggiungiSottocampi(std::vector<Decodifica>& decodifiche, IFunzioni& catalogo, const s_kel_canale& canale,
+                        const Argomenti& argomenti) {
+    const s_sottocampo* tabella = search_sottocampi_struct(kelFidOggetto(canale.fid), kelFidPosizione(canale.fid));
+    std::list<kel_funpos> interni;
+    catalogo.getAllInnerFunpos(canale.fid, interni);
+    for (const kel_funpos interno : interni) {
+        const s_sottocampo* riga = getDettagliSottocampo(tabella, interno);
+        std::string nome = catalogo.getNomeFunzione(interno, false);
+        if (interno == 0)
+            nome = "(reserved)";
+        else if (riga->testo != nullptr && *riga->testo != '\0')
+            nome = riga->testo;
+        decodifiche.emplace_back(catalogo, canale, interno, catalogo.getUnitaBase(interno), nome, argomenti);
+    }
+}
+
+std::vector<kel_funpos> mostrati(const std::vector<Decodifica>& decodifiche) {
+    std::vector<kel_funpos> tutti;
+    for (const Decodifica& una : decodifiche)
+        tutti.push_back(una.fid());
+    return tutti;
+}
+
+void inizia(Documento& documento, bool flusso) {
+    documento.inizia("samples", "",
+                     {{"sample", "SAMPLE", Lato::destra},
+                      {"identifier", "IDENTIFIER", Lato::sinistra, 10},
+                      {"name", "NAME", Lato::sinistra, 16},
+                      {"value", "VALUE", Lato::destra, 10},
+                      {"unit", "UNIT", Lato::sinistra, 6},
+                      {"status", "STATUS", Lato::destra},
+                      {"text", "TEXT"}},
+                     flusso);
+}
+
+void esegui(Argomenti& argomenti) {
     if (argomenti.tipi && !argomenti.codice.empty())
         return stampaProgramma(argomenti.codice, "decode types", "The sizes of the sample types",
                                {{"quanti", NUM_TIPI_CAMPIONE}});
@@ -213,48 +237,48 @@ void esegui(const Argomenti& argomenti) {
     const kel_funpos fid = risolvi(*catalogo, id, argomenti.campi);
     const kel_funpos fid_canale = argomenti.canale.empty() ? fid : leggiFid(*catalogo, argomenti.canale);
     const unsigned tipo = leggiTipo(argomenti, fid_canale);
-    const std::size_t dimensione = kelFunGetSamplSize(tipo);
-    const std::string byte = leggiCampioni(testi, tipo, dimensione);
+    CampioniDati campioni(tipo, testi);
     const s_kel_canale canale = kel::strumento::canale(fid_canale, tipo);
 
     // The function asked for; a whole packet shows its subfields too.
     const std::string udm = leggiUdm(*catalogo, fid, argomenti.udm);
     const std::size_t pacchetto = tipoPacchetto(fid) ? kelFunGetSamplSize(*tipoPacchetto(fid)) : 0;
-    const bool intero = fid == fid_canale && pacchetto == dimensione && pacchetto != 0 &&
+    const bool intero = fid == fid_canale && pacchetto == campioni.dimensione() && pacchetto != 0 &&
                         search_sottocampi_struct(kelFidOggetto(fid), kelFidPosizione(fid)) != nullptr;
     std::vector<Decodifica> decodifiche;
-    std::vector<std::string> nomi;
-    decodifiche.emplace_back(*catalogo, canale, fid, udm, argomenti);
-    nomi.push_back(catalogo->getNomeFunzione(fid, false));
-    if (!argomenti.codice.empty())
-        return programma(argomenti, *catalogo, canale, fid, udm, byte, intero);
-    if (intero) {
-        std::list<kel_funpos> interni;
-        catalogo->getAllInnerFunpos(fid, interni);
-        for (const kel_funpos interno : interni) {
-            decodifiche.emplace_back(*catalogo, canale, interno, catalogo->getUnitaBase(interno), argomenti);
-            const s_sottocampo* riga =
-                getDettagliSottocampo(search_sottocampi_struct(kelFidOggetto(fid), kelFidPosizione(fid)), interno);
-            if (interno == 0)
-                nomi.emplace_back("(reserved)");
-            else if (riga->testo != nullptr && *riga->testo != '\0')
-                nomi.emplace_back(riga->testo);
-            else
-                nomi.push_back(catalogo->getNomeFunzione(interno, false));
-        }
+    decodifiche.emplace_back(*catalogo, canale, fid, udm, catalogo->getNomeFunzione(fid, false), argomenti);
+    if (intero)
+        aggiungiSottocampi(decodifiche, *catalogo, canale, argomenti);
+    const CampoBit bit = leggiBit(argomenti.bit);
+    const std::optional<std::string> avvisi[] = {avvisoUnita(*catalogo, fid, udm),
+                                                 avvisoBit(argomenti.bit, bit.posizione + bit.quanti),
+                                                 avvisoGps(mostrati(decodifiche), tipo)};
+    for (const auto& avviso : avvisi)
+        argomenti.avvisi.pretendi(avviso);
+    const auto avvisa = [&] {
+        for (const auto& avviso : avvisi)
+            argomenti.avvisi.di(avviso);
+    };
+    if (!argomenti.codice.empty()) {
+        std::string byte;
+        campioni.leggi([] {}, [&](const char* uno) { byte.append(uno, campioni.dimensione()); });
+        programma(argomenti, *catalogo, canale, fid, udm, byte, intero);
+        avvisa();
+        return campioni.fine();
     }
-    documento.inizia("samples", "",
-                     {{"sample", "SAMPLE", Lato::destra},
-                      {"identifier", "IDENTIFIER"},
-                      {"name", "NAME"},
-                      {"value", "VALUE", Lato::destra},
-                      {"unit", "UNIT"},
-                      {"status", "STATUS", Lato::destra},
-                      {"text", "TEXT"}});
-    for (std::size_t i = 0; i < byte.size() / dimensione; ++i)
-        for (std::size_t j = 0; j < decodifiche.size(); ++j)
-            decodifiche[j].riga(documento, i, nomi[j], byte.data() + i * dimensione);
+    std::int64_t campione = 0;
+    campioni.leggi(
+        [&] {
+            avvisa();
+            inizia(documento, campioni.conRighe());
+        },
+        [&](const char* byte) {
+            for (Decodifica& una : decodifiche)
+                una.riga(documento, campione, byte);
+            ++campione;
+        });
     documento.fine();
+    campioni.fine();
 }
 
 }  // namespace
@@ -266,8 +290,10 @@ void aggiungiDecode(CLI::App& programma) {
         .opzione("[ID] HEX", argomenti->posizionali,
                  "Identifier, unless its fields are given, and bytes; - for lines of standard input")
         .valore("");
-    comando.opzione("--type", argomenti->tipo, "Sample type code; a packet's is known from its identifier")
-        .valore("CODE");
+    comando
+        .opzione("--type", argomenti->tipo,
+                 "Sample type: int16, float32... or its code; a packet's is known from its identifier")
+        .valore("TYPE");
     comando.bandiera("--types", argomenti->tipi, "List the sample types");
     comando
         .opzione("--channel", argomenti->canale, "Identifier of the packet channel, where ID is one of its subfields")
@@ -275,18 +301,26 @@ void aggiungiDecode(CLI::App& programma) {
     comando.opzione("--unit", argomenti->udm, "Unit (default: the base unit)").valore("UNIT");
     comando.opzione("--width", argomenti->larghezza, "Characters of the text, point not counted, 1 to 31 (default 8)")
         .valore("N");
-    comando.opzione("--decimals", argomenti->decimali, "Decimals of the text, 0 to 3 (default: the unit's)")
-        .valore("N");
+    comando.opzione("--decimals", argomenti->decimali, "Decimals of the text (default: the unit's)")
+        .valore("{0,1,2,3}");
     comando.bandiera("--auto-decimals", argomenti->automatici, "Let the text choose 1 or 0 decimals by magnitude");
-    comando.opzione("--format", argomenti->formato, "right (default), left or compact").valore("FORMAT");
+    comando.opzione("--format", argomenti->formato, "right is the default").scelta(FORMATI);
     comando.opzione("--bits", argomenti->bit, "Bit field of an integer sample").valore("POS:COUNT");
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiAvvisi(comando, argomenti->avvisi);
+    aggiungiForma(comando, argomenti->forma, {"samples", "sample_types"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi(
-        "Bytes stand in the order of the record, low byte first; several samples may follow each other.\n"
-        "Status: 0 good, 1 error, 2 missing, 4 over range, 8 invalid.",
-        "kelfun decode 0x10 --type 6 --unit mph 0000C842", "kelfun decode --quantity gear --type 11 0300 FFFF 0000",
+        "Bytes stand in the order of the record, low byte first; several samples may follow each other. Of lines of "
+        "standard\n"
+        "input each sample is answered once its bytes are there; a wrong line is reported and left out (exit status "
+        "1).\n"
+        "Types: " +
+            suRighe(nomiCampioni()) +
+            ".\n"
+            "Status: 0 good, 1 error, 2 missing, 4 over range, 8 invalid.",
+        "kelfun decode 0x10 --type float32 --unit mph 0000C842",
+        "kelfun decode --quantity gear --type gear 0300 FFFF 0000",
         "kelfun decode --details laptime '01 02 0300 00460100 E8030000 00000000 00000000 00000000 00020000'"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }

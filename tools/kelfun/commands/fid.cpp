@@ -128,7 +128,7 @@ void esegui(const Argomenti& argomenti) {
         return programmaFid(*catalogo, argomenti.codice, fid);
     Documento documento(stdout, argomenti.forma.forma());
     nomi(documento, *catalogo, fid);
-    if (argomenti.forma.forma().forma == Forma::tabella)
+    if (argomenti.forma.forma().forma == Forma::tabella && argomenti.forma.tabella.empty())
         disegno(documento, fid);
     tabellaCampi(documento, fid);
     tabellaUnita(documento, *catalogo, fid);
@@ -143,10 +143,12 @@ void esegui(const Argomenti& argomenti) {
 void aggiungiFid(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "fid", "Everything known about one identifier");
-    comando.opzione("ID", argomenti->id, "Hexadecimal (0x10), decimal (16) or a legacy identifier (REF_SPEED)")
+    comando
+        .opzione("ID", argomenti->id,
+                 "Hexadecimal (0x10), decimal (16), a legacy identifier (REF_SPEED) or a name ('Oil Pressure')")
         .valore("");
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"fields", "properties", "units", "choices", "camera", "subfields"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi("Value in a unit = value in the base unit * gain + offset.", "kelfun fid 0x10",
                         "kelfun fid FG_GEAR_BOX_TEMP --json",

@@ -63,8 +63,8 @@ void riga(Documento& documento, const IFunzioni& catalogo, const Trovato& trovat
     }
     documento.riga({Cella::fid(fid), Cella::testo(catalogo.getNomeFunzione(fid, false)),
                     Cella::testo(senzaNul(catalogo.getNomeFunzioneShort(fid))), testoOVuota(idVecchio(fid)),
-                    testoOVuota(elenco(unita)), Cella::testo(nomeGrado(trovato.grado)), Cella::testo(elenco(specie)),
-                    Cella::testo(elenco(testi))});
+                    Cella::lista({unita.begin(), unita.end()}), Cella::testo(nomeGrado(trovato.grado)),
+                    Cella::lista(specie), Cella::lista(testi)});
 }
 
 void esegui(const Argomenti& argomenti) {
@@ -101,7 +101,7 @@ void aggiungiFind(CLI::App& programma) {
                  "Words, all of which must be found: of a name, a legacy identifier, a unit, an XML name, or digits")
         .valore("")
         .obbligatoria();
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"found"});
     comando.note(
         esempi("Capitals do not matter, nor do blanks, underscores and hyphens between words. Best matches come first: "
                "exact,\n"

@@ -55,8 +55,8 @@ void riga(Documento& documento, IFunzioni& catalogo, const std::string& grandezz
     std::list<std::string> unita;
     catalogo.getFunzUIVs(funzione.funpos, unita);
     documento.riga({Cella::testo(grandezza), Cella::fid(funzione.funpos), Cella::testo(funzione.nome),
-                    Cella::testo(senzaNul(catalogo.getNomeFunzioneShort(funzione.funpos))), Cella::testo(elenco(unita)),
-                    testoOVuota(elenco(testi(lati))), testoOVuota(elenco(testi(inout))),
+                    Cella::testo(senzaNul(catalogo.getNomeFunzioneShort(funzione.funpos))),
+                    Cella::lista({unita.begin(), unita.end()}), Cella::lista(testi(lati)), Cella::lista(testi(inout)),
                     primo < 0 ? Cella() : Cella::testo(std::to_string(primo) + " to " + std::to_string(ultimo))});
 }
 
@@ -102,7 +102,7 @@ void aggiungiFunctions(CLI::App& programma) {
     comando.opzione("FILTER", argomenti->filtri,
                     "Quantity (temperature) or identifier (0x0B8E); several are added up; none: every function");
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"functions"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi("Of a filter only quantity and object count; an object of 0 stands for all.",
                         "kelfun functions", "kelfun functions temperature speed",

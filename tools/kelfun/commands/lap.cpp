@@ -2,13 +2,17 @@
 #include <limits>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <stdexcept>
 
 #include "CLaptimeAndStrings.h"
+#include "cli/avvisi.h"
+#include "cli/elementi.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "code/codice.h"
 #include "commands/comandi.h"
-#include "io/righe.h"
+#include "domain/tempo_scritto.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -21,6 +25,7 @@ struct Argomenti {
     std::string numero;
     bool testo = false;
     bool righe = false;
+    Avvisi avvisi;
     SceltaForma forma;
     std::string codice;
 };
@@ -28,9 +33,18 @@ struct Argomenti {
 constexpr int MINIMO = std::numeric_limits<int>::min();
 constexpr int MASSIMO = std::numeric_limits<int>::max();
 
-using Riga = std::vector<Cella>;
+constexpr std::size_t LARGHEZZA_TESTO = 14;  // of the texts of lines, whose table grows
 
-Riga rigaElenco(const std::string& riga) {
+// A time, read or to be written. `testo` is the text as it was given, with --lines a line of a lap list.
+struct Tempo {
+    enum class Genere { scritto, letto, riga } genere;
+    std::string testo;
+    int lap = 0;
+    int millisecondi = 0;
+    std::optional<std::string> avviso;
+};
+
+Tempo leggiRiga(const std::string& riga) {
     int numero = 0;
     int tempo = 0;
     try {
@@ -39,71 +53,67 @@ Riga rigaElenco(const std::string& riga) {
         throw ErroreUso("'" + riga +
                         "' is no line of a lap list; accepted: 6 characters or more, such as '  7 - 1:23.456'");
     }
-    return {Cella::citata(riga), Cella::intero(numero), Cella::intero(tempo)};
+    return {Tempo::Genere::riga, riga, numero, tempo, avvisoRiga(riga, numero, tempo)};
+}
+
+Tempo leggiTesto(const std::string& testo) {
+    const int tempo = CLaptimeAndStrings::StringaToLapTime(testo);
+    return {Tempo::Genere::letto, testo, 0, tempo, avvisoLettura(testo, tempo)};
+}
+
+Tempo leggi(const Argomenti& argomenti, const std::string& testo) {
+    if (argomenti.righe)
+        return leggiRiga(testo);
+    if (argomenti.testo)
+        return leggiTesto(testo);
+    if (const auto letto = leggiIntero(testo, MINIMO, MASSIMO)) {
+        const auto millisecondi = static_cast<int>(*letto);
+        return {Tempo::Genere::scritto, testo, 0, millisecondi, avvisoScrittura(millisecondi)};
+    }
+    if (testo.find_first_of(":.") == std::string::npos)
+        throw ErroreUso("'" + testo + "' is no lap time; " + propostaTempo(testo) +
+                        "accepted: milliseconds (83456) of 32 bits, or a text (1:23.456); --text "
+                        "reads anything");
+    return leggiTesto(testo);
 }
 
 // With a number the text is a line of a lap list, and the next one has the number after it.
-Riga rigaTempo(int millisecondi, std::optional<int>& numero) {
-    if (!numero)
-        return {Cella::citata(CLaptimeAndStrings::LapTimeToStringa(millisecondi)), Cella(),
-                Cella::intero(millisecondi)};
+int prossimo(std::optional<int>& numero) {
     const int questo = *numero;
     *numero += questo < MASSIMO ? 1 : 0;
-    return {Cella::citata(CLaptimeAndStrings::LapNumAndTimeToStringa(questo, millisecondi)), Cella::intero(questo),
-            Cella::intero(millisecondi)};
+    return questo;
 }
 
-Riga rigaTesto(const std::string& testo) {
-    return {Cella::citata(testo), Cella(), Cella::intero(CLaptimeAndStrings::StringaToLapTime(testo))};
+std::vector<Cella> riga(const Tempo& tempo, std::optional<int>& numero) {
+    const Cella millisecondi = Cella::intero(tempo.millisecondi);
+    if (tempo.genere == Tempo::Genere::riga)
+        return {Cella::citata(tempo.testo), Cella::intero(tempo.lap), millisecondi};
+    if (tempo.genere == Tempo::Genere::letto)
+        return {Cella::citata(tempo.testo), Cella(), millisecondi};
+    if (!numero)
+        return {Cella::citata(CLaptimeAndStrings::LapTimeToStringa(tempo.millisecondi)), Cella(), millisecondi};
+    const int questo = prossimo(numero);
+    return {Cella::citata(CLaptimeAndStrings::LapNumAndTimeToStringa(questo, tempo.millisecondi)),
+            Cella::intero(questo), millisecondi};
 }
 
-Riga riga(const Argomenti& argomenti, const std::string& testo, std::optional<int>& numero) {
-    if (argomenti.righe)
-        return rigaElenco(testo);
-    if (argomenti.testo)
-        return rigaTesto(testo);
-    if (const auto millisecondi = leggiIntero(testo, MINIMO, MASSIMO))
-        return rigaTempo(static_cast<int>(*millisecondi), numero);
-    if (testo.find_first_of(":.") == std::string::npos)
-        throw ErroreUso("'" + testo +
-                        "' is no lap time; accepted: milliseconds (83456) of 32 bits, or a text (1:23.456); --text "
-                        "reads anything");
-    return rigaTesto(testo);
+// The smallest number is no literal: minus is an operation on one too large.
+std::string interoPerProgramma(int valore) {
+    return valore == MINIMO ? "-2147483647 - 1" : std::to_string(valore);
 }
 
 // Only C++ has lap times as texts.
-nlohmann::ordered_json vocePerProgramma(const Argomenti& argomenti, const std::string& testo,
-                                        std::optional<int>& numero) {
-    const int prima = numero.value_or(0);
-    riga(argomenti, testo, numero);  // refuses what is no lap time
-    const auto millisecondi = leggiIntero(testo, MINIMO, MASSIMO);
-    const bool scrive = !argomenti.righe && !argomenti.testo && millisecondi;
-    if (!scrive)
-        return {{argomenti.righe ? "riga" : "letto", true}, {"testo", testoPerProgramma(testo)}};
-    // The smallest number is no literal: minus is an operation on one too large.
-    const std::string ms = *millisecondi == MINIMO ? "-2147483647 - 1" : std::to_string(*millisecondi);
+nlohmann::ordered_json vocePerProgramma(const Tempo& tempo, std::optional<int>& numero) {
+    if (tempo.genere != Tempo::Genere::scritto)
+        return {{tempo.genere == Tempo::Genere::riga ? "riga" : "letto", true},
+                {"testo", testoPerProgramma(tempo.testo)}};
+    const std::string ms = interoPerProgramma(tempo.millisecondi);
     if (!numero)
         return {{"scritto", true}, {"ms", ms}};
-    const std::string questo = prima == MINIMO ? "-2147483647 - 1" : std::to_string(prima);
-    return {{"elencato", true}, {"ms", ms}, {"numero", questo}};
+    return {{"elencato", true}, {"ms", ms}, {"numero", interoPerProgramma(prossimo(numero))}};
 }
 
-std::vector<std::string> leggiTempi(const Argomenti& argomenti) {
-    std::vector<std::string> testi = conRigheDiIngresso(argomenti.tempi);
-    if (testi.empty())
-        throw ErroreUso("there is no lap time; accepted: TIME..., or - and a time on each line of standard input");
-    return testi;
-}
-
-void programma(const Argomenti& argomenti, std::optional<int> numero) {
-    nlohmann::ordered_json voci = nlohmann::ordered_json::array();
-    for (const std::string& testo : leggiTempi(argomenti))
-        voci.push_back(vocePerProgramma(argomenti, testo, numero));
-    stampaProgramma(argomenti.codice, "lap", "Lap times to text and back",
-                    {{"voci", voci}, {"con_righe", argomenti.righe}});
-}
-
-void esegui(const Argomenti& argomenti) {
+std::optional<int> leggiNumero(const Argomenti& argomenti) {
     std::optional<int> numero;
     if (!argomenti.numero.empty()) {
         const auto letto = leggiIntero(argomenti.numero, MINIMO, MASSIMO);
@@ -114,18 +124,49 @@ void esegui(const Argomenti& argomenti) {
     }
     if (argomenti.righe + argomenti.testo + numero.has_value() > 1)
         throw ErroreUso("--lines, --text and --number exclude each other; accepted: one of them");
-    if (!argomenti.codice.empty())
-        return programma(argomenti, numero);
-    // Everything is read before anything is printed: a wrong argument leaves no half of a table.
-    std::vector<Riga> righe;
-    for (const std::string& testo : leggiTempi(argomenti))
-        righe.push_back(riga(argomenti, testo, numero));
+    return numero;
+}
+
+void esegui(Argomenti& argomenti) {
+    std::optional<int> numero = leggiNumero(argomenti);
+    Elementi elementi("lap", argomenti.tempi);
     Documento documento(stdout, argomenti.forma.forma());
-    documento.inizia("laps", "",
-                     {{"text", "TEXT"}, {"lap", "LAP", Lato::destra}, {"milliseconds", "MILLISECONDS", Lato::destra}});
-    for (Riga& una : righe)
-        documento.riga(std::move(una));
-    documento.fine();
+    nlohmann::ordered_json voci = nlohmann::ordered_json::array();
+    std::vector<std::optional<std::string>> sospesi;  // until there is a program beside them
+    const bool con_codice = !argomenti.codice.empty();
+    const bool risposto = elementi.rispondi(
+        [&](const std::string& testo) {
+            Tempo tempo = leggi(argomenti, testo);
+            argomenti.avvisi.pretendi(tempo.avviso);
+            return tempo;
+        },
+        [&] {
+            if (!con_codice)
+                documento.inizia("laps", "",
+                                 {{"text", "TEXT", Lato::sinistra, LARGHEZZA_TESTO},
+                                  {"lap", "LAP", Lato::destra},
+                                  {"milliseconds", "MILLISECONDS", Lato::destra}},
+                                 elementi.conRighe());
+        },
+        [&](const Tempo& tempo) {
+            if (con_codice) {
+                voci.push_back(vocePerProgramma(tempo, numero));
+                sospesi.push_back(tempo.avviso);
+                return;
+            }
+            argomenti.avvisi.di(tempo.avviso);
+            documento.riga(riga(tempo, numero));
+        });
+    if (!risposto || (con_codice && voci.empty()))
+        throw ErroreUso("there is no lap time; accepted: TIME..., or - and a time on each line of standard input");
+    if (con_codice)
+        stampaProgramma(argomenti.codice, "lap", "Lap times to text and back",
+                        {{"voci", voci}, {"con_righe", argomenti.righe}});
+    else
+        documento.fine();
+    for (const auto& avviso : sospesi)
+        argomenti.avvisi.di(avviso);
+    elementi.fine();
 }
 
 }  // namespace
@@ -140,12 +181,13 @@ void aggiungiLap(CLI::App& programma) {
     comando.opzione("--number", argomenti->numero, "Write lines of a lap list, numbered from N on").valore("N");
     comando.bandiera("--lines", argomenti->righe, "Read lines of a lap list: '  7 - 1:23.456'");
     comando.bandiera("--text", argomenti->testo, "Read everything as a text, also what looks like milliseconds");
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiAvvisi(comando, argomenti->avvisi);
+    aggiungiForma(comando, argomenti->forma, {"laps"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi(
         "With a point a text is minutes, seconds and thousandths as written (1:23.4 is 83004 ms); without, it is "
         "hours,\n"
-        "minutes and seconds.",
+        "minutes and seconds. What is read as another time than was probably meant is said so on standard error.",
         "kelfun lap 83456 3723000", "kelfun lap 1:23.456 1:02:03 --json", "kelfun lap --lines '  7 - 1:23.456'"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }

@@ -1,7 +1,9 @@
 // kelfun match: which channels carry a function.
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 
+#include "cli/avvisi.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "code/codice.h"
@@ -23,6 +25,7 @@ struct Argomenti {
     CampiDati campi;
     std::string file;
     std::string variante;
+    Avvisi avvisi;
     SceltaForma forma;
     std::string codice;
 };
@@ -47,6 +50,15 @@ public:
     }
 
     void prima() { riga("match", kelFunGetMatchCh(&set_, richiesta_)); }
+    // Found by its instance number, which another number may pass for.
+    std::optional<std::string> avvisoNumero() {
+        const s_kel_canale* canale = kelFunGetMatchChFull(&set_, richiesta_);
+        if (canale == nullptr || !kelFidNumerato(richiesta_) || !kelFidNumerato(canale->fid) ||
+            kelFidNumero(canale->fid) == kelFidNumero(richiesta_))
+            return std::nullopt;
+        return "full finds number " + std::to_string(kelFidNumero(canale->fid)) + " for number " +
+               std::to_string(kelFidNumero(richiesta_)) + ": instance numbers are compared in pieces of two bits";
+    }
     void intera() { riga("full", kelFunGetMatchChFull(&set_, richiesta_)); }
     void elenco() {
         std::vector<s_kel_canale*> trovati(canali_.size());
@@ -98,10 +110,8 @@ void programma(const Argomenti& argomenti, const IFunzioni& catalogo, kel_funpos
                      {"con_set", vuole("full") || vuole("list")}});
 }
 
-void esegui(const Argomenti& argomenti) {
+void esegui(Argomenti& argomenti) {
     const std::string& variante = argomenti.variante;
-    if (!variante.empty() && variante != "match" && variante != "full" && variante != "list")
-        throw ErroreUso("there is no --variant '" + variante + "'; accepted: match, full, list");
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     std::vector<std::string> testi = argomenti.posizionali;
     std::string id;
@@ -124,6 +134,9 @@ void esegui(const Argomenti& argomenti) {
     if (!argomenti.codice.empty())
         return programma(argomenti, *catalogo, richiesta, canali);
     Documento documento(stdout, argomenti.forma.forma());
+    Ricerca ricerca(*catalogo, canali, richiesta, documento);
+    if (variante.empty() || variante == "full")
+        argomenti.avvisi.subito(ricerca.avvisoNumero());
     documento.proprieta("request", "Request", Cella::fid(richiesta));
     documento.proprieta("name", "Name", Cella::testo(catalogo->getNomeFunzione(richiesta, false)));
     documento.proprieta("channels", "Channels", Cella::intero(static_cast<std::int64_t>(canali.size())));
@@ -133,7 +146,6 @@ void esegui(const Argomenti& argomenti) {
                       {"identifier", "IDENTIFIER"},
                       {"name", "NAME"},
                       {"by", "BY"}});
-    Ricerca ricerca(*catalogo, canali, richiesta, documento);
     if (variante.empty() || variante == "match")
         ricerca.prima();
     if (variante.empty() || variante == "full")
@@ -157,9 +169,10 @@ void aggiungiMatch(CLI::App& programma) {
     comando
         .opzione("--channels", argomenti->file, "More channels: identifiers of a file, one a line; - is standard input")
         .valore("FILE");
-    comando.opzione("--variant", argomenti->variante, "Only one: match, full or list").valore("NAME");
+    comando.opzione("--variant", argomenti->variante, "Only one of the three").scelta({"match", "full", "list"});
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiAvvisi(comando, argomenti->avvisi);
+    aggiungiForma(comando, argomenti->forma, {"matches", "properties"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(
         esempi("Fields of the request that are 0 match anything. match: first channel by quantity, object and "

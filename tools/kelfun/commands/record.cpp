@@ -6,9 +6,11 @@
 #include "captures/canali_record.h"
 #include "captures/file_canali.h"
 #include "captures/registrazione.h"
+#include "cli/avvisi.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
+#include "domain/avvisi_unita.h"
 #include "domain/unita.h"
 #include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
@@ -30,6 +32,7 @@ struct Argomenti {
     bool tutto = false;
     bool compatta = false;
     SceltaColonne colonne;
+    Avvisi avvisi;
     SceltaForma forma;
 };
 
@@ -127,7 +130,7 @@ void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti
         std::fputs((note.back().testo() + "\n").c_str(), stderr);
 }
 
-void esegui(const Argomenti& argomenti) {
+void esegui(Argomenti& argomenti) {
     if (argomenti.canali == "-" && argomenti.campioni == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     const Tempo tempo(argomenti);
@@ -141,6 +144,8 @@ void esegui(const Argomenti& argomenti) {
     const std::vector<s_kel_canale> canali =
         leggiFileCanali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
     std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
+    for (const ColonnaRecord& colonna : colonne)
+        argomenti.avvisi.subito(avvisoUnita(*catalogo, colonna.fid, colonna.udm));
     Ingresso ingresso(argomenti.campioni);
     ingresso.mostraAvanzamento(!destinazione);
     LettoreRecord lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); },
@@ -190,7 +195,8 @@ void aggiungiRecord(CLI::App& programma) {
                      "Show GPS packets as the device shows them: the library's values, not WGS 84");
     comando.bandiera("--packed", argomenti->compatta,
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiAvvisi(comando, argomenti->avvisi);
+    aggiungiForma(comando, argomenti->forma, {"records"});
     aggiungiGrafico(comando, argomenti->grafico).esclude(testi);
     comando.bandiera("--all", argomenti->tutto,
                      "Draw all channels, each in its panel, not only those that matter most");

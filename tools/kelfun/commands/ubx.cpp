@@ -205,10 +205,10 @@ void aggiungiUbx(CLI::App& programma) {
     Comando comando(programma, "ubx", "GPS solutions (UBX NAV-SOL and NAV-PVT) of a u-blox byte stream");
     comando.opzione("FILE", argomenti->file, "Capture, or - for standard input").valore("").obbligatoria();
     comando.opzione("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph").valore("UNIT");
-    comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("N");
+    comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("{0,1,2,3}");
     comando.bandiera("--device", argomenti->dispositivo,
                      "Show what the device shows: the library's values and texts of the logger's GPS packet");
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"solutions"});
     aggiungiGrafico(comando, argomenti->grafico);
     aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(

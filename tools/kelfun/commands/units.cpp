@@ -39,7 +39,7 @@ void tutte(Documento& documento, const IFunzioni& catalogo) {
         std::list<std::string> unita;
         catalogo.getFunzUIVs(riga.chiave, unita);
         documento.riga({Cella::fid(riga.chiave), Cella::testo(riga.testo),
-                        Cella::testo(catalogo.getUnitaBase(riga.chiave)), Cella::testo(elenco(unita))});
+                        Cella::testo(catalogo.getUnitaBase(riga.chiave)), Cella::lista({unita.begin(), unita.end()})});
     }
 }
 
@@ -91,7 +91,7 @@ void aggiungiUnits(CLI::App& programma) {
     comando.opzione("ID", argomenti->id, "Identifier; none: every row of the quantity table");
     comando.bandiera("--codes", argomenti->codici, "The unit codes, which have a vocabulary of their own");
     aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"units", "properties", "functions", "codes"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi("Value in a unit = value in the base unit * gain + offset. A reciprocal unit shows a pace.",
                         "kelfun units", "kelfun units --quantity velocity", "kelfun units --codes --csv"));

@@ -6,10 +6,11 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string_view>
 
 #include "captures/nomi_record.h"
+#include "completion/candidati.h"
+#include "completion/contesto.h"
 #include "domain/campi.h"
 #include "domain/identificatore.h"
 #include "domain/tipi_campione.h"
@@ -21,135 +22,8 @@ namespace kel::strumento {
 
 namespace {
 
-constexpr std::string_view FILE_DELLA_SHELL = ":files";
-
-// The words before the one being completed, sorted into options and arguments.
-struct Contesto {
-    std::map<std::string, std::vector<std::string>> opzioni;  // values by long name; flags have none
-    std::vector<std::string> argomenti;
-    const CLI::Option* attesa = nullptr;  // the option whose value comes next
-    bool solo_argomenti = false;          // after "--"
-};
-
-class Candidati {
-public:
-    explicit Candidati(std::string inizio) : inizio_(std::move(inizio)) {}
-
-    /// What stands before each candidate within its word: "--unit=".
-    void premetti(std::string testo) { prima_ = std::move(testo); }
-
-    void aggiungi(std::string_view parola, std::string_view spiegazione) {
-        if (!parola.starts_with(inizio_) || parola.empty() || !visti_.insert(std::string(parola)).second)
-            return;
-        testo_ += prima_ + std::string(parola);
-        if (!spiegazione.empty())
-            testo_ += "\t" + std::string(spiegazione);
-        testo_ += "\n";
-    }
-    void file() { testo_ += std::string(FILE_DELLA_SHELL) + "\n"; }
-
-    const std::string& inizio() const { return inizio_; }
-    bool vuoti() const { return testo_.empty(); }
-    const std::string& testo() const { return testo_; }
-
-private:
-    std::string inizio_;
-    std::string prima_;
-    std::string testo_;
-    std::set<std::string> visti_;
-};
-
-std::string nomeLungo(const CLI::Option& opzione) {
-    return opzione.get_lnames().empty() ? "" : "--" + opzione.get_lnames().front();
-}
-
-bool vuoleValore(const CLI::Option& opzione) {
-    return opzione.get_items_expected_max() > 0;
-}
-
-const CLI::Option* cercaOpzione(const CLI::App& comando, std::string_view nome) {
-    for (const CLI::Option* opzione : comando.get_options())
-        if (opzione->nonpositional() && opzione->check_name(std::string(nome)))
-            return opzione;
-    return nullptr;
-}
-
-Contesto leggiContesto(const CLI::App& comando, const std::vector<std::string>& prima) {
-    Contesto contesto;
-    for (const std::string& parola : prima) {
-        if (contesto.attesa != nullptr) {
-            contesto.opzioni[nomeLungo(*contesto.attesa)].push_back(parola);
-            contesto.attesa = nullptr;
-        } else if (contesto.solo_argomenti || parola.size() < 2 || parola.front() != '-') {
-            contesto.argomenti.push_back(parola);
-        } else if (parola == "--") {
-            contesto.solo_argomenti = true;
-        } else {
-            const std::size_t uguale = parola.find('=');
-            const CLI::Option* opzione = cercaOpzione(comando, parola.substr(0, uguale));
-            if (opzione == nullptr)
-                continue;
-            std::vector<std::string>& valori = contesto.opzioni[nomeLungo(*opzione)];
-            if (uguale != std::string::npos)
-                valori.push_back(parola.substr(uguale + 1));
-            else if (vuoleValore(*opzione))
-                contesto.attesa = opzione;
-        }
-    }
-    return contesto;
-}
-
-// An argument may be named by several words: "[ID] VALUE" is an identifier, unless its fields are given, and values.
-std::vector<std::string> nomiArgomento(const CLI::Option& argomento, bool campi_dati) {
-    std::vector<std::string> nomi;
-    for (std::string nome : dividi(argomento.get_name(true), ' ')) {
-        if (nome.front() == '[') {
-            if (campi_dati)
-                continue;
-            nome = nome.substr(1, nome.size() - 2);
-        }
-        nomi.push_back(nome);
-    }
-    return nomi;
-}
-
-// Name and declaration of the n-th argument of a command; null when it takes no more.
-std::pair<std::string, const CLI::Option*> argomento(const CLI::App& comando, bool campi_dati, std::size_t n) {
-    for (const CLI::Option* opzione : comando.get_options()) {
-        if (!opzione->get_positional())
-            continue;
-        const std::vector<std::string> nomi = nomiArgomento(*opzione, campi_dati);
-        const bool ripetuto = opzione->get_items_expected_max() > static_cast<int>(nomi.size());
-        if (n < nomi.size())
-            return {nomi[n], opzione};
-        if (ripetuto && !nomi.empty())
-            return {nomi.back(), opzione};
-        n -= nomi.size();
-    }
-    return {"", nullptr};
-}
-
 bool diIdentificatore(std::string_view nome) {
     return nome == "ID" || nome == "REQUEST" || nome == "CHANNEL" || nome == "FILTER";
-}
-
-const Vocabolario* vocabolario(std::string_view opzione, unsigned dettagli) {
-    static const Vocabolario tutti[] = {
-        grandezze(),
-        {"--object", "FID_OBJ_", oggetto_misurato_FunzKel, FID_MASK_OBJ},
-        {"--position", "FID_POS_", posizione_FunzKel, FID_MASK_POS},
-        {"--inout", "FID_INOUT_", inout_FunzKel, FID_MASK_INOUT},
-        {"--details", "FID_DETTAGLI_", dettagli_FunzKel, FID_MASK_OBJ},
-    };
-    static const Vocabolario gps = {"--specialisation", "FID_SPEC_GPS_", specializzazione_gps_FunzKel, FID_MASK_POS};
-    static const Vocabolario giro = {"--specialisation", "FID_SPEC_LAPTIME_", specializzazione_laptime_FunzKel,
-                                     FID_MASK_POS};
-    if (opzione == "--specialisation")
-        return dettagli == FID_DETTAGLI_GPS ? &gps : dettagli == FID_DETTAGLI_LAPTIME ? &giro : nullptr;
-    for (const Vocabolario& uno : tutti)
-        if (uno.opzione == opzione)
-            return &uno;
-    return nullptr;
 }
 
 class Completamento {
@@ -180,46 +54,25 @@ public:
             opzioni();
     }
 
+    // By the vocabulary that its option has, else by the type that the option declares.
     void valore(const CLI::Option& opzione) {
-        const std::string nome = nomeLungo(opzione);
+        using Offri = void (Completamento::*)();
+        static const std::map<std::string_view, Offri> per_tipo = {
+            {"SIDE", &Completamento::lati},      {"DIRECTION", &Completamento::inout},
+            {"NUMBER", &Completamento::numeri},  {"TYPE", &Completamento::tipi},
+            {"UNIT", &Completamento::unita},     {"[CHANNEL=]UNIT", &Completamento::unitaCanali},
+            {"CHANNEL", &Completamento::canali}, {"ID", &Completamento::identificatori},
+        };
         const std::string tipo = opzione.get_type_name();
-        if (nome == "--side")
-            lati();
-        else if (nome == "--number" && cercaOpzione(comando_, "--quantity") != nullptr)
-            numeri();
-        else if (nome == "--inout")
-            inout();
-        else if (const Vocabolario* voci = vocabolario(nome, dettagli()))
+        if (const auto offri = per_tipo.find(tipo); offri != per_tipo.end())
+            (this->*offri->second)();
+        else if (const Vocabolario* voci = vocabolario(nomeLungo(opzione), dettagli()))
             nomi(*voci);
-        else if (nome == "--type")
-            tipi();
-        else if (nome == "--decimals")
-            scelta({"0", "1", "2", "3"});
-        else if (nome == "--format")
-            scelta({"right", "left", "compact"});
-        else if (nome == "--variant")
-            scelta({"match", "full", "list"});
-        else if (nome == "--code")
-            scelta({"c", "cpp", "python"});
-        else if (tipo == "UNIT")
-            unita();
-        else if (tipo == "[CHANNEL=]UNIT")
-            unitaCanali();
-        else if (tipo == "CHANNEL")
-            for (const NomeRecord& uno : nomiCanali())
-                candidati_.aggiungi(uno.nome, uno.spiegazione);
-        else if (tipo == "ID")
-            identificatori();
         else
             deiTipi(tipo);
     }
 
 private:
-    void scelta(std::initializer_list<std::string_view> parole) {
-        for (const std::string_view una : parole)
-            candidati_.aggiungi(una, "");
-    }
-
     // What the declared type tells: a list of words, "TEXT:{a,b}", or a file.
     void deiTipi(const std::string& tipo) {
         const std::size_t apre = tipo.find('{');
@@ -240,7 +93,7 @@ private:
             identificatori();
         } else if (nome == "TEXT") {
             for (const char* opzione : {"--quantity", "--object", "--position"})
-                nomi(*vocabolario(opzione, 0));
+                nomi(*vocabolario(opzione));
             if (candidati_.inizio().starts_with("FID_"))
                 nomiXml();
             nomiFunzioni();
@@ -277,7 +130,7 @@ private:
 
     void nomiXml() {
         for (const char* opzione : {"--quantity", "--object", "--position", "--inout", "--details"})
-            for (const s_campo_fid& riga : vocabolario(opzione, 0)->righe)
+            for (const s_campo_fid& riga : vocabolario(opzione)->righe)
                 candidati_.aggiungi(riga.xml, riga.testo);
     }
 
@@ -292,7 +145,7 @@ private:
 
     unsigned dettagli() const {
         try {
-            return campi_.dettagli.empty() ? 0 : leggiCampo(*vocabolario("--details", 0), campi_.dettagli);
+            return campi_.dettagli.empty() ? 0 : leggiCampo(*vocabolario("--details"), campi_.dettagli);
         } catch (const std::exception&) {
             return 0;
         }
@@ -333,6 +186,11 @@ private:
                           contesto_.opzioni.contains("--packed") ? Disposizione::compatta : Disposizione::dichiarata);
     }
 
+    void canali() {
+        for (const NomeRecord& uno : nomiCanali())
+            candidati_.aggiungi(uno.nome, uno.spiegazione);
+    }
+
     // A unit for everything, or with the name of what it is for.
     void unitaCanali() {
         const std::vector<NomeRecord> nomi = nomiCanali();
@@ -360,8 +218,11 @@ private:
         }
     }
 
+    // By name, and by code once a digit is there.
     void tipi() {
         for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE; ++tipo)
+            candidati_.aggiungi(nomeCampione(tipo), contenutoCampione(tipo));
+        for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE && !candidati_.inizio().empty(); ++tipo)
             candidati_.aggiungi(std::to_string(tipo), contenutoCampione(tipo));
     }
 
@@ -391,9 +252,12 @@ private:
         const Scelte trovate = scelte();
         for (const auto& [bit, testo] : trovate.lati)
             candidati_.aggiungi(conTratti(testo), testo);
-        if (trovate.lati.empty())
-            scelta({"left", "right", "center", "front", "rear", "xcenter", "up", "down", "zcenter", "front-left",
-                    "front-right", "rear-left", "rear-right"});
+        if (!trovate.lati.empty())
+            return;
+        for (const std::string& uno : nomiLati())
+            candidati_.aggiungi(uno, "");
+        for (const char* angolo : {"front-left", "front-right", "rear-left", "rear-right"})
+            candidati_.aggiungi(angolo, "");
     }
 
     void inout() {
@@ -401,7 +265,7 @@ private:
         for (const auto& [valore, testo] : trovate.inout)
             candidati_.aggiungi(conTratti(testo), testo);
         if (trovate.inout.empty())
-            nomi(*vocabolario("--inout", 0));
+            nomi(*vocabolario("--inout"));
     }
 
     void numeri() {
@@ -427,7 +291,7 @@ private:
             catalogo_->getAllFunzZumikoCamBasePerSw(camera);
             catalogo_->getAllFunzZumikoCamEstesePerSw(camera);
             for (const t_SFunzioneZumikoCam* riga : camera)
-                if (!kelFidFineTabella(riga->fid) && kelFunGetFidDaID(riga->id) != 0)
+                if (!kelFidFineTabella(riga->fid) && catalogo_->getFidDaID(riga->id) != 0)
                     candidati_.aggiungi(riga->id, riga->testo);
         }
         if (!inizio.empty() && inizio.front() != '0')

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "domain/sinonimi.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -25,8 +26,26 @@ std::span<const s_campo_fid> specializzazioni(unsigned dettagli) {
 }
 
 const Vocabolario& grandezze() {
-    static const Vocabolario vocabolario = {"--quantity", "FID_PHI_", grandezza_fisica_FunzKel, FID_MASK_PHI};
-    return vocabolario;
+    return *vocabolario("--quantity");
+}
+
+const Vocabolario* vocabolario(std::string_view opzione, unsigned dettagli) {
+    static const Vocabolario campi[] = {
+        {"--quantity", "FID_PHI_", grandezza_fisica_FunzKel, FID_MASK_PHI},
+        {"--object", "FID_OBJ_", oggetto_misurato_FunzKel, FID_MASK_OBJ},
+        {"--position", "FID_POS_", posizione_FunzKel, FID_MASK_POS},
+        {"--inout", "FID_INOUT_", inout_FunzKel, FID_MASK_INOUT},
+        {"--details", "FID_DETTAGLI_", dettagli_FunzKel, FID_MASK_OBJ},
+    };
+    static const Vocabolario gps = {"--specialisation", "FID_SPEC_GPS_", specializzazione_gps_FunzKel, FID_MASK_POS};
+    static const Vocabolario giro = {"--specialisation", "FID_SPEC_LAPTIME_", specializzazione_laptime_FunzKel,
+                                     FID_MASK_POS};
+    if (opzione == "--specialisation")
+        return dettagli == FID_DETTAGLI_GPS ? &gps : dettagli == FID_DETTAGLI_LAPTIME ? &giro : nullptr;
+    for (const Vocabolario& uno : campi)
+        if (uno.opzione == opzione)
+            return &uno;
+    return nullptr;
 }
 
 std::vector<Campo> campi(kel_funpos fid) {
@@ -59,19 +78,6 @@ std::vector<Campo> campi(kel_funpos fid) {
     return campi;
 }
 
-std::string normale(std::string_view testo) {
-    std::string uscita;
-    for (const char c : testo) {
-        if (c == ' ' || c == '_' || c == '-')
-            uscita += uscita.empty() || uscita.back() == ' ' ? "" : " ";
-        else
-            uscita += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
-    if (!uscita.empty() && uscita.back() == ' ')
-        uscita.pop_back();
-    return uscita;
-}
-
 std::string parole(const Vocabolario& vocabolario, const s_campo_fid& riga) {
     std::string testo = normale(riga.xml + std::strlen(vocabolario.prefisso));
     std::replace(testo.begin(), testo.end(), ' ', '-');
@@ -99,11 +105,12 @@ unsigned leggiCampo(const Vocabolario& vocabolario, std::string_view nome) {
         return static_cast<unsigned>(r->valore);
     if (const auto numero = leggiIntero(nome, 0, vocabolario.massimo))
         return static_cast<unsigned>(*numero);
-    std::string accettati;
+    std::vector<std::string> nomi;
     for (const s_campo_fid& r : vocabolario.righe)
-        accettati += parole(vocabolario, r) + ", ";
-    throw ErroreUso("there is no " + std::string(vocabolario.opzione) + " '" + std::string(nome) +
-                    "'; accepted: " + accettati + "or a number from 0 to " + std::to_string(vocabolario.massimo));
+        nomi.push_back(parole(vocabolario, r));
+    throw ErroreUso("there is no " + std::string(vocabolario.opzione) + " '" + std::string(nome) + "'; " +
+                    proposta(nome, nomi) + "accepted: " + elenco(nomi) + ", or a number from 0 to " +
+                    std::to_string(vocabolario.massimo));
 }
 
 }  // namespace kel::strumento

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "kelfunzioni.h"
+#include "text/parole.h"
 
 namespace kel::strumento {
 
@@ -42,19 +43,20 @@ struct Vocabolario {
 /// The physical quantities.
 const Vocabolario& grandezze();
 
+/// The vocabulary of a field's option, of --specialisation that of a kind of packet. Null for options that have none, and
+/// for packets without specialisations. The sides share one option and have none: see `nomiLati`.
+const Vocabolario* vocabolario(std::string_view opzione, unsigned dettagli = 0);
+
 /// The row of a name: XML name, its words after the prefix ("speed", "angle-sec-ratio"), or the text. Capitals do not
 /// matter, nor whether words stand apart by blanks, underscores or hyphens. Null when there is none.
 const s_campo_fid* cercaNome(const Vocabolario& vocabolario, std::string_view nome);
 
 /// The value of a name, or of a number up to the field's largest value.
-/// @throws ErroreUso  with the names that are accepted.
+/// @throws ErroreUso  with the nearest name and all that are accepted.
 unsigned leggiCampo(const Vocabolario& vocabolario, std::string_view nome);
 
 /// Words of an XML name after the prefix, small, with hyphens: "angle-sec-ratio".
 std::string parole(const Vocabolario& vocabolario, const s_campo_fid& riga);
-
-/// Small letters, words apart by one blank.
-std::string normale(std::string_view testo);
 
 }  // namespace kel::strumento
 

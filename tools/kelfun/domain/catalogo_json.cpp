@@ -195,7 +195,10 @@ Json codiciUnita() {
 Json tipiCampione() {
     Json tutti = Json::array();
     for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE; ++tipo)
-        tutti.push_back({{"code", tipo}, {"bytes", kelFunGetSamplSize(tipo)}, {"content", contenutoCampione(tipo)}});
+        tutti.push_back({{"code", tipo},
+                         {"name", nomeCampione(tipo)},
+                         {"bytes", kelFunGetSamplSize(tipo)},
+                         {"content", contenutoCampione(tipo)}});
     return tutti;
 }
 

@@ -1,30 +1,19 @@
 #include "domain/identificatore.h"
 
-#include <charconv>
+#include <algorithm>
 #include <list>
 
 #include "domain/campi.h"
+#include "domain/lettura_fid.h"
+#include "domain/sinonimi.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 #include "text/parole.h"
+#include "text/vicini.h"
 
 namespace kel::strumento {
 
 namespace {
-
-const Vocabolario OGGETTI = {"--object", "FID_OBJ_", oggetto_misurato_FunzKel, FID_MASK_OBJ};
-const Vocabolario POSIZIONI = {"--position", "FID_POS_", posizione_FunzKel, FID_MASK_POS};
-const Vocabolario INOUT = {"--inout", "FID_INOUT_", inout_FunzKel, FID_MASK_INOUT};
-const Vocabolario DETTAGLI = {"--details", "FID_DETTAGLI_", dettagli_FunzKel, FID_MASK_OBJ};
-
-constexpr const char* ACCETTATI =
-    "accepted: hexadecimal (0x10), decimal (16) up to 32 bits, a legacy identifier (REF_SPEED), or fields "
-    "(--quantity speed)";
-
-unsigned leggiSpecializzazione(unsigned dettagli, std::string_view nome) {
-    const char* prefisso = dettagli == FID_DETTAGLI_GPS ? "FID_SPEC_GPS_" : "FID_SPEC_LAPTIME_";
-    return leggiCampo({"--specialisation", prefisso, specializzazioni(dettagli), FID_MASK_POS}, nome);
-}
 
 // The three side fields share one option. Texts come first: "Center" is the centre of left and right, "xCenter" that of
 // front and rear, "zCenter" that of up and down.
@@ -60,10 +49,8 @@ kel_funpos leggiLati(const std::vector<std::string>& testi) {
         for (const std::string& nome : nomi) {
             const kel_funpos nuovo = bitLato(nome);
             if (nuovo == 0)
-                throw ErroreUso(
-                    "there is no --side '" + nome +
-                    "'; accepted: left, right, center, front, rear, xcenter, up, down, zcenter, one of each "
-                    "direction, such as 'front left'");
+                throw ErroreUso("there is no --side '" + nome + "'; " + forse(nome, nomiLati()) +
+                                "accepted: " + elenco(nomiLati()) + ", one of each direction, such as 'front left'");
             for (const CampoLato& campo : LATI) {
                 const kel_funpos maschera = 3u << campo.shift;
                 if ((nuovo & maschera) != 0 && (bit & maschera) != 0 && (nuovo & maschera) != (bit & maschera))
@@ -78,6 +65,18 @@ kel_funpos leggiLati(const std::vector<std::string>& testi) {
 
 }  // namespace
 
+const std::vector<std::string>& nomiLati() {
+    static const std::vector<std::string> nomi = [] {
+        std::vector<std::string> tutti;
+        for (const CampoLato& campo : LATI)
+            for (const s_campo_fid& riga : campo.vocabolario.righe)
+                if (riga.valore != 0)
+                    tutti.push_back(normale(riga.testo));
+        return tutti;
+    }();
+    return nomi;
+}
+
 bool CampiDati::dati() const {
     return !grandezza.empty() || !oggetto.empty() || !posizione.empty() || !inout.empty() || !numero.empty() ||
            !dettagli.empty() || !specializzazione.empty() || !lati.empty();
@@ -90,12 +89,14 @@ void aggiungiCampi(Comando& comando, CampiDati& campi) {
         .gruppo(gruppo);
     comando.opzione("--object", campi.oggetto, "Measured object: oil, water, lap...").valore("NAME").gruppo(gruppo);
     comando.opzione("--position", campi.posizione, "Position: wheel, engine, gps...").valore("NAME").gruppo(gruppo);
-    comando.opzione("--inout", campi.inout, "in, out or center").valore("NAME").gruppo(gruppo);
+    comando.opzione("--inout", campi.inout, "in, out or center").valore("DIRECTION").gruppo(gruppo);
     comando.opzione("--side", campi.lati, "Sides, such as 'front left'; may be repeated")
-        .valore("NAME")
+        .valore("SIDE")
         .gruppo(gruppo)
         .ripetibile();
-    comando.opzione("--number", campi.numero, "Instance number, 0 to 63, in place of sides").valore("N").gruppo(gruppo);
+    comando.opzione("--number", campi.numero, "Instance number, 0 to 63, in place of sides")
+        .valore("NUMBER")
+        .gruppo(gruppo);
     comando.opzione("--details", campi.dettagli, "Kind of packet: laptime, datetime, gps")
         .valore("NAME")
         .gruppo(gruppo);
@@ -116,20 +117,23 @@ kel_funpos componi(const CampiDati& campi) {
     if (grandezza == FID_PHI_PACKAGE) {
         if (!campi.oggetto.empty() || !campi.posizione.empty())
             throw ErroreUso("a packet has no --object and no --position; accepted: --details, --specialisation");
-        const unsigned dettagli = campi.dettagli.empty() ? 0 : leggiCampo(DETTAGLI, campi.dettagli);
+        const unsigned dettagli = campi.dettagli.empty() ? 0 : leggiCampo(*vocabolario("--details"), campi.dettagli);
         if (!campi.specializzazione.empty() && specializzazioni(dettagli).empty())
             throw ErroreUso(
                 "only lap and GPS packets have a --specialisation; accepted: --details laptime, --details gps");
         const unsigned specializzazione =
-            campi.specializzazione.empty() ? 0 : leggiSpecializzazione(dettagli, campi.specializzazione);
+            campi.specializzazione.empty()
+                ? 0
+                : leggiCampo(*vocabolario("--specialisation", dettagli), campi.specializzazione);
         fid = kelFidComponi(grandezza, dettagli, specializzazione);
     } else {
-        const unsigned oggetto = campi.oggetto.empty() ? 0 : leggiCampo(OGGETTI, campi.oggetto);
-        const unsigned posizione = campi.posizione.empty() ? 0 : leggiCampo(POSIZIONI, campi.posizione);
+        const unsigned oggetto = campi.oggetto.empty() ? 0 : leggiCampo(*vocabolario("--object"), campi.oggetto);
+        const unsigned posizione =
+            campi.posizione.empty() ? 0 : leggiCampo(*vocabolario("--position"), campi.posizione);
         fid = kelFidComponi(grandezza, oggetto, posizione);
     }
     if (!campi.inout.empty())
-        fid |= kelFidBitInOut(leggiCampo(INOUT, campi.inout));
+        fid |= kelFidBitInOut(leggiCampo(*vocabolario("--inout"), campi.inout));
     if (!campi.numero.empty()) {
         if (!campi.lati.empty())
             throw ErroreUso("a function has either a --number or a --side; accepted: one of the two");
@@ -141,29 +145,11 @@ kel_funpos componi(const CampiDati& campi) {
     return fid | leggiLati(campi.lati);
 }
 
-kel_funpos leggiFid(IFunzioni& catalogo, std::string_view testo) {
-    const bool esadecimale = testo.starts_with("0x") || testo.starts_with("0X");
-    const std::string_view cifre = esadecimale ? testo.substr(2) : testo;
-    kel_funpos fid = 0;
-    const auto letto = std::from_chars(cifre.data(), cifre.data() + cifre.size(), fid, esadecimale ? 16 : 10);
-    if (!cifre.empty() && letto.ec == std::errc() && letto.ptr == cifre.data() + cifre.size())
-        return fid;
-    const bool lettera =
-        !testo.empty() && (std::isalpha(static_cast<unsigned char>(testo.front())) || testo.front() == '_');
-    if (!lettera)
-        throw ErroreUso("'" + std::string(testo) + "' is no identifier; " + ACCETTATI);
-    fid = catalogo.getFidDaID(std::string(testo));
-    if (fid == 0)
-        throw NonTrovato("there is no legacy identifier '" + std::string(testo) +
-                         "', and kelfun find searches names; " + ACCETTATI);
-    return fid;
-}
-
 kel_funpos risolvi(IFunzioni& catalogo, const std::string& argomento, const CampiDati& campi) {
     if (!argomento.empty() && campi.dati())
         throw ErroreUso("an identifier and its fields are both given; accepted: one of the two");
     if (argomento.empty() && !campi.dati())
-        throw ErroreUso(std::string("there is no identifier; ") + ACCETTATI);
+        throw ErroreUso(std::string("there is no identifier; ") + FID_ACCETTATI);
     return campi.dati() ? componi(campi) : leggiFid(catalogo, argomento);
 }
 
@@ -181,14 +167,11 @@ std::string leggiUdm(const IFunzioni& catalogo, kel_funpos fid, const std::strin
         return catalogo.getUnitaBase(fid);
     std::list<std::string> unita;
     catalogo.getFunzUIVs(fid, unita);
-    std::string accettate;
-    for (const std::string& una : unita) {
-        if (una == udm)
-            return udm;
-        accettate += (accettate.empty() ? "" : ", ") + una;
-    }
-    throw ErroreUso("'" + udm + "' is no unit of " + esadecimale(fid, 8) +
-                    "; accepted: " + (accettate.empty() ? "none, this function has no units" : accettate));
+    if (std::find(unita.begin(), unita.end(), udm) != unita.end())
+        return udm;
+    const std::vector<std::string> tutte(unita.begin(), unita.end());
+    throw ErroreUso("'" + udm + "' is no unit of " + esadecimale(fid, 8) + "; " + proposta(udm, tutte) +
+                    "accepted: " + (tutte.empty() ? "none, this function has no units" : elenco(tutte)));
 }
 
 }  // namespace kel::strumento

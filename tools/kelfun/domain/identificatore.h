@@ -8,6 +8,7 @@
 
 #include "IFunzioni.h"
 #include "cli/opzioni.h"
+#include "domain/lettura_fid.h"
 
 namespace kel::strumento {
 
@@ -29,14 +30,12 @@ struct CampiDati {
 /// Adds --quantity, --object, --position, --inout, --side, --number, --details and --specialisation to a command.
 void aggiungiCampi(Comando& comando, CampiDati& campi);
 
+/// The names of the sides, one of each direction making a side: "left", "front".
+const std::vector<std::string>& nomiLati();
+
 /// The identifier of fields given by name. Fields that were not given are 0.
 /// @throws ErroreUso  for an unknown name and for fields that exclude each other.
 kel_funpos componi(const CampiDati& campi);
-
-/// The identifier of one argument: hexadecimal with "0x", decimal, or a legacy identifier.
-/// @throws ErroreUso   when it is none of the three.
-/// @throws NonTrovato  for a legacy identifier that no table knows.
-kel_funpos leggiFid(IFunzioni& catalogo, std::string_view testo);
 
 /// The identifier of a command that takes it either as an argument or by its fields.
 /// @throws ErroreUso  when both or neither are given; else as `leggiFid` and `componi`.
@@ -46,7 +45,7 @@ kel_funpos risolvi(IFunzioni& catalogo, const std::string& argomento, const Camp
 std::string idVecchio(kel_funpos fid);
 
 /// A unit of a function: `udm` itself, or the base unit for "".
-/// @throws ErroreUso  when it is not one of the function's units, with those that are.
+/// @throws ErroreUso  when it is not one of the function's units, with the nearest and all those that are.
 std::string leggiUdm(const IFunzioni& catalogo, kel_funpos fid, const std::string& udm);
 
 }  // namespace kel::strumento

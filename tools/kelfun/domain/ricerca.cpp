@@ -1,13 +1,15 @@
 #include "domain/ricerca.h"
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 #include <set>
+#include <string>
 #include <tuple>
+#include <utility>
 
-#include "domain/campi.h"
+#include "domain/sinonimi.h"
 #include "text/parole.h"
+#include "text/vicini.h"
 
 namespace kel::strumento {
 
@@ -42,6 +44,12 @@ std::optional<Grado> confronta(const std::string& testo, std::size_t prefisso, c
     return migliore;
 }
 
+// An identifier in hexadecimal as its texts have it: "0x0b8e" is "0xb8e". Both in small letters.
+std::string senzaZeri(const std::string& cercato) {
+    const std::size_t cifre = cercato.starts_with("0x") ? cercato.find_first_not_of('0', 2) : std::string::npos;
+    return cifre == std::string::npos ? cercato : "0x" + cercato.substr(cifre);
+}
+
 struct Risposta {
     Grado grado;
     const Testo* testo;
@@ -54,13 +62,27 @@ std::optional<Risposta> rispondi(const Noto& noto, const std::string& cercato) {
         if (const auto grado = confronta(normale(testo.testo), prefissoXml(testo.testo), cercato))
             if (!migliore || *grado < migliore->grado)
                 migliore = {*grado, &testo};
+    for (const Testo& testo : noto.testi)
+        if (testo.specie == Specie::identificatore && normale(testo.testo) == senzaZeri(cercato))
+            migliore = {Grado::intero, &testo};
     return migliore;
 }
 
-std::optional<Trovato> rispondiATutte(const Noto& noto, std::span<const std::string> cercati) {
+// A text that has the word, else one that has what the catalogue says in its place.
+std::optional<Risposta> rispondiOSinonimo(const Noto& noto, const std::string& cercato,
+                                          const std::vector<std::string>& altri) {
+    std::optional<Risposta> migliore = rispondi(noto, cercato);
+    for (std::size_t i = 0; i < altri.size() && !migliore; ++i)
+        migliore = rispondi(noto, normale(altri[i]));
+    return migliore;
+}
+
+// `altri` are the synonyms of each word.
+std::optional<Trovato> rispondiATutte(const Noto& noto, std::span<const std::string> cercati,
+                                      std::span<const std::vector<std::string>> altri) {
     Trovato trovato{&noto, Grado::intero, {}};
-    for (const std::string& cercato : cercati) {
-        const auto risposta = rispondi(noto, cercato);
+    for (std::size_t i = 0; i < cercati.size(); ++i) {
+        const auto risposta = rispondiOSinonimo(noto, cercati[i], altri[i]);
         if (!risposta)
             return std::nullopt;
         trovato.grado = std::max(trovato.grado, risposta->grado);
@@ -77,25 +99,6 @@ std::optional<Trovato> rispondiATutte(const Noto& noto, std::span<const std::str
     }
     std::sort(trovato.testi.begin(), trovato.testi.end());  // they lie in one array, by weight
     return trovato;
-}
-
-// Changes of one letter, swaps of two neighbours included, that make one word of the other.
-unsigned distanza(const std::string& a, const std::string& b) {
-    std::vector<unsigned> prima(b.size() + 1);
-    std::vector<unsigned> sopra(b.size() + 1);
-    std::vector<unsigned> riga(b.size() + 1);
-    std::iota(sopra.begin(), sopra.end(), 0u);
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        riga[0] = static_cast<unsigned>(i);
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            riga[j] = std::min({sopra[j] + 1, riga[j - 1] + 1, sopra[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1)});
-            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
-                riga[j] = std::min(riga[j], prima[j - 2] + 1);
-        }
-        std::swap(prima, sopra);
-        std::swap(sopra, riga);
-    }
-    return sopra[b.size()];
 }
 
 }  // namespace
@@ -115,11 +118,14 @@ const char* nomeGrado(Grado grado) {
 
 std::vector<Trovato> cerca(std::span<const Noto> noti, std::span<const std::string> parole) {
     std::vector<std::string> cercati;
-    for (const std::string& parola : parole)
+    std::vector<std::vector<std::string>> altri;
+    for (const std::string& parola : parole) {
         cercati.push_back(normale(parola));
+        altri.push_back(sinonimi(parola));
+    }
     std::vector<Trovato> trovati;
     for (const Noto& noto : noti)
-        if (auto trovato = rispondiATutte(noto, cercati))
+        if (auto trovato = rispondiATutte(noto, cercati, altri))
             trovati.push_back(std::move(*trovato));
     std::stable_sort(trovati.begin(), trovati.end(), [](const Trovato& a, const Trovato& b) {
         return std::tuple(a.grado, a.testi.front()->specie) < std::tuple(b.grado, b.testi.front()->specie);
@@ -128,22 +134,15 @@ std::vector<Trovato> cerca(std::span<const Noto> noti, std::span<const std::stri
 }
 
 std::vector<std::string> vicine(std::span<const Noto> noti, const std::string& parola) {
-    const std::string cercata = normale(parola);
-    const auto massima = static_cast<unsigned>(std::max<std::size_t>(1, cercata.size() / 3));
-    std::set<std::pair<unsigned, std::string>> trovate;
+    std::set<std::string> parole;
     for (const Noto& noto : noti)
         for (const Testo& testo : noto.testi) {
             if (testo.specie == Specie::identificatore)
                 continue;
-            for (const std::string& una : dividi(normale(testo.testo), ' '))
-                if (const unsigned d = distanza(cercata, una); d <= massima && d < una.size())
-                    trovate.emplace(d, una);
+            for (std::string& una : dividi(normale(testo.testo), ' '))
+                parole.insert(std::move(una));
         }
-    std::vector<std::string> elenco;
-    for (const auto& trovata : trovate)
-        if (elenco.size() < 5)
-            elenco.push_back(trovata.second);
-    return elenco;
+    return vicini(parola, std::vector<std::string>(parole.begin(), parole.end()), 5);
 }
 
 }  // namespace kel::strumento

@@ -3,6 +3,9 @@
 #define KELFUN_DOMAIN_TIPI_CAMPIONE_H
 
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "kelfunzioni.h"
 
@@ -15,6 +18,18 @@ const char* contenutoCampione(unsigned tipo);
 
 /// The name of a type's constant; codes 0 to 24.
 const char* costanteCampione(unsigned tipo);
+
+/// The name of a type: "int16"; codes 0 to 24. No two have the same.
+const char* nomeCampione(unsigned tipo);
+
+/// "int16 (1)".
+std::string nomeConCodice(unsigned tipo);
+
+/// The names of all types in the order of their codes.
+const std::vector<std::string>& nomiCampioni();
+
+/// The type of a name, capitals or not, of a constant ("KEL_TIPO_INT16") or of a code in decimal.
+std::optional<unsigned> leggiTipoCampione(std::string_view testo);
 
 /// The sample type of a packet channel, known from its function; nothing for other functions.
 std::optional<unsigned> tipoPacchetto(kel_funpos fid);

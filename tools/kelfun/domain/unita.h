@@ -4,20 +4,12 @@
 
 #include "IFunzioni.h"
 #include "output/documento.h"
+#include "text/parole.h"
 
 namespace kel::strumento {
 
 /// Adds the table "units": every unit of a function with its code, decimals and conversion, base unit first.
 void tabellaUnita(Documento& documento, const IFunzioni& catalogo, kel_funpos fid);
-
-/// Texts one after the other: "km/h, mph".
-template <typename Testi>
-std::string elenco(const Testi& testi) {
-    std::string tutti;
-    for (const auto& testo : testi)
-        tutti += (tutti.empty() ? "" : ", ") + testo;
-    return tutti;
-}
 
 }  // namespace kel::strumento
 

@@ -1,41 +1,37 @@
 #include "io/righe.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
-#include "io/ingresso.h"
-
 namespace kel::strumento {
 
-std::vector<std::string> leggiRighe(const std::string& nome) {
-    Ingresso ingresso(nome);
-    std::array<std::uint8_t, 65536> pezzo{};
-    std::string testo;
-    while (const std::size_t letti = ingresso.leggi(pezzo.data(), pezzo.size()))
-        testo.append(pezzo.begin(), pezzo.begin() + static_cast<std::ptrdiff_t>(letti));
-    std::vector<std::string> righe;
-    for (std::size_t da = 0; da < testo.size();) {
-        const std::size_t fine = std::min(testo.find('\n', da), testo.size());
-        righe.push_back(testo.substr(da, fine - da));
-        if (righe.back().ends_with('\r'))
-            righe.back().pop_back();
-        da = fine + 1;
+std::optional<std::string> Righe::prossima() {
+    std::size_t fine = letti_.find('\n', dati_);
+    while (fine == std::string::npos && !finito_) {
+        letti_.erase(0, std::exchange(dati_, 0));
+        const std::size_t cercati = letti_.size();
+        std::array<std::uint8_t, 65536> pezzo{};
+        const std::size_t quanti = ingresso_.leggi(pezzo.data(), pezzo.size());
+        letti_.append(pezzo.begin(), pezzo.begin() + static_cast<std::ptrdiff_t>(quanti));
+        finito_ = quanti == 0;
+        fine = letti_.find('\n', cercati);
     }
-    return righe;
+    if (fine == std::string::npos && dati_ == letti_.size())
+        return std::nullopt;
+    ++numero_;
+    std::string riga = letti_.substr(dati_, fine == std::string::npos ? fine : fine - dati_);
+    dati_ = fine == std::string::npos ? letti_.size() : fine + 1;
+    if (riga.ends_with('\r'))
+        riga.pop_back();
+    return riga;
 }
 
-std::vector<std::string> conRigheDiIngresso(const std::vector<std::string>& argomenti) {
-    std::vector<std::string> tutti;
-    for (const std::string& argomento : argomenti) {
-        if (argomento != "-") {
-            tutti.push_back(argomento);
-            continue;
-        }
-        for (std::string& riga : leggiRighe("-"))
-            tutti.push_back(std::move(riga));
-    }
-    return tutti;
+std::vector<std::string> leggiRighe(const std::string& nome) {
+    Righe righe(nome);
+    std::vector<std::string> tutte;
+    while (auto riga = righe.prossima())
+        tutte.push_back(std::move(*riga));
+    return tutte;
 }
 
 }  // namespace kel::strumento

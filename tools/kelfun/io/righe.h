@@ -1,18 +1,39 @@
-// Arguments that come as lines of text, from a file or standard input.
+// Texts that come as lines, from a file or standard input.
 #ifndef KELFUN_IO_RIGHE_H
 #define KELFUN_IO_RIGHE_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "io/ingresso.h"
+
 namespace kel::strumento {
 
-/// The lines of a file, or of standard input for "-", without their ends (line feed, or carriage return and line feed).
-/// @throws NonTrovato  when it cannot be read.
-std::vector<std::string> leggiRighe(const std::string& nome);
+/// The lines of a file, or of standard input for "-", as they come: without their ends (line feed, or carriage return and
+/// line feed).
+class Righe {
+public:
+    /// @throws NonTrovato  as `Ingresso`.
+    explicit Righe(const std::string& nome) : ingresso_(nome) {}
 
-/// Arguments, with the lines of standard input in place of each "-".
-std::vector<std::string> conRigheDiIngresso(const std::vector<std::string>& argomenti);
+    /// The next line; nothing at the end. What has been printed so far is shown before the wait for it.
+    /// @throws NonTrovato  when it cannot be read.
+    std::optional<std::string> prossima();
+    /// The number of the line that was read last, from 1 on.
+    std::size_t numero() const { return numero_; }
+
+private:
+    Ingresso ingresso_;
+    std::string letti_;     // bytes that were read, some of them given already
+    std::size_t dati_ = 0;  // so many
+    bool finito_ = false;
+    std::size_t numero_ = 0;
+};
+
+/// All lines at once.
+/// @throws NonTrovato  when they cannot be read.
+std::vector<std::string> leggiRighe(const std::string& nome);
 
 }  // namespace kel::strumento
 

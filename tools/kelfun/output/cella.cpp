@@ -1,5 +1,6 @@
 #include "output/documento.h"
 #include "text/numeri.h"
+#include "text/parole.h"
 
 namespace kel::strumento {
 
@@ -51,6 +52,11 @@ Cella Cella::reale(double valore, int decimali, std::string_view testo) {
 
 Cella Cella::numero(float valore, std::string_view testo) {
     return {std::string(testo), comeScritto(valore)};
+}
+
+Cella Cella::lista(std::vector<std::string> testi) {
+    std::string tutti = elenco(testi);
+    return {tutti.empty() ? "-" : std::move(tutti), std::move(testi)};
 }
 
 Cella Cella::logico(bool valore) {

@@ -7,7 +7,9 @@
 
 #include "io/colore.h"
 #include "io/uscita.h"
+#include "text/errori.h"
 #include "text/numeri.h"
+#include "text/parole.h"
 
 namespace kel::strumento {
 
@@ -43,6 +45,8 @@ std::string testoJson(const nlohmann::ordered_json& valore) {
 }
 
 std::string testoCsv(const Cella& cella) {
+    if (const auto* lista = std::get_if<std::vector<std::string>>(&cella.valore()))
+        return innocuo(elenco(*lista));
     if (const auto* testo = std::get_if<std::string>(&cella.valore()))
         return innocuo(*testo);
     if (std::holds_alternative<std::monostate>(cella.valore()))
@@ -54,7 +58,16 @@ std::string testoCsv(const Cella& cella) {
 
 }  // namespace
 
-Documento::Documento(std::FILE* file, Aspetto aspetto) : file_(file), forma_(aspetto.forma), colori_(aspetto.colori) {}
+Documento::Documento(std::FILE* file, Aspetto aspetto)
+    : file_(file), forma_(aspetto.forma), colori_(aspetto.colori), scelta_(std::move(aspetto.tabella)) {}
+
+// Whether a table that begins is to be printed. Without a choice CSV takes the first that has rows of its own.
+bool Documento::vale(std::string_view tabella) {
+    viste_.emplace_back(tabella);
+    if (scelta_.empty() && forma_ == Forma::csv && tabella != PROPRIETA)
+        scelta_ = tabella;
+    return scelta_.empty() ? forma_ != Forma::csv : scelta_ == tabella;
+}
 
 void Documento::scrivi(std::string_view testo) {
     std::fwrite(testo.data(), 1, testo.size(), file_);
@@ -73,6 +86,9 @@ void Documento::proprieta(std::string_view chiave, std::string_view titolo, cons
 void Documento::inizia(std::string_view chiave, std::string_view titolo, std::vector<Colonna> colonne, bool flusso) {
     chiudiProprieta();
     chiudi();
+    muta_ = !vale(chiave);
+    if (muta_)
+        return;
     tabella_ = chiave;
     colonne_ = std::move(colonne);
     flusso_ = flusso;
@@ -94,6 +110,8 @@ void Documento::inizia(std::string_view chiave, std::string_view titolo, std::ve
 }
 
 void Documento::riga(std::vector<Cella> celle) {
+    if (muta_)
+        return;
     celle.resize(colonne_.size());
     ++righe_;
     if (forma_ == Forma::csv) {
@@ -129,8 +147,10 @@ void Documento::chiudi() {
 }
 
 void Documento::chiudiProprieta() {
-    if (proprieta_.empty())
+    if (proprieta_.empty() || !vale(PROPRIETA)) {
+        proprieta_.clear();
         return;
+    }
     if (forma_ == Forma::tabella) {
         proprietaPerPersone();
     } else if (forma_ == Forma::csv) {
@@ -138,7 +158,7 @@ void Documento::chiudiProprieta() {
         for (const Proprieta& p : proprieta_)
             rigaCsv({p.chiave, testoCsv(p.valore)});
     } else if (forma_ == Forma::ndjson) {
-        nlohmann::ordered_json oggetto = {{"table", "properties"}};
+        nlohmann::ordered_json oggetto = {{"table", PROPRIETA}};
         for (const Proprieta& p : proprieta_)
             oggetto[p.chiave] = json(p.valore);
         scrivi(testoJson(oggetto) + "\n");
@@ -225,6 +245,8 @@ void Documento::rigaCsv(const std::vector<std::string>& testi) {
 void Documento::fine() {
     chiudiProprieta();
     chiudi();
+    if (!scelta_.empty() && std::find(viste_.begin(), viste_.end(), scelta_) == viste_.end())
+        throw NonTrovato("this answer has no table '" + scelta_ + "'; it has: " + elenco(viste_));
     if (forma_ == Forma::json)
         scrivi(scritto_ ? "\n}\n" : "{}\n");
     mandaUscita(file_);

@@ -19,7 +19,12 @@ enum class Forma { tabella, json, ndjson, csv };
 struct Aspetto {
     Forma forma = Forma::tabella;
     bool colori = false;
+    std::string
+        tabella;  ///< only the table of this key, PROPRIETA for the properties; "" for all of them, in CSV the first
 };
+
+/// The key of a document's properties where they stand as a table.
+constexpr std::string_view PROPRIETA = "properties";
 
 /// One cell: the text for people and, for programs, the value.
 class Cella {
@@ -47,8 +52,10 @@ public:
     /// A number with a text of its own for people.
     static Cella numero(float valore, std::string_view testo);
     static Cella logico(bool valore);
+    /// Texts, of which there may be none: an array in JSON, "km/h, mph" for people and in CSV.
+    static Cella lista(std::vector<std::string> testi);
 
-    using Valore = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
+    using Valore = std::variant<std::monostate, std::string, std::int64_t, double, bool, std::vector<std::string>>;
     const std::string& perPersone() const { return testo_; }
     const Valore& valore() const { return valore_; }
     /// Whether it is an identifier, which stands out by its colour.
@@ -73,7 +80,8 @@ struct Colonna {
 
 /// The output of one command. JSON: one object whose members are the properties and, as arrays of objects, the tables.
 /// NDJSON: one object a line, whose first member "table" names its table; before them one object "properties".
-/// CSV (RFC 4180, line feeds): properties as a table "property,value"; tables apart by one empty line.
+/// CSV (RFC 4180, line feeds): one table, the first or the one chosen; the properties are a table "property,value".
+/// With a table chosen the other forms print that one alone as well.
 class Documento {
 public:
     Documento(std::FILE* file, Aspetto aspetto);
@@ -87,13 +95,14 @@ public:
     void riga(std::vector<Cella> celle);
 
     /// Ends the output. Call it once, last.
-    /// @throws NonTrovato  when the output could not be written.
+    /// @throws NonTrovato  when the output could not be written, and when there is no table of the key that was chosen.
     void fine();
 
 private:
     void scrivi(std::string_view testo);
     void chiudi();
     void chiudiProprieta();
+    bool vale(std::string_view tabella);
     void proprietaPerPersone();
     void testata();
     void rigaPerPersone(const std::vector<Cella>& celle, std::string_view colore = {});
@@ -110,8 +119,11 @@ private:
     std::FILE* file_;
     Forma forma_;
     bool colori_;
-    bool scritto_ = false;  // something has been printed
-    bool aperta_ = false;   // a table is open
+    std::string scelta_;              // key of the one table to print; "" for all
+    std::vector<std::string> viste_;  // keys of all tables so far, printed or not
+    bool muta_ = false;               // the open table is not printed
+    bool scritto_ = false;            // something has been printed
+    bool aperta_ = false;             // a table is open
     bool flusso_ = false;
     std::string tabella_;    // key of the open table
     std::size_t righe_ = 0;  // its rows

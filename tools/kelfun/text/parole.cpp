@@ -20,4 +20,17 @@ std::string senzaBordi(std::string_view testo) {
     return std::string(testo.substr(inizio, testo.find_last_not_of(bianchi) - inizio + 1));
 }
 
+std::string normale(std::string_view testo) {
+    std::string uscita;
+    for (const char c : testo) {
+        if (c == ' ' || c == '_' || c == '-')
+            uscita += uscita.empty() || uscita.back() == ' ' ? "" : " ";
+        else
+            uscita += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    if (!uscita.empty() && uscita.back() == ' ')
+        uscita.pop_back();
+    return uscita;
+}
+
 }  // namespace kel::strumento

@@ -12,6 +12,18 @@ namespace kel::strumento {
 /// one empty text.
 std::vector<std::string> dividi(std::string_view testo, char separatore);
 
+/// Small letters, words apart by one blank: "FID_OBJ_OIL", "Front-Left" are "fid obj oil", "front left".
+std::string normale(std::string_view testo);
+
+/// Texts one after the other: "km/h, mph".
+template <typename Testi>
+std::string elenco(const Testi& testi) {
+    std::string tutti;
+    for (const auto& testo : testi)
+        tutti += (tutti.empty() ? "" : ", ") + testo;
+    return tutti;
+}
+
 /// Without the blanks, tabs and line ends around it.
 std::string senzaBordi(std::string_view testo);
 

@@ -1,0 +1,37 @@
+// Remarks on answers that are right by the library's rules, but not what a person means.
+#ifndef KELFUN_CLI_AVVISI_H
+#define KELFUN_CLI_AVVISI_H
+
+#include <optional>
+#include <set>
+#include <string>
+
+#include "cli/opzioni.h"
+
+namespace kel::strumento {
+
+/// Lines on standard error that say so, none twice. With --strict they are errors: the answer is not given.
+class Avvisi {
+public:
+    /// Refuses an answer that calls for a remark, where --strict was given.
+    /// @throws NonTrovato  with the remark.
+    void pretendi(const std::optional<std::string>& avviso) const;
+    /// Makes the remark, if there is one, beside an answer that was not refused.
+    void di(const std::optional<std::string>& avviso);
+    /// Both: for what is known before anything is printed.
+    void subito(const std::optional<std::string>& avviso);
+
+private:
+    friend void aggiungiAvvisi(Comando& comando, Avvisi& avvisi);
+
+    bool stretti_ = false;
+    std::string comando_;
+    std::set<std::string> detti_;
+};
+
+/// Adds --strict to a command.
+void aggiungiAvvisi(Comando& comando, Avvisi& avvisi);
+
+}  // namespace kel::strumento
+
+#endif
