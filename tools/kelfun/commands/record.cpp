@@ -3,17 +3,16 @@
 #include <optional>
 
 #include "captures/canali_record.h"
+#include "captures/file_campioni.h"
 #include "captures/file_canali.h"
 #include "captures/registrazione.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
 #include "domain/unita.h"
-#include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_record.h"
 #include "text/errori.h"
-#include "text/numeri.h"
 
 namespace kel::strumento {
 
@@ -22,55 +21,14 @@ namespace {
 struct Argomenti {
     std::string canali;
     std::string campioni;
-    std::string frequenza;
-    std::string orario;
+    SceltaTempo tempo;
     std::optional<std::string> grafico;
     bool compatta = false;
     SceltaColonne colonne;
     SceltaForma forma;
 };
 
-/// When a record was taken: from its time stamp, or from its place where samples come at a rate.
-class Tempo {
-public:
-    explicit Tempo(const Argomenti& argomenti) {
-        if (!argomenti.orario.empty() && !argomenti.frequenza.empty())
-            throw ErroreUso("--time and --rate exclude each other; accepted: one of them");
-        if (argomenti.orario == "u32ms")
-            orario_ = Orario::u32ms;
-        else if (argomenti.orario == "u64us")
-            orario_ = Orario::u64us;
-        else if (!argomenti.orario.empty())
-            throw ErroreUso("there is no --time '" + argomenti.orario + "'; accepted: u32ms, u64us");
-        if (argomenti.frequenza.empty())
-            return;
-        const auto frequenza = leggiFloat(argomenti.frequenza);
-        if (!frequenza || *frequenza < FREQUENZA_MINIMA || *frequenza > FREQUENZA_MASSIMA)
-            throw ErroreUso("--rate '" + argomenti.frequenza +
-                            "' is no rate; accepted: records a second, 0.001 to 1000000");
-        frequenza_ = static_cast<double>(*frequenza);
-    }
-
-    Orario orario() const { return orario_; }
-    bool noto() const { return frequenza_ > 0 || orario_ != Orario::nessuno; }
-    int decimali() const { return orario_ == Orario::u64us || frequenza_ > MILLE ? 6 : 3; }
-
-    double secondi(const LettoreRecord& lettore) const {
-        if (orario_ == Orario::nessuno)
-            return static_cast<double>(lettore.record() - 1) / frequenza_;
-        return static_cast<double>(lettore.orario()) / (orario_ == Orario::u32ms ? 1e3 : 1e6);
-    }
-
-private:
-    static constexpr float FREQUENZA_MINIMA = 0.001f;
-    static constexpr float FREQUENZA_MASSIMA = 1e6f;
-    static constexpr double MILLE = 1000;
-
-    Orario orario_ = Orario::nessuno;
-    double frequenza_ = 0;
-};
-
-void tabella(const Argomenti& argomenti, const Tempo& tempo, std::vector<ColonnaRecord>& colonne,
+void tabella(const Argomenti& argomenti, const TempoRecord& tempo, std::vector<ColonnaRecord>& colonne,
              LettoreRecord& lettore) {
     const bool testi = argomenti.colonne.testi;
     std::vector<Colonna> testate = {{"record", "RECORD", Lato::destra, 6}};
@@ -91,7 +49,7 @@ void tabella(const Argomenti& argomenti, const Tempo& tempo, std::vector<Colonna
     documento.fine();
 }
 
-void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Tempo& tempo,
+void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const TempoRecord& tempo,
              GraficoRecord& grafico, LettoreRecord& lettore) {
     while (lettore.prossimo())
         grafico.aggiungi(tempo.noto() ? tempo.secondi(lettore) : static_cast<double>(lettore.record() - 1),
@@ -103,22 +61,17 @@ void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti
         std::fprintf(stderr, "not drawn, as they never change: %s\n", elenco(fermi).c_str());
 }
 
-// What was read, and what a size that does not fit may mean.
-void riassunto(const LettoreRecord& lettore, std::size_t dimensione_record, Orario orario) {
-    std::string testo = std::to_string(lettore.record()) + " records of " +
-                        std::to_string(dimensione_record + dimensione(orario)) + " bytes in " +
-                        std::to_string(lettore.byte()) + " bytes; " + std::to_string(lettore.avanzo()) +
-                        " bytes of a cut record at the end";
-    if (orario == Orario::nessuno && lettore.avanzo() != 0 &&
-        lettore.byte() % (dimensione_record + dimensione(Orario::u32ms)) == 0)
-        testo += "; none with --time u32ms";
-    std::fputs((testo + "\n").c_str(), stderr);
+void riassunto(const LettoreRecord& lettore, std::size_t passo) {
+    const std::string testo = std::to_string(lettore.record()) + " records of " + std::to_string(passo) + " bytes in " +
+                              std::to_string(lettore.byte()) + " bytes; " + std::to_string(lettore.avanzo()) +
+                              " bytes of a cut record at the end\n";
+    std::fputs(testo.c_str(), stderr);
 }
 
 void esegui(const Argomenti& argomenti) {
     if (argomenti.canali == "-" && argomenti.campioni == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
-    const Tempo tempo(argomenti);
+    TempoRecord tempo(argomenti.tempo);
     std::optional<DestinazioneGrafico> destinazione;
     if (argomenti.grafico)
         destinazione.emplace(*argomenti.grafico);
@@ -126,10 +79,9 @@ void esegui(const Argomenti& argomenti) {
     const std::vector<s_kel_canale> canali =
         leggiFileCanali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
     std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
-    Ingresso ingresso(argomenti.campioni);
-    ingresso.mostraAvanzamento(!destinazione);
-    LettoreRecord lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); },
-                          dimensioneRecord(canali), tempo.orario());
+    FileCampioni campioni("record", argomenti.campioni, dimensioneRecord(canali), tempo);
+    campioni.ingresso().mostraAvanzamento(!destinazione);
+    LettoreRecord& lettore = campioni.lettore();
     if (destinazione) {
         GraficoRecord grafico(*catalogo, canali, std::move(colonne), titoloGrafico(argomenti.campioni),
                               tempo.noto() ? "time, s" : "record");
@@ -137,9 +89,8 @@ void esegui(const Argomenti& argomenti) {
     } else {
         tabella(argomenti, tempo, colonne, lettore);
     }
-    riassunto(lettore, dimensioneRecord(canali), tempo.orario());
-    if (lettore.record() == 0)
-        throw NonTrovato("there is no whole record in it");
+    riassunto(lettore, campioni.passo());
+    campioni.verificaFine();
 }
 
 }  // namespace
@@ -153,11 +104,7 @@ void aggiungiRecord(CLI::App& programma) {
     comando.opzione("SAMPLES", argomenti->campioni, "Records of samples, or - for standard input")
         .valore("")
         .obbligatoria();
-    comando
-        .opzione("--time", argomenti->orario,
-                 "Time stamp before every record: u32ms (32 bits, ms) or u64us (64 bits, us); none by default")
-        .valore("{u32ms,u64us}");
-    comando.opzione("--rate", argomenti->frequenza, "Records a second, where they have no time stamp").valore("HZ");
+    aggiungiTempo(comando, argomenti->tempo);
     comando
         .opzione("--unit", argomenti->colonne.unita,
                  "A unit, for all channels that know it or for the one named; may be repeated")
@@ -180,9 +127,9 @@ void aggiungiRecord(CLI::App& programma) {
         "their sample buffers together. Of a channel's record these fields are used: identifier (byte 12), sample "
         "type\n"
         "(20), short name (24), name (32), place of the sample (68), sample buffer (72).",
-        "kelfun record session.channels session.samples --time u32ms",
-        "kelfun record session.channels session.samples --time u32ms --only RPM --only 'GPS Speed' --unit mph --csv",
-        "kelfun record session.channels session.samples --time u32ms --plot - --only RPM --only GPS"));
+        "kelfun record session.channels session.samples",
+        "kelfun record session.channels session.samples --only RPM --only 'GPS Speed' --unit mph --csv",
+        "kelfun record session.channels session.samples --plot - --only RPM --only GPS"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 
