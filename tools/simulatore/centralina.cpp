@@ -71,6 +71,11 @@ std::string Centralina::canali() const {
     return byte;
 }
 
+// In the axes of ISO 8855, x to the front and y to the left: above 0 in a left-hand corner.
+double Centralina::laterale(const Istante& istante) {
+    return istante.andatura * istante.andatura * istante.curvatura / G;
+}
+
 std::string Centralina::record(const Istante& istante, const PianoLocale& piano) {
     misura(istante);
     cronometra(istante);
@@ -81,8 +86,7 @@ std::string Centralina::record(const Istante& istante, const PianoLocale& piano)
     scrivi(campioni, giri_->offset_campione, static_cast<std::uint16_t>(regime_));
     scrivi(campioni, marcia_->offset_campione, static_cast<std::int16_t>(in_marcia_));
     scrivi(campioni, acceleratore_->offset_campione, static_cast<std::uint8_t>(spinta_));
-    scrivi(campioni, laterale_->offset_campione,
-           mezzoFloat(istante.andatura * istante.andatura * istante.curvatura / G));
+    scrivi(campioni, laterale_->offset_campione, mezzoFloat(laterale(istante)));
     scrivi(campioni, acqua_->offset_campione,
            istante.secondi < ACCENSIONE_SONDA ? MANCANTE : static_cast<std::uint16_t>(acqua_c_));
     scrivi(campioni, olio_->offset_campione, mezzoFloat(1.2 + 3.6 * regime_ / REGIME_MASSIMO));
@@ -109,25 +113,28 @@ void Centralina::misura(const Istante& istante) {
     acqua_c_ += (ACQUA_CALDA - acqua_c_) * dt / TEMPO_ACQUA;
 }
 
-// The line is crossed between two solutions; the crossing's time is in proportion to the way on either side of it.
+// The line is crossed between two solutions; the crossing's time is in proportion to the way on either side of it. The
+// first crossing only begins the first lap.
 void Centralina::cronometra(const Istante& istante) {
-    const double traguardo = (giri_fatti_ + 1) * giro_m_;
+    const double traguardo = passaggi_ * giro_m_;
     if (istante.distanza < traguardo)
         return;
     const double parte = (traguardo - prima_.distanza) / (istante.distanza - prima_.distanza);
     const double passaggio = prima_.secondi + parte * (istante.secondi - prima_.secondi);
     const auto passaggio_ms = static_cast<std::uint32_t>(std::lround(passaggio * 1000));
-    ultimo_ms_ = passaggio_ms - traguardo_ms_;
-    migliore_ms_ = giri_fatti_ == 0 ? ultimo_ms_ : std::min(migliore_ms_, ultimo_ms_);
+    if (passaggi_ > 0) {
+        ultimo_ms_ = passaggio_ms - traguardo_ms_;
+        migliore_ms_ = passaggi_ == 1 ? ultimo_ms_ : std::min(migliore_ms_, ultimo_ms_);
+    }
     traguardo_ms_ = passaggio_ms;
-    ++giri_fatti_;
+    ++passaggi_;
 }
 
-// Bytes of the packet: run 0, split 1, lap 2, times of the last lap 4, of the best 12, of the lap now running 16.
+// Bytes of the packet: run 0, split 1, laps done 2, times of the last lap 4, of the best 12, of the lap now running 16.
 void Centralina::pacchettoGiro(std::string& record, std::uint32_t ora_ms) const {
     const std::size_t da = giro_->offset_campione;
     scrivi(record, da, std::uint8_t{1});
-    scrivi(record, da + 2, giri_fatti_);
+    scrivi(record, da + 2, static_cast<std::uint16_t>(passaggi_ > 0 ? passaggi_ - 1 : 0));
     scrivi(record, da + 4, ultimo_ms_);
     scrivi(record, da + 12, migliore_ms_);
     scrivi(record, da + 16, ora_ms - traguardo_ms_);

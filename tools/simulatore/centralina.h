@@ -27,6 +27,7 @@ public:
 
 private:
     const s_kel_canale& aggiungi(kel_funpos fid, std::uint32_t tipo, const char* breve, const char* nome);
+    static double laterale(const Istante& istante);
     void misura(const Istante& istante);
     void cronometra(const Istante& istante);
     void pacchettoGiro(std::string& record, std::uint32_t ora_ms) const;
@@ -41,9 +42,9 @@ private:
     double regime_ = 0;  // rpm
     double spinta_ = 0;  // throttle, %
     int in_marcia_ = 0;
-    double acqua_c_ = 24;  // degrees Celsius
-    std::uint16_t giri_fatti_ = 0;
-    std::uint32_t traguardo_ms_ = 0;  // when the lap now running began
+    double acqua_c_ = 24;             // degrees Celsius
+    unsigned passaggi_ = 0;           // of the line
+    std::uint32_t traguardo_ms_ = 0;  // when the lap now running began; 0 before the line
     std::uint32_t ultimo_ms_ = 0;     // lap times; 0 = none yet
     std::uint32_t migliore_ms_ = 0;
 };

@@ -83,7 +83,7 @@ Circuito::Circuito() : lunghezza_(LUNGHEZZA) {
         punto.nord = s.p[1] * scala;
         punto.dir_est = s.d[0] / passo;
         punto.dir_nord = s.d[1] / passo;
-        punto.curvatura = std::fabs(s.d[0] * s.dd[1] - s.d[1] * s.dd[0]) / (passo * passo * passo) / scala;
+        punto.curvatura = (s.d[0] * s.dd[1] - s.d[1] * s.dd[0]) / (passo * passo * passo) / scala;
         punti_.push_back(punto);
     }
     profiloVelocita();
@@ -95,7 +95,8 @@ void Circuito::profiloVelocita() {
     const std::size_t n = punti_.size();
     const double passo = lunghezza_ / static_cast<double>(n);
     for (PuntoCircuito& p : punti_)
-        p.velocita = std::min(VELOCITA_MASSIMA, std::sqrt(ACCELERAZIONE_LATERALE / std::max(p.curvatura, 1e-9)));
+        p.velocita =
+            std::min(VELOCITA_MASSIMA, std::sqrt(ACCELERAZIONE_LATERALE / std::max(std::fabs(p.curvatura), 1e-9)));
     for (std::size_t i = 0; i < 2 * n; ++i) {
         const double v = punti_[i % n].velocita;
         double& dopo = punti_[(i + 1) % n].velocita;

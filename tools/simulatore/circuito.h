@@ -4,7 +4,13 @@
 
 #include <vector>
 
+#include "wgs84.h"
+
 namespace kel::simulatore {
+
+/// The circuit's place: made up, somewhere in the plain of the Po.
+constexpr Geodetiche LUOGO = {44.8231, 10.4107, 62.0};
+constexpr double ANTENNA_M = 1.0;  ///< of a kart's receiver above the ground
 
 /// A point of the circuit in its own plane.
 struct PuntoCircuito {
@@ -12,7 +18,7 @@ struct PuntoCircuito {
     double nord = 0;     ///< m
     double dir_est = 0;  ///< direction of travel, unit vector
     double dir_nord = 0;
-    double curvatura = 0;  ///< 1/m, without sign
+    double curvatura = 0;  ///< 1/m; above 0 in a left-hand corner
     double velocita = 0;   ///< m/s that a kart reaches here on a flying lap
 };
 
@@ -23,7 +29,7 @@ public:
 
     double lunghezza() const { return lunghezza_; }
 
-    /// The point at a distance from the start line, m; distances wrap around.
+    /// The point at a distance from the finish line, m; distances wrap around.
     PuntoCircuito punto(double distanza) const;
 
 private:

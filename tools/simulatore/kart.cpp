@@ -3,17 +3,36 @@
 #include <algorithm>
 #include <cmath>
 
+#include "orologio.h"
+
 namespace kel::simulatore {
 
 namespace {
 
-constexpr std::uint32_t INIZIO_MS = 554400000;  // Saturday, 10:00 of GPS time
-constexpr double ACCELERAZIONE_PARTENZA = 3.0;  // m/s2
-constexpr double SIGMA_POSIZIONE = 0.35;        // m, of the drifting error
-constexpr double TEMPO_POSIZIONE = 20.0;        // s over which it drifts
-constexpr double SIGMA_VELOCITA = 0.04;         // m/s, of each solution on its own
+constexpr std::uint32_t INIZIO_SETTIMANA = 2372;  // GPS week of the made-up day, 28 June 2025
+constexpr std::uint32_t INIZIO_MS = 554400000;    // Saturday, 10:00 of GPS time
+constexpr double RINCORSA = 40.0;                 // m before the line, where the kart starts from rest
+constexpr double USCITA = 60.0;                   // m behind the line, where the recording ends
+constexpr double ACCELERAZIONE_PARTENZA = 3.0;    // m/s2
+constexpr double TRATTO = 200.0;                  // m over which the driver's pace changes
+constexpr double SIGMA_VELOCITA = 0.04;           // m/s, of each solution on its own
 
-// In laps from the start: half-way through the middle lap.
+// The position's error drifts over minutes, as a receiver's under an open sky does: from one lap to the next it changes
+// by a decimetre, so that lap times from positions are good to a few milliseconds.
+constexpr double SIGMA_POSIZIONE = 0.25;  // m
+constexpr double TEMPO_POSIZIONE = 900;   // s
+
+// splitmix64: the number that belongs to a state, uniform from 0 to 1.
+double uniforme(std::uint64_t stato) {
+    std::uint64_t z = stato;
+    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
+    z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
+    z ^= z >> 31;
+    return static_cast<double>(z >> 11) / 9007199254740992.0;  // 2 to the power of 53
+}
+constexpr std::uint64_t PASSO_SPLITMIX = 0x9E3779B97F4A7C15u;
+
+// In laps from the line: half-way through the middle lap.
 double meta_del_giro_di_mezzo(unsigned giri) {
     const unsigned giri_interi = giri / 2;
     return giri_interi + 0.5;
@@ -23,32 +42,45 @@ double meta_del_giro_di_mezzo(unsigned giri) {
 
 Kart::Kart(unsigned giri, unsigned frequenza, std::uint64_t seme)
     : frequenza_(frequenza),
+      seme_(seme),
       stato_(seme),
-      traguardo_(giri * circuito_.lunghezza()),
-      perdita_da_(meta_del_giro_di_mezzo(giri) * circuito_.lunghezza()) {}
+      arrivo_(giri * circuito_.lunghezza() + USCITA),
+      perdita_da_(meta_del_giro_di_mezzo(giri) * circuito_.lunghezza()),
+      distanza_(-RINCORSA) {}
 
 // Nearly normal, mean 0 and deviation 1: the sum of twelve uniform numbers of splitmix64. No function of the
 // mathematics library takes part, so that every machine draws the same.
 double Kart::rumore() {
     double somma = -6.0;
     for (int i = 0; i < 12; ++i) {
-        stato_ += 0x9E3779B97F4A7C15u;
-        std::uint64_t z = stato_;
-        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
-        z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
-        z ^= z >> 31;
-        somma += static_cast<double>(z >> 11) / 9007199254740992.0;  // 2 to the power of 53
+        stato_ += PASSO_SPLITMIX;
+        somma += uniforme(stato_);
     }
     return somma;
 }
 
+// How much of what the circuit allows the driver takes: more from lap to lap, now here, now there a little less. The
+// pace of each stretch is a number of its own; between the stretches it changes evenly.
+double Kart::passo() const {
+    const double tratti = (distanza_ + RINCORSA) / TRATTO;
+    const double intero = std::floor(tratti);
+    const auto di_tratto = [this](double n) {
+        const auto numero = static_cast<std::uint64_t>(n) + 1;
+        return 1.0 - 0.03 / (1.0 + n / 5.0) - 0.03 * uniforme(~seme_ + numero * PASSO_SPLITMIX);
+    };
+    const double prima = di_tratto(intero);
+    return prima + (tratti - intero) * (di_tratto(intero + 1) - prima);
+}
+
 bool Kart::prossimo(Istante& istante) {
-    if (distanza_ >= traguardo_)
+    if (distanza_ >= arrivo_)
         return false;
     const double dt = 1.0 / frequenza_;
     istante = Istante();
-    istante.settimana_ms = INIZIO_MS + passi_ * 1000 / frequenza_;
-    istante.secondi = passi_ * dt;
+    const std::uint64_t ora_ms = INIZIO_MS + (passi_ * 1000 + frequenza_ / 2) / frequenza_;
+    istante.settimana = static_cast<std::uint32_t>(INIZIO_SETTIMANA + ora_ms / SETTIMANA_MS);
+    istante.settimana_ms = static_cast<std::uint32_t>(ora_ms % SETTIMANA_MS);
+    istante.secondi = static_cast<double>(passi_) / frequenza_;
     istante.distanza = distanza_;
     istante.andatura = velocita_;
 
@@ -58,7 +90,7 @@ bool Kart::prossimo(Istante& istante) {
     const double spinta = SIGMA_POSIZIONE * std::sqrt(2.0 * decadimento);
     for (double* errore : {&errore_.x, &errore_.y, &errore_.z})
         *errore += spinta * rumore() - decadimento * *errore;
-    istante.posizione = {punto.est + errore_.x, punto.nord + errore_.y, 1.0 + errore_.z};
+    istante.posizione = {punto.est + errore_.x, punto.nord + errore_.y, ANTENNA_M + errore_.z};
     istante.velocita = {punto.dir_est * velocita_ + SIGMA_VELOCITA * rumore(),
                         punto.dir_nord * velocita_ + SIGMA_VELOCITA * rumore(), SIGMA_VELOCITA * rumore()};
     if (perdita_s_ < 0 && distanza_ >= perdita_da_)
@@ -67,7 +99,7 @@ bool Kart::prossimo(Istante& istante) {
 
     // On to the next one: as fast as the circuit allows, from rest.
     ++passi_;
-    velocita_ = std::min(punto.velocita, velocita_ + ACCELERAZIONE_PARTENZA * dt);
+    velocita_ = std::min(punto.velocita * passo(), velocita_ + ACCELERAZIONE_PARTENZA * dt);
     distanza_ += std::max(velocita_, 0.5) * dt;
     if (perdita_s_ >= 0)
         perdita_s_ += dt;

@@ -11,11 +11,12 @@ namespace kel::simulatore {
 
 /// One solution of the receiver.
 struct Istante {
-    std::uint32_t settimana_ms = 0;  ///< GPS time of week
+    std::uint32_t settimana = 0;     ///< GPS week
+    std::uint32_t settimana_ms = 0;  ///< its time, ms
     double secondi = 0;              ///< since the start
-    double distanza = 0;             ///< driven since the start, m
+    double distanza = 0;             ///< along the circuit from the first crossing of the line, m; before it below 0
     double andatura = 0;             ///< true speed, m/s
-    double curvatura = 0;            ///< of the circuit there, 1/m, without sign
+    double curvatura = 0;            ///< of the circuit there, 1/m; above 0 to the left
     Vettore posizione;               ///< east, north, up in the circuit's plane, m
     Vettore velocita;                ///< likewise, m/s
     unsigned fix = 3;                ///< 3: solved in space; 2: in the plane; 0: none
@@ -24,15 +25,16 @@ struct Istante {
     std::uint32_t accuratezza_velocita = 0;   ///< cm/s
 };
 
-/// Drives laps from a standing start. The same arguments give the same solutions.
+/// Drives laps: from a standing start before the line to a little way behind it, no two laps equally fast. The same
+/// arguments give the same solutions.
 class Kart {
 public:
-    /// @param giri       laps, at least 1; half-way through the middle lap the fix is lost for some seconds.
+    /// @param giri       closed laps, at least 1; half-way through the middle lap the fix is lost for some seconds.
     /// @param frequenza  solutions a second, 1 to 25.
-    /// @param seme       seed of the receiver's noise.
+    /// @param seme       seed of the receiver's noise and of the driver's pace.
     Kart(unsigned giri, unsigned frequenza, std::uint64_t seme);
 
-    /// The next solution; false when the last lap is over.
+    /// The next solution; false when the drive is over.
     bool prossimo(Istante& istante);
 
     /// Length of a lap, m.
@@ -40,17 +42,19 @@ public:
 
 private:
     double rumore();
+    double passo() const;
     void ricezione(Istante& istante);
 
     Circuito circuito_;
     unsigned frequenza_;
+    std::uint64_t seme_;
     std::uint64_t stato_;    // of the noise
-    double traguardo_;       // m
+    double arrivo_;          // m, where the drive ends
     double perdita_da_;      // m, where the fix begins to go
-    double distanza_ = 0;    // m driven
+    double distanza_;        // m from the line
     double velocita_ = 0;    // m/s
     double perdita_s_ = -1;  // s since then; below 0 = not yet
-    std::uint32_t passi_ = 0;
+    std::uint64_t passi_ = 0;
     Vettore errore_;  // of the position; drifts slowly
     Istante ultimo_;  // the last one that had a fix
 };

@@ -5,12 +5,14 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 
 #include "centralina.h"
 #include "messaggi.h"
+#include "traguardo.h"
 
 namespace {
 
@@ -36,7 +38,31 @@ struct Argomenti {
     unsigned giri = 3;
     unsigned frequenza = 10;
     unsigned long long seme = 1;
+    kel::simulatore::Soluzioni soluzioni = kel::simulatore::Soluzioni::SOL;
 };
+
+const std::map<std::string, kel::simulatore::Soluzioni> SOLUZIONI = {
+    {"sol", kel::simulatore::Soluzioni::SOL},
+    {"pvt", kel::simulatore::Soluzioni::PVT},
+    {"both", kel::simulatore::Soluzioni::ENTRAMBE},
+};
+
+// What stands below the options.
+std::string note() {
+    return "The kart starts before the finish line and stops recording behind it. Half-way through\n"
+           "the middle lap the fix is lost for some seconds. The same arguments write the same bytes.\n\n"
+           "Finish line, where the logger takes its lap times, as LAT,LON,HEADING:\n"
+           "  " +
+           testo(kel::simulatore::traguardo()) +
+           "\n\n"
+           "Lateral acceleration (LatA) is positive in left-hand corners: the axes of ISO 8855.\n\n"
+           "A record of samples begins with its time, 32 bits, ms: kelfun record CHANNELS SAMPLES\n"
+           "--time u32ms. Its GPS packet holds NAV-SOL, whatever --messages says of the capture.\n\n"
+           "Exit status: 0 fine, 1 it cannot be written, 2 wrong argument\n\n"
+           "Examples:\n  kelsim --messages both --laps 20 --rate 25 capture.ubx\n"
+           "  kelsim --channels session.channels --samples session.samples --rate 5\n"
+           "  kelsim --laps 1 - | kelfun ubx -";
+}
 
 void dichiara(CLI::App& programma, Argomenti& argomenti) {
     programma.add_option("FILE", argomenti.cattura, "Capture to write, or - for standard output");
@@ -44,16 +70,24 @@ void dichiara(CLI::App& programma, Argomenti& argomenti) {
     auto* campioni = programma.add_option("--samples", argomenti.campioni, "Write its records of samples here");
     canali->type_name("FILE")->needs(campioni);
     campioni->type_name("FILE")->needs(canali);
-    programma.add_option("--laps", argomenti.giri, "Laps (default 3)")->check(traNumeri(1, 1000));
+    programma
+        .add_option_function<std::string>(
+            "--messages",
+            [&argomenti](const std::string& nome) {
+                const auto trovate = SOLUZIONI.find(nome);
+                if (trovate == SOLUZIONI.end())
+                    throw CLI::ValidationError("--messages: '" + nome +
+                                               "' is no such choice; accepted: sol, pvt, both");
+                argomenti.soluzioni = trovate->second;
+            },
+            "Solutions in the capture: NAV-SOL, NAV-PVT or both messages (default sol)")
+        ->type_name("sol|pvt|both");
+    programma.add_option("--laps", argomenti.giri, "Closed laps (default 3)")->check(traNumeri(1, 1000));
     programma.add_option("--rate", argomenti.frequenza, "Solutions and records a second (default 10)")
         ->check(traNumeri(1, 25));
     programma.add_option("--seed", argomenti.seme, "Seed of the receiver's noise (default 1)")
         ->check(traNumeri(0, ~0ull));
-    programma.footer(
-        "Half-way through the middle lap the fix is lost for some seconds. The same arguments write the same bytes.\n"
-        "Every record of samples begins with its time, 32 bits, ms: kelfun record CHANNELS SAMPLES --time u32ms.\n\n"
-        "Examples:\n  kelsim capture.ubx\n  kelsim --channels session.channels --samples session.samples --rate 5\n"
-        "  kelsim --laps 1 - | kelfun ubx -");
+    programma.footer(note());
 }
 
 // A file that is written from start to end, "-" being standard output.
@@ -129,8 +163,9 @@ int esegui(int argc, char** argv) {
         registra(argomenti);
     if (!argomenti.cattura.empty()) {
         Uscita cattura(argomenti.cattura);
-        kel::simulatore::registrazione(argomenti.giri, argomenti.frequenza, argomenti.seme,
-                                       [&cattura](const std::string& byte) { cattura.scrivi(byte); });
+        kel::simulatore::registrazione(
+            argomenti.giri, argomenti.frequenza, argomenti.seme,
+            [&cattura](const std::string& byte) { cattura.scrivi(byte); }, argomenti.soluzioni);
         cattura.chiudi();
     }
     return 0;

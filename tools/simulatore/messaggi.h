@@ -10,8 +10,18 @@
 
 namespace kel::simulatore {
 
-/// The circuit's place: made up, somewhere in the plain of the Po.
-constexpr Geodetiche LUOGO = {44.8231, 10.4107, 62.0};
+// What all messages of a solution agree on.
+constexpr double GEOIDE = 42.0;  ///< height of the sea above the ellipsoid, m
+/// Millimetres of accuracy in the plane and in height to a centimetre of accuracy in space: 6, 8 and 10 make a right angle.
+constexpr unsigned PIANO_MM = 6;
+constexpr unsigned QUOTA_MM = 8;
+
+/// The receiver's velocity: east, north, up where it is, m/s.
+Vettore velocitaLocale(const Istante& istante, const PianoLocale& piano);
+/// Its direction over ground, degrees from north, clockwise.
+double rotta(const Vettore& velocita);
+/// Position DOP in hundredths.
+unsigned dop(const Istante& istante);
 
 /// Payload of NAV-SOL, 52 bytes: position in cm and velocity in cm/s, both ECEF.
 std::string payloadNavSol(const Istante& istante, const PianoLocale& piano);
@@ -20,16 +30,19 @@ std::string navSol(const Istante& istante, const PianoLocale& piano);
 /// NAV-POSLLH (01 02): geodetic position.
 std::string navPosLlh(const Istante& istante, const PianoLocale& piano);
 /// NAV-VELNED (01 12): velocity north, east, down.
-std::string navVelNed(const Istante& istante);
+std::string navVelNed(const Istante& istante, const PianoLocale& piano);
 /// NAV-STATUS (01 03).
 std::string navStatus(const Istante& istante);
 /// GGA sentence.
 std::string gga(const Istante& istante, const PianoLocale& piano);
 
-/// A whole capture, handed over piece by piece: NAV-SOL among the others, once a second NAV-STATUS and GGA too.
-/// The arguments are those of `Kart`.
+/// Which messages carry the solutions: NAV-SOL of older receivers, NAV-PVT of newer ones, or both.
+enum class Soluzioni { SOL, PVT, ENTRAMBE };
+
+/// A whole capture, handed over piece by piece: the solutions among other messages, once a second NAV-STATUS and GGA too.
+/// The first arguments are those of `Kart`.
 void registrazione(unsigned giri, unsigned frequenza, std::uint64_t seme,
-                   const std::function<void(const std::string&)>& uscita);
+                   const std::function<void(const std::string&)>& uscita, Soluzioni soluzioni = Soluzioni::SOL);
 
 }  // namespace kel::simulatore
 

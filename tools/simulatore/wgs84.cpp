@@ -40,6 +40,12 @@ Vettore PianoLocale::posizione(const Vettore& est_nord_su) const {
     return {origine_.x + d.x, origine_.y + d.y, origine_.z + d.z};
 }
 
+Vettore PianoLocale::locale(const Vettore& velocita_ecef) const {
+    const auto& [x, y, z] = velocita_ecef;
+    return {est_.x * x + est_.y * y + est_.z * z, nord_.x * x + nord_.y * y + nord_.z * z,
+            su_.x * x + su_.y * y + su_.z * z};
+}
+
 // Fixed point of the latitude equation (Heiskanen and Moritz): each round gains a factor e squared.
 Geodetiche PianoLocale::geodetiche(const Vettore& est_nord_su) const {
     const Vettore r = posizione(est_nord_su);

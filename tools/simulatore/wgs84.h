@@ -25,6 +25,8 @@ public:
     Vettore posizione(const Vettore& est_nord_su) const;
     /// A velocity given in the plane, in the axes of ECEF.
     Vettore velocita(const Vettore& est_nord_su) const;
+    /// The inverse: a velocity given in the axes of ECEF, as east, north and up.
+    Vettore locale(const Vettore& velocita_ecef) const;
     /// A place given in the plane, as geodetic coordinates; good to millimetres within a few kilometres.
     Geodetiche geodetiche(const Vettore& est_nord_su) const;
 
