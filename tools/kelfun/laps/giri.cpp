@@ -1,0 +1,192 @@
+#include "laps/giri.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kel::strumento {
+
+namespace {
+
+constexpr double FERMO = 1;              // m/s
+constexpr double FERMO_A_LUNGO = 5;      // s
+constexpr double MINIMO_INTERMEDIO = 1;  // s between two passages of the same split
+
+int millisecondi(double secondi) {
+    return static_cast<int>(std::lround(secondi * 1000));  // a session's pauses are bounded, and so is a lap
+}
+
+// The fixes of a lap, as places among all.
+struct Tratto {
+    std::size_t da = 0, a = 0;
+};
+
+Tratto tratto(const Giro& giro, const Percorso& percorso) {
+    const auto& fix = percorso.fix();
+    const auto& sessioni = percorso.sessioni();
+    const auto inizio = fix.begin() + static_cast<std::ptrdiff_t>(sessioni[giro.sessione]);
+    const auto fine = giro.sessione + 1 < sessioni.size()
+                          ? fix.begin() + static_cast<std::ptrdiff_t>(sessioni[giro.sessione + 1])
+                          : fix.end();
+    const auto prima = [](const Fix& f, double t) { return f.tempo < t; };
+    const auto da = std::lower_bound(inizio, fine, *giro.inizio, prima);
+    // What is driven in goes to the last fix, which belongs to it.
+    const auto a = giro.stato == StatoGiro::rientro && !giro.ms ? fine : std::lower_bound(da, fine, *giro.fine, prima);
+    return {static_cast<std::size_t>(da - fix.begin()), static_cast<std::size_t>(a - fix.begin())};
+}
+
+bool conBuco(const Percorso& percorso, const Tratto& t, double inizio, double fine) {
+    double ultimo = inizio;
+    for (std::size_t i = t.da; i < t.a; ++i) {
+        if (!percorso.fix()[i].valido)
+            continue;
+        if (percorso.fix()[i].tempo - ultimo > percorso.buco())
+            return true;
+        ultimo = percorso.fix()[i].tempo;
+    }
+    return fine - ultimo > percorso.buco();
+}
+
+bool conSosta(const Percorso& percorso, const Tratto& t) {
+    std::optional<double> da;
+    for (std::size_t i = t.da; i < t.a; ++i) {
+        const Fix& fix = percorso.fix()[i];
+        if (!fix.velocita || *fix.velocita >= FERMO)
+            da.reset();
+        else if (!da)
+            da = fix.tempo;
+        else if (fix.tempo - *da >= FERMO_A_LUNGO)
+            return true;
+    }
+    return false;
+}
+
+Giro chiuso(const Percorso& percorso, const Passaggi& passaggi, const Passaggio& prima, const Passaggio& dopo) {
+    Giro giro;
+    giro.inizio = prima.tempo;
+    giro.fine = dopo.tempo;
+    giro.ms = millisecondi(dopo.tempo - prima.tempo);
+    giro.sessione = percorso.sessione(dopo.dopo);
+    const Tratto t = tratto(giro, percorso);
+    const bool contromano = std::any_of(passaggi.indietro.begin(), passaggi.indietro.end(), [&](const Passaggio& p) {
+        return percorso.sessione(p.dopo) == giro.sessione && p.tempo > prima.tempo && p.tempo < dopo.tempo;
+    });
+    giro.stato = prima.lento                                     ? StatoGiro::uscita
+                 : dopo.lento                                    ? StatoGiro::rientro
+                 : prima.senza_fix || dopo.senza_fix             ? StatoGiro::senza_fix
+                 : conBuco(percorso, t, prima.tempo, dopo.tempo) ? StatoGiro::senza_fix
+                 : contromano                                    ? StatoGiro::contromano
+                 : conSosta(percorso, t)                         ? StatoGiro::fermo
+                                                                 : StatoGiro::buono;
+    return giro;
+}
+
+Giro aperto(std::size_t sessione, double inizio, double fine, StatoGiro stato) {
+    Giro giro;
+    giro.sessione = sessione;
+    giro.inizio = inizio;
+    giro.fine = fine;
+    giro.stato = stato;
+    return giro;
+}
+
+}  // namespace
+
+std::string_view nome(StatoGiro stato) {
+    constexpr std::string_view NOMI[] = {"", "out", "in", "no fix", "wrong way", "stopped"};
+    return NOMI[static_cast<std::size_t>(stato)];
+}
+
+std::vector<Giro> giri(const Percorso& percorso, const Passaggi& passaggi) {
+    std::vector<Giro> tutti;
+    const auto& fix = percorso.fix();
+    const auto& sessioni = percorso.sessioni();
+    auto p = passaggi.avanti.begin();
+    for (std::size_t s = 0; s < sessioni.size(); ++s) {
+        const std::size_t fine = s + 1 < sessioni.size() ? sessioni[s + 1] : fix.size();
+        const Passaggio* ultimo = nullptr;
+        for (; p != passaggi.avanti.end() && p->dopo < fine; ++p) {
+            if (ultimo == nullptr && fix[sessioni[s]].tempo < p->tempo)
+                tutti.push_back(aperto(s, fix[sessioni[s]].tempo, p->tempo, StatoGiro::uscita));
+            else if (ultimo != nullptr)
+                tutti.push_back(chiuso(percorso, passaggi, *ultimo, *p));
+            ultimo = &*p;
+        }
+        if (ultimo != nullptr && ultimo->tempo < fix[fine - 1].tempo)
+            tutti.push_back(aperto(s, ultimo->tempo, fix[fine - 1].tempo, StatoGiro::rientro));
+    }
+    int numero = !tutti.empty() && !tutti.front().ms ? 0 : 1;
+    for (Giro& giro : tutti)
+        giro.numero = numero++;
+    return tutti;
+}
+
+void misura(std::span<Giro> giri, const Percorso& percorso) {
+    for (Giro& giro : giri) {
+        if (!giro.inizio || !giro.fine)
+            continue;
+        const Tratto t = tratto(giro, percorso);
+        giro.campioni = t.a - t.da;
+        for (std::size_t i = t.da; i < t.a; ++i)
+            if (const auto velocita = percorso.fix()[i].velocita ? percorso.fix()[i].velocita : percorso.velocita(i)) {
+                giro.massima = std::max(giro.massima.value_or(*velocita), *velocita);
+                giro.minima = std::min(giro.minima.value_or(*velocita), *velocita);
+            }
+        if (giro.massima)
+            giro.metri = percorso.metri(giro.sessione, *giro.fine) - percorso.metri(giro.sessione, *giro.inizio);
+    }
+}
+
+void dividi(std::span<Giro> giri, const Percorso& percorso, std::span<const Linea> intermedi) {
+    struct Intermedio {
+        Passaggi passaggi;
+        double quando = 0;  // s from the start of a lap, in the middle of the laps that pass it
+    };
+    std::vector<Intermedio> tutti;
+    for (const Linea& linea : intermedi)
+        tutti.push_back({passaggi(percorso, linea, MINIMO_INTERMEDIO), 0});
+    // The first passage within a lap.
+    const auto in = [&percorso](const Giro& giro, const Intermedio& uno) -> std::optional<double> {
+        const auto trovato =
+            std::find_if(uno.passaggi.avanti.begin(), uno.passaggi.avanti.end(), [&](const Passaggio& p) {
+                return percorso.sessione(p.dopo) == giro.sessione && p.tempo > *giro.inizio && p.tempo < *giro.fine;
+            });
+        return trovato == uno.passaggi.avanti.end() || trovato->senza_fix ? std::nullopt
+                                                                          : std::optional(trovato->tempo);
+    };
+    for (Intermedio& uno : tutti) {
+        std::vector<double> tempi;
+        for (const Giro& giro : giri)
+            if (giro.ms && giro.inizio)
+                if (const auto tempo = in(giro, uno))
+                    tempi.push_back((*tempo - *giro.inizio) / (*giro.fine - *giro.inizio));
+        std::sort(tempi.begin(), tempi.end());
+        uno.quando = tempi.empty() ? 1 : tempi[tempi.size() / 2];
+    }
+    std::stable_sort(tutti.begin(), tutti.end(),
+                     [](const Intermedio& a, const Intermedio& b) { return a.quando < b.quando; });
+    for (Giro& giro : giri) {
+        giro.settori.assign(intermedi.empty() ? 0 : intermedi.size() + 1, std::nullopt);
+        if (!giro.ms || !giro.inizio || intermedi.empty())
+            continue;
+        std::optional<int> prima = 0;
+        for (std::size_t i = 0; i <= tutti.size(); ++i) {
+            const auto tempo = i < tutti.size() ? in(giro, tutti[i]) : giro.fine;
+            std::optional<int> dopo = i < tutti.size() && tempo ? std::optional(millisecondi(*tempo - *giro.inizio))
+                                      : i < tutti.size()        ? std::nullopt
+                                                                : giro.ms;
+            if (prima && dopo && *dopo >= *prima)
+                giro.settori[i] = *dopo - *prima;
+            prima = dopo;
+        }
+    }
+}
+
+const Giro* migliore(std::span<const Giro> giri) {
+    const Giro* primo = nullptr;
+    for (const Giro& giro : giri)
+        if (giro.ms && giro.stato == StatoGiro::buono && (primo == nullptr || *giro.ms < *primo->ms))
+            primo = &giro;
+    return primo;
+}
+
+}  // namespace kel::strumento
