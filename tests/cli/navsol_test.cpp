@@ -1,4 +1,4 @@
-// Solutions through the packet channel against sums done here on the message's own numbers.
+// Solutions as the device shows them, through the packet channel, against sums done here on the message's own numbers.
 #include "captures/navsol.h"
 
 #include <gtest/gtest.h>
@@ -61,7 +61,7 @@ void confronta(const std::vector<Payload>& tutti) {
     const CanaleNavSol canale(*catalogo, "km/h", 3);
     for (std::size_t i = 0; i < tutti.size(); ++i) {
         const Payload& p = tutti[i];
-        const Soluzione s = canale.leggi(p);
+        const SoluzioneDispositivo s = canale.leggi(p);
         EXPECT_EQ(s.settimana_ms, static_cast<std::uint32_t>(i32(p, 0)));
         EXPECT_EQ(s.fix, p[10]);
         EXPECT_EQ(s.satelliti, p[47]);
@@ -110,7 +110,7 @@ TEST(NavSol, AnyPayloadGivesFiniteValues) {
                    : caso() % 4 == 0 ? 0xFF
                    : caso() % 8 == 0 ? 0x80
                                      : static_cast<std::uint8_t>(caso());
-        const Soluzione s = canale.leggi(p);
+        const SoluzioneDispositivo s = canale.leggi(p);
         ASSERT_TRUE(std::isfinite(s.longitudine) && std::fabs(s.longitudine) <= 180.0f);
         ASSERT_TRUE(std::isfinite(s.latitudine) && std::fabs(s.latitudine) <= 90.0f);
         ASSERT_TRUE(std::isfinite(s.velocita) && s.velocita >= 0.0f);
@@ -153,7 +153,7 @@ TEST(NavSol, RecordedSolutionsAgreeWithTheirMessages) {
     ASSERT_EQ(tutti.size(), 81u);
     confronta(tutti);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const Soluzione prima = CanaleNavSol(*catalogo, "km/h", 3).leggi(tutti[0]);
+    const SoluzioneDispositivo prima = CanaleNavSol(*catalogo, "km/h", 3).leggi(tutti[0]);
     EXPECT_NEAR(prima.longitudine, -117.020462, 4e-6);
     EXPECT_EQ(prima.testo_velocita, "1.582");
 }

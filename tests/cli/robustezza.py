@@ -11,7 +11,7 @@ from programmi import Programmi, lettore
 
 RIASSUNTO = re.compile(
     rb"^(\d+) solutions in (\d+) bytes; skipped: (\d+) bytes outside messages, (\d+) other messages, (\d+) bad checksums, "
-    rb"(\d+) NAV-SOL of wrong length, (\d+) bytes truncated at the end$", re.M)
+    rb"(\d+) NAV-SOL or NAV-PVT of wrong length, (\d+) bytes truncated at the end$", re.M)
 
 
 def prova(programmi, byte, che_cosa, soluzioni=None):

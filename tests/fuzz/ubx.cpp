@@ -1,7 +1,7 @@
 // kelfun's reader of u-blox streams, and the GPS solutions shown from it.
 //
 // Proves that the reader finds the messages that a plain reader finds, however the stream arrives, that every byte is
-// counted once, and that any solution can be shown.
+// counted once, and that any solution can be shown, as the device shows it and in WGS 84.
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -9,7 +9,9 @@
 
 #include "bersaglio.h"
 #include "captures/flusso_ubx.h"
+#include "captures/lettore_soluzioni.h"
 #include "captures/navsol.h"
+#include "captures/vista_gps.h"
 #include "ingredienti.h"
 
 namespace {
@@ -47,13 +49,41 @@ std::vector<MessaggioUbx> messaggiDi(Byte byte) {
     return trovati;
 }
 
-void mostra(const kel::strumento::CanaleNavSol& canale, const MessaggioUbx& messaggio) {
-    if (messaggio.dati.size() != kel::strumento::NAV_SOL_BYTE)
-        return;
-    const Byte dati(messaggio.dati);
-    const auto soluzione = canale.leggi(dati.first<kel::strumento::NAV_SOL_BYTE>());
+void mostraDispositivo(const kel::strumento::CanaleNavSol& canale,
+                       std::span<const std::uint8_t, kel::strumento::NAV_SOL_BYTE> payload) {
+    const auto soluzione = canale.leggi(payload);
     pretendi(std::isfinite(soluzione.velocita) && soluzione.velocita >= 0, "a speed is a number");
     pretendi(soluzione.fix < 256 && soluzione.satelliti < 256, "fix and satellites are bytes");
+}
+
+void mostraWgs84(const kel::strumento::Soluzione& soluzione) {
+    using kel::strumento::CampoGps;
+    for (const CampoGps campo : kel::strumento::CAMPI_GPS) {
+        const auto valore = kel::strumento::valoreGps(soluzione, campo);
+        pretendi(!valore || std::isfinite(*valore), "a value is a number");
+        pretendi(!kel::strumento::cellaGps(soluzione, campo, 1, 3).perPersone().empty(), "a cell shows something");
+    }
+    const bool senza = !kel::strumento::conPosizione(soluzione.fix);
+    pretendi(!senza || (!soluzione.luogo && !soluzione.velocita), "there is nothing without a fix");
+    pretendi(!soluzione.luogo ||
+                 (std::fabs(soluzione.luogo->latitudine) <= 90 && std::fabs(soluzione.luogo->longitudine) <= 180),
+             "a place is on the earth");
+}
+
+void mostra(const kel::strumento::CanaleNavSol& canale, Byte flusso) {
+    kel::strumento::LettoreSoluzioni lettore([resto = flusso](std::uint8_t* dove, std::size_t spazio) mutable {
+        const auto arrivati = resto.first(std::min(spazio, resto.size()));
+        std::ranges::copy(arrivati, dove);
+        resto = resto.subspan(arrivati.size());
+        return arrivati.size();
+    });
+    while (lettore.prossima()) {
+        mostraDispositivo(canale, lettore.navSol());
+        mostraWgs84(lettore.soluzione());
+    }
+    const auto& conta = lettore.conteggi();
+    pretendi(conta.soluzioni + conta.stessa_epoca + conta.altri + conta.lunghezza_errata == lettore.byte().messaggi,
+             "every message is counted once");
 }
 
 }  // namespace
@@ -79,12 +109,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
         const MessaggioUbx& atteso = attesi[letti];
         pretendi(messaggio.classe == atteso.classe && messaggio.id == atteso.id && messaggio.dati == atteso.dati,
                  "the messages are the plain reader's");
-        mostra(canale, messaggio);
     }
     pretendi(letti == attesi.size(), "no message is lost");
     const auto& conta = lettore.conteggi();
     pretendi(conta.byte == flusso.size() && conta.byte == conta.byte_messaggi + conta.byte_fuori + conta.byte_troncati,
              "every byte is counted once");
     pretendi(conta.messaggi == letti, "the messages are counted");
+    mostra(canale, flusso);
     return 0;
 }

@@ -61,7 +61,29 @@ std::string nomeSottocampo(kel_funpos pacchetto, kel_funpos fid) {
     return oggetto == 0 || oggetto >= oggetti.size() ? grandezza : grandezza + " " + oggetti[oggetto].testo;
 }
 
-std::vector<ColonnaRecord> tutte(IFunzioni& catalogo, std::span<const s_kel_canale> canali, bool testi) {
+// The time that the logger stamps on its GPS packet; the other packet has none of its own.
+constexpr kel_funpos GPS_TEMPO = kelFidComponi(FID_PHI_TIME, FID_OBJ_MASTER_CLOCK, FID_POS_GPS);
+
+bool diGps(const s_kel_canale& canale) {
+    return canale.tipo_campione == KEL_TIPO_GPS_KEL || canale.tipo_campione == KEL_TIPO_GPS_NAVSOL;
+}
+
+std::string nomeCampo(CampoGps campo) {
+    switch (campo) {
+        case CampoGps::fix:
+            return "GPS Fix";
+        case CampoGps::satelliti:
+            return "Sats Number";
+        case CampoGps::velocita:
+            return "GPS Speed";
+        default:
+            return aspetto(campo).nome;
+    }
+}
+
+std::vector<ColonnaRecord> tutte(IFunzioni& catalogo, std::span<const s_kel_canale> canali,
+                                 const SceltaColonne& scelta) {
+    const bool testi = scelta.testi;
     std::vector<ColonnaRecord> colonne;
     for (std::size_t i = 0; i < canali.size(); ++i) {
         const bool pacchetto = conSottocampi(canali[i]);
@@ -70,9 +92,13 @@ std::vector<ColonnaRecord> tutte(IFunzioni& catalogo, std::span<const s_kel_cana
         std::list<kel_funpos> interni;
         if (pacchetto)
             catalogo.getAllInnerFunpos(canali[i].fid, interni);
+        const bool wgs84 = pacchetto && diGps(canali[i]) && !scelta.dispositivo;
         for (const kel_funpos fid : interni)
-            if (fid != 0)  // a reserved word
+            if (fid != 0 && (!wgs84 || fid == GPS_TEMPO))  // 0 is a reserved word
                 colonne.emplace_back(catalogo, canali[i], i, fid);
+        if (wgs84)
+            for (const CampoGps campo : CAMPI_GPS)
+                colonne.emplace_back(catalogo, canali[i], i, campo);
     }
     return colonne;
 }
@@ -103,7 +129,7 @@ public:
     }
 
     bool vale(const ColonnaRecord& colonna, const s_kel_canale& canale) const {
-        if (fid_ && (colonna.fid == *fid_ || canale.fid == *fid_))
+        if (fid_ && ((colonna.fid == *fid_ && *fid_ != 0) || canale.fid == *fid_))
             return true;
         const std::string breve(canale.breve, std::find(canale.breve, std::end(canale.breve), '\0'));
         return !chiave_.empty() &&
@@ -187,7 +213,20 @@ ColonnaRecord::ColonnaRecord(const IFunzioni& catalogo, const s_kel_canale& cana
     }
 }
 
+ColonnaRecord::ColonnaRecord(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale,
+                             CampoGps campo)
+    : nome(nomeCampo(campo)), indice(indice_canale), fid(fidDi(campo)), udm(aspetto(campo).udm), campo_(campo) {
+    decimali_ = aspetto(campo).decimali;
+    // The logger's packet is a time, then the receiver's payload.
+    conv_.offset_campione =
+        canale.offset_campione + kelFunGetSamplSize(canale.tipo_campione) - static_cast<std::uint32_t>(NAV_SOL_BYTE);
+    if (campo == CampoGps::velocita)
+        mostraIn(catalogo, canale, catalogo.getUnitaBase(fid));
+}
+
 bool ColonnaRecord::mostraIn(const IFunzioni& catalogo, const s_kel_canale& canale, const std::string& nuova) {
+    if (campo_ && campo_ != CampoGps::velocita)
+        return false;
     std::list<std::string> unita;
     catalogo.getFunzUIVs(fid, unita);
     if (misura_ != Misura::funzione ||
@@ -195,6 +234,11 @@ bool ColonnaRecord::mostraIn(const IFunzioni& catalogo, const s_kel_canale& cana
         (unita.empty() && !nuova.empty()))
         return false;
     udm = nuova;
+    if (campo_) {
+        fattore_ = daMetriAlSecondo(catalogo, udm);
+        decimali_ = std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3);
+        return true;
+    }
     decimali_ = kelFidGrandezza(fid) == FID_PHI_COORDINATE ? DECIMALI_GRADI
                                                            : std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3);
     conv_.decimali = static_cast<unsigned>(decimali_);
@@ -204,7 +248,7 @@ bool ColonnaRecord::mostraIn(const IFunzioni& catalogo, const s_kel_canale& cana
 
 std::vector<std::string> ColonnaRecord::unitaPossibili(const IFunzioni& catalogo) const {
     std::list<std::string> tutte;
-    if (misura_ == Misura::funzione)
+    if (misura_ == Misura::funzione && (!campo_ || campo_ == CampoGps::velocita))
         catalogo.getFunzUIVs(fid, tutte);
     std::vector<std::string> possibili;
     std::copy_if(tutte.begin(), tutte.end(), std::back_inserter(possibili),
@@ -212,16 +256,26 @@ std::vector<std::string> ColonnaRecord::unitaPossibili(const IFunzioni& catalogo
     return possibili;
 }
 
+Soluzione ColonnaRecord::soluzione(const std::uint8_t* campioni) const {
+    return daNavSol(std::span<const std::uint8_t, NAV_SOL_BYTE>(campioni + conv_.offset_campione, NAV_SOL_BYTE));
+}
+
 bool ColonnaRecord::haValore() const {
+    if (campo_)
+        return campo_ != CampoGps::utc;
     return conv_.valore != nullptr && !pacchetto_intero_;
 }
 
-std::optional<float> ColonnaRecord::valore(const std::uint8_t* campioni) const {
+std::optional<double> ColonnaRecord::valore(const std::uint8_t* campioni) const {
     if (!haValore())
         return std::nullopt;
+    if (campo_) {
+        const auto numero = valoreGps(soluzione(campioni), *campo_);
+        return numero ? std::optional(*numero * fattore_) : std::nullopt;
+    }
     std::uint32_t stato = 0;
     const float valore = conv_.valore(&conv_, campioni + conv_.offset_campione, &stato);
-    return stato == 0 ? std::optional(valore) : std::nullopt;
+    return stato == 0 ? std::optional(static_cast<double>(valore)) : std::nullopt;
 }
 
 std::string ColonnaRecord::testo(const std::uint8_t* campioni) {
@@ -231,10 +285,12 @@ std::string ColonnaRecord::testo(const std::uint8_t* campioni) {
 }
 
 Cella ColonnaRecord::cella(const std::uint8_t* campioni, bool testi) {
+    if (campo_)
+        return cellaGps(soluzione(campioni), *campo_, fattore_, decimali_);
     if (testi || pacchetto_intero_)
         return Cella::testo(testo(campioni));
     if (const auto numero = valore(campioni))
-        return Cella::numero(*numero, conDecimali(*numero, decimali_));
+        return Cella::numero(static_cast<float>(*numero), conDecimali(*numero, decimali_));
     const std::string perche = haValore() ? testo(campioni) : "";  // "---", or blanks for a missing value
     return perche.find_first_not_of(' ') == std::string::npos ? Cella() : Cella::mancante(perche);
 }
@@ -257,12 +313,14 @@ std::string ColonnaRecord::chiave() const {
 }
 
 std::size_t ColonnaRecord::larghezza(bool testi) const {
+    if (campo_)
+        return aspetto(*campo_).larghezza;
     return pacchetto_intero_ || (testi && conv_.testo_stato == nullptr) ? LARGHEZZA_TESTO : LARGHEZZA_NUMERO + 1;
 }
 
 std::vector<ColonnaRecord> colonneRecord(IFunzioni& catalogo, std::span<const s_kel_canale> canali,
                                          const SceltaColonne& scelta) {
-    std::vector<ColonnaRecord> colonne = tutte(catalogo, canali, scelta.testi);
+    std::vector<ColonnaRecord> colonne = tutte(catalogo, canali, scelta);
     distingui(colonne, canali);
     tieni(catalogo, colonne, canali, scelta.solo);
     for (const std::string& richiesta : scelta.unita)

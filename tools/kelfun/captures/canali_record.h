@@ -9,11 +9,12 @@
 #include <vector>
 
 #include "IFunzioni.h"
+#include "captures/vista_gps.h"
 #include "output/documento.h"
 
 namespace kel::strumento {
 
-/// A channel, or a subfield of a packet channel, in one unit.
+/// A channel, a subfield of a packet channel, or what a GPS packet says in WGS 84, in one unit.
 class ColonnaRecord {
 public:
     /// @param canale    of a set that `leggiCanali` gave; it is not kept.
@@ -21,11 +22,14 @@ public:
     ColonnaRecord(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale,
                   kel_funpos funzione);
 
+    /// A field of the solution that a GPS packet holds, from the packet's own numbers.
+    ColonnaRecord(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale, CampoGps campo);
+
     /// Shows another unit of its function; false when the function has no such unit.
     bool mostraIn(const IFunzioni& catalogo, const s_kel_canale& canale, const std::string& nuova);
 
     /// The value of a record's samples; nothing when the sample has none, or holds a reserved value.
-    std::optional<float> valore(const std::uint8_t* campioni) const;
+    std::optional<double> valore(const std::uint8_t* campioni) const;
     /// The library's text of it.
     std::string testo(const std::uint8_t* campioni);
     Cella cella(const std::uint8_t* campioni, bool testi);
@@ -34,6 +38,8 @@ public:
     std::vector<std::string> unitaPossibili(const IFunzioni& catalogo) const;
 
     bool haValore() const;
+    /// Whether it is WGS 84, and not what the library makes of the samples.
+    bool wgs84() const { return campo_.has_value(); }
     /// Its name with what is to be said of its values: "Position Accuracy low byte".
     std::string nomeMisurato() const;
     /// The unit that its values are in, "" for none.
@@ -52,8 +58,12 @@ private:
     // How the unit goes with the values, which are not always in the unit of their function.
     enum class Misura { funzione, byte_basso, decimilionesimi };
 
-    bool pacchetto_intero_;
-    Misura misura_;
+    Soluzione soluzione(const std::uint8_t* campioni) const;
+
+    bool pacchetto_intero_ = false;
+    Misura misura_ = Misura::funzione;
+    std::optional<CampoGps> campo_;
+    double fattore_ = 1;  // of a speed in WGS 84: from m/s to its unit
     int decimali_ = 0;
     s_kel_converter conv_{};
 };
@@ -63,6 +73,7 @@ struct SceltaColonne {
     std::vector<std::string> solo;   ///< names or identifiers of channels and subfields; none: all
     std::vector<std::string> unita;  ///< "UNIT" for everything that knows it, or "NAME=UNIT"
     bool testi = false;              ///< texts of the library in place of values
+    bool dispositivo = false;        ///< GPS packets as the device shows them, not in WGS 84
 };
 
 /// The columns of a channel set, in its order, a packet's subfields behind it.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "captures/interi.h"
 #include "domain/canale.h"
 #include "domain/fid_gps.h"
 #include "output/celle.h"
@@ -54,15 +55,14 @@ float CanaleNavSol::valore(IConverter& converter, const std::uint8_t* pacchetto)
     return valore;
 }
 
-Soluzione CanaleNavSol::leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const {
+SoluzioneDispositivo CanaleNavSol::leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const {
     std::array<std::uint8_t, BYTE_TEMPO + NAV_SOL_BYTE> pacchetto{};
     // The logger stamps its own time in front; here the time of week serves for it.
     std::copy_n(payload.begin(), BYTE_TEMPO, pacchetto.begin());
     std::copy(payload.begin(), payload.end(), pacchetto.begin() + BYTE_TEMPO);
 
-    Soluzione soluzione;
-    for (std::size_t i = BYTE_TEMPO; i-- > 0;)
-        soluzione.settimana_ms = soluzione.settimana_ms * 256 + payload[i];
+    SoluzioneDispositivo soluzione;
+    soluzione.settimana_ms = intero<std::uint32_t>(payload, 0);
     soluzione.fix = static_cast<unsigned>(valore(*fix_, pacchetto.data()));
     soluzione.satelliti = static_cast<unsigned>(valore(*satelliti_, pacchetto.data()));
     soluzione.longitudine = valore(*longitudine_, pacchetto.data());

@@ -1,4 +1,4 @@
-// One NAV-SOL solution shown through the logger's GPS packet.
+// A NAV-SOL solution as the device shows it, through the logger's GPS packet.
 #ifndef KELFUN_CAPTURES_NAVSOL_H
 #define KELFUN_CAPTURES_NAVSOL_H
 
@@ -9,22 +9,19 @@
 #include <string>
 
 #include "IFunzioni.h"
+#include "captures/soluzione.h"
 
 namespace kel::strumento {
 
-constexpr std::uint8_t NAV_SOL_CLASSE = 0x01;
-constexpr std::uint8_t NAV_SOL_ID = 0x06;
-constexpr std::size_t NAV_SOL_BYTE = 52;
-
-/// What a solution shows. Values come from the library's converters, but for the time of week: as a float it would be
-/// off by up to 32 ms, so that it is read from the message.
-struct Soluzione {
+/// A solution as the device shows it: by the library's converters, single precision and all, but for the time of week, which
+/// as a float would be off by up to 32 ms and is read from the message.
+struct SoluzioneDispositivo {
     std::uint32_t settimana_ms = 0;  ///< GPS time of week, ms
     unsigned fix = 0;
     unsigned satelliti = 0;
     float longitudine = 0;  ///< degrees
     float latitudine = 0;   ///< degrees by the library's rule
-    float velocita = 0;     ///< in the unit asked for
+    float velocita = 0;     ///< in the unit asked for; 0 without a fix in space or with less than 4 satellites
     std::string testo_velocita;
     unsigned accuratezza_posizione = 0;  ///< low byte of the field in cm
     unsigned accuratezza_velocita = 0;   ///< low byte of the field in cm/s
@@ -40,7 +37,7 @@ public:
     /// The function of the speed in the packet.
     static kel_funpos fidVelocita();
 
-    Soluzione leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const;
+    SoluzioneDispositivo leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const;
 
 private:
     float valore(IConverter& converter, const std::uint8_t* pacchetto) const;

@@ -117,11 +117,14 @@ void aggiungiRecord(CLI::App& programma) {
         .ripetibile();
     const Opzione testi =
         comando.bandiera("--text", argomenti->colonne.testi, "Show the library's texts in place of values");
+    comando.bandiera("--device", argomenti->colonne.dispositivo,
+                     "Show GPS packets as the device shows them: the library's values, not WGS 84");
     comando.bandiera("--packed", argomenti->compatta,
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
     aggiungiForma(comando, argomenti->forma);
     aggiungiGrafico(comando, argomenti->grafico).esclude(testi);
     comando.note(esempi(
+        "A GPS packet's columns are WGS 84, from the packet's own numbers; where it has no fix they are nothing.\n"
         "A record holds one sample of every channel, little-endian, where the channel's record says, and is as long "
         "as\n"
         "their sample buffers together. Of a channel's record these fields are used: identifier (byte 12), sample "

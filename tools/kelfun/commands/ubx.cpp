@@ -1,12 +1,14 @@
-// kelfun ubx: the NAV-SOL solutions of a u-blox byte stream.
+// kelfun ubx: the GPS solutions of a u-blox byte stream.
 #include <memory>
 #include <optional>
 
-#include "captures/flusso_ubx.h"
+#include "captures/lettore_soluzioni.h"
 #include "captures/navsol.h"
+#include "captures/vista_gps.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
+#include "domain/fid_gps.h"
 #include "domain/identificatore.h"
 #include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
@@ -24,62 +26,126 @@ struct Argomenti {
     std::string udm;
     std::string decimali = "3";
     std::optional<std::string> grafico;
+    bool dispositivo = false;
     SceltaForma forma;
 };
 
-struct Riassunto {
-    std::uint64_t soluzioni = 0;
-    std::uint64_t altri = 0;
-    std::uint64_t lunghezza_errata = 0;
+/// What a run shows: a table's columns and a row for each solution, and its point in a plot.
+class Vista {
+public:
+    Vista() = default;
+    Vista(const Vista&) = delete;
+    Vista& operator=(const Vista&) = delete;
+    virtual ~Vista() = default;
+
+    virtual std::vector<Colonna> colonne() const = 0;
+    virtual std::vector<Cella> celle(const LettoreSoluzioni& lettore) const = 0;
+    virtual PuntoGps punto(const LettoreSoluzioni& lettore) const = 0;
 };
 
-void stampa(const Riassunto& r, const ConteggiUbx& c) {
+/// WGS 84, from the message's own numbers.
+class VistaWgs84 : public Vista {
+public:
+    VistaWgs84(const IFunzioni& catalogo, const std::string& udm, unsigned decimali)
+        : udm_(udm), fattore_(daMetriAlSecondo(catalogo, udm)), decimali_(static_cast<int>(decimali)) {}
+
+    std::vector<Colonna> colonne() const override {
+        std::vector<Colonna> tutte = {{"time_of_week_ms", "TIME OF WEEK ms", Lato::destra, 15}};
+        for (const CampoGps campo : CAMPI_GPS) {
+            const AspettoGps& suo = aspetto(campo);
+            const std::string udm = campo == CampoGps::velocita ? udm_ : suo.udm;
+            tutte.push_back({chiaveConUdm(suo.nome, udm), suo.testata + (udm.empty() ? "" : " " + udm), Lato::destra,
+                             suo.larghezza});
+        }
+        return tutte;
+    }
+
+    std::vector<Cella> celle(const LettoreSoluzioni& lettore) const override {
+        std::vector<Cella> tutte = {Cella::intero(lettore.soluzione().settimana_ms)};
+        for (const CampoGps campo : CAMPI_GPS)
+            tutte.push_back(cellaGps(lettore.soluzione(), campo, fattore_, decimali_));
+        return tutte;
+    }
+
+    PuntoGps punto(const LettoreSoluzioni& lettore) const override {
+        const Soluzione& s = lettore.soluzione();
+        PuntoGps punto{s.settimana_ms, s.satelliti, {}, {}, s.andatura()};
+        if (s.luogo) {
+            punto.latitudine = s.luogo->latitudine;
+            punto.longitudine = s.luogo->longitudine;
+        }
+        if (punto.velocita)
+            *punto.velocita *= fattore_;
+        return punto;
+    }
+
+private:
+    std::string udm_;
+    double fattore_;
+    int decimali_;
+};
+
+/// What the device shows: the library's values and texts of the logger's GPS packet.
+class VistaDispositivo : public Vista {
+public:
+    VistaDispositivo(IFunzioni& catalogo, const std::string& udm, unsigned decimali)
+        : udm_(udm), canale_(catalogo, udm, decimali) {}
+
+    std::vector<Colonna> colonne() const override {
+        return {{"time_of_week_ms", "TIME OF WEEK ms", Lato::destra, 15},
+                {"fix", "FIX", Lato::destra, 3},
+                {"satellites", "SATS", Lato::destra, 4},
+                {"longitude_deg", "LONGITUDE deg", Lato::destra, 11},
+                {"latitude_library_rule_deg", "LATITUDE+-0.19 deg", Lato::destra, 14},
+                {chiaveConUdm("speed", udm_), "SPEED " + udm_, Lato::destra, 10},
+                {"position_accuracy_low_byte_cm", "POS.ACC LOW BYTE cm", Lato::destra, 19},
+                {"speed_accuracy_low_byte_cm_s", "SPD.ACC LOW BYTE cm/s", Lato::destra, 21}};
+    }
+
+    std::vector<Cella> celle(const LettoreSoluzioni& lettore) const override {
+        constexpr int DECIMALI_GRADI = 6;  // a float near 100 degrees is worth 0.000008
+        const SoluzioneDispositivo s = canale_.leggi(lettore.navSol());
+        return {Cella::intero(s.settimana_ms),
+                Cella::intero(s.fix),
+                Cella::intero(s.satelliti),
+                Cella::numero(s.longitudine, DECIMALI_GRADI),
+                Cella::numero(s.latitudine, DECIMALI_GRADI),
+                Cella::numero(s.velocita, s.testo_velocita),
+                Cella::intero(s.accuratezza_posizione),
+                Cella::intero(s.accuratezza_velocita)};
+    }
+
+    PuntoGps punto(const LettoreSoluzioni& lettore) const override {
+        const SoluzioneDispositivo s = canale_.leggi(lettore.navSol());
+        if (s.fix < GPS_FIX_MINIMO || s.satelliti < GPS_SATELLITI_MINIMI)
+            return {s.settimana_ms, s.satelliti, {}, {}, {}};
+        return {s.settimana_ms, s.satelliti, s.latitudine, s.longitudine, s.velocita};
+    }
+
+private:
+    std::string udm_;
+    CanaleNavSol canale_;
+};
+
+void riassunto(const LettoreSoluzioni& lettore) {
     const auto n = [](std::uint64_t valore) { return std::to_string(valore); };
-    const std::string testo = n(r.soluzioni) + " solutions in " + n(c.byte) + " bytes; skipped: " + n(c.byte_fuori) +
-                              " bytes outside messages, " + n(r.altri) + " other messages, " + n(c.checksum_errati) +
-                              " bad checksums, " + n(r.lunghezza_errata) + " NAV-SOL of wrong length, " +
-                              n(c.byte_troncati) + " bytes truncated at the end\n";
+    const ConteggiSoluzioni& s = lettore.conteggi();
+    const ConteggiUbx& c = lettore.byte();
+    std::string testo = n(s.soluzioni) + " solutions in " + n(c.byte) + " bytes; skipped: " + n(c.byte_fuori) +
+                        " bytes outside messages, " + n(s.altri) + " other messages, " + n(c.checksum_errati) +
+                        " bad checksums, " + n(s.lunghezza_errata) + " NAV-SOL or NAV-PVT of wrong length, " +
+                        n(c.byte_troncati) + " bytes truncated at the end\n";
+    if (s.stessa_epoca != 0)
+        testo += "there are both NAV-SOL and NAV-PVT in it: the first of each epoch is shown, " + n(s.stessa_epoca) +
+                 " of the other kind are left out\n";
     std::fputs(testo.c_str(), stderr);
 }
 
-std::vector<Colonna> colonne(const std::string& udm) {
-    return {{"time_of_week_ms", "TIME OF WEEK ms", Lato::destra, 15},
-            {"fix", "FIX", Lato::destra, 3},
-            {"satellites", "SATS", Lato::destra, 4},
-            {"longitude_deg", "LONGITUDE deg", Lato::destra, 11},
-            {"latitude_library_rule_deg", "LATITUDE+-0.19 deg", Lato::destra, 14},
-            {chiaveConUdm("speed", udm), "SPEED " + udm, Lato::destra, 10},
-            {"position_accuracy_low_byte_cm", "POS.ACC LOW BYTE cm", Lato::destra, 19},
-            {"speed_accuracy_low_byte_cm_s", "SPD.ACC LOW BYTE cm/s", Lato::destra, 21}};
-}
-
-std::vector<Cella> celle(const Soluzione& s) {
-    constexpr int DECIMALI_GRADI = 6;  // a float near 100 degrees is worth 0.000008
-    return {Cella::intero(s.settimana_ms),
-            Cella::intero(s.fix),
-            Cella::intero(s.satelliti),
-            Cella::numero(s.longitudine, DECIMALI_GRADI),
-            Cella::numero(s.latitudine, DECIMALI_GRADI),
-            Cella::numero(s.velocita, s.testo_velocita),
-            Cella::intero(s.accuratezza_posizione),
-            Cella::intero(s.accuratezza_velocita)};
-}
-
-template <typename Mostra>
-Riassunto leggi(LettoreUbx& lettore, const CanaleNavSol& canale, Mostra mostra) {
-    Riassunto riassunto;
-    MessaggioUbx messaggio;
-    while (lettore.prossimo(messaggio)) {
-        if (messaggio.classe != NAV_SOL_CLASSE || messaggio.id != NAV_SOL_ID) {
-            ++riassunto.altri;
-        } else if (messaggio.dati.size() != NAV_SOL_BYTE) {
-            ++riassunto.lunghezza_errata;
-        } else {
-            ++riassunto.soluzioni;
-            mostra(canale.leggi(std::span<const std::uint8_t, NAV_SOL_BYTE>(messaggio.dati.data(), NAV_SOL_BYTE)));
-        }
-    }
-    return riassunto;
+[[noreturn]] void senzaSoluzioni(const LettoreSoluzioni& lettore) {
+    const std::string messaggi = elencoMessaggi(lettore.conteggi());
+    throw NonTrovato("there is no NAV-SOL (01 06) and no NAV-PVT (01 07) message in it; " +
+                     (messaggi.empty() ? "it holds no UBX message at all"
+                                       : "the messages that it holds, by class and id: " + messaggi));
 }
 
 void esegui(const Argomenti& argomenti) {
@@ -88,49 +154,63 @@ void esegui(const Argomenti& argomenti) {
     const auto decimali = leggiIntero(argomenti.decimali, 0, 3);
     if (!decimali)
         throw ErroreUso("--decimals '" + argomenti.decimali + "' is no number of decimals; accepted: 0 to 3");
-    const CanaleNavSol canale(*catalogo, udm, static_cast<unsigned>(*decimali));
+    std::unique_ptr<Vista> vista;
+    if (argomenti.dispositivo)
+        vista = std::make_unique<VistaDispositivo>(*catalogo, udm, static_cast<unsigned>(*decimali));
+    else
+        vista = std::make_unique<VistaWgs84>(*catalogo, udm, static_cast<unsigned>(*decimali));
     std::optional<DestinazioneGrafico> destinazione;
     if (argomenti.grafico)
         destinazione.emplace(*argomenti.grafico);
     Ingresso ingresso(argomenti.file);
     ingresso.mostraAvanzamento(!destinazione);
-    LettoreUbx lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
+    LettoreSoluzioni lettore(
+        [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
 
-    Riassunto riassunto;
     if (destinazione) {
         GraficoSoluzioni grafico(titoloGrafico(argomenti.file), udm);
-        riassunto = leggi(lettore, canale, [&grafico](const Soluzione& s) { grafico.aggiungi(s); });
-        if (riassunto.soluzioni != 0)
+        while (lettore.prossima())
+            grafico.aggiungi(vista->punto(lettore));
+        if (lettore.conteggi().soluzioni != 0)
             destinazione->disegna(grafico.grafico());
     } else {
         Documento documento(stdout, argomenti.forma.forma());
-        documento.inizia("solutions", "", colonne(udm), true);
-        riassunto = leggi(lettore, canale, [&documento](const Soluzione& s) { documento.riga(celle(s)); });
+        documento.inizia("solutions", "", vista->colonne(), true);
+        while (lettore.prossima())
+            documento.riga(vista->celle(lettore));
         documento.fine();
     }
-    stampa(riassunto, lettore.conteggi());
-    if (riassunto.soluzioni == 0)
-        throw NonTrovato("there is no NAV-SOL message in it");
+    riassunto(lettore);
+    if (lettore.conteggi().soluzioni == 0)
+        senzaSoluzioni(lettore);
 }
 
 }  // namespace
 
 void aggiungiUbx(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
-    Comando comando(programma, "ubx", "GPS solutions (UBX NAV-SOL) of a u-blox byte stream");
+    Comando comando(programma, "ubx", "GPS solutions (UBX NAV-SOL and NAV-PVT) of a u-blox byte stream");
     comando.opzione("FILE", argomenti->file, "Capture, or - for standard input").valore("").obbligatoria();
     comando.opzione("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph").valore("UNIT");
     comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("N");
+    comando.bandiera("--device", argomenti->dispositivo,
+                     "Show what the device shows: the library's values and texts of the logger's GPS packet");
     aggiungiForma(comando, argomenti->forma);
     aggiungiGrafico(comando, argomenti->grafico);
     comando.note(esempi(
-        "Every value is what the library makes of the logger's GPS packet:\n"
-        "- The latitude follows the library's own rule, which takes the packet's centimetres as if they were metres:\n"
-        "  it lies up to 0.19 degrees from WGS 84 (most at 45 degrees, none at the equator and the poles).\n"
+        "Positions are WGS 84, computed in double precision from the numbers of the message; the altitude is that "
+        "above\n"
+        "the ellipsoid. A solution has a position and a speed from fix 2 on, an altitude and a climb from fix 3 on;\n"
+        "without a fix they are nothing.\n"
+        "With --device every value is what the library makes of the logger's GPS packet:\n"
+        "- The latitude takes the packet's centimetres as if they were metres: it lies up to 0.19 degrees from WGS 84\n"
+        "  (most at 45 degrees, none at the equator and the poles). The longitude is a float, in steps of up to 1.7 "
+        "m.\n"
         "- The speed is 0 while the fix is below 3 or fewer than 4 satellites are used.\n"
         "- The accuracies are only the low byte of the message's 32-bit fields: 300 cm shows as 44.\n"
         "What was skipped, and why, goes to standard error.",
-        "kelfun ubx capture.ubx", "kelfun ubx capture.ubx --unit mph --csv", "kelsim - | kelfun ubx - --decimals 1"));
+        "kelfun ubx capture.ubx", "kelfun ubx capture.ubx --unit mph --csv",
+        "kelsim - | kelfun ubx - --device --decimals 1"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

@@ -45,6 +45,10 @@ Cella Cella::reale(double valore, int decimali) {
     return {std::move(testo), scritto};
 }
 
+Cella Cella::reale(double valore, int decimali, std::string_view testo) {
+    return {std::string(testo), comeScritto(conDecimali(valore, decimali))};
+}
+
 Cella Cella::numero(float valore, std::string_view testo) {
     return {std::string(testo), comeScritto(valore)};
 }

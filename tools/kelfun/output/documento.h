@@ -42,6 +42,8 @@ public:
     static Cella numero(float valore, int decimali);
     /// The same of a double.
     static Cella reale(double valore, int decimali);
+    /// The same, with a text of its own for people.
+    static Cella reale(double valore, int decimali, std::string_view testo);
     /// A number with a text of its own for people.
     static Cella numero(float valore, std::string_view testo);
     static Cella logico(bool valore);

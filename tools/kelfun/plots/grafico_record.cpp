@@ -50,7 +50,7 @@ GraficoRecord::GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_ca
 
 const GraficoRecord::Ricezione* GraficoRecord::ricezione(const ColonnaRecord& colonna) const {
     for (const Ricezione& una : ricezioni_)
-        if (una.canale == colonna.indice)
+        if (una.canale == colonna.indice && !colonna.wgs84())
             return &una;
     return nullptr;
 }
@@ -74,9 +74,9 @@ void GraficoRecord::aggiungiTraccia(const std::uint8_t* campioni) {
     const auto longitudine = longitudine_->valore(campioni);
     const auto latitudine = latitudine_->valore(campioni);
     const auto velocita = velocita_->valore(campioni);
-    if (ricezione(*longitudine_)->buona && longitudine && latitudine && velocita)
-        grafico_.traccia.aggiungi(static_cast<double>(*longitudine), static_cast<double>(*latitudine),
-                                  static_cast<double>(*velocita));
+    const Ricezione* sua = ricezione(*longitudine_);
+    if ((sua == nullptr || sua->buona) && longitudine && latitudine && velocita)
+        grafico_.traccia.aggiungi(*longitudine, *latitudine, *velocita);
     else
         grafico_.traccia.interrompi();
 }

@@ -18,7 +18,7 @@ public:
     GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_canale> canali, std::vector<ColonnaRecord> colonne,
                   const std::string& titolo, const std::string& asse);
 
-    /// The samples of the next record. Where a GPS packet has no fix its speed and the track are broken.
+    /// The samples of the next record. Where a GPS packet has no fix its values and the track are broken.
     void aggiungi(double tempo, const std::uint8_t* campioni);
 
     /// What has been put in, without the series that never change where others do: the names of those left out.
@@ -27,7 +27,7 @@ public:
     const Grafico& grafico() const { return grafico_; }
 
 private:
-    // A GPS packet's fix, to know when its other values are none.
+    // A GPS packet's fix, to know when the values that the device shows of it are none. WGS 84 knows by itself.
     struct Ricezione {
         std::size_t canale = 0;
         ColonnaRecord fix;

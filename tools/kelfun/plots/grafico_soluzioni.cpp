@@ -1,12 +1,9 @@
 #include "plots/grafico_soluzioni.h"
 
-#include "domain/fid_gps.h"
-
 namespace kel::strumento {
 
 namespace {
 
-constexpr std::int64_t SETTIMANA_MS = 604800000;
 constexpr double MILLE = 1000;
 
 enum { VELOCITA, SATELLITI };
@@ -30,15 +27,12 @@ double GraficoSoluzioni::secondi(std::uint32_t settimana_ms) {
     return secondi_;
 }
 
-void GraficoSoluzioni::aggiungi(const Soluzione& soluzione) {
-    const double tempo = secondi(soluzione.settimana_ms);
-    const auto velocita = static_cast<double>(soluzione.velocita);
-    const bool fix = soluzione.fix >= GPS_FIX_MINIMO && soluzione.satelliti >= GPS_SATELLITI_MINIMI;
-    grafico_.pannelli[VELOCITA].serie.aggiungi(tempo, fix ? std::optional(velocita) : std::nullopt);
-    grafico_.pannelli[SATELLITI].serie.aggiungi(tempo, soluzione.satelliti);
-    if (fix)
-        grafico_.traccia.aggiungi(static_cast<double>(soluzione.longitudine), static_cast<double>(soluzione.latitudine),
-                                  velocita);
+void GraficoSoluzioni::aggiungi(const PuntoGps& punto) {
+    const double tempo = secondi(punto.settimana_ms);
+    grafico_.pannelli[VELOCITA].serie.aggiungi(tempo, punto.velocita);
+    grafico_.pannelli[SATELLITI].serie.aggiungi(tempo, punto.satelliti);
+    if (punto.longitudine && punto.latitudine && punto.velocita)
+        grafico_.traccia.aggiungi(*punto.longitudine, *punto.latitudine, *punto.velocita);
     else
         grafico_.traccia.interrompi();
 }

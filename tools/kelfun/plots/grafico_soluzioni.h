@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "captures/navsol.h"
+#include "captures/soluzione.h"
 #include "plots/grafico.h"
 
 namespace kel::strumento {
@@ -16,7 +16,7 @@ public:
     GraficoSoluzioni(const std::string& titolo, const std::string& udm_velocita);
 
     /// The next solution. Where the fix is lost, speed and track are broken.
-    void aggiungi(const Soluzione& soluzione);
+    void aggiungi(const PuntoGps& punto);
 
     const Grafico& grafico() const { return grafico_; }
 

@@ -1,0 +1,26 @@
+// NAV-PVT, the solution that today's receivers send in the place of NAV-SOL.
+#ifndef KELFUN_CAPTURES_NAVPVT_H
+#define KELFUN_CAPTURES_NAVPVT_H
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "captures/soluzione.h"
+
+namespace kel::strumento {
+
+constexpr std::uint8_t NAV_PVT_CLASSE = 0x01;
+constexpr std::uint8_t NAV_PVT_ID = 0x07;
+constexpr std::size_t NAV_PVT_BYTE = 92;
+
+/// From the payload of NAV-PVT.
+Soluzione daNavPvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
+
+/// The same solution as a payload of NAV-SOL, which the logger's packet holds: rounded to centimetres, and where it has no
+/// position or no velocity that fits, zeros.
+std::array<std::uint8_t, NAV_SOL_BYTE> navSolDaPvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
+
+}  // namespace kel::strumento
+
+#endif
