@@ -66,7 +66,7 @@ def disegni(banco):
     banco.kelfun("record", "c", "s", "--time", "u32ms", "--plot", "kart.SVG", "--unit", "mph", errore="^231 records")
     testi = banco.testi("kart.SVG")
     for atteso in ("Wheel Speed", "mph", "Engine RPM", "rpm", "Gear", "Water Temp", "C", "Oil Pressure", "bar", "GPS Speed",
-                   "time, s", "Track by speed", "Position Accuracy low byte", "cm"):
+                   "time, s", "Track by speed", "Position Accuracy", "m"):
         banco.pretendi(atteso in testi, f"kart.SVG: no text {atteso!r} in {testi}")
     banco.pretendi("Run Number" not in testi and "Latitude library rule" not in testi,
                    f"kart.SVG has what never changes, or the latitude beside the track: {testi}")
