@@ -181,6 +181,29 @@ void dividi(std::span<Giro> giri, const Percorso& percorso, std::span<const Line
     }
 }
 
+std::optional<Linea> lineaADistanza(const Giro& giro, const Percorso& percorso, double metri) {
+    if (!giro.inizio || metri >= giro.metri.value_or(0))
+        return std::nullopt;
+    const double voluti = percorso.metri(giro.sessione, *giro.inizio) + metri;
+    const Tratto t = tratto(giro, percorso);
+    std::optional<std::size_t> prima;
+    for (std::size_t i = t.da; i < t.a; ++i) {
+        if (!percorso.fix()[i].valido)
+            continue;
+        const auto direzione = percorso.direzione(i);
+        if (percorso.metri(i) >= voluti && prima && direzione && percorso.metri(i) > percorso.metri(*prima)) {
+            const double parte = (voluti - percorso.metri(*prima)) / (percorso.metri(i) - percorso.metri(*prima));
+            const PuntoPiano p = percorso.punto(*prima);
+            const PuntoPiano q = percorso.punto(i);
+            return percorso.linea({p.est + parte * (q.est - p.est), p.nord + parte * (q.nord - p.nord)}, *direzione,
+                                  Linea::LARGHEZZA);
+        }
+        if (percorso.metri(i) < voluti)
+            prima = i;
+    }
+    return std::nullopt;
+}
+
 const Giro* migliore(std::span<const Giro> giri) {
     const Giro* primo = nullptr;
     for (const Giro& giro : giri)

@@ -51,6 +51,9 @@ void misura(std::span<Giro> giri, const Percorso& percorso);
 /// A line that a lap does not pass leaves no time on either side of it.
 void dividi(std::span<Giro> giri, const Percorso& percorso, std::span<const Linea> intermedi);
 
+/// The line across the track where a lap has driven so many metres; nothing where it has not, or where it had no fix.
+std::optional<Linea> lineaADistanza(const Giro& giro, const Percorso& percorso, double metri);
+
 /// The fastest of the laps that count; null when none does.
 const Giro* migliore(std::span<const Giro> giri);
 

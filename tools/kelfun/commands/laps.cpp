@@ -1,0 +1,355 @@
+// kelfun laps: the laps of a recording or a capture.
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <optional>
+
+#include "CLaptimeAndStrings.h"
+#include "captures/file_campioni.h"
+#include "captures/file_canali.h"
+#include "captures/lettore_soluzioni.h"
+#include "cli/esempi.h"
+#include "cli/forma.h"
+#include "commands/comandi.h"
+#include "domain/fid_gps.h"
+#include "domain/identificatore.h"
+#include "io/ingresso.h"
+#include "laps/giri.h"
+#include "laps/linea.h"
+#include "laps/raccolta.h"
+#include "laps/ricerca_linea.h"
+#include "text/chiavi.h"
+#include "text/errori.h"
+#include "text/numeri.h"
+
+namespace kel::strumento {
+
+namespace {
+
+struct Argomenti {
+    std::vector<std::string> file;
+    std::string fonte = "auto";
+    std::string linea;
+    std::vector<std::string> intermedi;
+    std::string minimo = "10";
+    std::string udm;
+    SceltaTempo tempo;
+    bool compatta = false;
+    SceltaForma forma;
+};
+
+void di(const std::string& testo) {
+    std::fprintf(stderr, "kelfun laps: %s\n", testo.c_str());
+}
+
+/// Laps and the fixes that they were driven with.
+struct Sessione {
+    Percorso percorso{{}};
+    std::vector<Giro> giri;
+    double origine = 0;  // of the times that are shown, s
+};
+
+struct Scelte {
+    std::optional<Linea> linea;
+    std::vector<std::string> intermedi;
+    double minimo = 0;
+    std::string udm;
+    double fattore = 1;  // from m/s
+};
+
+Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
+    Scelte scelte;
+    if (!argomenti.linea.empty()) {
+        scelte.linea = leggiLinea(argomenti.linea);
+        if (!scelte.linea)
+            throw ErroreUso("--line '" + argomenti.linea +
+                            "' is no line; accepted: LAT,LON,HEADING in degrees, and a width in metres behind them");
+    }
+    for (const std::string& uno : argomenti.intermedi) {
+        const auto metri = leggiFloat(uno);
+        if (!leggiLinea(uno) && !(metri && *metri > 0))
+            throw ErroreUso("--split '" + uno +
+                            "' is no split; accepted: LAT,LON,HEADING in degrees, or metres behind the finish line");
+    }
+    scelte.intermedi = argomenti.intermedi;
+    const auto minimo = leggiFloat(argomenti.minimo);
+    if (!minimo || *minimo < 1 || *minimo > 3600)
+        throw ErroreUso("--min-lap '" + argomenti.minimo + "' is no time; accepted: seconds, 1 to 3600");
+    scelte.minimo = static_cast<double>(*minimo);
+    scelte.udm = leggiUdm(catalogo, GPS_VELOCITA, argomenti.udm);
+    scelte.fattore = daMetriAlSecondo(catalogo, scelte.udm);
+    return scelte;
+}
+
+std::string intera(double valore) {
+    return conDecimali(valore, 0);
+}
+
+// The laps of fixes; what is missing for them is an error.
+Sessione giriGps(std::vector<Fix> fix, double origine, const Scelte& scelte) {
+    Sessione sessione{Percorso(std::move(fix)), {}, origine};
+    const Percorso& percorso = sessione.percorso;
+    if (percorso.validi().empty())
+        throw NonTrovato("no lap is closed: none of the " + std::to_string(percorso.fix().size()) +
+                         " solutions has a fix in space");
+    std::optional<Linea> linea = scelte.linea;
+    std::string trovata;
+    if (!linea) {
+        const auto cercata = cercaLinea(percorso, scelte.minimo);
+        if (!cercata)
+            throw NonTrovato("no lap is closed: no place is passed twice in the same direction at speed");
+        linea = cercata->linea;
+        trovata = "; finish line found, passed " + std::to_string(cercata->volte) + " times at " +
+                  intera(cercata->velocita * scelte.fattore) + " " + scelte.udm + " on average: --line " +
+                  testo(*linea);
+    }
+    const Passaggi passati = passaggi(percorso, *linea, scelte.minimo);
+    sessione.giri = giri(percorso, passati);
+    if (std::none_of(sessione.giri.begin(), sessione.giri.end(), [](const Giro& giro) { return giro.chiuso(); }))
+        throw NonTrovato("no lap is closed: the line " + testo(*linea) + " is passed " +
+                         (passati.avanti.empty()       ? std::string("never")
+                          : passati.avanti.size() == 1 ? std::string("once")
+                                                       : std::string("once a session")) +
+                         " in its direction");
+    di("laps from GPS" + trovata);
+    if (passati.scartati != 0)
+        di(std::to_string(passati.scartati) + " passages of the line less than " + intera(scelte.minimo) +
+           " s after another are left out (--min-lap)");
+    return sessione;
+}
+
+Sessione leggiCattura(const std::string& file, const Scelte& scelte) {
+    Ingresso ingresso(file);
+    ingresso.mostraAvanzamento(false);
+    LettoreSoluzioni lettore(
+        [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
+    OrologioGps orologio;
+    std::vector<Fix> fix;
+    while (lettore.prossima())
+        fix.push_back(orologio.fix(lettore.soluzione()));
+    if (fix.empty()) {
+        const std::string messaggi = elencoMessaggi(lettore.conteggi());
+        throw NonTrovato("there is no NAV-SOL and no NAV-PVT message in it" +
+                         (messaggi.empty() ? "" : "; messages by class and id: " + messaggi));
+    }
+    const double origine = fix.front().tempo;
+    return giriGps(std::move(fix), origine, scelte);
+}
+
+// The laps that the logger has timed; none where it has timed none.
+std::optional<Sessione> giriRegistrati(RaccoltaRecord& raccolta, bool richiesti) {
+    if (raccolta.canaleGiri().empty()) {
+        if (richiesti)
+            throw NonTrovato("there are no lap packets and no lap channels in the recording");
+        return std::nullopt;
+    }
+    Sessione sessione{Percorso(raccolta.fixDeiRecord()), {}, 0};
+    sessione.giri = raccolta.giriDelRegistratore(sessione.percorso);
+    if (sessione.giri.empty()) {
+        if (richiesti || !raccolta.haGps())
+            throw NonTrovato("no lap is closed: there is none in " + raccolta.canaleGiri());
+        di("there is no lap in " + raccolta.canaleGiri());
+        return std::nullopt;
+    }
+    di("laps from " + raccolta.canaleGiri() +
+       (raccolta.soloNumeri() ? ", which has no times: they are exact to a record" : ""));
+    return sessione;
+}
+
+Sessione leggiRegistrazione(const Argomenti& argomenti, const IFunzioni& catalogo, const Scelte& scelte) {
+    if (argomenti.file[0] == "-" && argomenti.file[1] == "-")
+        throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
+    TempoRecord tempo(argomenti.tempo);
+    const std::vector<s_kel_canale> canali =
+        leggiFileCanali(argomenti.file[0], argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
+    FileCampioni campioni("laps", argomenti.file[1], dimensioneRecord(canali), tempo);
+    campioni.ingresso().mostraAvanzamento(false);
+    RaccoltaRecord raccolta(catalogo, canali);
+    while (campioni.lettore().prossimo())
+        raccolta.aggiungi(tempo.noto() ? std::optional(tempo.secondi(campioni.lettore())) : std::nullopt,
+                          campioni.lettore().campioni());
+    campioni.verificaFine();
+
+    const bool linea = scelte.linea.has_value();  // nobody gives a line to be told what the logger has timed
+    if (argomenti.fonte == "packets" || (argomenti.fonte == "auto" && !linea))
+        if (auto sessione = giriRegistrati(raccolta, argomenti.fonte == "packets"))
+            return std::move(*sessione);
+    if (!raccolta.haGps())
+        throw NonTrovato(argomenti.fonte == "gps" || linea
+                             ? "there is no GPS packet in the recording"
+                             : "there are no lap packets, no lap channels and no GPS packet in the recording");
+    return giriGps(raccolta.fixDelRicevitore(), raccolta.inizioDelRicevitore(), scelte);
+}
+
+// Splits as lines: those given in metres lie where the best lap has driven so far, or the first where none counts.
+std::vector<Linea> lineeIntermedie(const Sessione& sessione, const Scelte& scelte) {
+    std::vector<Linea> linee;
+    const Giro* campione = migliore(sessione.giri);
+    for (const Giro& giro : sessione.giri)
+        if (campione == nullptr && giro.chiuso())
+            campione = &giro;
+    if (!scelte.intermedi.empty() && sessione.percorso.validi().empty())
+        throw NonTrovato("splits take positions, and there are none in it");
+    for (const std::string& uno : scelte.intermedi) {
+        if (const auto linea = leggiLinea(uno)) {
+            linee.push_back(*linea);
+            continue;
+        }
+        const auto linea = lineaADistanza(*campione, sessione.percorso, static_cast<double>(*leggiFloat(uno)));
+        if (!linea)
+            throw NonTrovato("--split " + uno + " is nowhere: lap " + std::to_string(campione->numero) + " has " +
+                             intera(campione->metri.value_or(0)) + " m");
+        di("--split " + uno + " is --split " + testo(*linea));
+        linee.push_back(*linea);
+    }
+    return linee;
+}
+
+Cella tempo(const std::optional<int>& ms) {
+    return ms ? Cella::testo(CLaptimeAndStrings::LapTimeToStringa(*ms)) : Cella();
+}
+
+Cella realeOVuota(const std::optional<double>& valore, int decimali) {
+    return valore ? Cella::reale(*valore, decimali) : Cella();
+}
+
+/// Programs get all of it, people what fits the width of a screen.
+class Tabella {
+public:
+    Tabella(const Sessione& sessione, const Scelte& scelte, std::size_t settori, bool per_programmi)
+        : sessione_(sessione),
+          scelte_(scelte),
+          settori_(settori),
+          per_programmi_(per_programmi),
+          migliore_(migliore(sessione.giri)) {}
+
+    std::vector<Colonna> colonne() const {
+        std::vector<Colonna> tutte = {{"lap", "LAP", Lato::destra}, {"start_s", "START s", Lato::destra}};
+        tutte.push_back({"time", "TIME", Lato::destra});
+        if (per_programmi_)
+            tutte.push_back({"time_ms", "TIME ms", Lato::destra});
+        tutte.push_back({"gap_s", "GAP s", Lato::destra});
+        for (std::size_t i = 1; i <= settori_; ++i) {
+            const std::string n = std::to_string(i);
+            tutte.push_back({"sector_" + n, "SECTOR " + n, Lato::destra});
+            if (per_programmi_)
+                tutte.push_back({"sector_" + n + "_ms", "SECTOR " + n + " ms", Lato::destra});
+        }
+        tutte.push_back({chiaveConUdm("top_speed", scelte_.udm), "TOP " + scelte_.udm, Lato::destra});
+        tutte.push_back({chiaveConUdm("least_speed", scelte_.udm), "LEAST " + scelte_.udm, Lato::destra});
+        if (per_programmi_)
+            tutte.push_back({"distance_m", "DISTANCE m", Lato::destra});
+        tutte.push_back({"samples", "SAMPLES", Lato::destra});
+        tutte.push_back({"note", "NOTE"});
+        return tutte;
+    }
+
+    std::vector<Cella> celle(const Giro& giro) const {
+        const auto ms = [](const std::optional<int>& valore) { return valore ? Cella::intero(*valore) : Cella(); };
+        std::vector<Cella> tutte = {Cella::intero(giro.numero),
+                                    giro.inizio ? Cella::reale(*giro.inizio - sessione_.origine, 3) : Cella(),
+                                    tempo(giro.ms)};
+        if (per_programmi_)
+            tutte.push_back(ms(giro.ms));
+        tutte.push_back(distacco(giro));
+        for (std::size_t i = 0; i < settori_; ++i) {
+            const auto settore = i < giro.settori.size() ? giro.settori[i] : std::nullopt;
+            tutte.push_back(tempo(settore));
+            if (per_programmi_)
+                tutte.push_back(ms(settore));
+        }
+        for (const auto& velocita : {giro.massima, giro.minima})
+            tutte.push_back(velocita ? Cella::reale(*velocita * scelte_.fattore, 1) : Cella());
+        if (per_programmi_)
+            tutte.push_back(realeOVuota(giro.metri, 1));
+        tutte.push_back(Cella::intero(static_cast<std::int64_t>(giro.campioni)));
+        tutte.push_back(&giro == migliore_               ? Cella::testo("best")
+                        : giro.stato == StatoGiro::buono ? Cella()
+                                                         : Cella::testo(nome(giro.stato)));
+        return tutte;
+    }
+
+private:
+    // To the best lap; of laps that do not count nobody asks.
+    Cella distacco(const Giro& giro) const {
+        if (!giro.chiuso() || giro.stato != StatoGiro::buono)
+            return {};
+        return Cella::reale((*giro.ms - *migliore_->ms) / 1000.0, 3);
+    }
+
+    const Sessione& sessione_;
+    const Scelte& scelte_;
+    std::size_t settori_;
+    bool per_programmi_;
+    const Giro* migliore_;
+};
+
+void esegui(const Argomenti& argomenti) {
+    if (argomenti.file.size() > 2)
+        throw ErroreUso(std::to_string(argomenti.file.size()) +
+                        " files are too many; accepted: a capture, or CHANNELS and SAMPLES");
+    if (argomenti.fonte != "auto" && argomenti.fonte != "gps" && argomenti.fonte != "packets")
+        throw ErroreUso("there is no --from '" + argomenti.fonte + "'; accepted: auto, packets, gps");
+    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    const Scelte scelte = leggiScelte(argomenti, *catalogo);
+    const bool cattura = argomenti.file.size() == 1;
+    if (cattura && argomenti.fonte == "packets")
+        throw ErroreUso("--from packets takes a recording; accepted: CHANNELS and SAMPLES");
+    Sessione sessione =
+        cattura ? leggiCattura(argomenti.file[0], scelte) : leggiRegistrazione(argomenti, *catalogo, scelte);
+    misura(sessione.giri, sessione.percorso);
+    const std::vector<Linea> intermedi = lineeIntermedie(sessione, scelte);
+    dividi(sessione.giri, sessione.percorso, intermedi);
+
+    const Aspetto forma = argomenti.forma.forma();
+    const Tabella tabella(sessione, scelte, intermedi.empty() ? 0 : intermedi.size() + 1,
+                          forma.forma != Forma::tabella);
+    Documento documento(stdout, forma);
+    documento.inizia("laps", "", tabella.colonne());
+    for (const Giro& giro : sessione.giri)
+        documento.riga(tabella.celle(giro));
+    documento.fine();
+}
+
+}  // namespace
+
+void aggiungiLaps(CLI::App& programma) {
+    auto argomenti = std::make_shared<Argomenti>();
+    Comando comando(programma, "laps", "Laps of a recording or a GPS capture");
+    comando
+        .opzione("FILE", argomenti->file,
+                 "A u-blox capture, or CHANNELS and SAMPLES of a recording; - for standard input")
+        .valore("")
+        .obbligatoria();
+    comando
+        .opzione("--from", argomenti->fonte,
+                 "Laps of a recording: packets (the logger's), gps, or auto (default): the first of them that there is")
+        .valore("{auto,packets,gps}");
+    comando
+        .opzione("--line", argomenti->linea,
+                 "Finish line by GPS: its middle, the heading in which it is passed, and its width in m (default 30)")
+        .valore("LAT,LON,HEADING[,WIDTH]");
+    comando
+        .opzione("--split", argomenti->intermedi,
+                 "A line that ends a sector, like --line, or metres behind the finish line; may be repeated")
+        .valore("LINE|METRES")
+        .ripetibile();
+    comando.opzione("--min-lap", argomenti->minimo, "A lap by GPS takes so many seconds at least (default 10)")
+        .valore("SECONDS");
+    comando.opzione("--unit", argomenti->udm, "Unit of the speeds: km/h (default) or mph").valore("UNIT");
+    aggiungiTempo(comando, argomenti->tempo);
+    comando.bandiera("--packed", argomenti->compatta,
+                     "Samples lie one behind the other, as long as their types, whatever the channels say");
+    aggiungiForma(comando, argomenti->forma);
+    comando.note(esempi(
+        "Without --line the finish line is where the track passes most often at speed; it is printed as --line takes "
+        "it.\n"
+        "Laps driven out or in, without a fix, with a stop or past the line the wrong way are noted and do not count "
+        "for\n"
+        "the best.",
+        "kelfun laps session.channels session.samples", "kelfun laps capture.ubx --split 350 --split 700",
+        "kelfun laps session.channels session.samples --from gps --csv"));
+    comando.esegue([argomenti] { esegui(*argomenti); });
+}
+
+}  // namespace kel::strumento
