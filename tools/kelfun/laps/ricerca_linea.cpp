@@ -108,6 +108,11 @@ std::vector<std::size_t> sparsi(const Percorso& percorso, const std::vector<std:
     return meno;
 }
 
+// As it will be written: what is printed gives the same passages.
+Linea scritta(const Linea& linea) {
+    return leggiLinea(testo(linea)).value_or(linea);
+}
+
 // The passages at speed, exactly.
 LineaTrovata passata(const Percorso& percorso, const Linea& linea, double minimo) {
     LineaTrovata trovata{linea, 0, 0};
@@ -153,19 +158,17 @@ std::optional<LineaTrovata> cercaLinea(const Percorso& percorso, double minimo) 
     std::partial_sort(candidati.begin(), fine, candidati.end(), meglio);
     std::optional<LineaTrovata> migliore;
     for (auto uno = candidati.begin(); uno != fine; ++uno) {
-        const Linea linea = percorso.linea(percorso.punto(uno->fix), *percorso.direzione(uno->fix), Linea::LARGHEZZA);
+        const Linea linea =
+            scritta(percorso.linea(percorso.punto(uno->fix), *percorso.direzione(uno->fix), Linea::LARGHEZZA));
         const LineaTrovata trovata = passata(percorso, linea, minimo);
         if (trovata.volte > 1 && (!migliore || std::tuple(trovata.volte, trovata.velocita) >
                                                    std::tuple(migliore->volte, migliore->velocita)))
             migliore = trovata;
     }
-    if (migliore) {
-        // As it will be written: the text reads back as the same line.
-        const auto scritta = leggiLinea(testo(centrata(percorso, migliore->linea, minimo)));
-        const LineaTrovata meglio_posta = passata(percorso, scritta.value_or(migliore->linea), minimo);
-        migliore = meglio_posta.volte >= migliore->volte ? meglio_posta : *migliore;
-    }
-    return migliore;
+    if (!migliore)
+        return std::nullopt;
+    const LineaTrovata al_centro = passata(percorso, scritta(centrata(percorso, migliore->linea, minimo)), minimo);
+    return al_centro.volte >= migliore->volte ? al_centro : migliore;
 }
 
 }  // namespace kel::strumento
