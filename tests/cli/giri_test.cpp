@@ -118,9 +118,9 @@ std::string stati(const std::vector<Giro>& giri) {
 }
 
 std::vector<Giro> conta(std::vector<Fix> fix, const Linea& linea = TRAGUARDO) {
-    const Percorso percorso(std::move(fix));
-    auto tutti = giri(percorso, passaggi(percorso, linea, MINIMO));
-    misura(tutti, percorso);
+    const Guida guida(std::move(fix));
+    auto tutti = giri(guida, passaggi(guida, linea, MINIMO));
+    misura(tutti, guida);
     return tutti;
 }
 
@@ -255,8 +255,8 @@ TEST(Laps, TwoPassagesWithinSecondsAreOne) {
         const double la = 60.7 / 30;
         return t < 63.7 ? la - 10 * metro * (t - 60.7) : la - 30 * metro + (t - 63.7) / 30;
     };
-    const Percorso percorso(Ricevitore{10, 0.1}.guarda(lungoIlCerchio(avanti_e_indietro), -7, 137));
-    const Passaggi trovati = passaggi(percorso, TRAGUARDO, MINIMO);
+    const Guida guida(Ricevitore{10, 0.1}.guarda(lungoIlCerchio(avanti_e_indietro), -7, 137));
+    const Passaggi trovati = passaggi(guida, TRAGUARDO, MINIMO);
     EXPECT_EQ(trovati.avanti.size(), 5u);
     EXPECT_EQ(trovati.indietro.size(), 1u);
     EXPECT_EQ(trovati.scartati, 1u);
@@ -288,11 +288,11 @@ TEST(Laps, ThatEndRightBehindTheLineAreClosed) {
 }
 
 TEST(Sectors, AddUpToTheLapWhateverTheirOrder) {
-    const Percorso percorso(Ricevitore{10}.guarda(cerchio([](int) { return 30.0; }), -7, 130));
-    auto tutti = giri(percorso, passaggi(percorso, TRAGUARDO, MINIMO));
+    const Guida guida(Ricevitore{10}.guarda(cerchio([](int) { return 30.0; }), -7, 130));
+    auto tutti = giri(guida, passaggi(guida, TRAGUARDO, MINIMO));
     const Linea sud = lineaIn(-100, -100, 90);
     const Linea nord = lineaIn(-100, 100, 270);
-    dividi(tutti, percorso, std::vector{sud, nord});
+    dividi(tutti, guida, std::vector{sud, nord});
     ASSERT_EQ(stati(tutti), "0 out, 1, 2, 3, 4, 5 in");
     for (const Giro& giro : tutti) {
         ASSERT_EQ(giro.settori.size(), 3u);
@@ -304,7 +304,7 @@ TEST(Sectors, AddUpToTheLapWhateverTheirOrder) {
         EXPECT_NEAR(*giro.settori[1], 30000 * (parteDelGiro(0.75) - parteDelGiro(0.25)), 3);
     }
     // A line that no lap passes.
-    dividi(tutti, percorso, std::vector{sud, lineaIn(500, 500, 90)});
+    dividi(tutti, guida, std::vector{sud, lineaIn(500, 500, 90)});
     EXPECT_TRUE(tutti[1].settori[0]);
     EXPECT_FALSE(tutti[1].settori[1]);
     EXPECT_FALSE(tutti[1].settori[2]);
@@ -312,11 +312,11 @@ TEST(Sectors, AddUpToTheLapWhateverTheirOrder) {
 
 TEST(FinishLine, IsFoundWhereTheTrackPassesMostOftenAtSpeed) {
     for (const double frequenza : {1.0, 10.0}) {
-        const Percorso percorso(Ricevitore{frequenza, 0.5}.guarda(cerchio(durata), -7, 200));
-        const auto trovata = cercaLinea(percorso, MINIMO);
+        const Guida guida(Ricevitore{frequenza, 0.5}.guarda(cerchio(durata), -7, 200));
+        const auto trovata = cercaLinea(guida, MINIMO);
         ASSERT_TRUE(trovata);
         EXPECT_EQ(trovata->volte, 7u);
-        const auto tutti = giri(percorso, passaggi(percorso, trovata->linea, MINIMO));
+        const auto tutti = giri(guida, passaggi(guida, trovata->linea, MINIMO));
         for (const Giro& giro : tutti) {
             if (giro.ms) {
                 EXPECT_NEAR(*giro.ms, 30000, 1000);
@@ -327,19 +327,19 @@ TEST(FinishLine, IsFoundWhereTheTrackPassesMostOftenAtSpeed) {
 }
 
 TEST(FinishLine, IsNotFoundWhereNothingIsPassedTwice) {
-    EXPECT_FALSE(cercaLinea(Percorso({}), MINIMO));
+    EXPECT_FALSE(cercaLinea(Guida({}), MINIMO));
     const auto fermo = Ricevitore{10, 1}.guarda([](double) { return Stato{}; }, 0, 300);
-    EXPECT_FALSE(cercaLinea(Percorso(fermo), MINIMO));
+    EXPECT_FALSE(cercaLinea(Guida(fermo), MINIMO));
     const auto fermo_senza = Ricevitore{10, 1, false}.guarda([](double) { return Stato{}; }, 0, 300);
-    EXPECT_FALSE(cercaLinea(Percorso(fermo_senza), MINIMO));
+    EXPECT_FALSE(cercaLinea(Guida(fermo_senza), MINIMO));
     const auto diritto = Ricevitore{10}.guarda([](double t) { return Stato{20 * t, 3 * t}; }, 0, 300);
-    EXPECT_FALSE(cercaLinea(Percorso(diritto), MINIMO));
+    EXPECT_FALSE(cercaLinea(Guida(diritto), MINIMO));
     const auto e_ritorno = Ricevitore{10}.guarda(
         [](double t) {
             return Stato{20 * (t < 60 ? t : 120 - t), 0};
         },
         0, 119);
-    EXPECT_FALSE(cercaLinea(Percorso(e_ritorno), MINIMO)) << "there and back is no lap";
+    EXPECT_FALSE(cercaLinea(Guida(e_ritorno), MINIMO)) << "there and back is no lap";
 }
 
 TEST(FinishLine, IsReadAsItIsWritten) {

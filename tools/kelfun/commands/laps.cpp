@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 
-#include "CLaptimeAndStrings.h"
 #include "captures/file_campioni.h"
 #include "captures/file_canali.h"
 #include "captures/lettore_soluzioni.h"
@@ -18,7 +17,7 @@
 #include "laps/linea.h"
 #include "laps/raccolta.h"
 #include "laps/ricerca_linea.h"
-#include "text/chiavi.h"
+#include "laps/tabella_giri.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -43,8 +42,8 @@ void di(const std::string& testo) {
 }
 
 /// Laps and the fixes that they were driven with.
-struct Sessione {
-    Percorso percorso{{}};
+struct Lettura {
+    Guida guida{{}};
     std::vector<Giro> giri;
     double origine = 0;  // of the times that are shown, s
 };
@@ -86,16 +85,16 @@ std::string intera(double valore) {
 }
 
 // The laps of fixes; what is missing for them is an error.
-Sessione giriGps(std::vector<Fix> fix, double origine, const Scelte& scelte) {
-    Sessione sessione{Percorso(std::move(fix)), {}, origine};
-    const Percorso& percorso = sessione.percorso;
-    if (percorso.validi().empty())
-        throw NonTrovato("no lap is closed: none of the " + std::to_string(percorso.fix().size()) +
+Lettura giriGps(std::vector<Fix> fix, double origine, const Scelte& scelte) {
+    Lettura lettura{Guida(std::move(fix)), {}, origine};
+    const Guida& guida = lettura.guida;
+    if (guida.validi().empty())
+        throw NonTrovato("no lap is closed: none of the " + std::to_string(guida.fix().size()) +
                          " solutions has a fix in space");
     std::optional<Linea> linea = scelte.linea;
     std::string trovata;
     if (!linea) {
-        const auto cercata = cercaLinea(percorso, scelte.minimo);
+        const auto cercata = cercaLinea(guida, scelte.minimo);
         if (!cercata)
             throw NonTrovato("no lap is closed: no place is passed twice in the same direction at speed");
         linea = cercata->linea;
@@ -103,9 +102,9 @@ Sessione giriGps(std::vector<Fix> fix, double origine, const Scelte& scelte) {
                   intera(cercata->velocita * scelte.fattore) + " " + scelte.udm + " on average: --line " +
                   testo(*linea);
     }
-    const Passaggi passati = passaggi(percorso, *linea, scelte.minimo);
-    sessione.giri = giri(percorso, passati);
-    if (std::none_of(sessione.giri.begin(), sessione.giri.end(), [](const Giro& giro) { return giro.chiuso(); }))
+    const Passaggi passati = passaggi(guida, *linea, scelte.minimo);
+    lettura.giri = giri(guida, passati);
+    if (std::none_of(lettura.giri.begin(), lettura.giri.end(), [](const Giro& giro) { return giro.chiuso(); }))
         throw NonTrovato("no lap is closed: the line " + testo(*linea) + " is passed " +
                          (passati.avanti.empty()       ? std::string("never")
                           : passati.avanti.size() == 1 ? std::string("once")
@@ -115,10 +114,10 @@ Sessione giriGps(std::vector<Fix> fix, double origine, const Scelte& scelte) {
     if (passati.scartati != 0)
         di(std::to_string(passati.scartati) + " passages of the line less than " + intera(scelte.minimo) +
            " s after another are left out (--min-lap)");
-    return sessione;
+    return lettura;
 }
 
-Sessione leggiCattura(const std::string& file, const Scelte& scelte) {
+Lettura leggiCattura(const std::string& file, const Scelte& scelte) {
     Ingresso ingresso(file);
     ingresso.mostraAvanzamento(false);
     LettoreSoluzioni lettore(
@@ -137,15 +136,15 @@ Sessione leggiCattura(const std::string& file, const Scelte& scelte) {
 }
 
 // The laps that the logger has timed; none where it has timed none.
-std::optional<Sessione> giriRegistrati(RaccoltaRecord& raccolta, bool richiesti) {
+std::optional<Lettura> giriRegistrati(RaccoltaRecord& raccolta, bool richiesti) {
     if (raccolta.canaleGiri().empty()) {
         if (richiesti)
             throw NonTrovato("there are no lap packets and no lap channels in the recording");
         return std::nullopt;
     }
-    Sessione sessione{Percorso(raccolta.fixDeiRecord()), {}, 0};
-    sessione.giri = raccolta.giriDelRegistratore(sessione.percorso);
-    if (sessione.giri.empty()) {
+    Lettura lettura{Guida(raccolta.fixDeiRecord()), {}, 0};
+    lettura.giri = raccolta.giriDelRegistratore(lettura.guida);
+    if (lettura.giri.empty()) {
         if (richiesti || !raccolta.haGps())
             throw NonTrovato("no lap is closed: there is none in " + raccolta.canaleGiri());
         di("there is no lap in " + raccolta.canaleGiri());
@@ -153,10 +152,10 @@ std::optional<Sessione> giriRegistrati(RaccoltaRecord& raccolta, bool richiesti)
     }
     di("laps from " + raccolta.canaleGiri() +
        (raccolta.soloNumeri() ? ", which has no times: they are exact to a record" : ""));
-    return sessione;
+    return lettura;
 }
 
-Sessione leggiRegistrazione(const Argomenti& argomenti, const IFunzioni& catalogo, const Scelte& scelte) {
+Lettura leggiRegistrazione(const Argomenti& argomenti, const IFunzioni& catalogo, const Scelte& scelte) {
     if (argomenti.file[0] == "-" && argomenti.file[1] == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     TempoRecord tempo(argomenti.tempo);
@@ -172,8 +171,8 @@ Sessione leggiRegistrazione(const Argomenti& argomenti, const IFunzioni& catalog
 
     const bool linea = scelte.linea.has_value();  // nobody gives a line to be told what the logger has timed
     if (argomenti.fonte == "packets" || (argomenti.fonte == "auto" && !linea))
-        if (auto sessione = giriRegistrati(raccolta, argomenti.fonte == "packets"))
-            return std::move(*sessione);
+        if (auto lettura = giriRegistrati(raccolta, argomenti.fonte == "packets"))
+            return std::move(*lettura);
     if (!raccolta.haGps())
         throw NonTrovato(argomenti.fonte == "gps" || linea
                              ? "there is no GPS packet in the recording"
@@ -182,20 +181,20 @@ Sessione leggiRegistrazione(const Argomenti& argomenti, const IFunzioni& catalog
 }
 
 // Splits as lines: those given in metres lie where the best lap has driven so far, or the first where none counts.
-std::vector<Linea> lineeIntermedie(const Sessione& sessione, const Scelte& scelte) {
+std::vector<Linea> lineeIntermedie(const Lettura& lettura, const Scelte& scelte) {
     std::vector<Linea> linee;
-    const Giro* campione = migliore(sessione.giri);
-    for (const Giro& giro : sessione.giri)
+    const Giro* campione = migliore(lettura.giri);
+    for (const Giro& giro : lettura.giri)
         if (campione == nullptr && giro.chiuso())
             campione = &giro;
-    if (!scelte.intermedi.empty() && sessione.percorso.validi().empty())
+    if (!scelte.intermedi.empty() && lettura.guida.validi().empty())
         throw NonTrovato("splits take positions, and there are none in it");
     for (const std::string& uno : scelte.intermedi) {
         if (const auto linea = leggiLinea(uno)) {
             linee.push_back(*linea);
             continue;
         }
-        const auto linea = lineaADistanza(*campione, sessione.percorso, static_cast<double>(*leggiFloat(uno)));
+        const auto linea = lineaADistanza(*campione, lettura.guida, static_cast<double>(*leggiFloat(uno)));
         if (!linea)
             throw NonTrovato("--split " + uno + " is nowhere: lap " + std::to_string(campione->numero) + " has " +
                              intera(campione->metri.value_or(0)) + " m");
@@ -204,85 +203,6 @@ std::vector<Linea> lineeIntermedie(const Sessione& sessione, const Scelte& scelt
     }
     return linee;
 }
-
-Cella tempo(const std::optional<int>& ms) {
-    return ms ? Cella::testo(CLaptimeAndStrings::LapTimeToStringa(*ms)) : Cella();
-}
-
-Cella realeOVuota(const std::optional<double>& valore, int decimali) {
-    return valore ? Cella::reale(*valore, decimali) : Cella();
-}
-
-/// Programs get all of it, people what fits the width of a screen.
-class Tabella {
-public:
-    Tabella(const Sessione& sessione, const Scelte& scelte, std::size_t settori, bool per_programmi)
-        : sessione_(sessione),
-          scelte_(scelte),
-          settori_(settori),
-          per_programmi_(per_programmi),
-          migliore_(migliore(sessione.giri)) {}
-
-    std::vector<Colonna> colonne() const {
-        std::vector<Colonna> tutte = {{"lap", "LAP", Lato::destra}, {"start_s", "START s", Lato::destra}};
-        tutte.push_back({"time", "TIME", Lato::destra});
-        if (per_programmi_)
-            tutte.push_back({"time_ms", "TIME ms", Lato::destra});
-        tutte.push_back({"gap_s", "GAP s", Lato::destra});
-        for (std::size_t i = 1; i <= settori_; ++i) {
-            const std::string n = std::to_string(i);
-            tutte.push_back({"sector_" + n, "SECTOR " + n, Lato::destra});
-            if (per_programmi_)
-                tutte.push_back({"sector_" + n + "_ms", "SECTOR " + n + " ms", Lato::destra});
-        }
-        tutte.push_back({chiaveConUdm("top_speed", scelte_.udm), "TOP " + scelte_.udm, Lato::destra});
-        tutte.push_back({chiaveConUdm("least_speed", scelte_.udm), "LEAST " + scelte_.udm, Lato::destra});
-        if (per_programmi_)
-            tutte.push_back({"distance_m", "DISTANCE m", Lato::destra});
-        tutte.push_back({"samples", "SAMPLES", Lato::destra});
-        tutte.push_back({"note", "NOTE"});
-        return tutte;
-    }
-
-    std::vector<Cella> celle(const Giro& giro) const {
-        const auto ms = [](const std::optional<int>& valore) { return valore ? Cella::intero(*valore) : Cella(); };
-        std::vector<Cella> tutte = {Cella::intero(giro.numero),
-                                    giro.inizio ? Cella::reale(*giro.inizio - sessione_.origine, 3) : Cella(),
-                                    tempo(giro.ms)};
-        if (per_programmi_)
-            tutte.push_back(ms(giro.ms));
-        tutte.push_back(distacco(giro));
-        for (std::size_t i = 0; i < settori_; ++i) {
-            const auto settore = i < giro.settori.size() ? giro.settori[i] : std::nullopt;
-            tutte.push_back(tempo(settore));
-            if (per_programmi_)
-                tutte.push_back(ms(settore));
-        }
-        for (const auto& velocita : {giro.massima, giro.minima})
-            tutte.push_back(velocita ? Cella::reale(*velocita * scelte_.fattore, 1) : Cella());
-        if (per_programmi_)
-            tutte.push_back(realeOVuota(giro.metri, 1));
-        tutte.push_back(Cella::intero(static_cast<std::int64_t>(giro.campioni)));
-        tutte.push_back(&giro == migliore_               ? Cella::testo("best")
-                        : giro.stato == StatoGiro::buono ? Cella()
-                                                         : Cella::testo(nome(giro.stato)));
-        return tutte;
-    }
-
-private:
-    // To the best lap; of laps that do not count nobody asks.
-    Cella distacco(const Giro& giro) const {
-        if (!giro.chiuso() || giro.stato != StatoGiro::buono)
-            return {};
-        return Cella::reale((*giro.ms - *migliore_->ms) / 1000.0, 3);
-    }
-
-    const Sessione& sessione_;
-    const Scelte& scelte_;
-    std::size_t settori_;
-    bool per_programmi_;
-    const Giro* migliore_;
-};
 
 void esegui(const Argomenti& argomenti) {
     if (argomenti.file.size() > 2)
@@ -295,18 +215,18 @@ void esegui(const Argomenti& argomenti) {
     const bool cattura = argomenti.file.size() == 1;
     if (cattura && argomenti.fonte == "packets")
         throw ErroreUso("--from packets takes a recording; accepted: CHANNELS and SAMPLES");
-    Sessione sessione =
+    Lettura lettura =
         cattura ? leggiCattura(argomenti.file[0], scelte) : leggiRegistrazione(argomenti, *catalogo, scelte);
-    misura(sessione.giri, sessione.percorso);
-    const std::vector<Linea> intermedi = lineeIntermedie(sessione, scelte);
-    dividi(sessione.giri, sessione.percorso, intermedi);
+    misura(lettura.giri, lettura.guida);
+    const std::vector<Linea> intermedi = lineeIntermedie(lettura, scelte);
+    dividi(lettura.giri, lettura.guida, intermedi);
 
     const Aspetto forma = argomenti.forma.forma();
-    const Tabella tabella(sessione, scelte, intermedi.empty() ? 0 : intermedi.size() + 1,
-                          forma.forma != Forma::tabella);
+    const TabellaGiri tabella(lettura.giri,
+                              {scelte.udm, scelte.fattore, lettura.origine, forma.forma != Forma::tabella});
     Documento documento(stdout, forma);
     documento.inizia("laps", "", tabella.colonne());
-    for (const Giro& giro : sessione.giri)
+    for (const Giro& giro : lettura.giri)
         documento.riga(tabella.celle(giro));
     documento.fine();
 }

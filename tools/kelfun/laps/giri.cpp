@@ -16,13 +16,13 @@ int millisecondi(double secondi) {
 }
 
 // The fixes of a lap, as places among all.
-struct Tratto {
+struct Intervallo {
     std::size_t da = 0, a = 0;
 };
 
-Tratto tratto(const Giro& giro, const Percorso& percorso) {
-    const auto& fix = percorso.fix();
-    const auto& sessioni = percorso.sessioni();
+Intervallo tratto(const Giro& giro, const Guida& guida) {
+    const auto& fix = guida.fix();
+    const auto& sessioni = guida.sessioni();
     const auto inizio = fix.begin() + static_cast<std::ptrdiff_t>(sessioni[giro.sessione]);
     const auto fine = giro.sessione + 1 < sessioni.size()
                           ? fix.begin() + static_cast<std::ptrdiff_t>(sessioni[giro.sessione + 1])
@@ -34,22 +34,22 @@ Tratto tratto(const Giro& giro, const Percorso& percorso) {
     return {static_cast<std::size_t>(da - fix.begin()), static_cast<std::size_t>(a - fix.begin())};
 }
 
-bool conBuco(const Percorso& percorso, const Tratto& t, double inizio, double fine) {
+bool conBuco(const Guida& guida, const Intervallo& t, double inizio, double fine) {
     double ultimo = inizio;
     for (std::size_t i = t.da; i < t.a; ++i) {
-        if (!percorso.fix()[i].valido)
+        if (!guida.fix()[i].valido)
             continue;
-        if (percorso.fix()[i].tempo - ultimo > percorso.buco())
+        if (guida.fix()[i].tempo - ultimo > guida.buco())
             return true;
-        ultimo = percorso.fix()[i].tempo;
+        ultimo = guida.fix()[i].tempo;
     }
-    return fine - ultimo > percorso.buco();
+    return fine - ultimo > guida.buco();
 }
 
-bool conSosta(const Percorso& percorso, const Tratto& t) {
+bool conSosta(const Guida& guida, const Intervallo& t) {
     std::optional<double> da;
     for (std::size_t i = t.da; i < t.a; ++i) {
-        const Fix& fix = percorso.fix()[i];
+        const Fix& fix = guida.fix()[i];
         if (!fix.velocita || *fix.velocita >= FERMO)
             da.reset();
         else if (!da)
@@ -60,23 +60,23 @@ bool conSosta(const Percorso& percorso, const Tratto& t) {
     return false;
 }
 
-Giro chiuso(const Percorso& percorso, const Passaggi& passaggi, const Passaggio& prima, const Passaggio& dopo) {
+Giro chiuso(const Guida& guida, const Passaggi& passaggi, const Passaggio& prima, const Passaggio& dopo) {
     Giro giro;
     giro.inizio = prima.tempo;
     giro.fine = dopo.tempo;
     giro.ms = millisecondi(dopo.tempo - prima.tempo);
-    giro.sessione = percorso.sessione(dopo.dopo);
-    const Tratto t = tratto(giro, percorso);
+    giro.sessione = guida.sessione(dopo.dopo);
+    const Intervallo t = tratto(giro, guida);
     const bool contromano = std::any_of(passaggi.indietro.begin(), passaggi.indietro.end(), [&](const Passaggio& p) {
-        return percorso.sessione(p.dopo) == giro.sessione && p.tempo > prima.tempo && p.tempo < dopo.tempo;
+        return guida.sessione(p.dopo) == giro.sessione && p.tempo > prima.tempo && p.tempo < dopo.tempo;
     });
-    giro.stato = prima.lento                                     ? StatoGiro::uscita
-                 : dopo.lento                                    ? StatoGiro::rientro
-                 : prima.senza_fix || dopo.senza_fix             ? StatoGiro::senza_fix
-                 : conBuco(percorso, t, prima.tempo, dopo.tempo) ? StatoGiro::senza_fix
-                 : contromano                                    ? StatoGiro::contromano
-                 : conSosta(percorso, t)                         ? StatoGiro::fermo
-                                                                 : StatoGiro::buono;
+    giro.stato = prima.lento                                  ? StatoGiro::uscita
+                 : dopo.lento                                 ? StatoGiro::rientro
+                 : prima.senza_fix || dopo.senza_fix          ? StatoGiro::senza_fix
+                 : conBuco(guida, t, prima.tempo, dopo.tempo) ? StatoGiro::senza_fix
+                 : contromano                                 ? StatoGiro::contromano
+                 : conSosta(guida, t)                         ? StatoGiro::fermo
+                                                              : StatoGiro::buono;
     return giro;
 }
 
@@ -96,10 +96,10 @@ std::string_view nome(StatoGiro stato) {
     return NOMI[static_cast<std::size_t>(stato)];
 }
 
-std::vector<Giro> giri(const Percorso& percorso, const Passaggi& passaggi) {
+std::vector<Giro> giri(const Guida& guida, const Passaggi& passaggi) {
     std::vector<Giro> tutti;
-    const auto& fix = percorso.fix();
-    const auto& sessioni = percorso.sessioni();
+    const auto& fix = guida.fix();
+    const auto& sessioni = guida.sessioni();
     auto p = passaggi.avanti.begin();
     for (std::size_t s = 0; s < sessioni.size(); ++s) {
         const std::size_t fine = s + 1 < sessioni.size() ? sessioni[s + 1] : fix.size();
@@ -108,7 +108,7 @@ std::vector<Giro> giri(const Percorso& percorso, const Passaggi& passaggi) {
             if (ultimo == nullptr && fix[sessioni[s]].tempo < p->tempo)
                 tutti.push_back(aperto(s, fix[sessioni[s]].tempo, p->tempo, StatoGiro::uscita));
             else if (ultimo != nullptr)
-                tutti.push_back(chiuso(percorso, passaggi, *ultimo, *p));
+                tutti.push_back(chiuso(guida, passaggi, *ultimo, *p));
             ultimo = &*p;
         }
         if (ultimo != nullptr && ultimo->tempo < fix[fine - 1].tempo)
@@ -120,35 +120,35 @@ std::vector<Giro> giri(const Percorso& percorso, const Passaggi& passaggi) {
     return tutti;
 }
 
-void misura(std::span<Giro> giri, const Percorso& percorso) {
+void misura(std::span<Giro> giri, const Guida& guida) {
     for (Giro& giro : giri) {
         if (!giro.inizio || !giro.fine)
             continue;
-        const Tratto t = tratto(giro, percorso);
+        const Intervallo t = tratto(giro, guida);
         giro.campioni = t.a - t.da;
         for (std::size_t i = t.da; i < t.a; ++i)
-            if (const auto velocita = percorso.fix()[i].velocita ? percorso.fix()[i].velocita : percorso.velocita(i)) {
+            if (const auto velocita = guida.fix()[i].velocita ? guida.fix()[i].velocita : guida.velocita(i)) {
                 giro.massima = std::max(giro.massima.value_or(*velocita), *velocita);
                 giro.minima = std::min(giro.minima.value_or(*velocita), *velocita);
             }
         if (giro.massima)
-            giro.metri = percorso.metri(giro.sessione, *giro.fine) - percorso.metri(giro.sessione, *giro.inizio);
+            giro.metri = guida.metri(giro.sessione, *giro.fine) - guida.metri(giro.sessione, *giro.inizio);
     }
 }
 
-void dividi(std::span<Giro> giri, const Percorso& percorso, std::span<const Linea> intermedi) {
+void dividi(std::span<Giro> giri, const Guida& guida, std::span<const Linea> intermedi) {
     struct Intermedio {
         Passaggi passaggi;
         double quando = 0;  // s from the start of a lap, in the middle of the laps that pass it
     };
     std::vector<Intermedio> tutti;
     for (const Linea& linea : intermedi)
-        tutti.push_back({passaggi(percorso, linea, MINIMO_INTERMEDIO), 0});
+        tutti.push_back({passaggi(guida, linea, MINIMO_INTERMEDIO), 0});
     // The first passage within a lap.
-    const auto in = [&percorso](const Giro& giro, const Intermedio& uno) -> std::optional<double> {
+    const auto in = [&guida](const Giro& giro, const Intermedio& uno) -> std::optional<double> {
         const auto trovato =
             std::find_if(uno.passaggi.avanti.begin(), uno.passaggi.avanti.end(), [&](const Passaggio& p) {
-                return percorso.sessione(p.dopo) == giro.sessione && p.tempo > *giro.inizio && p.tempo < *giro.fine;
+                return guida.sessione(p.dopo) == giro.sessione && p.tempo > *giro.inizio && p.tempo < *giro.fine;
             });
         return trovato == uno.passaggi.avanti.end() || trovato->senza_fix ? std::nullopt
                                                                           : std::optional(trovato->tempo);
@@ -181,24 +181,24 @@ void dividi(std::span<Giro> giri, const Percorso& percorso, std::span<const Line
     }
 }
 
-std::optional<Linea> lineaADistanza(const Giro& giro, const Percorso& percorso, double metri) {
+std::optional<Linea> lineaADistanza(const Giro& giro, const Guida& guida, double metri) {
     if (!giro.inizio || metri >= giro.metri.value_or(0))
         return std::nullopt;
-    const double voluti = percorso.metri(giro.sessione, *giro.inizio) + metri;
-    const Tratto t = tratto(giro, percorso);
+    const double voluti = guida.metri(giro.sessione, *giro.inizio) + metri;
+    const Intervallo t = tratto(giro, guida);
     std::optional<std::size_t> prima;
     for (std::size_t i = t.da; i < t.a; ++i) {
-        if (!percorso.fix()[i].valido)
+        if (!guida.fix()[i].valido)
             continue;
-        const auto direzione = percorso.direzione(i);
-        if (percorso.metri(i) >= voluti && prima && direzione && percorso.metri(i) > percorso.metri(*prima)) {
-            const double parte = (voluti - percorso.metri(*prima)) / (percorso.metri(i) - percorso.metri(*prima));
-            const PuntoPiano p = percorso.punto(*prima);
-            const PuntoPiano q = percorso.punto(i);
-            return percorso.linea({p.est + parte * (q.est - p.est), p.nord + parte * (q.nord - p.nord)}, *direzione,
-                                  Linea::LARGHEZZA);
+        const auto direzione = guida.direzione(i);
+        if (guida.metri(i) >= voluti && prima && direzione && guida.metri(i) > guida.metri(*prima)) {
+            const double parte = (voluti - guida.metri(*prima)) / (guida.metri(i) - guida.metri(*prima));
+            const PuntoPiano p = guida.punto(*prima);
+            const PuntoPiano q = guida.punto(i);
+            return guida.linea({p.est + parte * (q.est - p.est), p.nord + parte * (q.nord - p.nord)}, *direzione,
+                               Linea::LARGHEZZA);
         }
-        if (percorso.metri(i) < voluti)
+        if (guida.metri(i) < voluti)
             prima = i;
     }
     return std::nullopt;

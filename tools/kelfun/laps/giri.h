@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "laps/guida.h"
 #include "laps/passaggi.h"
-#include "laps/percorso.h"
 
 namespace kel::strumento {
 
@@ -42,17 +42,17 @@ struct Giro {
 
 /// Between each passage and the next a lap; before the first and behind the last of each session what was driven out and
 /// in. They are numbered in their order, the first closed one 1.
-std::vector<Giro> giri(const Percorso& percorso, const Passaggi& passaggi);
+std::vector<Giro> giri(const Guida& guida, const Passaggi& passaggi);
 
 /// Speeds, way and fixes of laps whose times are known.
-void misura(std::span<Giro> giri, const Percorso& percorso);
+void misura(std::span<Giro> giri, const Guida& guida);
 
 /// Times from line to line of closed laps: the lines in the order in which they are passed, and the finish at the end.
 /// A line that a lap does not pass leaves no time on either side of it.
-void dividi(std::span<Giro> giri, const Percorso& percorso, std::span<const Linea> intermedi);
+void dividi(std::span<Giro> giri, const Guida& guida, std::span<const Linea> intermedi);
 
 /// The line across the track where a lap has driven so many metres; nothing where it has not, or where it had no fix.
-std::optional<Linea> lineaADistanza(const Giro& giro, const Percorso& percorso, double metri);
+std::optional<Linea> lineaADistanza(const Giro& giro, const Guida& guida, double metri);
 
 /// The fastest of the laps that count; null when none does.
 const Giro* migliore(std::span<const Giro> giri);

@@ -35,13 +35,13 @@ double incontro(double da, double a, double v_da, double v_a, double dt) {
 
 class Cercatore {
 public:
-    Cercatore(const Percorso& percorso, const Linea& linea, double minimo)
-        : percorso_(percorso), linea_(percorso.linea(linea)), minimo_(minimo) {}
+    Cercatore(const Guida& guida, const Linea& linea, double minimo)
+        : guida_(guida), linea_(guida.linea(linea)), minimo_(minimo) {}
 
     Passaggi cerca() && {
-        const std::vector<std::size_t>& validi = percorso_.validi();
+        const std::vector<std::size_t>& validi = guida_.validi();
         for (std::size_t i = 0; i < validi.size(); ++i) {
-            const bool nuova = i == 0 || percorso_.sessione(validi[i - 1]) != percorso_.sessione(validi[i]);
+            const bool nuova = i == 0 || guida_.sessione(validi[i - 1]) != guida_.sessione(validi[i]);
             if (nuova)
                 fineSessione();
             else
@@ -61,8 +61,8 @@ private:
     };
 
     void tratto(std::size_t prima, std::size_t dopo) {
-        const double da = linea_.oltre(percorso_.punto(prima));
-        const double a = linea_.oltre(percorso_.punto(dopo));
+        const double da = linea_.oltre(guida_.punto(prima));
+        const double a = linea_.oltre(guida_.punto(dopo));
         if ((da < 0) != (a < 0))
             incontra(prima, dopo, da, a);
         if (attesa_)
@@ -70,23 +70,23 @@ private:
     }
 
     void incontra(std::size_t prima, std::size_t dopo, double da, double a) {
-        const Fix& f_prima = percorso_.fix()[prima];
-        const Fix& f_dopo = percorso_.fix()[dopo];
+        const Fix& f_prima = guida_.fix()[prima];
+        const Fix& f_dopo = guida_.fix()[dopo];
         const double dt = f_dopo.tempo - f_prima.tempo;
         const bool avanti = a >= 0;
         const double verso = avanti ? 1 : -1;
         const double v_prima = verso * lungoLaLinea(prima).value_or(0);
         const double v_dopo = verso * lungoLaLinea(dopo).value_or(0);
         const double parte = dt > 0 ? incontro(verso * da, verso * a, v_prima, v_dopo, dt) : 1;
-        const PuntoPiano& p = percorso_.punto(prima);
-        const PuntoPiano& q = percorso_.punto(dopo);
+        const PuntoPiano& p = guida_.punto(prima);
+        const PuntoPiano& q = guida_.punto(dopo);
         const PuntoPiano dove{p.est + parte * (q.est - p.est), p.nord + parte * (q.nord - p.nord)};
         if (std::fabs(linea_.aDestra(dove)) > linea_.larghezza / 2 || !nellaDirezione(prima, dopo, verso))
             return;
         const double velocita =
-            percorso_.velocita(prima).value_or(0) * (1 - parte) + percorso_.velocita(dopo).value_or(0) * parte;
+            guida_.velocita(prima).value_or(0) * (1 - parte) + guida_.velocita(dopo).value_or(0) * parte;
         const double tempo = f_prima.tempo + parte * dt;
-        Attesa nuova{{tempo, dopo, velocita, velocita<AL_PASSO, dt> percorso_.buco()}, tempo, dove, avanti};
+        Attesa nuova{{tempo, dopo, velocita, velocita<AL_PASSO, dt> guida_.buco()}, tempo, dove, avanti};
         if (attesa_)  // to and fro
             nuova.primo = attesa_->primo;
         attesa_ = nuova;
@@ -94,8 +94,8 @@ private:
 
     // Speed across the line; nothing where no direction is known.
     std::optional<double> lungoLaLinea(std::size_t fix) const {
-        const auto direzione = percorso_.direzione(fix);
-        const auto velocita = percorso_.velocita(fix);
+        const auto direzione = guida_.direzione(fix);
+        const auto velocita = guida_.velocita(fix);
         if (!direzione || !velocita)
             return std::nullopt;
         return *velocita * (direzione->est * linea_.dir_est + direzione->nord * linea_.dir_nord);
@@ -105,7 +105,7 @@ private:
         double coseno = 0;
         double quante = 0;
         for (const std::size_t i : {prima, dopo})
-            if (const auto direzione = percorso_.direzione(i)) {
+            if (const auto direzione = guida_.direzione(i)) {
                 coseno += direzione->est * linea_.dir_est + direzione->nord * linea_.dir_nord;
                 ++quante;
             }
@@ -113,7 +113,7 @@ private:
     }
 
     void conferma(std::size_t dopo, double oltre) {
-        const PuntoPiano& q = percorso_.punto(dopo);
+        const PuntoPiano& q = guida_.punto(dopo);
         const double via = std::hypot(q.est - attesa_->dove.est, q.nord - attesa_->dove.nord);
         if (via < CONFERMA)
             return;
@@ -147,7 +147,7 @@ private:
         ultimo_.reset();
     }
 
-    const Percorso& percorso_;
+    const Guida& guida_;
     LineaPiana linea_;
     double minimo_;
     std::optional<Attesa> attesa_;
@@ -157,8 +157,8 @@ private:
 
 }  // namespace
 
-Passaggi passaggi(const Percorso& percorso, const Linea& linea, double minimo) {
-    return Cercatore(percorso, linea, minimo).cerca();
+Passaggi passaggi(const Guida& guida, const Linea& linea, double minimo) {
+    return Cercatore(guida, linea, minimo).cerca();
 }
 
 }  // namespace kel::strumento

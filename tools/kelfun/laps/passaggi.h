@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "laps/guida.h"
 #include "laps/linea.h"
-#include "laps/percorso.h"
 
 namespace kel::strumento {
 
@@ -28,7 +28,7 @@ struct Passaggi {
 ///
 /// A passage counts once the line lies ten metres behind, however often noise goes to and fro over it before.
 /// @param minimo  s; a passage sooner after the one before it is left out.
-Passaggi passaggi(const Percorso& percorso, const Linea& linea, double minimo);
+Passaggi passaggi(const Guida& guida, const Linea& linea, double minimo);
 
 }  // namespace kel::strumento
 

@@ -163,7 +163,7 @@ std::vector<Fix> RaccoltaRecord::fixDeiRecord() const {
     return fix;
 }
 
-std::vector<Giro> RaccoltaRecord::giriDelRegistratore(const Percorso& percorso) {
+std::vector<Giro> RaccoltaRecord::giriDelRegistratore(const Guida& guida) {
     std::vector<Giro> tutti;
     std::size_t prima = 0;
     for (const GiroRegistrato& uno : giri_.chiudi()) {
@@ -171,10 +171,10 @@ std::vector<Giro> RaccoltaRecord::giriDelRegistratore(const Percorso& percorso) 
         giro.numero = uno.numero;
         giro.ms = uno.ms;
         giro.campioni = uno.record - std::exchange(prima, uno.record);
-        if (uno.fine && !percorso.fix().empty()) {
+        if (uno.fine && !guida.fix().empty()) {
             giro.fine = uno.fine;
             giro.inizio = *uno.fine - uno.ms / 1000.0;
-            giro.sessione = percorso.sessione(uno.record);
+            giro.sessione = guida.sessione(uno.record);
         }
         tutti.push_back(giro);
     }
@@ -189,12 +189,12 @@ std::vector<Giro> RaccoltaRecord::giriDelRegistratore(const Percorso& percorso) 
         giro.stato = stato;
         return giro;
     };
-    const double primo = percorso.fix()[percorso.sessioni()[tutti.front().sessione]].tempo;
-    const double ultimo = percorso.fix().back().tempo;
+    const double primo = guida.fix()[guida.sessioni()[tutti.front().sessione]].tempo;
+    const double ultimo = guida.fix().back().tempo;
     const Giro& in_testa = tutti.front();
     const Giro& in_coda = tutti.back();
     std::vector<Giro> intorno;
-    if (*in_coda.fine < ultimo && in_coda.sessione + 1 == percorso.sessioni().size())
+    if (*in_coda.fine < ultimo && in_coda.sessione + 1 == guida.sessioni().size())
         intorno.push_back(aperto(in_coda, in_coda.numero + 1, *in_coda.fine, ultimo, StatoGiro::rientro));
     if (*in_testa.inizio > primo)
         tutti.insert(tutti.begin(), aperto(in_testa, in_testa.numero - 1, primo, *in_testa.inizio, StatoGiro::uscita));

@@ -50,8 +50,8 @@ public:
     std::vector<Fix> fixDeiRecord() const;
 
     /// The laps of the logger; once all records have been put in. Laps that are not closed stand around them where
-    /// `percorso`, made of `fixDeiRecord`, tells when they were.
-    std::vector<Giro> giriDelRegistratore(const Percorso& percorso);
+    /// `guida`, made of `fixDeiRecord`, tells when they were.
+    std::vector<Giro> giriDelRegistratore(const Guida& guida);
 
 private:
     enum class Formato { pacchetto_2g, pacchetto_1g, canali };

@@ -34,18 +34,18 @@ bool meglio(const Candidato& a, const Candidato& b) {
 // The fixes at speed, by the square that they lie in.
 class Quadri {
 public:
-    explicit Quadri(const Percorso& percorso) : percorso_(percorso) {
+    explicit Quadri(const Guida& guida) : guida_(guida) {
         double massima = 0;
-        for (const std::size_t i : percorso.validi())
-            massima = std::max(massima, percorso.velocita(i).value_or(0));
+        for (const std::size_t i : guida.validi())
+            massima = std::max(massima, guida.velocita(i).value_or(0));
         const double minima = std::max(VELOCITA_MINIMA, PARTE_DEL_MASSIMO * massima);
-        for (const std::size_t i : percorso.validi())
-            if (percorso.velocita(i).value_or(0) >= minima && percorso.direzione(i)) {
-                celle_[cella(percorso.punto(i), 0, 0)].push_back(i);
+        for (const std::size_t i : guida.validi())
+            if (guida.velocita(i).value_or(0) >= minima && guida.direzione(i)) {
+                celle_[cella(guida.punto(i), 0, 0)].push_back(i);
                 veloci_.push_back(i);
             }
         // Slow receivers are tens of metres on from one solution to the next.
-        raggio_ = std::max(CELLA, massima * percorso.buco() / 4);
+        raggio_ = std::max(CELLA, massima * guida.buco() / 4);
         intorno_ = static_cast<int>(std::min(std::ceil(raggio_ / CELLA), 10.0));
     }
 
@@ -53,8 +53,8 @@ public:
 
     // How often, and how fast, the place of a fix is passed in its direction.
     Candidato conta(std::size_t fix, double minimo) const {
-        const PuntoPiano qui = percorso_.punto(fix);
-        const PuntoPiano verso = *percorso_.direzione(fix);
+        const PuntoPiano qui = guida_.punto(fix);
+        const PuntoPiano verso = *guida_.direzione(fix);
         std::vector<std::size_t> vicini;
         for (int x = -intorno_; x <= intorno_; ++x)
             for (int y = -intorno_; y <= intorno_; ++y)
@@ -64,14 +64,14 @@ public:
         Candidato candidato{fix, 0, 0};
         std::optional<std::size_t> ultimo;
         for (const std::size_t i : vicini) {
-            const PuntoPiano& p = percorso_.punto(i);
-            const PuntoPiano direzione = *percorso_.direzione(i);
+            const PuntoPiano& p = guida_.punto(i);
+            const PuntoPiano direzione = *guida_.direzione(i);
             if (std::hypot(p.est - qui.est, p.nord - qui.nord) > raggio_ ||
                 direzione.est * verso.est + direzione.nord * verso.nord < COSENO_MINIMO)
                 continue;
-            if (!ultimo || std::fabs(percorso_.fix()[i].tempo - percorso_.fix()[*ultimo].tempo) >= minimo) {
+            if (!ultimo || std::fabs(guida_.fix()[i].tempo - guida_.fix()[*ultimo].tempo) >= minimo) {
                 ++candidato.volte;
-                candidato.velocita += *percorso_.velocita(i);
+                candidato.velocita += *guida_.velocita(i);
             }
             ultimo = i;
         }
@@ -88,17 +88,17 @@ private:
         return std::uint64_t{indice(punto.est, x)} << 32 | indice(punto.nord, y);
     }
 
-    const Percorso& percorso_;
+    const Guida& guida_;
     std::unordered_map<std::uint64_t, std::vector<std::size_t>> celle_;
     std::vector<std::size_t> veloci_;
     double raggio_ = CELLA;
     int intorno_ = 1;
 };
 
-std::vector<std::size_t> sparsi(const Percorso& percorso, const std::vector<std::size_t>& veloci) {
+std::vector<std::size_t> sparsi(const Guida& guida, const std::vector<std::size_t>& veloci) {
     std::vector<std::size_t> scelti;
     for (const std::size_t i : veloci)
-        if (scelti.empty() || std::fabs(percorso.metri(i) - percorso.metri(scelti.back())) >= DISTANZA)
+        if (scelti.empty() || std::fabs(guida.metri(i) - guida.metri(scelti.back())) >= DISTANZA)
             scelti.push_back(i);
     if (scelti.size() <= CANDIDATI)
         return scelti;
@@ -114,9 +114,9 @@ Linea scritta(const Linea& linea) {
 }
 
 // The passages at speed, exactly.
-LineaTrovata passata(const Percorso& percorso, const Linea& linea, double minimo) {
+LineaTrovata passata(const Guida& guida, const Linea& linea, double minimo) {
     LineaTrovata trovata{linea, 0, 0};
-    for (const Passaggio& uno : passaggi(percorso, linea, minimo).avanti)
+    for (const Passaggio& uno : passaggi(guida, linea, minimo).avanti)
         if (!uno.lento && !uno.senza_fix) {
             ++trovata.volte;
             trovata.velocita += uno.velocita;
@@ -126,48 +126,46 @@ LineaTrovata passata(const Percorso& percorso, const Linea& linea, double minimo
 }
 
 // The same line moved to the middle of where it is passed, so that its ends lie alike on both sides.
-Linea centrata(const Percorso& percorso, const Linea& linea, double minimo) {
-    const LineaPiana piana = percorso.linea(linea);
+Linea centrata(const Guida& guida, const Linea& linea, double minimo) {
+    const LineaPiana piana = guida.linea(linea);
     PuntoPiano centro;
     PuntoPiano direzione;
     double quanti = 0;
-    for (const Passaggio& uno : passaggi(percorso, linea, minimo).avanti) {
-        const auto verso = percorso.direzione(uno.dopo);
+    for (const Passaggio& uno : passaggi(guida, linea, minimo).avanti) {
+        const auto verso = guida.direzione(uno.dopo);
         if (uno.lento || uno.senza_fix || !verso)
             continue;
-        const double fianco = piana.aDestra(percorso.punto(uno.dopo));
+        const double fianco = piana.aDestra(guida.punto(uno.dopo));
         centro.est += piana.centro.est + fianco * piana.dir_nord;
         centro.nord += piana.centro.nord - fianco * piana.dir_est;
         direzione.est += verso->est;
         direzione.nord += verso->nord;
         ++quanti;
     }
-    return quanti == 0 ? linea
-                       : percorso.linea({centro.est / quanti, centro.nord / quanti}, direzione, linea.larghezza);
+    return quanti == 0 ? linea : guida.linea({centro.est / quanti, centro.nord / quanti}, direzione, linea.larghezza);
 }
 
 }  // namespace
 
-std::optional<LineaTrovata> cercaLinea(const Percorso& percorso, double minimo) {
-    const Quadri quadri(percorso);
+std::optional<LineaTrovata> cercaLinea(const Guida& guida, double minimo) {
+    const Quadri quadri(guida);
     std::vector<Candidato> candidati;
-    for (const std::size_t fix : sparsi(percorso, quadri.veloci()))
+    for (const std::size_t fix : sparsi(guida, quadri.veloci()))
         if (const Candidato uno = quadri.conta(fix, minimo); uno.volte > 1)
             candidati.push_back(uno);
     const auto fine = candidati.begin() + static_cast<std::ptrdiff_t>(std::min(FINALISTI, candidati.size()));
     std::partial_sort(candidati.begin(), fine, candidati.end(), meglio);
     std::optional<LineaTrovata> migliore;
     for (auto uno = candidati.begin(); uno != fine; ++uno) {
-        const Linea linea =
-            scritta(percorso.linea(percorso.punto(uno->fix), *percorso.direzione(uno->fix), Linea::LARGHEZZA));
-        const LineaTrovata trovata = passata(percorso, linea, minimo);
+        const Linea linea = scritta(guida.linea(guida.punto(uno->fix), *guida.direzione(uno->fix), Linea::LARGHEZZA));
+        const LineaTrovata trovata = passata(guida, linea, minimo);
         if (trovata.volte > 1 && (!migliore || std::tuple(trovata.volte, trovata.velocita) >
                                                    std::tuple(migliore->volte, migliore->velocita)))
             migliore = trovata;
     }
     if (!migliore)
         return std::nullopt;
-    const LineaTrovata al_centro = passata(percorso, scritta(centrata(percorso, migliore->linea, minimo)), minimo);
+    const LineaTrovata al_centro = passata(guida, scritta(centrata(guida, migliore->linea, minimo)), minimo);
     return al_centro.volte >= migliore->volte ? al_centro : migliore;
 }
 

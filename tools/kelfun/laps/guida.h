@@ -1,6 +1,6 @@
 // The way that was driven: fixes on a plane in metres, with their direction, speed and distance.
-#ifndef KELFUN_LAPS_PERCORSO_H
-#define KELFUN_LAPS_PERCORSO_H
+#ifndef KELFUN_LAPS_GUIDA_H
+#define KELFUN_LAPS_GUIDA_H
 
 #include <cstddef>
 #include <optional>
@@ -29,10 +29,10 @@ struct LineaPiana {
     double aDestra(const PuntoPiano& punto) const;
 };
 
-class Percorso {
+class Guida {
 public:
     /// Time that runs backwards begins a new session, and so does a pause of more than ten minutes.
-    explicit Percorso(std::vector<Fix> fix);
+    explicit Guida(std::vector<Fix> fix);
 
     const std::vector<Fix>& fix() const { return fix_; }
     /// The fixes that have a position, by their place among all.

@@ -1,4 +1,4 @@
-#include "laps/percorso.h"
+#include "laps/guida.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,7 +28,7 @@ double LineaPiana::aDestra(const PuntoPiano& punto) const {
     return (punto.est - centro.est) * dir_nord - (punto.nord - centro.nord) * dir_est;
 }
 
-Percorso::Percorso(std::vector<Fix> fix) : fix_(std::move(fix)), posto_valido_(fix_.size()), punti_(fix_.size()) {
+Guida::Guida(std::vector<Fix> fix) : fix_(std::move(fix)), posto_valido_(fix_.size()), punti_(fix_.size()) {
     for (std::size_t i = 0; i < fix_.size(); ++i) {
         posto_valido_[i] = validi_.size();
         if (fix_[i].valido)
@@ -50,18 +50,18 @@ Percorso::Percorso(std::vector<Fix> fix) : fix_(std::move(fix)), posto_valido_(f
     misuraMetri();
 }
 
-void Percorso::dividiSessioni() {
+void Guida::dividiSessioni() {
     for (std::size_t i = 0; i < fix_.size(); ++i)
         if (i == 0 || fix_[i].tempo < fix_[i - 1].tempo || fix_[i].tempo > fix_[i - 1].tempo + PAUSA)
             sessioni_.push_back(i);
 }
 
-std::size_t Percorso::sessione(std::size_t fix) const {
+std::size_t Guida::sessione(std::size_t fix) const {
     return static_cast<std::size_t>(std::upper_bound(sessioni_.begin(), sessioni_.end(), fix) - sessioni_.begin()) - 1;
 }
 
 // A receiver of one solution a second may lose one and still be on the way.
-void Percorso::misuraBuco() {
+void Guida::misuraBuco() {
     std::vector<double> passi;
     for (std::size_t i = 1; i < fix_.size(); ++i)
         if (fix_[i].tempo > fix_[i - 1].tempo)
@@ -75,7 +75,7 @@ void Percorso::misuraBuco() {
 
 // The receiver's speed tells the way better than positions do, whose noise makes it longer; where it is not known, or
 // for some time no fix, the straight line between positions does.
-void Percorso::misuraMetri() {
+void Guida::misuraMetri() {
     metri_.resize(fix_.size());
     std::optional<std::size_t> valido;
     for (std::size_t i = 0; i < fix_.size(); ++i) {
@@ -96,7 +96,7 @@ void Percorso::misuraMetri() {
     }
 }
 
-double Percorso::metri(std::size_t sessione, double tempo) const {
+double Guida::metri(std::size_t sessione, double tempo) const {
     const auto da = fix_.begin() + static_cast<std::ptrdiff_t>(sessioni_[sessione]);
     const auto a = sessione + 1 < sessioni_.size() ? fix_.begin() + static_cast<std::ptrdiff_t>(sessioni_[sessione + 1])
                                                    : fix_.end();
@@ -111,7 +111,7 @@ double Percorso::metri(std::size_t sessione, double tempo) const {
 }
 
 // From the nearest position before a fix that is far enough to the nearest one behind it.
-std::optional<PuntoPiano> Percorso::base(std::size_t fix, double& secondi) const {
+std::optional<PuntoPiano> Guida::base(std::size_t fix, double& secondi) const {
     const std::size_t posto = posto_valido_[fix];
     const std::size_t sua = sessione(fix);
     std::size_t da = posto;
@@ -132,7 +132,7 @@ std::optional<PuntoPiano> Percorso::base(std::size_t fix, double& secondi) const
     return PuntoPiano{fine.est - inizio.est, fine.nord - inizio.nord};
 }
 
-std::optional<double> Percorso::velocita(std::size_t fix) const {
+std::optional<double> Guida::velocita(std::size_t fix) const {
     if (fix_[fix].velocita)
         return fix_[fix].velocita;
     double secondi = 0;
@@ -140,7 +140,7 @@ std::optional<double> Percorso::velocita(std::size_t fix) const {
     return via ? std::optional(std::hypot(via->est, via->nord) / secondi) : std::nullopt;
 }
 
-std::optional<PuntoPiano> Percorso::direzione(std::size_t fix) const {
+std::optional<PuntoPiano> Guida::direzione(std::size_t fix) const {
     if (fix_[fix].rotta && fix_[fix].velocita.value_or(0) >= FERMO)
         return PuntoPiano{std::sin(*fix_[fix].rotta * RADIANTI), std::cos(*fix_[fix].rotta * RADIANTI)};
     if (fix_[fix].rotta && fix_[fix].velocita)
@@ -151,7 +151,7 @@ std::optional<PuntoPiano> Percorso::direzione(std::size_t fix) const {
     return lunga >= BASE / 2 ? std::optional(PuntoPiano{via->est / lunga, via->nord / lunga}) : std::nullopt;
 }
 
-LineaPiana Percorso::linea(const Linea& linea) const {
+LineaPiana Guida::linea(const Linea& linea) const {
     const Geodetica origine{latitudine_, longitudine_, 0};
     const Ecef o = ecef(origine);
     const Ecef p = ecef({linea.latitudine, linea.longitudine, 0});
@@ -159,7 +159,7 @@ LineaPiana Percorso::linea(const Linea& linea) const {
     return {{d.est, d.nord}, std::sin(linea.rotta * RADIANTI), std::cos(linea.rotta * RADIANTI), linea.larghezza};
 }
 
-Linea Percorso::linea(const PuntoPiano& centro, const PuntoPiano& direzione, double larghezza) const {
+Linea Guida::linea(const PuntoPiano& centro, const PuntoPiano& direzione, double larghezza) const {
     const Geodetica origine{latitudine_, longitudine_, 0};
     const Ecef o = ecef(origine);
     const Ecef d = velocitaEcef(origine, {centro.est, centro.nord, 0});
