@@ -84,6 +84,18 @@ std::string intera(double valore) {
     return conDecimali(valore, 0);
 }
 
+// Why a line closes no lap.
+std::string maiChiuso(const Passaggi& passati, const Linea& linea) {
+    const std::string quanto = passati.avanti.empty()       ? "never passes"
+                               : passati.avanti.size() == 1 ? "passes once, not twice,"
+                                                            : "passes no more than once a session";
+    std::string testo_linea = "the track " + quanto + " the line " + testo(linea);
+    if (!passati.indietro.empty())
+        testo_linea += "; the other way it does, " + std::to_string(passati.indietro.size()) +
+                       " times: the heading is the third number";
+    return testo_linea;
+}
+
 // The laps of fixes; what is missing for them is an error.
 Lettura giriGps(std::vector<Fix> fix, double origine, const Scelte& scelte) {
     Lettura lettura{Guida(std::move(fix)), {}, origine};
@@ -105,11 +117,7 @@ Lettura giriGps(std::vector<Fix> fix, double origine, const Scelte& scelte) {
     const Passaggi passati = passaggi(guida, *linea, scelte.minimo);
     lettura.giri = giri(guida, passati);
     if (std::none_of(lettura.giri.begin(), lettura.giri.end(), [](const Giro& giro) { return giro.chiuso(); }))
-        throw NonTrovato("no lap is closed: the line " + testo(*linea) + " is passed " +
-                         (passati.avanti.empty()       ? std::string("never")
-                          : passati.avanti.size() == 1 ? std::string("once")
-                                                       : std::string("once a session")) +
-                         " in its direction");
+        throw NonTrovato("no lap is closed: " + maiChiuso(passati, *linea));
     di("laps from GPS" + trovata);
     if (passati.scartati != 0)
         di(std::to_string(passati.scartati) + " passages of the line less than " + intera(scelte.minimo) +
@@ -180,6 +188,15 @@ Lettura leggiRegistrazione(const Argomenti& argomenti, const IFunzioni& catalogo
     return giriGps(raccolta.fixDelRicevitore(), raccolta.inizioDelRicevitore(), scelte);
 }
 
+bool passataInUnGiro(const Lettura& lettura, const Linea& linea) {
+    const Passaggi passati = passaggi(lettura.guida, linea, 1);
+    return std::any_of(lettura.giri.begin(), lettura.giri.end(), [&passati](const Giro& giro) {
+        return giro.chiuso() && std::any_of(passati.avanti.begin(), passati.avanti.end(), [&giro](const Passaggio& p) {
+                   return p.tempo > giro.inizio.value_or(0) && p.tempo < giro.fine.value_or(0);
+               });
+    });
+}
+
 // Splits as lines: those given in metres lie where the best lap has driven so far, or the first where none counts.
 std::vector<Linea> lineeIntermedie(const Lettura& lettura, const Scelte& scelte) {
     std::vector<Linea> linee;
@@ -192,6 +209,8 @@ std::vector<Linea> lineeIntermedie(const Lettura& lettura, const Scelte& scelte)
     for (const std::string& uno : scelte.intermedi) {
         if (const auto linea = leggiLinea(uno)) {
             linee.push_back(*linea);
+            if (!passataInUnGiro(lettura, *linea))
+                di("no lap passes --split " + testo(*linea));
             continue;
         }
         const auto linea = lineaADistanza(*campione, lettura.guida, static_cast<double>(*leggiFloat(uno)));
