@@ -79,6 +79,30 @@ build_preset() {
     ) >&2
 }
 
+# GeographicLib for another architecture, which the tools are linked with: the path of its static library. Debian's package
+# is fetched and unpacked under build: nothing of another architecture is installed, and apt's own lists stay as they are.
+foreign_geographiclib() {
+    local architecture=$1 version folder work apt
+    # shellcheck disable=SC2016  # dpkg-query expands its own words
+    version=$(dpkg-query -W -f='${Version}' libgeographiclib-dev) || die "libgeographiclib-dev is not installed"
+    folder=$KEL_ROOT/build/foreign/geographiclib-$version-$architecture
+    if [[ ! -d $folder ]]; then
+        work=$folder.part
+        rm -rf -- "$work"
+        mkdir -p -- "$work"/{lists,cache,root}
+        apt=(apt-get -q -o APT::Architectures::="$(dpkg --print-architecture)" -o APT::Architectures::="$architecture"
+            -o APT::Sandbox::User=root -o Dir::State::lists="$work/lists" -o Dir::Cache="$work/cache")
+        say "fetching libgeographiclib-dev of $architecture"
+        "${apt[@]}" update >&2 || say "not all package lists could be fetched; trying with those that came"
+        (cd -- "$work" && "${apt[@]}" download "libgeographiclib-dev:$architecture=$version") >&2 ||
+            die "no libgeographiclib-dev $version for $architecture"
+        dpkg -x "$work"/*.deb "$work/root"
+        mv -- "$work/root" "$folder"
+        rm -rf -- "$work"
+    fi
+    find "$folder" -name libGeographicLib.a | grep . || die "there is no libGeographicLib.a in $folder"
+}
+
 # A preset and its tests, but for the tools: building them takes longer than all the rest.
 without_tools() {
     (cd -- "$KEL_ROOT" && cmake --preset "$1" -DKEL_BUILD_TOOLS=OFF -DKEL_BUILD_EXAMPLES=OFF) >&2 && build_preset "$1" &&
