@@ -1,4 +1,5 @@
 // kelfun record: the samples of a recording, a column for each channel.
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -12,6 +13,7 @@
 #include "domain/unita.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_record.h"
+#include "plots/opzioni_grafico.h"
 #include "text/errori.h"
 
 namespace kel::strumento {
@@ -22,7 +24,8 @@ struct Argomenti {
     std::string canali;
     std::string campioni;
     SceltaTempo tempo;
-    std::optional<std::string> grafico;
+    SceltaGrafico grafico;
+    bool tutto = false;
     bool compatta = false;
     SceltaColonne colonne;
     SceltaForma forma;
@@ -49,23 +52,31 @@ void tabella(const Argomenti& argomenti, const TempoRecord& tempo, std::vector<C
     documento.fine();
 }
 
+std::string riassunto(const LettoreRecord& lettore, std::size_t passo) {
+    return std::to_string(lettore.record()) + " records of " + std::to_string(passo) + " bytes in " +
+           std::to_string(lettore.byte()) + " bytes; " + std::to_string(lettore.avanzo()) +
+           " bytes of a cut record at the end";
+}
+
+// The columns of a plot: those asked for, or those that matter. Characters show one curve in a panel best.
+PannelliRecord pannelli(const Argomenti& argomenti, const std::vector<ColonnaRecord>& colonne) {
+    const bool nel_terminale = argomenti.grafico.file == "-";
+    return argomenti.tutto || !argomenti.colonne.solo.empty() ? unPannelloPerColonna(colonne)
+                                                              : pannelliPrincipali(colonne, !nel_terminale);
+}
+
 void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const TempoRecord& tempo,
-             GraficoRecord& grafico, LettoreRecord& lettore) {
+             GraficoRecord& grafico, LettoreRecord& lettore, const std::function<std::string()>& riassunto) {
     while (lettore.prossimo())
         grafico.aggiungi(tempo.noto() ? tempo.secondi(lettore) : static_cast<double>(lettore.record() - 1),
                          lettore.campioni());
-    const std::vector<std::string> fermi = grafico.chiudi();
+    std::vector<Nota> note = grafico.chiudi();
+    grafico.grafico().titolo = titoloGrafico(argomenti.campioni);
+    note.push_back({riassunto(), {}, ""});
     if (lettore.record() != 0)
-        destinazione.disegna(grafico.grafico());
-    if (!fermi.empty() && argomenti.colonne.solo.empty())
-        std::fprintf(stderr, "not drawn, as they never change: %s\n", elenco(fermi).c_str());
-}
-
-void riassunto(const LettoreRecord& lettore, std::size_t passo) {
-    const std::string testo = std::to_string(lettore.record()) + " records of " + std::to_string(passo) + " bytes in " +
-                              std::to_string(lettore.byte()) + " bytes; " + std::to_string(lettore.avanzo()) +
-                              " bytes of a cut record at the end\n";
-    std::fputs(testo.c_str(), stderr);
+        destinazione.disegna(grafico.grafico(), note, argomenti.tutto || !argomenti.colonne.solo.empty());
+    else
+        std::fputs((note.back().testo() + "\n").c_str(), stderr);
 }
 
 void esegui(const Argomenti& argomenti) {
@@ -73,8 +84,11 @@ void esegui(const Argomenti& argomenti) {
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     TempoRecord tempo(argomenti.tempo);
     std::optional<DestinazioneGrafico> destinazione;
-    if (argomenti.grafico)
-        destinazione.emplace(*argomenti.grafico);
+    trattoScelto(argomenti.grafico, true);  // refuses what is no time before anything is read
+    if (argomenti.tutto && !argomenti.grafico.file)
+        throw ErroreUso("--all is for a plot, a table has all columns; accepted: --plot FILE with it");
+    if (argomenti.grafico.file)
+        destinazione.emplace(argomenti.grafico);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const std::vector<s_kel_canale> canali =
         leggiFileCanali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
@@ -82,14 +96,16 @@ void esegui(const Argomenti& argomenti) {
     FileCampioni campioni("record", argomenti.campioni, dimensioneRecord(canali), tempo);
     campioni.ingresso().mostraAvanzamento(!destinazione);
     LettoreRecord& lettore = campioni.lettore();
+    const auto letto = [&] { return riassunto(lettore, campioni.passo()); };
     if (destinazione) {
-        GraficoRecord grafico(*catalogo, canali, std::move(colonne), titoloGrafico(argomenti.campioni),
-                              tempo.noto() ? "time, s" : "record");
-        disegna(*destinazione, argomenti, tempo, grafico, lettore);
+        const Tratto tratto = trattoScelto(argomenti.grafico, tempo.noto());
+        const std::vector<ColonnaRecord> tutte = colonneRecord(*catalogo, canali, {});
+        GraficoRecord grafico(*catalogo, canali, tutte, colonne, pannelli(argomenti, colonne), tratto);
+        disegna(*destinazione, argomenti, tempo, grafico, lettore, letto);
     } else {
         tabella(argomenti, tempo, colonne, lettore);
+        std::fputs((letto() + "\n").c_str(), stderr);
     }
-    riassunto(lettore, campioni.passo());
     campioni.verificaFine();
 }
 
@@ -123,6 +139,9 @@ void aggiungiRecord(CLI::App& programma) {
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
     aggiungiForma(comando, argomenti->forma);
     aggiungiGrafico(comando, argomenti->grafico).esclude(testi);
+    comando.bandiera("--all", argomenti->tutto,
+                     "Draw all channels, each in its panel, not only those that matter most");
+    aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(
         "A GPS packet's columns are WGS 84, from the packet's own numbers; where it has no fix they are nothing.\n"
         "A record holds one sample of every channel, little-endian, where the channel's record says, and is as long "
@@ -132,7 +151,7 @@ void aggiungiRecord(CLI::App& programma) {
         "(20), short name (24), name (32), place of the sample (68), sample buffer (72).",
         "kelfun record session.channels session.samples",
         "kelfun record session.channels session.samples --only RPM --only 'GPS Speed' --unit mph --csv",
-        "kelfun record session.channels session.samples --plot - --only RPM --only GPS"));
+        "kelfun record session.channels session.samples --plot session.pdf --from 0:30 --x distance"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

@@ -13,9 +13,11 @@
 #include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_soluzioni.h"
+#include "plots/opzioni_grafico.h"
 #include "text/chiavi.h"
 #include "text/errori.h"
 #include "text/numeri.h"
+#include "text/parole.h"
 
 namespace kel::strumento {
 
@@ -25,7 +27,7 @@ struct Argomenti {
     std::string file;
     std::string udm;
     std::string decimali = "3";
-    std::optional<std::string> grafico;
+    SceltaGrafico grafico;
     bool dispositivo = false;
     SceltaForma forma;
 };
@@ -127,18 +129,18 @@ private:
     CanaleNavSol canale_;
 };
 
-void riassunto(const LettoreSoluzioni& lettore) {
+std::string riassunto(const LettoreSoluzioni& lettore) {
     const auto n = [](std::uint64_t valore) { return std::to_string(valore); };
     const ConteggiSoluzioni& s = lettore.conteggi();
     const ConteggiUbx& c = lettore.byte();
     std::string testo = n(s.soluzioni) + " solutions in " + n(c.byte) + " bytes; skipped: " + n(c.byte_fuori) +
                         " bytes outside messages, " + n(s.altri) + " other messages, " + n(c.checksum_errati) +
                         " bad checksums, " + n(s.lunghezza_errata) + " NAV-SOL or NAV-PVT of wrong length, " +
-                        n(c.byte_troncati) + " bytes truncated at the end\n";
+                        n(c.byte_troncati) + " bytes truncated at the end";
     if (s.stessa_epoca != 0)
-        testo += "there are both NAV-SOL and NAV-PVT in it: the first of each epoch is shown, " + n(s.stessa_epoca) +
-                 " of the other kind are left out\n";
-    std::fputs(testo.c_str(), stderr);
+        testo += "\nthere are both NAV-SOL and NAV-PVT in it: the first of each epoch is shown, " + n(s.stessa_epoca) +
+                 " of the other kind are left out";
+    return testo;
 }
 
 [[noreturn]] void senzaSoluzioni(const LettoreSoluzioni& lettore) {
@@ -160,27 +162,34 @@ void esegui(const Argomenti& argomenti) {
     else
         vista = std::make_unique<VistaWgs84>(*catalogo, udm, static_cast<unsigned>(*decimali));
     std::optional<DestinazioneGrafico> destinazione;
-    if (argomenti.grafico)
-        destinazione.emplace(*argomenti.grafico);
+    const Tratto tratto = trattoScelto(argomenti.grafico, true);
+    if (argomenti.grafico.file)
+        destinazione.emplace(argomenti.grafico);
     Ingresso ingresso(argomenti.file);
     ingresso.mostraAvanzamento(!destinazione);
     LettoreSoluzioni lettore(
         [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
 
     if (destinazione) {
-        GraficoSoluzioni grafico(titoloGrafico(argomenti.file), udm);
+        GraficoSoluzioni grafico(udm, 1 / daMetriAlSecondo(*catalogo, udm), tratto);
         while (lettore.prossima())
             grafico.aggiungi(vista->punto(lettore));
+        std::vector<Nota> note = grafico.chiudi();
+        grafico.grafico().titolo = titoloGrafico(argomenti.file);
+        for (const std::string& riga : dividi(riassunto(lettore), '\n'))
+            note.push_back({riga, {}, ""});
         if (lettore.conteggi().soluzioni != 0)
-            destinazione->disegna(grafico.grafico());
+            destinazione->disegna(grafico.grafico(), note, false);
+        else
+            std::fputs((riassunto(lettore) + "\n").c_str(), stderr);
     } else {
         Documento documento(stdout, argomenti.forma.forma());
         documento.inizia("solutions", "", vista->colonne(), true);
         while (lettore.prossima())
             documento.riga(vista->celle(lettore));
         documento.fine();
+        std::fputs((riassunto(lettore) + "\n").c_str(), stderr);
     }
-    riassunto(lettore);
     if (lettore.conteggi().soluzioni == 0)
         senzaSoluzioni(lettore);
 }
@@ -197,6 +206,7 @@ void aggiungiUbx(CLI::App& programma) {
                      "Show what the device shows: the library's values and texts of the logger's GPS packet");
     aggiungiForma(comando, argomenti->forma);
     aggiungiGrafico(comando, argomenti->grafico);
+    aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(
         "Positions are WGS 84, computed in double precision from the numbers of the message; the altitude is that "
         "above\n"

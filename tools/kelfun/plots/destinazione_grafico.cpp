@@ -6,21 +6,30 @@
 #include <cstring>
 #include <filesystem>
 
-#include "cli/forma.h"
 #include "io/uscita.h"
 #include "plots/gnuplot.h"
-#include "plots/grafico_gnuplot.h"
 #include "plots/grafico_terminale.h"
 #include "text/errori.h"
+#include "text/larghezza.h"
+#include "text/mostrabile.h"
 
 namespace kel::strumento {
 
 namespace {
 
-bool finisce(std::string file, std::string_view estensione) {
+constexpr int CARATTERI_MASSIMI = 1000;  // columns, or lines
+constexpr std::size_t RIGHE_NOTA = 2;    // of a note below a plot in the terminal, at most
+
+constexpr std::pair<const char*, Formato> FORMATI[] = {
+    {".svg", Formato::svg}, {".png", Formato::png}, {".pdf", Formato::pdf}};
+
+std::optional<Formato> formatoDi(std::string file) {
     std::transform(file.begin(), file.end(), file.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return file.ends_with(estensione);
+    for (const auto& [fine, formato] : FORMATI)
+        if (file.ends_with(fine))
+            return formato;
+    return std::nullopt;
 }
 
 void scrivi(const std::string& file, const std::string& byte) {
@@ -34,35 +43,86 @@ void scrivi(const std::string& file, const std::string& byte) {
         throw NonTrovato("cannot write '" + file + "': " + std::strerror(scritto ? errno : errore));
 }
 
-}  // namespace
-
-Opzione aggiungiGrafico(Comando& comando, std::optional<std::string>& file) {
-    const char* aiuto = "Draw a plot, no table: FILE.svg or FILE.png by gnuplot, - in the terminal";
-    Opzione opzione = comando.opzione("--plot", file, aiuto).valore("FILE");
-    escludiForma(comando, opzione);
-    return opzione;
+void di(const std::string& nota) {
+    std::fputs((mostrabile(nota) + "\n").c_str(), stderr);
 }
+
+// Lines of a terminal that a text takes.
+int righe(const std::string& testo, int colonne) {
+    return std::max(1, (larghezzaTesto(mostrabile(testo)) + colonne - 1) / colonne);
+}
+
+}  // namespace
 
 std::string titoloGrafico(const std::string& file) {
     return file == "-" ? "" : std::filesystem::path(file).filename().string();
 }
 
-DestinazioneGrafico::DestinazioneGrafico(const std::string& file) : file_(file), svg_(finisce(file, ".svg")) {
-    if (file == "-")
+DestinazioneGrafico::DestinazioneGrafico(const SceltaGrafico& scelta) : file_(scelta.file.value_or("-")) {
+    if (scelta.misura) {
+        misura_ = leggiMisura(*scelta.misura);
+        if (!misura_)
+            throw ErroreUso("--size '" + *scelta.misura + "' is no size; accepted: WIDTHxHEIGHT, each 1 to 10000");
+    }
+    if (file_ == "-")
         return;
-    if (!svg_ && !finisce(file, ".png"))
-        throw ErroreUso("--plot '" + file +
-                        "' is no kind of picture; accepted: a name that ends with .svg or .png, - for the terminal");
+    const auto formato = formatoDi(file_);
+    if (!formato)
+        throw ErroreUso(
+            "--plot '" + file_ +
+            "' is no kind of picture; accepted: a name that ends with .svg, .png or .pdf, - for the terminal");
+    formato_ = *formato;
     gnuplot_ = cercaGnuplot();
 }
 
-void DestinazioneGrafico::disegna(const Grafico& grafico) const {
-    if (grafico.pannelli.empty() && grafico.traccia.vuota())
+void DestinazioneGrafico::disegna(const Grafico& grafico, std::vector<Nota> note, bool tutto) const {
+    if (grafico.vuoto())
         throw NonTrovato("there is nothing to draw");
-    if (gnuplot_.empty())
-        scriviUscita(disegnoTerminale(grafico, terminaleDi(stdout)));
-    else
-        scrivi(file_, eseguiGnuplot(gnuplot_, istruzioniGnuplot(grafico, svg_)));
+    if (gnuplot_.empty()) {
+        nelTerminale(grafico, std::move(note), tutto);
+        return;
+    }
+    const Immagine immagine = istruzioniGnuplot(grafico, formato_, misura_);
+    scrivi(file_, eseguiGnuplot(gnuplot_, immagine.istruzioni));
+    for (const Nota& nota : note)
+        di(nota.testo());
+    if (!immagine.nota.empty())
+        di(immagine.nota);
+}
+
+void DestinazioneGrafico::nelTerminale(const Grafico& grafico, std::vector<Nota> note, bool tutto) const {
+    Terminale terminale = terminaleDi(stdout);
+    if (misura_) {
+        if (std::max(misura_->larghezza, misura_->altezza) > CARATTERI_MASSIMI)
+            throw ErroreUso("--size: no terminal is so large; accepted: up to " + std::to_string(CARATTERI_MASSIMI) +
+                            " columns and lines");
+        terminale.colonne = misura_->larghezza;
+        terminale.righe = misura_->altezza;
+    }
+    terminale.cresce = tutto;
+    const int intere = terminale.righe;
+    const auto massimo = RIGHE_NOTA * static_cast<std::size_t>(terminale.colonne);
+    const auto restano = [&] {
+        int sotto = 1;  // for the next prompt
+        for (const Nota& nota : note)
+            sotto += righe(nota.testo(massimo), terminale.colonne);
+        return intere - sotto;
+    };
+    terminale.righe = restano();
+    DisegnoTerminale disegno = disegnoTerminale(grafico, terminale);
+    // What has no room is said below, which takes room itself: so that more may have none.
+    const std::vector<Nota> altre = note;
+    for (int giro = 0; giro < 3 && !disegno.note.empty(); ++giro) {
+        note = altre;
+        note.insert(note.end(), disegno.note.begin(), disegno.note.end());
+        terminale.righe = restano();
+        disegno = disegnoTerminale(grafico, terminale);
+    }
+    note = altre;
+    note.insert(note.end(), disegno.note.begin(), disegno.note.end());
+    scriviUscita(disegno.testo);
+    for (const Nota& nota : note)
+        di(nota.testo(massimo));
 }
 
 }  // namespace kel::strumento

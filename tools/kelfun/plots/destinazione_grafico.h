@@ -4,32 +4,38 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
-#include "cli/opzioni.h"
 #include "plots/grafico.h"
+#include "plots/grafico_gnuplot.h"
+#include "plots/nota.h"
+#include "plots/opzioni_grafico.h"
 
 namespace kel::strumento {
-
-/// Adds --plot, in whose place no form of a table can be asked for.
-Opzione aggiungiGrafico(Comando& comando, std::optional<std::string>& file);
 
 /// What a plot of a file is called: its name without its folder, nothing for standard input.
 std::string titoloGrafico(const std::string& file);
 
 class DestinazioneGrafico {
 public:
-    /// @param file  a name that ends with .svg or .png, or "-".
-    /// @throws ErroreUso   for another name.
+    /// @param scelta  with a file: a name that ends with .svg, .png or .pdf, or "-".
+    /// @throws ErroreUso   for another name, or a size that is none.
     /// @throws NonTrovato  when it takes gnuplot and there is none: before anything has been read.
-    explicit DestinazioneGrafico(const std::string& file);
+    explicit DestinazioneGrafico(const SceltaGrafico& scelta);
 
+    /// Draws, and then says on standard error what is to be said: for which there is room below a plot in the terminal.
+    /// @param tutto  every panel was asked for: a plot may be higher than the terminal.
     /// @throws NonTrovato  when there is nothing to draw, gnuplot fails, or the file cannot be written.
-    void disegna(const Grafico& grafico) const;
+    /// @throws ErroreUso   when the size asked for is too small for a picture of it.
+    void disegna(const Grafico& grafico, std::vector<Nota> note, bool tutto) const;
 
 private:
+    void nelTerminale(const Grafico& grafico, std::vector<Nota> note, bool tutto) const;
+
     std::string file_;
     std::string gnuplot_;  // its path; "" for the terminal
-    bool svg_ = false;
+    Formato formato_ = Formato::svg;
+    std::optional<Misura> misura_;
 };
 
 }  // namespace kel::strumento

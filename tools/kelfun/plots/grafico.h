@@ -1,88 +1,70 @@
-// Values over time, and a track, kept to be drawn: few enough for any drawing, however many are put in.
+// What is drawn: curves in panels over one axis, marks on it, and a track.
 #ifndef KELFUN_PLOTS_GRAFICO_H
 #define KELFUN_PLOTS_GRAFICO_H
 
-#include <cstddef>
-#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "plots/serie.h"
+#include "plots/traccia.h"
 
 namespace kel::strumento {
 
-/// One point of a series. Where `presente` is false the line is broken.
-struct Punto {
-    double tempo = 0;
-    double valore = 0;
-    bool presente = false;
+/// What the values stand over.
+enum class Ascissa {
+    tempo,     ///< seconds, shown as minutes and seconds
+    distanza,  ///< metres
+    numero     ///< records, counted from 0
 };
 
-/// Values over time. When there are many, stretches of them are replaced by their least and their greatest, so that no
-/// peak is lost.
-class Serie {
-public:
-    /// Nothing, or a value that is not finite, breaks the line.
-    void aggiungi(double tempo, std::optional<double> valore);
-
-    const std::vector<Punto>& punti() const { return punti_; }
-    bool vuota() const { return minimo_ > massimo_; }
-    double minimo() const { return minimo_; }  ///< of all values that were put in
-    double massimo() const { return massimo_; }
-
-private:
-    void dirada();
-
-    std::vector<Punto> punti_;
-    double minimo_ = 1;
-    double massimo_ = 0;
+/// A named series.
+struct Curva {
+    std::string nome;
+    Serie serie;
 };
 
-/// One point of a track, metres east and north of its first point; `presente` as above.
-struct PuntoTraccia {
-    double est = 0;
-    double nord = 0;
-    double velocita = 0;
-    bool presente = false;
-};
-
-/// The way that was driven. When it is long, every second point goes.
-class Traccia {
-public:
-    /// @param longitudine, latitudine  degrees.
-    void aggiungi(double longitudine, double latitudine, double velocita);
-    void interrompi();
-
-    const std::vector<PuntoTraccia>& punti() const { return punti_; }
-    bool vuota() const { return punti_.empty(); }
-
-private:
-    void dirada();
-
-    std::vector<PuntoTraccia> punti_;
-    double origine_longitudine_ = 0;
-    double origine_latitudine_ = 0;
-    double metri_longitudine_ = 0;  // in a degree
-    std::size_t passo_ = 1;         // of so many points one is kept
-    std::size_t saltati_ = 0;
-};
-
-/// Values of one kind over time.
+/// Curves that share one axis of values.
 struct Pannello {
     std::string nome;
-    std::string udm;  ///< "" where they have no unit
-    Serie serie;
+    std::string udm;  ///< "" where the values are numbers or codes, which jump from one to the next
+    std::vector<Curva> curve;
+    double altezza = 1;  ///< of the picture, in proportion to the other panels
+
+    bool vuoto() const;     ///< no curve has a value
+    double minimo() const;  ///< of all curves; 0 without values
+    double massimo() const;
+};
+
+/// A place on the axis where something begins, such as a lap.
+struct Segno {
+    double x = 0;
+    std::string testo;  ///< short: "3"
+};
+
+/// A stretch of the axis that counts from anew: recordings that were joined stand one after the other.
+struct Sessione {
+    double da = 0;      ///< where it begins on the axis
+    double a = 0;       ///< and where it ends
+    double scarto = 0;  ///< its own time, or distance, is the axis' less this
 };
 
 struct Grafico {
     std::string titolo;
-    std::string asse;  ///< what the values stand over: "time, s"
+    Ascissa ascissa = Ascissa::tempo;
     std::vector<Pannello> pannelli;
     Traccia traccia;
-    std::string udm_velocita;  ///< of the track
+    std::string udm_velocita;        ///< of the track
+    std::vector<Segno> giri;         ///< where laps begin, from left to right
+    std::vector<Sessione> sessioni;  ///< from left to right; none where there is only one
 
-    /// First and last time of all series; 0 and 1 when there is none.
-    double inizio() const;
-    double fine() const;
+    bool vuoto() const { return pannelli.empty() && traccia.vuota(); }
+    /// Where the axis begins and ends: at the first and the last value of all curves. 0 and 1 when there is none.
+    std::pair<double, double> estremi() const;
 };
+
+/// A panel of one curve, which has the panel's name.
+Pannello pannelloSingolo(const std::string& nome, const std::string& udm);
 
 }  // namespace kel::strumento
 

@@ -5,25 +5,28 @@
 #include <cmath>
 #include <iterator>
 
+#include "plots/impaginazione.h"
+#include "plots/tacche.h"
+#include "text/chiavi.h"
+#include "text/larghezza.h"
+#include "text/mostrabile.h"
+
 namespace kel::strumento {
 
 namespace {
 
-// Of the picture, in dots.
-constexpr int LARGHEZZA = 1280;
-constexpr int ALTEZZA_PANNELLO = 160;
-constexpr int ALTEZZA_MINIMA = 560;
-constexpr int SOPRA = 34;
-constexpr int SOTTO = 60;
-constexpr int SINISTRA = 90;
-constexpr int DESTRA = 30;
-constexpr int TRACCIA = 420;      // side of the track's square
-constexpr int FRA_PANNELLI = 30;  // for the name of the next
-constexpr int FRA_COLONNE = 90;   // between the panels and the track, for its labels
-constexpr int SCALA_COLORI = 80;
+constexpr double CARATTERE = 8;      // dots that a figure of the axes takes
+constexpr double FRA_TACCHE_Y = 24;  // dots, at least
+constexpr double TACCHE_Y_MASSIME = 8;
+constexpr double FRA_GIRI = 8;  // dots between two laps: closer ones hide what they mark
+const std::string GIRO = "lap ";
+const std::string SESSIONE = "session ";
+constexpr double FRA_SCRITTA_E_TRACCIA = 58;
+constexpr double GRADAZIONI = 64;  // shades of the speed along the track
+constexpr double DOT_IN_POLLICE = 96;
 
-constexpr const char* COLORI[] = {"#1f5fa8", "#c2410c", "#15803d", "#7e22ce",
-                                  "#b91c1c", "#0e7490", "#a16207", "#be185d"};
+// Okabe and Ito's colours, which people tell apart whatever colours they see; the yellow is too light for a line.
+constexpr const char* COLORI[] = {"#0072B2", "#D55E00", "#009E73", "#CC79A7", "#E69F00", "#56B4E9", "#000000"};
 
 // With a point in every locale, as few digits as the value takes.
 std::string n(double valore) {
@@ -32,151 +35,279 @@ std::string n(double valore) {
     return {testo, fine.ptr};
 }
 
-// Only a quote means anything within single quotes, and is doubled there.
-std::string citato(const std::string& testo) {
-    std::string uscita = "'";
-    for (const char c : testo) {
-        if (c == '\'')
-            uscita += "''";
-        else
-            uscita += static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) >= 0x7F ? '?' : c;
+// Texts of others, as the lines of a data block: gnuplot reads them as they are, whatever quotes, backslashes, macros or
+// commands they hold. Every line begins with a bar, so that none ends the block.
+class Testi {
+public:
+    /// The expression that gives a text.
+    std::string operator()(const std::string& testo) {
+        righe_ += "|" + perXml(mostrabile(testo)) + "\n";
+        return "$N[" + std::to_string(++quanti_) + "][2:*]";
     }
-    return uscita + "'";
-}
+    std::string blocco() const { return "$N << EOD\n" + righe_ + "EOD\n"; }
 
-struct Misure {
-    int larghezza;
-    int altezza;
-    int pannello;       // height of one
-    int fine_pannelli;  // where their right side is
+private:
+    // The two codes that UTF-8 can write and XML cannot, U+FFFE and U+FFFF.
+    static std::string perXml(std::string testo) {
+        for (const char* nessuno : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"})
+            for (std::size_t dove = 0; (dove = testo.find(nessuno, dove)) != std::string::npos;)
+                testo.replace(dove, 3, "?");
+        return testo;
+    }
+
+    std::string righe_;
+    int quanti_ = 0;
 };
 
-Misure misure(const Grafico& grafico) {
-    const int quanti = std::max<int>(1, static_cast<int>(grafico.pannelli.size()));
-    Misure m{};
-    m.larghezza = LARGHEZZA;
-    m.altezza = std::max(ALTEZZA_MINIMA, SOPRA + SOTTO + quanti * ALTEZZA_PANNELLO);
-    m.pannello = (m.altezza - SOPRA - SOTTO) / quanti;
-    m.fine_pannelli = LARGHEZZA - DESTRA - (grafico.traccia.vuota() ? 0 : TRACCIA + FRA_COLONNE + SCALA_COLORI);
-    return m;
-}
+class Copione {
+public:
+    Copione(const Grafico& grafico, Formato formato, std::optional<Misura> misura)
+        : grafico_(grafico), formato_(formato), pagina_(impagina(grafico, misura)) {}
 
-std::string margini(const Misure& m, int sinistra, int destra, int sopra, int sotto) {
-    const auto x = [&m](int dove) { return n(static_cast<double>(dove) / m.larghezza); };
-    const auto y = [&m](int dove) { return n(1 - static_cast<double>(dove) / m.altezza); };
-    return "set lmargin at screen " + x(sinistra) + "\nset rmargin at screen " + x(destra) +
-           "\nset tmargin at screen " + y(sopra) + "\nset bmargin at screen " + y(sotto) + "\n";
-}
-
-std::string dati(const Grafico& grafico) {
-    std::string testo;
-    for (std::size_t i = 0; i < grafico.pannelli.size(); ++i) {
-        testo += "$s" + std::to_string(i) + " << EOD\n";
-        for (const Punto& punto : grafico.pannelli[i].serie.punti())
-            testo += punto.presente ? n(punto.tempo) + " " + n(punto.valore) + "\n" : "\n";
-        testo += "EOD\n";
+    Immagine tutto() {
+        std::string testo = aspetto();
+        for (std::size_t i = 0; i < grafico_.pannelli.size(); ++i)
+            testo += pannello(i);
+        if (pagina_.traccia)
+            testo += traccia(*pagina_.traccia);
+        return {"set encoding utf8\n" + testi_.blocco() + dati_ + testo + "unset multiplot\n", pagina_.nota};
     }
-    if (grafico.traccia.vuota())
+
+private:
+    std::string x(double dove) const { return n(dove / pagina_.larghezza); }
+    std::string y(double dove) const { return n(1 - dove / pagina_.altezza); }
+
+    std::string aspetto() {
+        const std::string dimensioni = n(pagina_.larghezza) + "," + n(pagina_.altezza);
+        std::string testo;
+        switch (formato_) {
+            case Formato::svg:
+                testo = "set terminal svg noenhanced rounded size " + dimensioni +
+                        " dynamic font 'DejaVu Sans,Arial,sans-serif,13' background '#ffffff'\n";
+                break;
+            case Formato::png:
+                testo = "set terminal pngcairo noenhanced rounded size " + dimensioni +
+                        " font 'DejaVu Sans,10' background '#ffffff'\n";
+                break;
+            case Formato::pdf:
+                testo = "set terminal pdfcairo noenhanced rounded size " + n(pagina_.larghezza / DOT_IN_POLLICE) +
+                        "in," + n(pagina_.altezza / DOT_IN_POLLICE) + "in font 'DejaVu Sans,10' background '#ffffff'\n";
+                break;
+        }
+        // A long name gets smaller letters rather than no end.
+        const double colonne = std::max(1, larghezzaTesto(mostrabile(grafico_.titolo)));
+        const double punti = std::clamp(1.2 * pagina_.larghezza / colonne, 5.0, 14.0);
+        return testo + "set multiplot\nunset key\n" + "set label 1 " + testi_(grafico_.titolo) + " at screen " + x(16) +
+               ",screen " + y(18) + " left noenhanced font '," + n(std::floor(punti)) + "' front\n" +
+               "set border 3 lc rgb '#6b7280' lw 0.8\n"
+               "set tics nomirror out scale 0.5 textcolor rgb '#374151'\n"
+               "set grid xtics ytics lt 1 lw 0.6 lc rgb '#e5e7eb'\n";
+    }
+
+    std::string margini(const Riquadro& r) const {
+        return "set lmargin at screen " + x(r.sinistra) + "\nset rmargin at screen " + x(r.destra) +
+               "\nset tmargin at screen " + y(r.sopra) + "\nset bmargin at screen " + y(r.sotto) + "\n";
+    }
+
+    std::string nomeRiquadro(const std::string& nome) {
+        return "set label 2 " + testi_(nome) +
+               " at graph 0,graph 1 left offset 0,0.6 noenhanced front textcolor rgb '#111827'\n";
+    }
+
+    // The lines of a series, and the points that belong to none.
+    void aggiungiDati(const std::string& nome, const Serie& serie) {
+        std::string linee;
+        std::string soli;
+        const auto& punti = serie.punti();
+        for (std::size_t i = 0; i < punti.size(); ++i) {
+            const std::string riga = n(punti[i].x) + " " + n(punti[i].valore) + "\n";
+            linee += (punti[i].staccato && i > 0 ? "\n" : "") + riga;
+            if (punti[i].staccato && (i + 1 == punti.size() || punti[i + 1].staccato))
+                soli += riga;
+        }
+        dati_ += "$l" + nome + " << EOD\n" + linee + "EOD\n$p" + nome + " << EOD\n" +
+                 (soli.empty() ? "NaN NaN\n" : soli) + "EOD\n";
+    }
+
+    // A little room above and below, so that no line lies on the border.
+    std::string asseY(const Pannello& pannello, double altezza) const {
+        if (pannello.vuoto())
+            return "set yrange [0:1]\nset ytics ()\n";
+        constexpr double MINIMA = 1e-12;  // gnuplot takes less for nothing
+        const double ampiezza = pannello.massimo() - pannello.minimo();
+        const double grandezza = std::max(std::fabs(pannello.massimo()), std::fabs(pannello.minimo()));
+        const bool ferma = ampiezza <= MINIMA * std::max(1.0, grandezza);
+        const double margine = ferma ? std::max(1.0, grandezza * 0.1) : ampiezza * 0.08;
+        const double passo =
+            passoTacche(ampiezza + 2 * margine, std::clamp(altezza / FRA_TACCHE_Y, 1.0, TACCHE_Y_MASSIME));
+        return "set yrange [" + n(pannello.minimo() - margine) + ":" + n(pannello.massimo() + margine) +
+               "]\nset format y '%g'\nset ytics " + n(pannello.udm.empty() && passo < 1 ? 1.0 : passo) + "\n";
+    }
+
+    std::string asseX(double larghezza, bool ultimo) {
+        const auto [inizio, fine] = grafico_.estremi();
+        std::string posti;
+        for (const Tacca& tacca : tacche(grafico_, larghezza, CARATTERE))
+            posti += (posti.empty() ? "'" : ",'") + (ultimo ? tacca.testo : "") + "' " + n(tacca.x);
+        return "set xrange [" + n(inizio) + ":" + n(fine) + "]\nset xtics (" + posti + ")\n" +
+               (ultimo ? "set xlabel '" + nomeAscissa(grafico_) + "'\n" : "unset xlabel\n");
+    }
+
+    // Upright lines where laps and sessions begin; their numbers stand above the first panel.
+    std::string segni(const Riquadro& r, bool primo) {
+        const auto [inizio, fine] = grafico_.estremi();
+        const double dot = r.larghezza() / (fine - inizio);
+        std::string testo = "unset arrow\n";
+        const auto linea = [&, da = inizio](double dove, const char* aspetto) {
+            if (dove > da)  // there is the axis
+                testo += "set arrow from first " + n(dove) + ",graph 0 to first " + n(dove) +
+                         ",graph 1 nohead back lw 1 " + aspetto + "\n";
+        };
+        const auto nome = [&](double dove, const std::string& quale, double sopra, const char* colore) {
+            if (primo)
+                testo += "set label " + testi_(quale) + " at first " + n(dove) + ",graph 1 left offset 0.3," +
+                         n(sopra) + " noenhanced front textcolor rgb '" + colore + "' font ',9'\n";
+        };
+        const std::vector<Segno>& giri = grafico_.giri;
+        const std::size_t ogni = ogniQuanti(giri, dot);
+        const bool fitti =
+            giri.size() > 1 && (giri.back().x - giri.front().x) * dot < FRA_GIRI * static_cast<double>(giri.size());
+        for (std::size_t i = 0; i < giri.size(); ++i) {
+            if (!fitti || i % ogni == 0)
+                linea(giri[i].x, "dt (6,4) lc rgb '#9ca3af'");
+            if (i % ogni == 0)
+                nome(giri[i].x, GIRO + giri[i].testo, 1.7, "#6b7280");
+        }
+        for (std::size_t i = 1; i < grafico_.sessioni.size(); ++i) {
+            linea(grafico_.sessioni[i].da, "dt 1 lc rgb '#D55E00'");
+            if (grafico_.sessioni[i].da * dot < fine * dot - larghezzaTesto(SESSIONE) * CARATTERE)
+                nome(grafico_.sessioni[i].da, SESSIONE + std::to_string(i + 1), giri.empty() ? 1.7 : 2.8, "#D55E00");
+        }
         return testo;
-    testo += "$t << EOD\n";
-    for (const PuntoTraccia& punto : grafico.traccia.punti())
-        testo += punto.presente ? n(punto.est) + " " + n(punto.nord) + " " + n(punto.velocita) + "\n" : "\n";
-    return testo + "EOD\n";
-}
-
-std::string aspetto(const Grafico& grafico, const Misure& m, bool svg) {
-    const std::string dimensioni = std::to_string(m.larghezza) + "," + std::to_string(m.altezza);
-    std::string testo =
-        svg ? "set terminal svg noenhanced size " + dimensioni +
-                  " dynamic font 'DejaVu Sans,Arial,sans-serif,12' background '#ffffff'\n"
-            : "set terminal pngcairo noenhanced size " + dimensioni + " font 'DejaVu Sans,10' background '#ffffff'\n";
-    testo += "set multiplot\n";
-    testo += "set label 1 " + citato(grafico.titolo) + " at screen " + n(static_cast<double>(SINISTRA) / m.larghezza) +
-             ",screen " + n(1 - 26.0 / m.altezza) + " left font ',14' front\n";
-    return testo +
-           "set border 3 lc rgb '#6b7280' lw 0.8\n"
-           "set tics nomirror out scale 0.5 textcolor rgb '#374151'\n"
-           "set grid xtics ytics lt 1 lw 0.6 lc rgb '#e5e7eb'\n"
-           "unset key\n";
-}
-
-// A little room above and below, so that no line lies on the border.
-std::string intervallo(const Serie& serie) {
-    constexpr double MINIMA = 1e-12;  // gnuplot takes less for nothing
-    const double ampiezza = serie.massimo() - serie.minimo();
-    const double grandezza = std::max(std::fabs(serie.massimo()), std::fabs(serie.minimo()));
-    const bool ferma = ampiezza <= MINIMA * std::max(1.0, grandezza);
-    const double margine = ferma ? std::max(1.0, grandezza * 0.1) : ampiezza * 0.08;
-    return "set yrange [" + n(serie.minimo() - margine) + ":" + n(serie.massimo() + margine) + "]\n";
-}
-
-std::string pannello(const Grafico& grafico, const Misure& m, std::size_t i) {
-    const Pannello& uno = grafico.pannelli[i];
-    const int sopra = SOPRA + static_cast<int>(i) * m.pannello;
-    const bool ultimo = i + 1 == grafico.pannelli.size();
-    std::string testo = margini(m, SINISTRA, m.fine_pannelli, sopra + FRA_PANNELLI, sopra + m.pannello);
-    testo += uno.serie.vuota() ? "set yrange [0:1]\n" : intervallo(uno.serie);
-    testo +=
-        ultimo ? "set format x '%g'\nset xlabel " + citato(grafico.asse) + "\n" : "set format x ''\nunset xlabel\n";
-    testo += uno.udm.empty() ? "unset ylabel\n" : "set ylabel " + citato(uno.udm) + " offset 1\n";
-    testo += "set label 2 " + citato(uno.nome + (uno.serie.vuota() ? ": no values" : "")) +
-             " at graph 0,graph 1 left offset 0,0.7 front textcolor rgb '#111827'\n";
-    // What has no unit is a number or a code: it jumps from one value to the next.
-    testo += "plot ";
-    testo += uno.serie.vuota() ? "NaN"
-                               : "$s" + std::to_string(i) + " using 1:2 with " + (uno.udm.empty() ? "steps" : "lines");
-    testo += " lw 1.4 lc rgb '" + std::string(COLORI[i % std::size(COLORI)]) + "'\n";
-    return testo + (i == 0 ? "unset label 1\n" : "");
-}
-
-// A square of the ground with room around the track: its side is as long to the east as to the north.
-std::string intervalliTraccia(const Traccia& traccia) {
-    double ovest = 0;
-    double est = 0;
-    double sud = 0;
-    double nord = 0;
-    for (const PuntoTraccia& punto : traccia.punti()) {  // the first of them is the origin
-        ovest = std::min(ovest, punto.est);
-        est = std::max(est, punto.est);
-        sud = std::min(sud, punto.nord);
-        nord = std::max(nord, punto.nord);
     }
-    const double mezzo = std::max({est - ovest, nord - sud, 1.0}) * 0.55;
-    const auto intervallo = [mezzo](double da, double a) {
-        return "[" + n((da + a) / 2 - mezzo) + ":" + n((da + a) / 2 + mezzo) + "]\n";
-    };
-    return "set xrange " + intervallo(ovest, est) + "set yrange " + intervallo(sud, nord);
-}
 
-std::string traccia(const Grafico& grafico, const Misure& m) {
-    const int sinistra = m.fine_pannelli + FRA_COLONNE;
-    const int sopra = SOPRA + FRA_PANNELLI;
-    std::string testo = margini(m, sinistra, sinistra + TRACCIA, sopra, sopra + TRACCIA);
-    testo += intervalliTraccia(grafico.traccia);
-    testo +=
-        "set format x '%g'\nset xlabel 'east, m'\nset ylabel 'north, m' offset 1\nset border 15\n"
-        "set label 2 'Track by speed' at graph 0,graph 1 left offset 0,0.7 front textcolor rgb '#111827'\n"
-        "set palette defined (0 '#440154', 1 '#3b528b', 2 '#21918c', 3 '#5ec962', 4 '#fde725')\n"
-        "set colorbox vertical user origin screen " +
-        n(static_cast<double>(sinistra + TRACCIA + 20) / m.larghezza) + ",screen " +
-        n(1 - static_cast<double>(sopra + TRACCIA) / m.altezza) + " size screen " + n(14.0 / m.larghezza) + ",screen " +
-        n(static_cast<double>(TRACCIA) / m.altezza) + "\nset cblabel " + citato(grafico.udm_velocita) + "\n";
-    return testo +
-           "plot $t using 1:2:3 with lines lw 3 palette, "
-           "$t using 1:2 every ::0:0:0:0 with points pt 6 ps 1.4 lw 2 lc rgb '#b91c1c'\n";
-}
+    // Every first, second, fifth, tenth... lap is named, so that the names have room.
+    static std::size_t ogniQuanti(const std::vector<Segno>& giri, double dot) {
+        for (std::size_t potenza = 1; potenza < giri.size(); potenza *= 10)
+            for (const std::size_t volte : {1, 2, 5}) {
+                const std::size_t ogni = volte * potenza;
+                bool entrano = true;
+                for (std::size_t i = ogni; i < giri.size() && entrano; i += ogni)
+                    entrano = (giri[i].x - giri[i - ogni].x) * dot >
+                              (larghezzaTesto(GIRO + giri[i - ogni].testo) + 1) * CARATTERE;
+                if (entrano)
+                    return ogni;
+            }
+        return std::max<std::size_t>(1, giri.size());
+    }
+
+    std::string pannello(std::size_t i) {
+        const Pannello& uno = grafico_.pannelli[i];
+        const Riquadro& r = pagina_.pannelli[i];
+        std::string testo =
+            margini(r) + asseY(uno, r.altezza()) + asseX(r.larghezza(), i + 1 == grafico_.pannelli.size());
+        testo += nomeRiquadro(titoloConUdm(uno.nome, uno.udm) + (uno.vuoto() ? ": no values" : ""));
+        testo += segni(r, i == 0);
+        testo += uno.curve.size() > 1
+                     ? "set key at graph 1,graph 1 right bottom horizontal samplen 1.5 noenhanced width 1\n"
+                     : "unset key\n";
+        testo += "plot " + curve(i) + "\n";
+        return testo + (i == 0 ? "unset label\n" : "");
+    }
+
+    // Where curves lie on each other the lower one is the wider one.
+    static double spessore(const Pannello& pannello, std::size_t curva) {
+        const double sopra = static_cast<double>(pannello.curve.size() - 1 - curva);
+        return 1.4 + std::min(2.0, sopra * 0.8);
+    }
+
+    // What has no unit is a number or a code: it jumps from one value to the next.
+    std::string curve(std::size_t i) {
+        const Pannello& pannello = grafico_.pannelli[i];
+        std::string testo;
+        for (std::size_t j = 0; j < pannello.curve.size(); ++j) {
+            const Curva& curva = pannello.curve[j];
+            if (curva.serie.vuota())
+                continue;
+            const std::string nome = std::to_string(i) + "_" + std::to_string(j);
+            const std::string colore = std::string(" lc rgb '") + COLORI[j % std::size(COLORI)] + "'";
+            aggiungiDati(nome, curva.serie);
+            testo += (testo.empty() ? "$l" : ", $l") + nome + " using 1:2 with " +
+                     (pannello.udm.empty() ? "steps" : "lines") + " lw " + n(spessore(pannello, j)) + colore +
+                     (pannello.curve.size() > 1 ? " title " + testi_(curva.nome) : " notitle") + ", $p" + nome +
+                     " using 1:2 with points pt 7 ps 0.3" + colore + " notitle";
+        }
+        return testo.empty() ? "NaN notitle" : testo;
+    }
+
+    // A piece of the ground as large as the box, the track in its middle, as long to the east as to the north.
+    static std::string intervalliTraccia(const Traccia& traccia, const Riquadro& r) {
+        constexpr double INTORNO = 1.08;
+        const Estensione terreno = traccia.estensione();
+        const double metri_per_dot = INTORNO * std::max({(terreno.est - terreno.ovest) / r.larghezza(),
+                                                         (terreno.nord - terreno.sud) / r.altezza(), 0.01});
+        const auto intervallo = [&](double da, double a, double dot) {
+            const double mezzo = metri_per_dot * dot / 2;
+            return "[" + n((da + a) / 2 - mezzo) + ":" + n((da + a) / 2 + mezzo) + "]\n";
+        };
+        const double passo = passoTacche(metri_per_dot * r.larghezza(), std::max(2.0, r.larghezza() / 90));
+        return "set xrange " + intervallo(terreno.ovest, terreno.est, r.larghezza()) + "set yrange " +
+               intervallo(terreno.sud, terreno.nord, r.altezza()) + "set xtics " + n(passo) + "\nset ytics " +
+               n(passo) + "\n";
+    }
+
+    // A line has one colour from point to point: where the speed changes more than a shade between two, there are points
+    // between.
+    // @return  the range of the colours.
+    std::string aggiungiTraccia() {
+        const auto& punti = grafico_.traccia.punti();
+        const auto minore = [](const PuntoTraccia& a, const PuntoTraccia& b) { return a.velocita < b.velocita; };
+        const auto [minimo, massimo] = std::minmax_element(punti.begin(), punti.end(), minore);
+        const double gradazione = std::max((massimo->velocita - minimo->velocita) / GRADAZIONI, 1e-9);
+        dati_ += "$t << EOD\n";
+        for (std::size_t i = 0; i < punti.size(); ++i) {
+            const PuntoTraccia& a = punti[i];
+            const PuntoTraccia& da = a.staccato || i == 0 ? a : punti[i - 1];
+            if (a.staccato && i > 0)
+                dati_ += "\n";
+            const double parti = std::max(1.0, std::ceil(std::fabs(a.velocita - da.velocita) / gradazione));
+            for (double parte = &da == &a ? parti : 1; parte <= parti; ++parte) {
+                const double t = parte / parti;
+                dati_ += n(da.est + t * (a.est - da.est)) + " " + n(da.nord + t * (a.nord - da.nord)) + " " +
+                         n(da.velocita + t * (a.velocita - da.velocita)) + "\n";
+            }
+        }
+        dati_ += "EOD\n";
+        const double massima = std::max(massimo->velocita, minimo->velocita + 1e-6 * std::max(1.0, minimo->velocita));
+        return "set cbrange [" + n(minimo->velocita) + ":" + n(massima) + "]\n";
+    }
+
+    std::string traccia(const Riquadro& r) {
+        return aggiungiTraccia() + margini(r) + intervalliTraccia(grafico_.traccia, r) +
+               nomeRiquadro("Track by " + titoloConUdm("speed", grafico_.udm_velocita)) +
+               "unset arrow\nunset key\nset format x '%g'\nset format y '%g'\nset xlabel 'east, m'\n"
+               "set label 3 'north, m' at screen " +
+               x(r.sinistra - FRA_SCRITTA_E_TRACCIA) + ",screen " + y((r.sopra + r.sotto) / 2) +
+               " center rotate by 90 noenhanced\nset border 15\n"
+               "set palette defined (0 '#440154', 1 '#3b528b', 2 '#21918c', 3 '#5ec962', 4 '#fde725')\n"
+               "set colorbox vertical user origin screen " +
+               x(r.destra + 12) + ",screen " + y(r.sotto) + " size screen " + n(12 / pagina_.larghezza) + ",screen " +
+               n(r.altezza() / pagina_.altezza) +
+               "\nplot $t using 1:2:3 with lines lw 3 palette, "
+               "$t using 1:2 every ::0:0:0:0 with points pt 6 ps 1.4 lw 2 lc rgb '#D55E00'\n";
+    }
+
+    const Grafico& grafico_;
+    Formato formato_;
+    Impaginazione pagina_;
+    Testi testi_;
+    std::string dati_;
+};
 
 }  // namespace
 
-std::string istruzioniGnuplot(const Grafico& grafico, bool svg) {
-    const Misure m = misure(grafico);
-    std::string testo = dati(grafico) + aspetto(grafico, m, svg);
-    testo += "set xrange [" + n(grafico.inizio()) + ":" + n(grafico.fine()) + "]\n";
-    for (std::size_t i = 0; i < grafico.pannelli.size(); ++i)
-        testo += pannello(grafico, m, i);
-    if (!grafico.traccia.vuota())
-        testo += traccia(grafico, m);
-    return testo + "unset multiplot\n";
+Immagine istruzioniGnuplot(const Grafico& grafico, Formato formato, std::optional<Misura> misura) {
+    return Copione(grafico, formato, misura).tutto();
 }
 
 }  // namespace kel::strumento

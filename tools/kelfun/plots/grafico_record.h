@@ -1,7 +1,8 @@
-// A recording as a plot: its columns over time, and the track of its first GPS packet.
+// A recording as a plot: its columns over time or distance, its laps, and the track of its first GPS packet.
 #ifndef KELFUN_PLOTS_GRAFICO_RECORD_H
 #define KELFUN_PLOTS_GRAFICO_RECORD_H
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -9,22 +10,29 @@
 
 #include "captures/canali_record.h"
 #include "plots/grafico.h"
+#include "plots/nota.h"
+#include "plots/pannelli_record.h"
+#include "plots/percorso.h"
 
 namespace kel::strumento {
 
 class GraficoRecord {
 public:
-    /// @param colonne  what to draw; those without values are left out.
-    GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_canale> canali, std::vector<ColonnaRecord> colonne,
-                  const std::string& titolo, const std::string& asse);
+    /// @param tutte     all columns of the channels: for the laps, and the speed that distances are made of.
+    /// @param colonne   those that the plot is of.
+    /// @param pannelli  those that it shows over the axis, less the position where there is a track.
+    /// @throws NonTrovato  when distances are asked for and no channel has a speed.
+    GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_canale> canali, std::span<const ColonnaRecord> tutte,
+                  std::span<const ColonnaRecord> colonne, PannelliRecord pannelli, const Tratto& tratto);
 
     /// The samples of the next record. Where a GPS packet has no fix its values and the track are broken.
     void aggiungi(double tempo, const std::uint8_t* campioni);
 
-    /// What has been put in, without the series that never change where others do: the names of those left out.
-    std::vector<std::string> chiudi();
+    /// Completes the plot: curves that never change go where others do.
+    /// @return  what is to be said about it.
+    std::vector<Nota> chiudi();
 
-    const Grafico& grafico() const { return grafico_; }
+    Grafico& grafico() { return grafico_; }
 
 private:
     // A GPS packet's fix, to know when the values that the device shows of it are none. WGS 84 knows by itself.
@@ -35,13 +43,26 @@ private:
         bool buona = true;  // in the record at hand
     };
 
+    void trovaTraccia(std::span<const s_kel_canale> canali, std::span<const ColonnaRecord> colonne);
+    void trovaVelocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali,
+                       std::span<const ColonnaRecord> tutte);
     const Ricezione* ricezione(const ColonnaRecord& colonna) const;
+    std::optional<double> valore(const ColonnaRecord& colonna, const std::uint8_t* campioni) const;
     void aggiungiTraccia(const std::uint8_t* campioni);
+    void segnaGiro(double x, const std::uint8_t* campioni);
+    void interrompi(double x);
+    std::vector<std::string> togliFermi();
 
-    std::vector<ColonnaRecord> colonne_;
+    PannelliRecord pannelli_;
     std::vector<Ricezione> ricezioni_;
-    // Of the first GPS packet that is shown whole.
+    // Of the first GPS packet that the plot is of as a whole.
     std::optional<ColonnaRecord> longitudine_, latitudine_, velocita_;
+    std::optional<ColonnaRecord> andatura_;  // km/h, to make distances of
+    std::optional<ColonnaRecord> giro_;
+    int prossimo_giro_ = 0;  // what is added to the number of a lap for the one that is being driven
+    std::optional<double> ultimo_giro_;
+    bool troppi_giri_ = false;
+    Percorso percorso_;
     Grafico grafico_;
 };
 

@@ -10,31 +10,46 @@ enum { VELOCITA, SATELLITI };
 
 }  // namespace
 
-GraficoSoluzioni::GraficoSoluzioni(const std::string& titolo, const std::string& udm_velocita) {
-    grafico_.titolo = titolo;
-    grafico_.asse = "time, s";
+GraficoSoluzioni::GraficoSoluzioni(const std::string& udm_velocita, double per_ms, const Tratto& tratto)
+    : percorso_(tratto), per_ms_(per_ms) {
+    grafico_.ascissa = tratto.ascissa;
     grafico_.udm_velocita = udm_velocita;
-    grafico_.pannelli = {{"Speed", udm_velocita, {}}, {"Satellites", "", {}}};
+    grafico_.pannelli = {pannelloSingolo("Speed", udm_velocita), pannelloSingolo("Satellites", "")};
+    grafico_.pannelli[SATELLITI].altezza = 0.5;
 }
 
-// Time of week begins again on Sundays.
+// From the first solution on, and from the first after time ran backwards. Time of week begins again on Sundays: only then a step back of most of a week is one ahead.
 double GraficoSoluzioni::secondi(std::uint32_t settimana_ms) {
     std::int64_t passo = std::int64_t{settimana_ms} - ultimo_ms_.value_or(settimana_ms);
     if (passo < -SETTIMANA_MS / 2)
         passo += SETTIMANA_MS;
     ultimo_ms_ = settimana_ms;
-    secondi_ += static_cast<double>(passo) / MILLE;
+    secondi_ = passo < 0 ? 0 : secondi_ + static_cast<double>(passo) / MILLE;
     return secondi_;
 }
 
 void GraficoSoluzioni::aggiungi(const PuntoGps& punto) {
-    const double tempo = secondi(punto.settimana_ms);
-    grafico_.pannelli[VELOCITA].serie.aggiungi(tempo, punto.velocita);
-    grafico_.pannelli[SATELLITI].serie.aggiungi(tempo, punto.satelliti);
+    const auto x = percorso_.colloca(secondi(punto.settimana_ms),
+                                     punto.velocita ? std::optional(*punto.velocita * per_ms_) : std::nullopt);
+    if (!x)
+        return;
+    if (percorso_.interrotto()) {
+        for (Pannello& pannello : grafico_.pannelli)
+            pannello.curve.front().serie.aggiungi(*x, std::nullopt);
+        grafico_.traccia.interrompi();
+    }
+    grafico_.pannelli[VELOCITA].curve.front().serie.aggiungi(*x, punto.velocita);
+    grafico_.pannelli[SATELLITI].curve.front().serie.aggiungi(*x, punto.satelliti);
     if (punto.longitudine && punto.latitudine && punto.velocita)
         grafico_.traccia.aggiungi(*punto.longitudine, *punto.latitudine, *punto.velocita);
     else
         grafico_.traccia.interrompi();
+}
+
+std::vector<Nota> GraficoSoluzioni::chiudi() {
+    grafico_.sessioni = percorso_.sessioni();
+    const std::string nota = percorso_.nota();
+    return nota.empty() ? std::vector<Nota>() : std::vector<Nota>{{nota, {}, ""}};
 }
 
 }  // namespace kel::strumento

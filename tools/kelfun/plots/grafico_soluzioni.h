@@ -1,29 +1,39 @@
-// GPS solutions as a plot: speed and satellites over time, and the track.
+// GPS solutions as a plot: speed and satellites over time or distance, and the track.
 #ifndef KELFUN_PLOTS_GRAFICO_SOLUZIONI_H
 #define KELFUN_PLOTS_GRAFICO_SOLUZIONI_H
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "captures/soluzione.h"
 #include "plots/grafico.h"
+#include "plots/nota.h"
+#include "plots/percorso.h"
 
 namespace kel::strumento {
 
 class GraficoSoluzioni {
 public:
-    GraficoSoluzioni(const std::string& titolo, const std::string& udm_velocita);
+    /// @param per_ms  what a speed is multiplied with to be in m/s.
+    GraficoSoluzioni(const std::string& udm_velocita, double per_ms, const Tratto& tratto);
 
     /// The next solution. Where the fix is lost, speed and track are broken.
     void aggiungi(const PuntoGps& punto);
 
-    const Grafico& grafico() const { return grafico_; }
+    /// Completes the plot.
+    /// @return  what is to be said about it.
+    std::vector<Nota> chiudi();
+
+    Grafico& grafico() { return grafico_; }
 
 private:
     double secondi(std::uint32_t settimana_ms);
 
     Grafico grafico_;
+    Percorso percorso_;
+    double per_ms_;
     std::optional<std::uint32_t> ultimo_ms_;
     double secondi_ = 0;
 };

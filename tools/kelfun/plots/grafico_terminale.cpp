@@ -3,43 +3,27 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <string_view>
 
+#include "plots/disposizione_terminale.h"
 #include "plots/raster.h"
-#include "text/chiavi.h"
+#include "plots/tacche.h"
+#include "text/larghezza.h"
 
 namespace kel::strumento {
 
 namespace {
 
-constexpr int COLONNE_MINIME = 40;
-constexpr int RIGHE_PANNELLO_MINIME = 3;
-constexpr int ETICHETTA = 9;  // characters of a value beside the axis
-constexpr int RIGHE_ASSE = 2;
-constexpr int FRA_COLONNE = 3;
-constexpr int RIGHE_TRACCIA_MINIME = 8;
-
 struct Segni {
     const char* verticale;
     const char* orizzontale;
     const char* angolo;
+    const char* tacca;
 };
-constexpr Segni SEGNI_UTF8 = {"\u2502", "\u2500", "\u2514"};
-constexpr Segni SEGNI_ASCII = {"|", "-", "+"};
-
-// Short, as much as an eye takes in: "89.85", "1200", "1.2e+06".
-std::string etichetta(double valore) {
-    char testo[32];
-    const auto fine = std::to_chars(std::begin(testo), std::end(testo), valore, std::chars_format::general, 5);
-    return {testo, fine.ptr};
-}
-
-std::string aDestra(const std::string& testo, int larghezza) {
-    return std::string(static_cast<std::size_t>(std::max(0, larghezza - static_cast<int>(testo.size()))), ' ') + testo;
-}
+constexpr Segni SEGNI_UTF8 = {"\u2502", "\u2500", "\u2514", "\u252C"};
+constexpr Segni SEGNI_ASCII = {"|", "-", "+", "+"};
 
 // What the terminal shows is what the environment says, installed or not: the first of the three that is set, as for any
 // program. "it_IT.UTF-8", "C.utf8", "de_DE.UTF-8@euro".
@@ -68,102 +52,165 @@ struct Scala {
     int punto(double valore) const { return static_cast<int>(std::lround((valore - da) * dot_per_unita)); }
 };
 
-// Where everything stands on the sheet.
-struct Disposizione {
-    int colonne;
-    int righe;
-    int colonne_pannelli;  // with the labels of their axis
-    int righe_pannello;    // without its title
-    int colonna_traccia;
+class Disegno {
+public:
+    Disegno(const Grafico& grafico, const Terminale& terminale)
+        : grafico_(grafico),
+          d_(disponi(grafico, terminale)),
+          utf8_(terminale.utf8),
+          segni_(terminale.utf8 ? SEGNI_UTF8 : SEGNI_ASCII),
+          foglio_(d_.colonne, d_.righe) {}
 
-    Disposizione(const Grafico& grafico, const Terminale& terminale) {
-        const int quanti = static_cast<int>(grafico.pannelli.size());
-        const bool traccia = !grafico.traccia.vuota();
-        colonne = std::max(COLONNE_MINIME, terminale.colonne);
-        colonne_pannelli = quanti == 0 ? 0 : traccia ? colonne * 5 / 8 : colonne;
-        colonna_traccia = quanti == 0 ? 0 : colonne_pannelli + FRA_COLONNE;
-        const int libere = std::max(terminale.righe, RIGHE_TRACCIA_MINIME) - 1 - RIGHE_ASSE;
-        righe_pannello = quanti == 0 ? libere : std::max(RIGHE_PANNELLO_MINIME, libere / quanti - 1);
-        righe = 1 + std::max(1, quanti) * (righe_pannello + (quanti == 0 ? 0 : 1)) + RIGHE_ASSE;
-        if (traccia)
-            righe = std::max(righe, RIGHE_TRACCIA_MINIME);
+    DisegnoTerminale tutto() {
+        righe(0, 0, d_.titolo);
+        for (const PostoPannello& posto : d_.pannelli)
+            pannello(posto);
+        if (!d_.pannelli.empty())
+            asse();
+        if (d_.riga_segni >= 0)
+            giriESessioni();
+        if (d_.colonna_traccia >= 0)
+            traccia();
+        return {foglio_.testo(), d_.note};
     }
+
+private:
+    void scrivi(int colonna, int riga, std::string_view testo) { foglio_.scrivi(colonna, riga, testo, utf8_); }
+
+    void righe(int colonna, int riga, const std::vector<std::string>& testi) {
+        for (const std::string& testo : testi)
+            scrivi(colonna, riga++, testo);
+    }
+
+    void aSinistraDellAsse(int riga, const std::string& testo) {
+        scrivi(std::max(0, d_.asse - 1 - larghezzaTesto(testo)), riga, testo);
+    }
+
+    // The column of a place on the axis.
+    int colonna(double x) const {
+        const auto [inizio, fine] = grafico_.estremi();
+        return d_.asse + 1 + Scala(inizio, fine, d_.larghezzaCurve()).punto(x);
+    }
+
+    void pannello(const PostoPannello& posto) {
+        const Pannello& p = *posto.pannello;
+        righe(posto.colonna_titolo, posto.riga, posto.titolo);
+        const int sopra = posto.riga + static_cast<int>(posto.titolo.size());
+        for (int i = 0; i < posto.righe; ++i)
+            foglio_.metti(d_.asse, sopra + i, segni_.verticale);
+        if (p.vuoto())
+            return;
+        aSinistraDellAsse(sopra, etichetta(p.massimo()));
+        if (p.minimo() < p.massimo())
+            aSinistraDellAsse(sopra + posto.righe - 1, etichetta(p.minimo()));
+        for (std::size_t i = 0; i < p.curve.size(); ++i) {
+            const char lettera = static_cast<char>('a' + i % 26);
+            curva(p, p.curve[i].serie, posto.righe)
+                .stampa(foglio_, d_.asse + 1, sopra, p.curve.size() > 1 ? std::string_view(&lettera, 1) : "");
+        }
+    }
+
+    Raster curva(const Pannello& pannello, const Serie& serie, int righe) const {
+        const auto [inizio, fine] = grafico_.estremi();
+        Raster raster(d_.larghezzaCurve(), righe, utf8_);
+        const Scala x(inizio, fine, raster.larghezza());
+        const Scala y(pannello.minimo(), pannello.massimo(), raster.altezza());
+        const Punto* prima = nullptr;
+        for (const Punto& punto : serie.punti()) {
+            const Punto& da = punto.staccato || prima == nullptr ? punto : *prima;
+            const int a_x = x.punto(punto.x);
+            const int da_y = y.punto(da.valore);
+            // What has no unit is a number or a code: it jumps from one value to the next.
+            if (pannello.udm.empty()) {
+                raster.linea(x.punto(da.x), da_y, a_x, da_y);
+                raster.linea(a_x, da_y, a_x, y.punto(punto.valore));
+            } else {
+                raster.linea(x.punto(da.x), da_y, a_x, y.punto(punto.valore));
+            }
+            prima = &punto;
+        }
+        return raster;
+    }
+
+    void asse() {
+        const int riga = d_.riga_asse;
+        foglio_.metti(d_.asse, riga, segni_.angolo);
+        for (int i = d_.asse + 1; i < d_.colonne_pannelli; ++i)
+            foglio_.metti(i, riga, segni_.orizzontale);
+        aSinistraDellAsse(riga + 1, unitaAscissa(grafico_));
+        for (const Tacca& tacca : tacche(grafico_, d_.larghezzaCurve(), 1)) {
+            const int dove = colonna(tacca.x);
+            const int lunga = static_cast<int>(tacca.testo.size());
+            foglio_.metti(dove, riga, segni_.tacca);
+            scrivi(std::clamp(dove - lunga / 2, d_.asse, std::max(d_.asse, d_.colonne_pannelli - lunga)), riga + 1,
+                   tacca.testo);
+        }
+    }
+
+    // Where there is no room for the next text, a bar alone says that something begins.
+    void giriESessioni() {
+        struct Inizio {
+            double x;
+            std::string testo;
+        };
+        std::vector<Inizio> inizi;
+        for (std::size_t i = 1; i < grafico_.sessioni.size(); ++i)
+            inizi.push_back({grafico_.sessioni[i].da, "session " + std::to_string(i + 1)});
+        for (const Segno& giro : grafico_.giri)
+            inizi.push_back({giro.x, giro.testo});
+        std::stable_sort(inizi.begin(), inizi.end(), [](const Inizio& a, const Inizio& b) { return a.x < b.x; });
+        if (!grafico_.giri.empty())
+            aSinistraDellAsse(d_.riga_segni, "lap");
+        int libera = 0;
+        for (std::size_t i = 0; i < inizi.size(); ++i) {
+            const int dove = colonna(inizi[i].x);
+            if (dove < libera)
+                continue;
+            const int fine = i + 1 < inizi.size() ? colonna(inizi[i + 1].x) : d_.colonne_pannelli;
+            foglio_.metti(dove, d_.riga_segni, segni_.verticale);
+            libera = dove + 1;
+            const int larga = larghezzaTesto(inizi[i].testo);
+            if (libera + larga > fine || libera + larga > d_.colonne_pannelli)
+                continue;
+            scrivi(libera, d_.riga_segni, inizi[i].testo);
+            libera += larga;
+        }
+    }
+
+    void traccia() {
+        const Estensione terreno = grafico_.traccia.estensione();
+        const double larga = terreno.est - terreno.ovest;
+        const double alta = terreno.nord - terreno.sud;
+        const int sopra = static_cast<int>(d_.titolo.size());
+        const auto titolo = aCapo("Track, " + etichetta(std::round(larga)) + " x " + etichetta(std::round(alta)) + " m",
+                                  d_.colonne - d_.colonna_traccia);
+        righe(d_.colonna_traccia, sopra, titolo);
+        const int prima = sopra + static_cast<int>(titolo.size());
+        Raster raster(d_.colonne - d_.colonna_traccia, std::max(1, d_.righe - prima), utf8_);
+        // One scale for both axes: a metre is as long to the east as to the north.
+        const double scala =
+            std::min((raster.larghezza() - 1) / std::max(1.0, larga), (raster.altezza() - 1) / std::max(1.0, alta));
+        const auto x = [&](const PuntoTraccia& p) {
+            return static_cast<int>(std::lround((p.est - terreno.ovest) * scala));
+        };
+        const auto y = [&](const PuntoTraccia& p) {
+            return raster.altezza() - 1 - static_cast<int>(std::lround((terreno.nord - p.nord) * scala));
+        };
+        const PuntoTraccia* da = nullptr;
+        for (const PuntoTraccia& punto : grafico_.traccia.punti()) {
+            const PuntoTraccia& inizio = punto.staccato || da == nullptr ? punto : *da;
+            raster.linea(x(inizio), y(inizio), x(punto), y(punto));
+            da = &punto;
+        }
+        raster.stampa(foglio_, d_.colonna_traccia, prima);
+    }
+
+    const Grafico& grafico_;
+    Disposizione d_;
+    bool utf8_;
+    const Segni& segni_;
+    Foglio foglio_;
 };
-
-void disegna(const Pannello& pannello, const Grafico& grafico, const Disposizione& d, int riga, bool utf8,
-             Foglio& foglio) {
-    const Segni& segni = utf8 ? SEGNI_UTF8 : SEGNI_ASCII;
-    foglio.scrivi(ETICHETTA + 1, riga, titoloConUdm(pannello.nome, pannello.udm));
-    ++riga;
-    for (int i = 0; i < d.righe_pannello; ++i)
-        foglio.metti(ETICHETTA, riga + i, segni.verticale);
-    const Serie& serie = pannello.serie;
-    if (serie.vuota()) {
-        foglio.scrivi(ETICHETTA + 2, riga, "no values");
-        return;
-    }
-    foglio.scrivi(0, riga, aDestra(etichetta(serie.massimo()), ETICHETTA - 1));
-    if (serie.minimo() < serie.massimo())
-        foglio.scrivi(0, riga + d.righe_pannello - 1, aDestra(etichetta(serie.minimo()), ETICHETTA - 1));
-    Raster raster(d.colonne_pannelli - ETICHETTA - 1, d.righe_pannello, utf8);
-    const Scala x(grafico.inizio(), grafico.fine(), raster.larghezza());
-    const Scala y(serie.minimo(), serie.massimo(), raster.altezza());
-    const Punto* prima = nullptr;
-    for (const Punto& punto : serie.punti()) {
-        if (punto.presente) {
-            const Punto& da = prima != nullptr ? *prima : punto;
-            raster.linea(x.punto(da.tempo), y.punto(da.valore), x.punto(punto.tempo), y.punto(punto.valore));
-        }
-        prima = punto.presente ? &punto : nullptr;
-    }
-    raster.stampa(foglio, ETICHETTA + 1, riga);
-}
-
-void asse(const Grafico& grafico, const Disposizione& d, int riga, bool utf8, Foglio& foglio) {
-    const Segni& segni = utf8 ? SEGNI_UTF8 : SEGNI_ASCII;
-    foglio.metti(ETICHETTA, riga, segni.angolo);
-    for (int i = ETICHETTA + 1; i < d.colonne_pannelli; ++i)
-        foglio.metti(i, riga, segni.orizzontale);
-    const std::string fine = etichetta(grafico.fine());
-    const int spazio = d.colonne_pannelli - ETICHETTA - 1;
-    foglio.scrivi(ETICHETTA + 1, riga + 1, etichetta(grafico.inizio()));
-    foglio.scrivi(ETICHETTA + 1 + (spazio - static_cast<int>(grafico.asse.size())) / 2, riga + 1, grafico.asse);
-    foglio.scrivi(d.colonne_pannelli - static_cast<int>(fine.size()), riga + 1, fine);
-}
-
-void disegnaTraccia(const Traccia& traccia, const Disposizione& d, bool utf8, Foglio& foglio) {
-    double ovest = 0;
-    double est = 0;
-    double sud = 0;
-    double nord = 0;
-    for (const PuntoTraccia& punto : traccia.punti()) {  // the first of them is the origin
-        ovest = std::min(ovest, punto.est);
-        est = std::max(est, punto.est);
-        sud = std::min(sud, punto.nord);
-        nord = std::max(nord, punto.nord);
-    }
-    Raster raster(d.colonne - d.colonna_traccia, d.righe - 2, utf8);
-    // One scale for both axes: a metre is as long to the east as to the north.
-    const double scala = std::min((raster.larghezza() - 1) / std::max(1.0, est - ovest),
-                                  (raster.altezza() - 1) / std::max(1.0, nord - sud));
-    const auto x = [&](const PuntoTraccia& punto) {
-        return static_cast<int>(std::lround((punto.est - ovest) * scala));
-    };
-    const auto y = [&](const PuntoTraccia& punto) {
-        return raster.altezza() - 1 - static_cast<int>(std::lround((nord - punto.nord) * scala));
-    };
-    const PuntoTraccia* prima = nullptr;
-    for (const PuntoTraccia& punto : traccia.punti()) {
-        if (punto.presente) {
-            const PuntoTraccia& da = prima != nullptr ? *prima : punto;
-            raster.linea(x(da), y(da), x(punto), y(punto));
-        }
-        prima = punto.presente ? &punto : nullptr;
-    }
-    foglio.scrivi(d.colonna_traccia, 1,
-                  "Track, " + etichetta(std::round(est - ovest)) + " x " + etichetta(std::round(nord - sud)) + " m");
-    raster.stampa(foglio, d.colonna_traccia, 2);
-}
 
 }  // namespace
 
@@ -173,25 +220,13 @@ Terminale terminaleDi(std::FILE* file) {
     winsize misure{};
     if (::ioctl(::fileno(file), TIOCGWINSZ, &misure) == 0 && misure.ws_col > 0 && misure.ws_row > 1) {
         terminale.colonne = misure.ws_col;
-        terminale.righe = misure.ws_row - 1;  // one is left for the next prompt
+        terminale.righe = misure.ws_row;
     }
     return terminale;
 }
 
-std::string disegnoTerminale(const Grafico& grafico, const Terminale& terminale) {
-    const Disposizione d(grafico, terminale);
-    Foglio foglio(d.colonne, d.righe);
-    foglio.scrivi(0, 0, grafico.titolo);
-    int riga = 1;
-    for (const Pannello& pannello : grafico.pannelli) {
-        disegna(pannello, grafico, d, riga, terminale.utf8, foglio);
-        riga += d.righe_pannello + 1;
-    }
-    if (!grafico.pannelli.empty())
-        asse(grafico, d, riga, terminale.utf8, foglio);
-    if (!grafico.traccia.vuota())
-        disegnaTraccia(grafico.traccia, d, terminale.utf8, foglio);
-    return foglio.testo();
+DisegnoTerminale disegnoTerminale(const Grafico& grafico, const Terminale& terminale) {
+    return Disegno(grafico, terminale).tutto();
 }
 
 }  // namespace kel::strumento

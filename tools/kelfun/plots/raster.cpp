@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "text/larghezza.h"
+#include "text/mostrabile.h"
+
 namespace kel::strumento {
 
 namespace {
@@ -31,9 +34,16 @@ std::size_t Foglio::posto(int colonna, int riga) const {
     return static_cast<std::size_t>(riga) * static_cast<std::size_t>(colonne_) + static_cast<std::size_t>(colonna);
 }
 
-void Foglio::scrivi(int colonna, int riga, std::string_view testo) {
-    for (const char c : testo)
-        metti(colonna++, riga, c >= ' ' && c <= '~' ? std::string_view(&c, 1) : "?");
+void Foglio::scrivi(int colonna, int riga, std::string_view testo, bool utf8) {
+    for (const Glifo& glifo : glifi(mostrabile(testo))) {
+        const bool entra = colonna >= 0 && colonna + glifo.colonne <= colonne_;
+        if (entra)
+            metti(colonna, riga, utf8 || glifo.byte.size() == 1 ? glifo.byte : "?");
+        // What a wide character covers is nothing of its own.
+        if (entra && glifo.colonne == 2)
+            metti(colonna + 1, riga, utf8 ? "" : " ");
+        colonna += glifo.colonne;
+    }
 }
 
 void Foglio::metti(int colonna, int riga, std::string_view carattere) {
@@ -110,10 +120,11 @@ std::string Raster::carattere(int colonna, int riga) const {
     return bit == 0 ? " " : utf8(BRAILLE_BASE + bit);
 }
 
-void Raster::stampa(Foglio& foglio, int colonna, int riga) const {
+void Raster::stampa(Foglio& foglio, int colonna, int riga, std::string_view segno) const {
     for (int y = 0; y < altezza_ / (braille_ ? BRAILLE_Y : ASCII_Y); ++y)
         for (int x = 0; x < larghezza_ / (braille_ ? BRAILLE_X : 1); ++x)
-            foglio.metti(colonna + x, riga + y, carattere(x, y));
+            if (const std::string uno = carattere(x, y); uno != " ")
+                foglio.metti(colonna + x, riga + y, segno.empty() ? uno : segno);
 }
 
 }  // namespace kel::strumento

@@ -14,9 +14,9 @@ class Foglio {
 public:
     Foglio(int colonne, int righe);
 
-    /// Text of printable ASCII, one character a cell; what does not fit is cut off.
-    void scrivi(int colonna, int riga, std::string_view testo);
-    /// One character of any encoding.
+    /// Text in UTF-8, or of its ASCII with question marks for the rest; what does not fit is cut off.
+    void scrivi(int colonna, int riga, std::string_view testo, bool utf8);
+    /// One character of any encoding, a column wide.
     void metti(int colonna, int riga, std::string_view carattere);
 
     /// Lines without blanks at their ends.
@@ -42,7 +42,8 @@ public:
     void linea(int x0, int y0, int x1, int y1);
 
     /// Puts the characters that have dots on a sheet.
-    void stampa(Foglio& foglio, int colonna, int riga) const;
+    /// @param segno  what stands for every such character; "" for one that shows the dots.
+    void stampa(Foglio& foglio, int colonna, int riga, std::string_view segno = "") const;
 
 private:
     std::size_t posto(int x, int y) const;

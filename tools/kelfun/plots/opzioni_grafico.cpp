@@ -1,0 +1,78 @@
+#include "plots/opzioni_grafico.h"
+
+#include "cli/forma.h"
+#include "text/durata.h"
+#include "text/errori.h"
+#include "text/numeri.h"
+
+namespace kel::strumento {
+
+namespace {
+
+constexpr int MISURA_MASSIMA = 10000;
+
+std::optional<double> secondi(const char* nome, const std::optional<std::string>& testo) {
+    if (!testo)
+        return std::nullopt;
+    const auto letti = leggiDurata(*testo);
+    if (!letti)
+        throw ErroreUso(std::string(nome) + " '" + *testo + "' is no time; accepted: m:ss, h:mm:ss, or seconds");
+    return letti;
+}
+
+}  // namespace
+
+Opzione aggiungiGrafico(Comando& comando, SceltaGrafico& scelta) {
+    Opzione file = comando
+                       .opzione("--plot", scelta.file,
+                                "Draw a plot, no table: FILE.svg, FILE.png or FILE.pdf by gnuplot, - in the terminal")
+                       .valore("FILE");
+    escludiForma(comando, file);
+    comando.opzione("--size", scelta.misura, "Size of the plot: dots of a picture, characters of a terminal")
+        .valore("WxH");
+    return file;
+}
+
+void aggiungiTratto(Comando& comando, SceltaGrafico& scelta) {
+    comando.opzione("--from", scelta.da, "Draw from this time on: m:ss or seconds").valore("TIME");
+    comando.opzione("--to", scelta.a, "Draw up to this time: m:ss or seconds").valore("TIME");
+    comando.opzione("--x", scelta.ascissa, "Draw over time (default) or distance, made of the speed")
+        .valore("{time,distance}");
+}
+
+Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
+    if (!scelta.file)
+        for (const auto& [nome, valore] : {std::pair("--size", &scelta.misura),
+                                           {"--from", &scelta.da},
+                                           {"--to", &scelta.a},
+                                           {"--x", &scelta.ascissa}})
+            if (*valore)
+                throw ErroreUso(std::string(nome) + " is for a plot; accepted: --plot FILE with it");
+    Tratto tratto;
+    tratto.ascissa = con_tempo ? Ascissa::tempo : Ascissa::numero;
+    if (scelta.ascissa == "distance")
+        tratto.ascissa = Ascissa::distanza;
+    else if (scelta.ascissa && scelta.ascissa != "time")
+        throw ErroreUso("there is no --x '" + *scelta.ascissa + "'; accepted: time, distance");
+    tratto.da = secondi("--from", scelta.da);
+    tratto.a = secondi("--to", scelta.a);
+    if (!con_tempo && (tratto.da || tratto.a || scelta.ascissa))
+        throw ErroreUso(
+            "--from, --to and --x take times, and these records have none; accepted: --time or --rate with them");
+    if (tratto.da && tratto.a && *tratto.a <= *tratto.da)
+        throw ErroreUso("--to '" + *scelta.a + "' is not behind --from '" + *scelta.da + "'");
+    return tratto;
+}
+
+std::optional<Misura> leggiMisura(const std::string& testo) {
+    const std::size_t per = testo.find('x');
+    if (per == std::string::npos)
+        return std::nullopt;
+    const auto larghezza = leggiIntero(testo.substr(0, per), 1, MISURA_MASSIMA);
+    const auto altezza = leggiIntero(testo.substr(per + 1), 1, MISURA_MASSIMA);
+    if (!larghezza || !altezza)
+        return std::nullopt;
+    return Misura{static_cast<int>(*larghezza), static_cast<int>(*altezza)};
+}
+
+}  // namespace kel::strumento
