@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <numbers>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "captures/wgs84.h"
+#include "laps/andamento.h"
 #include "laps/linea.h"
 #include "laps/ricerca_linea.h"
 
@@ -308,6 +310,53 @@ TEST(Sectors, AddUpToTheLapWhateverTheirOrder) {
     EXPECT_TRUE(tutti[1].settori[0]);
     EXPECT_FALSE(tutti[1].settori[1]);
     EXPECT_FALSE(tutti[1].settori[2]);
+}
+
+TEST(LapsOverDistance, LoseOverTheirWholeWayWhatTheyLoseInTime) {
+    const auto giri_lenti = [](int n) { return n == 1 ? 33.0 : 30.0; };
+    const Guida guida(Ricevitore{10}.guarda(cerchio(giri_lenti), -7, 100));
+    auto tutti = giri(guida, passaggi(guida, TRAGUARDO, MINIMO));
+    misura(tutti, guida);
+    ASSERT_EQ(stati(tutti), "0 out, 1, 2, 3, 4 in");
+    const double lunghezza = *tutti[1].metri;
+    const auto primo = andamento(tutti[1], guida, lunghezza);
+    const auto lento = andamento(tutti[2], guida, lunghezza);
+    for (const auto* punti : {&primo, &lento}) {
+        EXPECT_EQ(punti->front().metri, 0);
+        EXPECT_NEAR(punti->back().metri, lunghezza, 1e-6);
+        EXPECT_TRUE(std::is_sorted(punti->begin(), punti->end(),
+                                   [](const PuntoGiro& a, const PuntoGiro& b) { return a.metri < b.metri; }));
+    }
+    // A tenth slower everywhere: at each place a tenth of the time has been lost.
+    for (double m = 20; m < lunghezza; m += 20) {
+        const auto suo = tempoA(primo, m);
+        const auto altro = tempoA(lento, m);
+        ASSERT_TRUE(suo && altro) << m;
+        EXPECT_NEAR(*altro - *suo, 0.1 * *suo, 0.02) << m;
+    }
+    EXPECT_NEAR(*tempoA(lento, lunghezza) - *tempoA(primo, lunghezza), 3, 0.002);
+    EXPECT_FALSE(tempoA(primo, -1));
+    EXPECT_FALSE(tempoA(primo, lunghezza + 1));
+    EXPECT_TRUE(andamento(tutti[0], guida, lunghezza).empty()) << "what is driven out is no lap";
+}
+
+TEST(LapsOverDistance, WithoutAFixForAWhileAreRightOnBothSidesOfIt) {
+    Ricevitore ricevitore;
+    ricevitore.ricezione = [](double t) { return t < 40 || t > 46; };
+    const Guida guida(ricevitore.guarda(cerchio([](int) { return 30.0; }), -7, 100));
+    auto tutti = giri(guida, passaggi(guida, TRAGUARDO, MINIMO));
+    misura(tutti, guida);
+    ASSERT_EQ(stati(tutti), "0 out, 1, 2 no fix, 3, 4 in");
+    const auto intero = andamento(tutti[1], guida, *tutti[1].metri);
+    const auto bucato = andamento(tutti[2], guida, *tutti[1].metri);
+    int mancanti = 0;
+    for (double m = 20; m < *tutti[1].metri; m += 20) {
+        const auto altro = tempoA(bucato, m);
+        mancanti += altro ? 0 : 1;
+        EXPECT_NEAR(altro.value_or(*tempoA(intero, m)) - *tempoA(intero, m), 0, 0.05) << m;
+    }
+    EXPECT_GE(mancanti, 3);
+    EXPECT_LE(mancanti, 10);
 }
 
 TEST(FinishLine, IsFoundWhereTheTrackPassesMostOftenAtSpeed) {

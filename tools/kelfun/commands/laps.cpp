@@ -1,23 +1,22 @@
 // kelfun laps: the laps of a recording or a capture.
 #include <algorithm>
-#include <cmath>
+#include <limits>
 #include <memory>
 #include <optional>
 
 #include "captures/file_campioni.h"
-#include "captures/file_canali.h"
-#include "captures/lettore_soluzioni.h"
+#include "captures/vista_gps.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
 #include "domain/fid_gps.h"
 #include "domain/identificatore.h"
-#include "io/ingresso.h"
 #include "laps/giri.h"
+#include "laps/lettura_giri.h"
 #include "laps/linea.h"
-#include "laps/raccolta.h"
-#include "laps/ricerca_linea.h"
 #include "laps/tabella_giri.h"
+#include "plots/destinazione_grafico.h"
+#include "plots/grafico_giri.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -34,30 +33,23 @@ struct Argomenti {
     std::string udm;
     SceltaTempo tempo;
     bool compatta = false;
+    std::vector<std::string> giri;  // to be drawn
+    SceltaGrafico grafico;
     SceltaForma forma;
 };
 
-void di(const std::string& testo) {
-    std::fprintf(stderr, "kelfun laps: %s\n", testo.c_str());
-}
-
-/// Laps and the fixes that they were driven with.
-struct Lettura {
-    Guida guida{{}};
-    std::vector<Giro> giri;
-    double origine = 0;  // of the times that are shown, s
-};
-
-struct Scelte {
-    std::optional<Linea> linea;
+struct Scelte : ScelteGiri {
     std::vector<std::string> intermedi;
-    double minimo = 0;
-    std::string udm;
-    double fattore = 1;  // from m/s
 };
 
 Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
     Scelte scelte;
+    if (argomenti.fonte == "packets")
+        scelte.fonte = FonteGiri::registratore;
+    else if (argomenti.fonte == "gps")
+        scelte.fonte = FonteGiri::gps;
+    else if (argomenti.fonte != "auto")
+        throw ErroreUso("there is no --from '" + argomenti.fonte + "'; accepted: auto, packets, gps");
     if (!argomenti.linea.empty()) {
         scelte.linea = leggiLinea(argomenti.linea);
         if (!scelte.linea)
@@ -78,114 +70,6 @@ Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
     scelte.udm = leggiUdm(catalogo, GPS_VELOCITA, argomenti.udm);
     scelte.fattore = daMetriAlSecondo(catalogo, scelte.udm);
     return scelte;
-}
-
-std::string intera(double valore) {
-    return conDecimali(valore, 0);
-}
-
-// Why a line closes no lap.
-std::string maiChiuso(const Passaggi& passati, const Linea& linea) {
-    const std::string quanto = passati.avanti.empty()       ? "never passes"
-                               : passati.avanti.size() == 1 ? "passes once, not twice,"
-                                                            : "passes no more than once a session";
-    std::string testo_linea = "the track " + quanto + " the line " + testo(linea);
-    if (!passati.indietro.empty())
-        testo_linea += "; the other way it does, " + std::to_string(passati.indietro.size()) +
-                       " times: the heading is the third number";
-    return testo_linea;
-}
-
-// The laps of fixes; what is missing for them is an error.
-Lettura giriGps(std::vector<Fix> fix, double origine, const Scelte& scelte) {
-    Lettura lettura{Guida(std::move(fix)), {}, origine};
-    const Guida& guida = lettura.guida;
-    if (guida.validi().empty())
-        throw NonTrovato("no lap is closed: none of the " + std::to_string(guida.fix().size()) +
-                         " solutions has a fix in space");
-    std::optional<Linea> linea = scelte.linea;
-    std::string trovata;
-    if (!linea) {
-        const auto cercata = cercaLinea(guida, scelte.minimo);
-        if (!cercata)
-            throw NonTrovato("no lap is closed: no place is passed twice in the same direction at speed");
-        linea = cercata->linea;
-        trovata = "; finish line found, passed " + std::to_string(cercata->volte) + " times at " +
-                  intera(cercata->velocita * scelte.fattore) + " " + scelte.udm + " on average: --line " +
-                  testo(*linea);
-    }
-    const Passaggi passati = passaggi(guida, *linea, scelte.minimo);
-    lettura.giri = giri(guida, passati);
-    if (std::none_of(lettura.giri.begin(), lettura.giri.end(), [](const Giro& giro) { return giro.chiuso(); }))
-        throw NonTrovato("no lap is closed: " + maiChiuso(passati, *linea));
-    di("laps from GPS" + trovata);
-    if (passati.scartati != 0)
-        di(std::to_string(passati.scartati) + " passages of the line less than " + intera(scelte.minimo) +
-           " s after another are left out (--min-lap)");
-    return lettura;
-}
-
-Lettura leggiCattura(const std::string& file, const Scelte& scelte) {
-    Ingresso ingresso(file);
-    ingresso.mostraAvanzamento(false);
-    LettoreSoluzioni lettore(
-        [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
-    OrologioGps orologio;
-    std::vector<Fix> fix;
-    while (lettore.prossima())
-        fix.push_back(orologio.fix(lettore.soluzione()));
-    if (fix.empty()) {
-        const std::string messaggi = elencoMessaggi(lettore.conteggi());
-        throw NonTrovato("there is no NAV-SOL and no NAV-PVT message in it" +
-                         (messaggi.empty() ? "" : "; messages by class and id: " + messaggi));
-    }
-    const double origine = fix.front().tempo;
-    return giriGps(std::move(fix), origine, scelte);
-}
-
-// The laps that the logger has timed; none where it has timed none.
-std::optional<Lettura> giriRegistrati(RaccoltaRecord& raccolta, bool richiesti) {
-    if (raccolta.canaleGiri().empty()) {
-        if (richiesti)
-            throw NonTrovato("there are no lap packets and no lap channels in the recording");
-        return std::nullopt;
-    }
-    Lettura lettura{Guida(raccolta.fixDeiRecord()), {}, 0};
-    lettura.giri = raccolta.giriDelRegistratore(lettura.guida);
-    if (lettura.giri.empty()) {
-        if (richiesti || !raccolta.haGps())
-            throw NonTrovato("no lap is closed: there is none in " + raccolta.canaleGiri());
-        di("there is no lap in " + raccolta.canaleGiri());
-        return std::nullopt;
-    }
-    di("laps from " + raccolta.canaleGiri() +
-       (raccolta.soloNumeri() ? ", which has no times: they are exact to a record" : ""));
-    return lettura;
-}
-
-Lettura leggiRegistrazione(const Argomenti& argomenti, const IFunzioni& catalogo, const Scelte& scelte) {
-    if (argomenti.file[0] == "-" && argomenti.file[1] == "-")
-        throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
-    TempoRecord tempo(argomenti.tempo);
-    const std::vector<s_kel_canale> canali =
-        leggiFileCanali(argomenti.file[0], argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
-    FileCampioni campioni("laps", argomenti.file[1], dimensioneRecord(canali), tempo);
-    campioni.ingresso().mostraAvanzamento(false);
-    RaccoltaRecord raccolta(catalogo, canali);
-    while (campioni.lettore().prossimo())
-        raccolta.aggiungi(tempo.noto() ? std::optional(tempo.secondi(campioni.lettore())) : std::nullopt,
-                          campioni.lettore().campioni());
-    campioni.verificaFine();
-
-    const bool linea = scelte.linea.has_value();  // nobody gives a line to be told what the logger has timed
-    if (argomenti.fonte == "packets" || (argomenti.fonte == "auto" && !linea))
-        if (auto lettura = giriRegistrati(raccolta, argomenti.fonte == "packets"))
-            return std::move(*lettura);
-    if (!raccolta.haGps())
-        throw NonTrovato(argomenti.fonte == "gps" || linea
-                             ? "there is no GPS packet in the recording"
-                             : "there are no lap packets, no lap channels and no GPS packet in the recording");
-    return giriGps(raccolta.fixDelRicevitore(), raccolta.inizioDelRicevitore(), scelte);
 }
 
 bool passataInUnGiro(const Lettura& lettura, const Linea& linea) {
@@ -210,33 +94,90 @@ std::vector<Linea> lineeIntermedie(const Lettura& lettura, const Scelte& scelte)
         if (const auto linea = leggiLinea(uno)) {
             linee.push_back(*linea);
             if (!passataInUnGiro(lettura, *linea))
-                di("no lap passes --split " + testo(*linea));
+                dillo("no lap passes --split " + testo(*linea));
             continue;
         }
         const auto linea = lineaADistanza(*campione, lettura.guida, static_cast<double>(*leggiFloat(uno)));
         if (!linea)
             throw NonTrovato("--split " + uno + " is nowhere: lap " + std::to_string(campione->numero) + " has " +
-                             intera(campione->metri.value_or(0)) + " m");
-        di("--split " + uno + " is --split " + testo(*linea));
+                             conDecimali(campione->metri.value_or(0), 0) + " m");
+        dillo("--split " + uno + " is --split " + testo(*linea));
         linee.push_back(*linea);
     }
     return linee;
+}
+
+const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
+    const auto numero = leggiIntero(testo, 0, std::numeric_limits<int>::max());
+    if (!numero)
+        throw ErroreUso("--lap '" + testo + "' is no lap; accepted: its number");
+    std::string chiusi;
+    for (const Giro& giro : lettura.giri) {
+        if (giro.chiuso() && giro.numero == *numero)
+            return &giro;
+        if (giro.chiuso())
+            chiusi += (chiusi.empty() ? "" : ", ") + std::to_string(giro.numero);
+    }
+    throw NonTrovato("there is no closed lap " + testo + "; closed are " + chiusi);
+}
+
+// Those asked for, or the best lap and the last one of those that count.
+std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
+    std::vector<const Giro*> scelti;
+    for (const std::string& uno : chiesti)
+        scelti.push_back(giroNumero(lettura, uno));
+    if (!scelti.empty())
+        return scelti;
+    const Giro* primo = migliore(lettura.giri);
+    const Giro* ultimo = nullptr;
+    for (const Giro& giro : lettura.giri)
+        if (giro.chiuso() && (primo == nullptr || giro.stato == StatoGiro::buono))
+            ultimo = &giro;
+    if (primo != nullptr && primo != ultimo)
+        scelti.push_back(primo);
+    scelti.push_back(ultimo);
+    return scelti;
+}
+
+void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Lettura& lettura,
+             const Scelte& scelte) {
+    const std::vector<const Giro*> scelti = daDisegnare(lettura, argomenti.giri);
+    const Giro* riferimento = migliore(lettura.giri);
+    if (riferimento == nullptr)
+        riferimento = scelti.front();
+    if (std::none_of(scelti.begin(), scelti.end(), [](const Giro* giro) { return giro->metri.value_or(0) > 0; }) ||
+        riferimento->metri.value_or(0) <= 0)
+        throw NonTrovato("laps are drawn over their distance, and there is no speed in the recording to tell it");
+    Grafico grafico =
+        graficoGiri(lettura.guida, scelti, *riferimento, scelte.udm, scelte.fattore, argomenti.grafico.file != "-");
+    grafico.titolo = titoloGrafico(argomenti.file.back());
+    destinazione.disegna(grafico, {}, !argomenti.giri.empty());
 }
 
 void esegui(const Argomenti& argomenti) {
     if (argomenti.file.size() > 2)
         throw ErroreUso(std::to_string(argomenti.file.size()) +
                         " files are too many; accepted: a capture, or CHANNELS and SAMPLES");
-    if (argomenti.fonte != "auto" && argomenti.fonte != "gps" && argomenti.fonte != "packets")
-        throw ErroreUso("there is no --from '" + argomenti.fonte + "'; accepted: auto, packets, gps");
+    if (!argomenti.giri.empty() && !argomenti.grafico.file)
+        throw ErroreUso("--lap is for a plot, a table has all laps; accepted: --plot FILE with it");
+    std::optional<DestinazioneGrafico> destinazione;
+    if (argomenti.grafico.file)
+        destinazione.emplace(argomenti.grafico);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const Scelte scelte = leggiScelte(argomenti, *catalogo);
     const bool cattura = argomenti.file.size() == 1;
     if (cattura && argomenti.fonte == "packets")
         throw ErroreUso("--from packets takes a recording; accepted: CHANNELS and SAMPLES");
-    Lettura lettura =
-        cattura ? leggiCattura(argomenti.file[0], scelte) : leggiRegistrazione(argomenti, *catalogo, scelte);
+    if (!cattura && argomenti.file[0] == "-" && argomenti.file[1] == "-")
+        throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
+    Lettura lettura = cattura
+                          ? leggiCattura(argomenti.file[0], scelte)
+                          : leggiRegistrazione(argomenti.file[0], argomenti.file[1],
+                                               argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata,
+                                               argomenti.tempo, *catalogo, scelte);
     misura(lettura.giri, lettura.guida);
+    if (destinazione)
+        return disegna(*destinazione, argomenti, lettura, scelte);
     const std::vector<Linea> intermedi = lineeIntermedie(lettura, scelte);
     dividi(lettura.giri, lettura.guida, intermedi);
 
@@ -280,6 +221,12 @@ void aggiungiLaps(CLI::App& programma) {
     comando.bandiera("--packed", argomenti->compatta,
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
     aggiungiForma(comando, argomenti->forma);
+    aggiungiGrafico(comando, argomenti->grafico);
+    comando
+        .opzione("--lap", argomenti->giri,
+                 "Draw this lap; may be repeated. Without it: the best lap and the last that counts")
+        .valore("NUMBER")
+        .ripetibile();
     comando.note(esempi(
         "Without --line the finish line is where the track passes most often at speed; it is printed as --line takes "
         "it.\n"

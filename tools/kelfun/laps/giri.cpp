@@ -120,6 +120,11 @@ std::vector<Giro> giri(const Guida& guida, const Passaggi& passaggi) {
     return tutti;
 }
 
+std::pair<std::size_t, std::size_t> fixDelGiro(const Giro& giro, const Guida& guida) {
+    const Intervallo t = tratto(giro, guida);
+    return {t.da, t.a};
+}
+
 void misura(std::span<Giro> giri, const Guida& guida) {
     for (Giro& giro : giri) {
         if (!giro.inizio || !giro.fine)

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "laps/guida.h"
@@ -43,6 +44,9 @@ struct Giro {
 /// Between each passage and the next a lap; before the first and behind the last of each session what was driven out and
 /// in. They are numbered in their order, the first closed one 1.
 std::vector<Giro> giri(const Guida& guida, const Passaggi& passaggi);
+
+/// The fixes of a lap whose times are known: the first, and the first behind it.
+std::pair<std::size_t, std::size_t> fixDelGiro(const Giro& giro, const Guida& guida);
 
 /// Speeds, way and fixes of laps whose times are known.
 void misura(std::span<Giro> giri, const Guida& guida);
