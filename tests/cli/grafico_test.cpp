@@ -1,86 +1,25 @@
-// What is kept of many values to be drawn, and how dots and characters come of it.
+// How a plot becomes dots and characters, and where records stand on its axis.
 #include "plots/grafico.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "plots/grafico_terminale.h"
+#include "plots/percorso.h"
 #include "plots/raster.h"
+#include "plots/tacche.h"
+#include "text/durata.h"
+#include "text/errori.h"
+#include "text/larghezza.h"
+#include "text/parole.h"
 
 namespace {
 
 using namespace kel::strumento;
-
-TEST(PlotSeries, KeepsEveryPeakOfAMillionValuesInFewPoints) {
-    Serie serie;
-    for (int i = 0; i < 1000000; ++i)
-        serie.aggiungi(i, i == 123457 ? 1000.0 : i == 765433 ? -1000.0 : i % 10);
-    EXPECT_LE(serie.punti().size(), 16384u);
-    EXPECT_GE(serie.punti().size(), 2048u) << "too few to look like a line";
-    EXPECT_EQ(serie.massimo(), 1000.0);
-    EXPECT_EQ(serie.minimo(), -1000.0);
-    const auto trova = [&serie](double valore) {
-        return std::find_if(serie.punti().begin(), serie.punti().end(),
-                            [valore](const Punto& punto) { return punto.presente && punto.valore == valore; });
-    };
-    ASSERT_NE(trova(1000.0), serie.punti().end()) << "the peak is lost";
-    EXPECT_EQ(trova(1000.0)->tempo, 123457.0);
-    ASSERT_NE(trova(-1000.0), serie.punti().end()) << "the dip is lost";
-    EXPECT_EQ(trova(-1000.0)->tempo, 765433.0);
-    EXPECT_TRUE(std::is_sorted(serie.punti().begin(), serie.punti().end(), [](const Punto& a, const Punto& b) {
-        return a.tempo < b.tempo;
-    })) << "the line runs back in time";
-}
-
-TEST(PlotSeries, StaysBoundedWhereEverySecondValueIsMissing) {
-    Serie serie;
-    for (int i = 0; i < 200000; ++i)
-        serie.aggiungi(i, i % 2 == 0 ? std::optional<double>(i) : std::nullopt);
-    EXPECT_LE(serie.punti().size(), 16384u);
-    EXPECT_TRUE(std::any_of(serie.punti().begin(), serie.punti().end(), [](const Punto& p) { return !p.presente; }));
-}
-
-TEST(PlotSeries, ABreakOfAnyLengthIsOnePointAndNoneComesFirst) {
-    Serie serie;
-    for (const double valore : {-1.0, std::numeric_limits<double>::quiet_NaN()})
-        serie.aggiungi(0, valore < 0 ? std::nullopt : std::optional(valore));
-    EXPECT_TRUE(serie.punti().empty());
-    EXPECT_TRUE(serie.vuota());
-    serie.aggiungi(1, 5);
-    for (int i = 2; i < 10; ++i)
-        serie.aggiungi(i, std::nullopt);
-    serie.aggiungi(10, 5);
-    EXPECT_EQ(serie.punti().size(), 3u);
-    EXPECT_FALSE(serie.vuota());
-    EXPECT_EQ(serie.minimo(), 5.0);
-    EXPECT_EQ(serie.massimo(), 5.0);
-}
-
-TEST(PlotTrack, IsInMetresFromItsFirstPoint) {
-    Traccia traccia;
-    traccia.aggiungi(10, 60, 0);
-    traccia.aggiungi(10.001, 60.001, 0);
-    ASSERT_EQ(traccia.punti().size(), 2u);
-    EXPECT_NEAR(traccia.punti()[1].nord, 111.195, 1e-6);
-    EXPECT_NEAR(traccia.punti()[1].est, 111.195 / 2, 1e-6) << "at 60 degrees a degree of longitude is half as long";
-}
-
-TEST(PlotTrack, StaysBoundedAndKeepsItsBreaks) {
-    Traccia traccia;
-    for (int i = 0; i < 300000; ++i) {
-        if (i % 100000 == 50000)
-            traccia.interrompi();
-        traccia.aggiungi(10 + i * 1e-6, 44, 0);
-    }
-    EXPECT_LE(traccia.punti().size(), 16384u);
-    EXPECT_EQ(std::count_if(traccia.punti().begin(), traccia.punti().end(),
-                            [](const PuntoTraccia& punto) { return !punto.presente; }),
-              3);
-    EXPECT_EQ(traccia.punti().front().est, 0.0);
-}
 
 TEST(PlotRaster, BrailleBitsStandWhereTheirDotsAre) {
     Raster raster(1, 1, true);
@@ -111,52 +50,242 @@ TEST(PlotRaster, DrawsOnlyWhatLiesOnIt) {
 
 Grafico conPannelli(std::size_t quanti) {
     Grafico grafico;
-    grafico.asse = "time, s";
     for (std::size_t i = 0; i < quanti; ++i) {
-        grafico.pannelli.push_back({"Series " + std::to_string(i), "V", {}});
-        grafico.pannelli.back().serie.aggiungi(0, 1);
-        grafico.pannelli.back().serie.aggiungi(1, 2);
+        grafico.pannelli.push_back(pannelloSingolo("Series " + std::to_string(i), "V"));
+        grafico.pannelli.back().curve.front().serie.aggiungi(0, 1);
+        grafico.pannelli.back().curve.front().serie.aggiungi(100, 2);
     }
     return grafico;
 }
 
-std::pair<std::size_t, std::size_t> misure(const std::string& testo) {
-    std::size_t larghezza = 0;
-    std::size_t righe = 0;
-    for (std::size_t da = 0; da < testo.size(); ++righe) {
-        const std::size_t a = testo.find('\n', da);
-        larghezza = std::max(larghezza, a - da);
-        da = a + 1;
-    }
-    return {larghezza, righe};
+std::vector<std::string> righe(const std::string& testo) {
+    return dividi(std::string_view(testo).substr(0, testo.size() - 1), '\n');
+}
+
+int larghezza(const std::string& testo) {
+    int massima = 0;
+    for (const std::string& riga : righe(testo))
+        massima = std::max(massima, larghezzaTesto(riga));
+    return massima;
+}
+
+Terminale terminale(int colonne, int alto, bool utf8 = false, bool cresce = false) {
+    return {colonne, alto, utf8, cresce};
 }
 
 TEST(PlotTerminal, FillsTheTerminal) {
-    for (const auto& [colonne, righe] : {std::pair{80, 20}, std::pair{120, 50}, std::pair{200, 23}}) {
-        const auto [larghezza, altezza] = misure(disegnoTerminale(conPannelli(1), {colonne, righe, false}));
-        EXPECT_EQ(larghezza, static_cast<std::size_t>(colonne));
-        EXPECT_EQ(altezza, static_cast<std::size_t>(righe));
+    for (const auto& [colonne, alto] : {std::pair{80, 20}, std::pair{120, 50}, std::pair{200, 23}, std::pair{20, 10}}) {
+        const std::string testo = disegnoTerminale(conPannelli(1), terminale(colonne, alto)).testo;
+        EXPECT_EQ(larghezza(testo), colonne);
+        EXPECT_EQ(righe(testo).size(), static_cast<std::size_t>(alto));
     }
 }
 
-TEST(PlotTerminal, GrowsDownwardsWhereThereAreMorePanelsThanFit) {
-    const std::string testo = disegnoTerminale(conPannelli(30), {80, 20, false});
-    EXPECT_EQ(misure(testo).second, 1u + 30 * 4 + 2) << "three lines and a name each, a title and the axis";
-    EXPECT_NE(testo.find("Series 29"), std::string::npos);
+TEST(PlotTerminal, SaysWhichPanelsHaveNoRoom) {
+    const DisegnoTerminale disegno = disegnoTerminale(conPannelli(9), terminale(80, 20));
+    EXPECT_EQ(righe(disegno.testo).size(), 20u);
+    ASSERT_EQ(disegno.note.size(), 1u);
+    EXPECT_EQ(disegno.note[0].nomi, (std::vector<std::string>{"Series 6", "Series 7", "Series 8"}));
+    EXPECT_NE(disegno.testo.find("Series 5"), std::string::npos);
+    EXPECT_EQ(disegno.testo.find("Series 6"), std::string::npos);
+}
+
+TEST(PlotTerminal, GrowsDownwardsWhereEveryPanelWasAskedFor) {
+    const DisegnoTerminale disegno = disegnoTerminale(conPannelli(30), terminale(80, 20, false, true));
+    EXPECT_EQ(righe(disegno.testo).size(), 30u * 4 + 2) << "three lines and a name each, and the axis";
+    EXPECT_NE(disegno.testo.find("Series 29"), std::string::npos);
+    EXPECT_TRUE(disegno.note.empty());
+}
+
+// Words in their order, without the curves between them.
+std::string parole(const std::string& testo) {
+    std::string tutte;
+    for (const char c : testo)
+        if (c != ' ' && c != '\n')
+            tutte += c;
+    return tutte;
+}
+
+TEST(PlotTerminal, CutsNoTextWhateverItsSize) {
+    const std::string nome = "Temp\u00e9rature des freins \u3072\u304b avant gauche";
+    for (int colonne = 16; colonne < 90; ++colonne)
+        for (const int alto : {5, 10, 24, 50})
+            for (const bool utf8 : {false, true}) {
+                SCOPED_TRACE(std::to_string(colonne) + " by " + std::to_string(alto));
+                Grafico grafico = conPannelli(3);
+                grafico.titolo = "una sessione di prova molto lunga.samples";
+                grafico.pannelli[0].nome = nome;
+                grafico.traccia.aggiungi(10, 44, 0);
+                grafico.traccia.aggiungi(10.01, 44, 0);
+                grafico.giri = {{0, "1"}, {50, "2"}};
+                const DisegnoTerminale disegno = disegnoTerminale(grafico, terminale(colonne, alto, utf8));
+                ASSERT_LE(larghezza(disegno.testo), colonne);
+                const std::string pagina = parole(disegno.testo);
+                ASSERT_NE(pagina.find(parole(grafico.titolo)), std::string::npos) << disegno.testo;
+                if (colonne < 60) {  // no track beside the name
+                    const std::string atteso = utf8 ? parole(nome) + "V" : "Temp?raturedesfreins??avantgaucheV";
+                    ASSERT_NE(pagina.find(atteso), std::string::npos) << disegno.testo;
+                    ASSERT_TRUE(std::any_of(disegno.note.begin(), disegno.note.end(), [](const Nota& nota) {
+                        return nota.prima.find("track") != std::string::npos;
+                    }));
+                }
+                for (const Pannello& pannello : grafico.pannelli) {
+                    const bool mostrato =
+                        pannello.nome == nome || pagina.find(parole(pannello.nome)) != std::string::npos;
+                    const bool detto = std::any_of(disegno.note.begin(), disegno.note.end(), [&](const Nota& nota) {
+                        return std::find(nota.nomi.begin(), nota.nomi.end(), pannello.nome) != nota.nomi.end();
+                    });
+                    ASSERT_NE(mostrato, detto) << pannello.nome;
+                }
+            }
 }
 
 TEST(PlotTerminal, BearsATerminalOfAnySize) {
-    for (int colonne = 0; colonne < 60; ++colonne)
-        for (int righe = 0; righe < 12; ++righe)
+    for (int colonne = 0; colonne < 70; colonne += 3)
+        for (int alto = -5; alto < 12; ++alto)
             for (const bool utf8 : {false, true}) {
                 Grafico grafico = conPannelli(2);
-                EXPECT_FALSE(disegnoTerminale(grafico, {colonne, righe, utf8}).empty());
+                EXPECT_FALSE(disegnoTerminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
                 grafico.traccia.aggiungi(10, 44, 0);
                 grafico.traccia.aggiungi(10.01, 44, 0);
-                EXPECT_FALSE(disegnoTerminale(grafico, {colonne, righe, utf8}).empty());
+                EXPECT_FALSE(disegnoTerminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
                 grafico.pannelli.clear();
-                EXPECT_FALSE(disegnoTerminale(grafico, {colonne, righe, utf8}).empty());
+                EXPECT_FALSE(disegnoTerminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
             }
+}
+
+TEST(PlotTerminal, TellsSeveralCurvesApartByLetters) {
+    Grafico grafico = conPannelli(1);
+    grafico.pannelli[0].curve.push_back({"Other", {}});
+    grafico.pannelli[0].curve[1].serie.aggiungi(0, 2);
+    grafico.pannelli[0].curve[1].serie.aggiungi(100, 1);
+    const std::string testo = disegnoTerminale(grafico, terminale(80, 12)).testo;
+    EXPECT_NE(testo.find("Series 0 V: a Series 0, b Other"), std::string::npos) << testo;
+    EXPECT_GT(std::count(testo.begin(), testo.end(), 'b'), 20);
+}
+
+TEST(PlotTerminal, DrawsANumberWithoutAUnitAsSteps) {
+    Grafico grafico;
+    grafico.pannelli.push_back(pannelloSingolo("Gear", ""));
+    for (int i = 0; i < 3; ++i)
+        grafico.pannelli[0].curve[0].serie.aggiungi(i, i == 2 ? 2 : 1);
+    const auto pagina = righe(disegnoTerminale(grafico, terminale(40, 8)).testo);
+    const std::string& sotto = pagina[pagina.size() - 3];
+    EXPECT_EQ(std::count(sotto.begin(), sotto.end(), '.'), 33) << "level up to the jump: " << sotto;
+    EXPECT_EQ(sotto.find(':'), 39u) << "and the jump at the end";
+}
+
+TEST(PlotTicks, HaveRoomAndEvenSteps) {
+    for (const double durata : {0.1, 1.0, 7.0, 52.0, 147.0, 3600.0, 5999.0, 6001.0, 86400.0, 1e6})
+        for (const double colonne : {14.0, 30.0, 70.0, 150.0})
+            for (const Ascissa ascissa : {Ascissa::tempo, Ascissa::distanza, Ascissa::numero}) {
+                Grafico grafico = conPannelli(1);
+                grafico.ascissa = ascissa;
+                grafico.pannelli[0].curve[0].serie = Serie();
+                grafico.pannelli[0].curve[0].serie.aggiungi(17, 1);
+                grafico.pannelli[0].curve[0].serie.aggiungi(17 + durata, 2);
+                const auto tutte = tacche(grafico, colonne, 1);
+                ASSERT_FALSE(tutte.empty() && durata > 2 && colonne > 20) << durata << " on " << colonne;
+                for (std::size_t i = 1; i < tutte.size(); ++i) {
+                    const double fra = (tutte[i].x - tutte[i - 1].x) / durata * colonne;
+                    ASSERT_GT(fra, static_cast<double>(tutte[i].testo.size() + tutte[i - 1].testo.size()) / 2);
+                    ASSERT_NE(tutte[i].testo, tutte[i - 1].testo);
+                }
+                if (tutte.size() > 2) {
+                    ASSERT_NEAR(tutte[2].x - tutte[1].x, tutte[1].x - tutte[0].x, 1e-9 * tutte[2].x);
+                }
+            }
+}
+
+TEST(PlotTicks, CountEachSessionsOwnTime) {
+    Grafico grafico = conPannelli(1);
+    grafico.sessioni = {{0, 40, 0}, {60, 100, 60}};
+    std::vector<std::string> testi;
+    for (const Tacca& tacca : tacche(grafico, 70, 1))
+        testi.push_back(tacca.testo);
+    EXPECT_EQ(testi, (std::vector<std::string>{"0:00", "0:10", "0:20", "0:30", "0:40", "0:00", "0:10", "0:20", "0:30",
+                                               "0:40"}));
+}
+
+TEST(PlotAxis, PutsSessionsOneAfterTheOther) {
+    Percorso percorso({});
+    for (const double tempo : {10.0, 11.0, 12.0})
+        EXPECT_EQ(percorso.colloca(tempo, {}), tempo);
+    EXPECT_TRUE(percorso.sessioni().empty());
+    EXPECT_EQ(percorso.nota(), "");
+    const auto primo = percorso.colloca(3, {});
+    ASSERT_TRUE(primo);
+    EXPECT_GT(*primo, 12.0);
+    EXPECT_TRUE(percorso.nuova());
+    EXPECT_TRUE(percorso.interrotto());
+    EXPECT_EQ(percorso.colloca(4.5, {}), *primo + 1.5);
+    EXPECT_FALSE(percorso.nuova());
+    ASSERT_EQ(percorso.sessioni().size(), 2u);
+    EXPECT_EQ(percorso.sessioni()[1].da, *primo);
+    EXPECT_EQ(percorso.sessioni()[1].a, *primo + 1.5);
+    EXPECT_EQ(*primo - percorso.sessioni()[1].scarto, 3.0);
+    EXPECT_EQ(percorso.nota(), "time runs backwards at record 3: 2 sessions, drawn one after the other");
+}
+
+TEST(PlotAxis, ShowsThePartAskedForOfEverySession) {
+    Tratto tratto;
+    tratto.da = 2;
+    tratto.a = 3;
+    Percorso percorso(tratto);
+    std::vector<double> posti;
+    for (int sessione = 0; sessione < 2; ++sessione)
+        for (int i = 0; i < 10; ++i)
+            if (const auto x = percorso.colloca(i, {}))
+                posti.push_back(*x);
+    EXPECT_EQ(posti, (std::vector<double>{2, 3, 4, 5})) << "a gap of one behind the first";
+}
+
+TEST(PlotAxis, MakesDistancesOfSpeeds) {
+    Tratto tratto;
+    tratto.ascissa = Ascissa::distanza;
+    Percorso percorso(tratto);
+    EXPECT_EQ(percorso.colloca(0, {}), 0.0);
+    EXPECT_EQ(percorso.colloca(1, 10), 0.0) << "nothing is known of the first second";
+    EXPECT_EQ(percorso.colloca(2, 20), 15.0);
+    EXPECT_EQ(percorso.colloca(3, {}), 35.0) << "the last speed holds";
+    EXPECT_EQ(percorso.colloca(300, 20), 35.0) << "not over a pause";
+    EXPECT_TRUE(percorso.interrotto());
+    EXPECT_EQ(percorso.colloca(301, -50), 35.0) << "nor backwards";
+}
+
+TEST(PlotAxis, RefusesTimesThatAreNone) {
+    Percorso percorso({});
+    EXPECT_THROW(for (int i = 0; i < 5000; ++i) percorso.colloca(i % 2, {}), NonTrovato);
+}
+
+TEST(PlotNote, IsCutShortWithTheNumberOfNamesLeftOut) {
+    const Nota nota{"not drawn: ", {"one", "two", "three"}, "; --all"};
+    EXPECT_EQ(nota.testo(), "not drawn: one, two, three; --all");
+    EXPECT_EQ(nota.testo(32), "not drawn: one and 2 more; --all");
+    EXPECT_EQ(nota.testo(1), "not drawn: one and 2 more; --all");
+}
+
+TEST(Durations, AreWrittenAndRead) {
+    EXPECT_EQ(testoDurata(0, 0, false), "0:00");
+    EXPECT_EQ(testoDurata(59.96, 1, false), "1:00.0");
+    EXPECT_EQ(testoDurata(3725.25, 2, false), "62:05.25");
+    EXPECT_EQ(testoDurata(3725.25, 0, true), "1:02:05");
+    EXPECT_EQ(testoDurata(-65, 0, false), "-1:05");
+    EXPECT_EQ(leggiDurata("1:05.5"), 65.5);
+    EXPECT_EQ(leggiDurata("1:02:05"), 3725.0);
+    EXPECT_EQ(leggiDurata("90"), 90.0);
+    EXPECT_EQ(leggiDurata(".5"), 0.5);
+    for (const char* nessuna : {"", ":", "1:", ":5", "1:60", "1:2:3:4", "1.5:00", "-5", "1e3", "1:05 ", "inf", "."})
+        EXPECT_FALSE(leggiDurata(nessuna)) << nessuna;
+}
+
+TEST(Widths, AreThoseOfATerminal) {
+    EXPECT_EQ(larghezzaTesto("abc"), 3);
+    EXPECT_EQ(larghezzaTesto("\u00e9e\u0301"), 2) << "a letter with its accent in one or two codes";
+    EXPECT_EQ(larghezzaTesto("\u3072\uff21"), 4);
+    EXPECT_EQ(aCapo("one two three", 7), (std::vector<std::string>{"one two", "three"}));
+    EXPECT_EQ(aCapo("abcdefgh", 3), (std::vector<std::string>{"abc", "def", "gh"}));
+    EXPECT_EQ(aCapo("", 5), (std::vector<std::string>{""}));
 }
 
 }  // namespace

@@ -16,11 +16,13 @@ ESC = "\x1b"
 
 
 def terminale(programmi, argomenti, ambiente, errori=False, misura=None):
-    """What a run writes to a terminal that is its standard output, or its standard error; the other goes to a file."""
+    """What a run writes to a terminal that is its standard output, or its standard error; the other goes to a file. With a
+    size the terminal is both."""
     with tempfile.TemporaryFile() as altro:
         figlio, padrone = pty.fork()
         if figlio == 0:
-            os.dup2(altro.fileno(), 1 if errori else 2)
+            if not misura:
+                os.dup2(altro.fileno(), 1 if errori else 2)
             os.chdir(programmi.cartella.name)
             if misura:
                 misura(0)
@@ -83,13 +85,17 @@ def avanzamento(programmi, xterm):
 
 
 def grafico(programmi, xterm):
-    """A chart is as large as its terminal; gives the faults."""
-    for colonne, righe in ((100, 30), (60, 15)):
-        def misura(fd, righe=righe, colonne=colonne):
-            fcntl.ioctl(fd, termios.TIOCSWINSZ, struct.pack("HHHH", righe, colonne, 0, 0))
-        visto = terminale(programmi, ["ubx", "lap.ubx", "--plot", "-"], xterm, misura=misura).splitlines()
-        if len(visto) not in range(righe - 3, righe) or max(map(len, visto)) > colonne or max(map(len, visto)) < colonne * 9 // 10:
-            yield f"a chart on {colonne} by {righe}: {len(visto)} lines of up to {max(map(len, visto))}"
+    """A chart, with all that is said below it and the next prompt, fills its terminal and goes not beyond; gives the faults."""
+    registrazione = ["record", "c", "s", "--time", "u32ms", "--plot", "-"]
+    for argomenti in (["ubx", "lap.ubx", "--plot", "-"], registrazione):
+        for colonne, righe in ((80, 24), (100, 30), (60, 24), (40, 24), (20, 24), (132, 43)):
+            def misura(fd, righe=righe, colonne=colonne):
+                fcntl.ioctl(fd, termios.TIOCSWINSZ, struct.pack("HHHH", righe, colonne, 0, 0))
+            visto = terminale(programmi, argomenti, xterm, misura=misura).splitlines()
+            alte = sum(max(1, -(-len(riga) // colonne)) for riga in visto)
+            disegno = [riga for riga in visto if "|" in riga or "+-" in riga]
+            if not righe - 4 <= alte <= righe - 1 or max(map(len, disegno)) > colonne or len(disegno) < 3:
+                yield f"{argomenti[0]} on {colonne} by {righe}: {alte} lines, drawn up to {max(map(len, disegno))}:\n" + "\n".join(visto)
 
 
 def main():
@@ -116,7 +122,7 @@ def main():
         if (ESC in visto) != colori or not visto.strip():
             print(f"{perche}: {visto!r}")
             rotti += 1
-    programmi.esegui("kelsim", ["--laps", "1", "--rate", "1", "lap.ubx"])
+    programmi.esegui("kelsim", ["--laps", "1", "--rate", "1", "--channels", "c", "--samples", "s", "lap.ubx"])
     for difetto in [*avanzamento(programmi, xterm), *grafico(programmi, xterm)]:
         print(difetto)
         rotti += 1

@@ -63,7 +63,7 @@ double TempoRecord::secondi(const LettoreRecord& lettore) const {
     return static_cast<double>(lettore.orario()) / (orario_ == Orario::u32ms ? 1e3 : 1e6);
 }
 
-FileCampioni::FileCampioni(const char* comando, const std::string& nome, std::size_t dimensione, TempoRecord& tempo)
+FileCampioni::FileCampioni(const std::string& nome, std::size_t dimensione, TempoRecord& tempo)
     : ingresso_(nome), testa_(dimensioneTesta(ingresso_, dimensione)) {
     const std::size_t letti = ingresso_.leggiTutti(testa_.data(), testa_.size());
     std::optional<std::uint64_t> lunghezza = ingresso_.lunghezza();
@@ -77,12 +77,16 @@ FileCampioni::FileCampioni(const char* comando, const std::string& nome, std::si
     } catch (const NonTrovato& e) {
         throw NonTrovato("cannot use '" + ingresso_.nome() + "' as samples: " + e.what());
     }
-    if (!inquadratura.detto.empty() && !testa_.empty())
-        std::fprintf(stderr, "kelfun %s: %s\n", comando, inquadratura.detto.c_str());
+    detto_ = testa_.empty() ? "" : inquadratura.detto;
     tempo.inquadra(inquadratura.orario);
     passo_ = dimensione + kel::strumento::dimensione(inquadratura.orario);
     lettore_.emplace([this](std::uint8_t* byte, std::size_t quanti) { return leggi(byte, quanti); }, dimensione,
                      inquadratura.orario);
+}
+
+void FileCampioni::annuncia(const char* comando) const {
+    if (!detto_.empty())
+        std::fprintf(stderr, "kelfun %s: %s\n", comando, detto_.c_str());
 }
 
 std::size_t FileCampioni::leggi(std::uint8_t* byte, std::size_t quanti) {

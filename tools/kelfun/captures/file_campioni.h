@@ -48,14 +48,17 @@ private:
 /// rest; of a stream it takes few of them, so that nobody waits long for the first row.
 class FileCampioni {
 public:
-    /// Frames the samples, tells `tempo` so, and says on standard error what there is to say.
-    /// @param comando     whose messages they are: "record".
+    /// Frames the samples, and tells `tempo` so.
     /// @param dimensione  bytes of a record without its time stamp.
     /// @throws NonTrovato  when the framing is not clear, or the length is no whole number of records.
-    FileCampioni(const char* comando, const std::string& nome, std::size_t dimensione, TempoRecord& tempo);
+    FileCampioni(const std::string& nome, std::size_t dimensione, TempoRecord& tempo);
 
     FileCampioni(const FileCampioni&) = delete;  // the reader comes back to it for bytes
     FileCampioni& operator=(const FileCampioni&) = delete;
+
+    /// Says on standard error which framing was found, or what speaks against the one that was asked for.
+    /// @param comando  whose message it is: "record".
+    void annuncia(const char* comando) const;
 
     Ingresso& ingresso() { return ingresso_; }
     LettoreRecord& lettore() { return *lettore_; }
@@ -74,6 +77,7 @@ private:
     std::vector<std::uint8_t> testa_;
     std::size_t riletti_ = 0;
     std::size_t passo_ = 0;
+    std::string detto_;
     std::optional<LettoreRecord> lettore_;
 };
 

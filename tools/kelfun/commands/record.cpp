@@ -93,12 +93,13 @@ void esegui(const Argomenti& argomenti) {
     const std::vector<s_kel_canale> canali =
         leggiFileCanali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
     std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
-    FileCampioni campioni("record", argomenti.campioni, dimensioneRecord(canali), tempo);
+    FileCampioni campioni(argomenti.campioni, dimensioneRecord(canali), tempo);
+    const Tratto tratto = trattoScelto(argomenti.grafico, tempo.noto());
+    campioni.annuncia("record");
     campioni.ingresso().mostraAvanzamento(!destinazione);
     LettoreRecord& lettore = campioni.lettore();
     const auto letto = [&] { return riassunto(lettore, campioni.passo()); };
     if (destinazione) {
-        const Tratto tratto = trattoScelto(argomenti.grafico, tempo.noto());
         const std::vector<ColonnaRecord> tutte = colonneRecord(*catalogo, canali, {});
         GraficoRecord grafico(*catalogo, canali, tutte, colonne, pannelli(argomenti, colonne), tratto);
         disegna(*destinazione, argomenti, tempo, grafico, lettore, letto);
@@ -151,7 +152,7 @@ void aggiungiRecord(CLI::App& programma) {
         "(20), short name (24), name (32), place of the sample (68), sample buffer (72).",
         "kelfun record session.channels session.samples",
         "kelfun record session.channels session.samples --only RPM --only 'GPS Speed' --unit mph --csv",
-        "kelfun record session.channels session.samples --plot session.pdf --from 0:30 --x distance"));
+        "kelfun record session.channels session.samples --plot - --x distance --from 0:30"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

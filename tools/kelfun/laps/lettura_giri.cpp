@@ -111,7 +111,8 @@ Lettura leggiRegistrazione(const std::string& file_canali, const std::string& fi
                            const SceltaTempo& scelta_tempo, const IFunzioni& catalogo, const ScelteGiri& scelte) {
     TempoRecord tempo(scelta_tempo);
     const std::vector<s_kel_canale> canali = leggiFileCanali(file_canali, disposizione);
-    FileCampioni campioni("laps", file_campioni, dimensioneRecord(canali), tempo);
+    FileCampioni campioni(file_campioni, dimensioneRecord(canali), tempo);
+    campioni.annuncia("laps");
     campioni.ingresso().mostraAvanzamento(false);
     RaccoltaRecord raccolta(catalogo, canali);
     while (campioni.lettore().prossimo())

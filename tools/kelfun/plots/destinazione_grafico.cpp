@@ -43,6 +43,13 @@ void scrivi(const std::string& file, const std::string& byte) {
         throw NonTrovato("cannot write '" + file + "': " + std::strerror(scritto ? errno : errore));
 }
 
+// gnuplot leaves this sign as it is in a text, where XML does not allow it; it writes no CDATA, which ends so.
+std::string svgBenFormato(std::string svg) {
+    for (std::size_t dove = 0; (dove = svg.find("]]>", dove)) != std::string::npos;)
+        svg.replace(dove, 3, "]]&gt;");
+    return svg;
+}
+
 void di(const std::string& nota) {
     std::fputs((mostrabile(nota) + "\n").c_str(), stderr);
 }
@@ -83,7 +90,8 @@ void DestinazioneGrafico::disegna(const Grafico& grafico, std::vector<Nota> note
         return;
     }
     const Immagine immagine = istruzioniGnuplot(grafico, formato_, misura_);
-    scrivi(file_, eseguiGnuplot(gnuplot_, immagine.istruzioni));
+    std::string byte = eseguiGnuplot(gnuplot_, immagine.istruzioni);
+    scrivi(file_, formato_ == Formato::svg ? svgBenFormato(std::move(byte)) : byte);
     for (const Nota& nota : note)
         di(nota.testo());
     if (!immagine.nota.empty())

@@ -100,9 +100,10 @@ private:
             foglio_.metti(d_.asse, sopra + i, segni_.verticale);
         if (p.vuoto())
             return;
-        aSinistraDellAsse(sopra, etichetta(p.massimo()));
+        // A value that never changes lies at the foot.
+        aSinistraDellAsse(sopra + posto.righe - 1, etichetta(p.minimo()));
         if (p.minimo() < p.massimo())
-            aSinistraDellAsse(sopra + posto.righe - 1, etichetta(p.minimo()));
+            aSinistraDellAsse(sopra, etichetta(p.massimo()));
         for (std::size_t i = 0; i < p.curve.size(); ++i) {
             const char lettera = static_cast<char>('a' + i % 26);
             curva(p, p.curve[i].serie, posto.righe)

@@ -60,7 +60,7 @@ Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
         throw ErroreUso(
             "--from, --to and --x take times, and these records have none; accepted: --time or --rate with them");
     if (tratto.da && tratto.a && *tratto.a <= *tratto.da)
-        throw ErroreUso("--to '" + *scelta.a + "' is not behind --from '" + *scelta.da + "'");
+        throw ErroreUso("--to '" + *scelta.a + "' is not behind --from '" + *scelta.da + "'; accepted: a later time");
     return tratto;
 }
 

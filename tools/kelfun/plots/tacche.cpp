@@ -47,9 +47,13 @@ double passo(const Grafico& grafico, double minimo) {
     return grafico.ascissa == Ascissa::numero ? std::max(1.0, decimale) : decimale;
 }
 
+std::string testo(const Grafico& grafico, double proprio, double passo) {
+    return grafico.ascissa == Ascissa::tempo ? testoDurata(proprio, decimali(passo), conOre(grafico))
+                                             : numero(std::round(proprio / passo) * passo);
+}
+
 std::vector<Tacca> conPasso(const Grafico& grafico, double uno) {
     const auto [inizio, fine] = grafico.estremi();
-    const bool ore = conOre(grafico);
     std::vector<Sessione> sessioni = grafico.sessioni;
     if (sessioni.empty())
         sessioni.push_back({inizio, fine, 0});
@@ -61,9 +65,7 @@ std::vector<Tacca> conPasso(const Grafico& grafico, double uno) {
             return {};
         for (double n = primo; n <= ultimo; ++n) {
             const double proprio = n * uno + 0.0;  // no minus zero
-            tutte.push_back({proprio + scarto, grafico.ascissa == Ascissa::tempo
-                                                   ? testoDurata(proprio, decimali(uno), ore)
-                                                   : numero(proprio)});
+            tutte.push_back({proprio + scarto, testo(grafico, proprio, uno)});
         }
     }
     return tutte;
@@ -76,6 +78,16 @@ bool entrano(const std::vector<Tacca>& tutte, double unita_a_carattere) {
             return false;
     }
     return true;
+}
+
+// Where no two ticks have room at even steps: the ends, as many as have room.
+std::vector<Tacca> agliEstremi(const Grafico& grafico, double unita_a_carattere) {
+    const auto [inizio, fine] = grafico.estremi();
+    const double scarto = grafico.sessioni.empty() ? 0 : grafico.sessioni.back().scarto;
+    const double arrotondato = std::min(1.0, passoTacche(fine - inizio, 100));
+    const std::vector<Tacca> tutte = {{inizio, testo(grafico, inizio, arrotondato)},
+                                      {fine, testo(grafico, fine - scarto, arrotondato)}};
+    return entrano(tutte, unita_a_carattere / 2) ? tutte : std::vector<Tacca>{tutte.front()};
 }
 
 // Of two ticks that are too close, where a session ends and the next begins, the earlier one goes.
@@ -105,20 +117,20 @@ double passoTacche(double ampiezza, double parti) {
 std::vector<Tacca> tacche(const Grafico& grafico, double larghezza, double carattere) {
     const auto [inizio, fine] = grafico.estremi();
     const double unita_a_carattere = (fine - inizio) / std::max(larghezza / carattere, 1.0);
-    std::vector<Tacca> tutte;
     double minimo = unita_a_carattere * (1 + FRA_TESTI);  // no text is shorter than a character
     for (int giro = 0; giro < 40; ++giro) {
         const double uno = passo(grafico, minimo);
-        tutte = conPasso(grafico, uno);
+        const std::vector<Tacca> tutte = conPasso(grafico, uno);
         const bool piu_sessioni = grafico.sessioni.size() > 1;
         const std::vector<Tacca> tenute = piu_sessioni ? diradate(tutte, unita_a_carattere) : tutte;
         // Between sessions a tick may have to go; within them the steps stay even.
-        if (!tutte.empty() &&
-            (piu_sessioni ? tenute.size() + grafico.sessioni.size() > tutte.size() : entrano(tutte, unita_a_carattere)))
+        if (tutte.size() < 2)
+            break;
+        if (piu_sessioni ? tenute.size() + grafico.sessioni.size() > tutte.size() : entrano(tutte, unita_a_carattere))
             return tenute;
         minimo = uno * 1.0001;
     }
-    return tutte.empty() ? tutte : std::vector<Tacca>{tutte.front()};
+    return agliEstremi(grafico, unita_a_carattere);
 }
 
 std::string nomeAscissa(const Grafico& grafico) {

@@ -41,7 +41,7 @@ std::string testoDurata(double secondi, int decimali, bool ore) {
 std::optional<double> leggiDurata(std::string_view testo) {
     double secondi = 0;
     const auto parti = dividi(testo, ':');
-    if (parti.size() > 3)
+    if (parti.size() > 3 || testo.ends_with(':'))
         return std::nullopt;
     for (std::size_t i = 0; i < parti.size(); ++i) {
         const std::string& parte = parti[i];

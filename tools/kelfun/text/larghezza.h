@@ -10,8 +10,8 @@ namespace kel::strumento {
 
 /// A character with the marks that are written over it, such as accents.
 struct Glifo {
-    std::string byte;   ///< UTF-8
-    int colonne = 1;    ///< 1, or 2 for the wide characters of East Asia
+    std::string byte;  ///< UTF-8
+    int colonne = 1;   ///< 1, or 2 for the wide characters of East Asia
 };
 
 /// The characters of a text, which `mostrabile` made fit to be shown.
