@@ -92,14 +92,15 @@ public:
     /// @}
 
     /// @name The camera walk's parts
+    /// None of them is const, though two change nothing: programs look for the exported names that go without it.
     /// @{
 
     /// Row at the cursor of the basic camera functions; null on the end row.
-    const t_SFunzioneZumikoCam* get_funz_vis_zumiko_cam() const;
+    const t_SFunzioneZumikoCam* get_funz_vis_zumiko_cam();
     /// Row at the cursor of the extended camera functions, moved on to the first visible one; null on the end row.
     const t_SFunzioneZumikoCam* get_funz_vis_zumiko_cam_estese();
     /// Whether the camera shows the extended function of a parameter code.
-    bool is_est_valid(int codice) const;
+    bool is_est_valid(int codice);
     /// @}
 
 private:

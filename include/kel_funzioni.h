@@ -247,14 +247,16 @@ KEL_API unsigned kelF16decompress(unsigned mezzo) KEL_NOEXCEPT;
 /// Sets a converter record up for one function of one channel in one unit.
 ///
 /// Set `larghezza`, `decimali`, `auto_decimali` and `formato` of the record yourself, before or after: they are left
-/// alone here. A set-up that finds no decoder (an unknown sample type, a subfield that the packet does not have, no
+/// alone here; the record's other bytes need not be cleared. A set-up that finds no decoder (an unknown sample type, a subfield that the packet does not have, no
 /// unit data for a format that needs them) leaves a record that reads no value and shows "- -".
 ///
 /// @param conv              the record to fill; never null.
 /// @param canale            the channel, at any address; read only during the call; never null.
 /// @param fid               the channel's own function, or that of one subfield of a packet channel.
 /// @param dati              the unit, as `kelFunGetConvData` gives it; must outlive the record; null leaves the
-///                          record's pointer as it was.
+///                          record's pointer as it was. That one is looked through only for sample types that have a
+///                          reciprocal form (0 to 6, 20, 21) and for computed subfields: all others are set up without a
+///                          unit, whatever the record holds.
 /// @param pos_bit           first bit of a bit field, 0 when there is none.
 /// @param num_bit           width of the bit field, 0 for the whole value.
 /// @param campione_in_testa not 0: the reads are given the sample itself; 0: they are given a record of all samples,
@@ -315,7 +317,7 @@ KEL_API int kelConvMatchSottocampo(unsigned dettagli, unsigned spec, kel_funpos 
 
 /// Row of a subfield in a table.
 ///
-/// @param tabella  closed by an end row; never null.
+/// @param tabella  closed by an end row; null, as `search_sottocampi_struct` may give it, has no rows.
 /// @param fid      identifier of the subfield.
 /// @return the first row with exactly this identifier; null when none stands before the end row.
 /// @since 0.1.0

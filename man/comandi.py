@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Manual pages of kelfun and of each of its commands, from what they print with --help."""
+"""Manual pages of kelfun, of each of its commands and of kelsim, from what they print with --help."""
 import argparse
 import os
 import re
@@ -138,24 +138,25 @@ def corpo(aiuto, uscita_comune, comando, comandi):
     if aiuto.esempi:
         righe += [".Sh EXAMPLES", ".Bd -literal -offset indent", *(roff.letterale(e) for e in aiuto.esempi), ".Ed"]
     altre = [("kelfun-" + altro, 1) for altro in comandi if altro != comando]
-    righe += roff.vedi([*altre, *([("kelfun", 1)] if comando else []), ("libkelfunzioni", 3)])
+    programmi = [(altro, 1) for altro in ("kelfun", "kelsim") if comando or altro != nome]
+    righe += roff.vedi([*altre, *programmi, ("libkelfunzioni", 3)])
     return righe
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--kelfun", required=True)
+    parser.add_argument("--kelsim", required=True)
     parser.add_argument("--emulator", action="append", default=[],
-                        help="a word of the command that runs kelfun, where it is of another machine; may be repeated")
+                        help="a word of the command that runs them, where they are of another machine; may be repeated")
     parser.add_argument("--version", required=True)
     parser.add_argument("--date-of", required=True, help="file whose date the pages bear, unless SOURCE_DATE_EPOCH is set")
     parser.add_argument("cartella")
     argomenti = parser.parse_args()
-    kelfun = [*argomenti.emulator, argomenti.kelfun]
 
-    def aiuto(*comando):
+    def aiuto(*comando, programma=argomenti.kelfun):
         # The C locale: a page does not depend on who builds it.
-        fatto = subprocess.run([*kelfun, *comando, "--help"], capture_output=True, text=True, check=True,
+        fatto = subprocess.run([*argomenti.emulator, programma, *comando, "--help"], capture_output=True, text=True, check=True,
                                env={**os.environ, "LC_ALL": "C", "NO_COLOR": "1"})
         return Aiuto(fatto.stdout)
 
@@ -168,6 +169,10 @@ def main():
         testo = roff.pagina(nome, 1, argomenti.version, quando, roff.riassunto(suo.descrizione),
                             corpo(suo, principale.uscita, comando, comandi))
         roff.scrivi(argomenti.cartella, nome, 1, testo)
+    simulatore = aiuto(programma=argomenti.kelsim)
+    roff.scrivi(argomenti.cartella, "kelsim", 1,
+                roff.pagina("kelsim", 1, argomenti.version, quando, roff.riassunto(simulatore.descrizione),
+                            corpo(simulatore, simulatore.uscita, None, [])))
 
 
 if __name__ == "__main__":

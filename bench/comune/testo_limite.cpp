@@ -50,9 +50,9 @@ void testo_limite(char* testo, float valore, const Forma& forma) {
     const Punto& p = punti[std::min(forma.decimali, 3u)];
     const unsigned negativo = valore < 0.0f ? 1 : 0;
     const unsigned lunghezza = forma.larghezza + p.spinta / 8;
-    // The converters' rule: half is added in single precision, and the rest cut.
-    // NOLINTNEXTLINE(bugprone-incorrect-roundings)
-    const auto numero = static_cast<std::uint32_t>(std::fabs(valore) * p.scala + 0.5f);
+    // The converters' rule: halves up, exactly. With the float just below 0.5 the cut sum is right for every float.
+    constexpr float quasi_mezzo = 0x1.fffffep-2f;
+    const auto numero = static_cast<std::uint32_t>(std::fabs(valore) * p.scala + quasi_mezzo);
     std::memset(testo, 0, 32);
     if (numero >= potenze[forma.larghezza - negativo]) {
         std::memset(testo, '-', lunghezza);

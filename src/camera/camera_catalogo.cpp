@@ -20,7 +20,9 @@ void aggiungi_tutte(const t_SFunzioneZumikoCam* tabella, std::vector<const t_SFu
 
 }  // namespace
 
-const t_SFunzioneZumikoCam* CFunzioni::get_funz_vis_zumiko_cam() const {
+// Not const, nor is is_est_valid: programs look for the names without it.
+// NOLINTNEXTLINE(readability-make-member-function-const)
+const t_SFunzioneZumikoCam* CFunzioni::get_funz_vis_zumiko_cam() {
     const t_SFunzioneZumikoCam* riga = &funz_ZumikoCam_base[cursore_base_];
     return fine_scansione(*riga) ? nullptr : riga;
 }
@@ -36,7 +38,8 @@ const t_SFunzioneZumikoCam* CFunzioni::get_funz_vis_zumiko_cam_estese() {
     }
 }
 
-bool CFunzioni::is_est_valid(int codice) const {
+// NOLINTNEXTLINE(readability-make-member-function-const)
+bool CFunzioni::is_est_valid(int codice) {
     return kel::estesa_visibile(codice);
 }
 

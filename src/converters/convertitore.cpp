@@ -18,16 +18,12 @@ bool funzione_marcia(kel_funpos fid) noexcept {
     return grandezza == FID_PHI_GEAR || (grandezza == FID_PHI_CODE && kelFidOggetto(fid) == FID_OBJ_GEAR);
 }
 
-bool unita_reciproca(const s_kel_converter& conv) noexcept {
-    return conv.dati != nullptr && conv.dati->reciproco != 0;
-}
-
 // A value computed from the packet comes with its own functions, and shows as a number.
 void imposta_calcolato(s_kel_converter& conv, const s_sottocampo& riga) noexcept {
     conv.maschera = riga.maschera;
     if (riga.valore_reciproco != nullptr && conv.dati == nullptr)
         return;  // a row with a reciprocal form converts with the unit's data, which are missing
-    conv.valore = unita_reciproca(conv) ? riga.valore_reciproco : riga.valore;
+    conv.valore = conv.dati != nullptr && conv.dati->reciproco != 0 ? riga.valore_reciproco : riga.valore;
     conv.testo = testo_numerico;
 }
 
@@ -44,7 +40,8 @@ void imposta_formato(s_kel_converter& conv, uint32_t tipo_campione, kel_funpos c
     if (senza_dati)
         return;
     conv.valore = formato->lineare;
-    if (unita_reciproca(conv) && formato->reciproca != nullptr)
+    // Only a format with a reciprocal form looks through the pointer: where the caller has given no unit, it may lead anywhere.
+    if (formato->reciproca != nullptr && conv.dati->reciproco != 0)
         conv.valore = formato->reciproca;
     else if (conv.maschera != 0 && formato->campo_bit != nullptr)
         conv.valore = formato->campo_bit;
@@ -63,7 +60,6 @@ void kelConvInit(s_kel_converter* conv, const s_kel_canale* canale, kel_funpos f
     conv->offset_campione = campione_in_testa != 0 ? 0 : canale->offset_campione;
     conv->pos_bit = pos_bit;
     conv->num_bit = num_bit;
-    conv->maschera = 0;
     if (dati != nullptr)
         conv->dati = dati;
     conv->valore = nullptr;

@@ -28,8 +28,10 @@ const s_sottocampo* tabella_lap_time(unsigned spec) noexcept {
     }
 }
 
-// A row whose identifier is the one asked for, before the end row.
+// A row whose identifier is the one asked for, before the end row. No table has none.
 const s_sottocampo* riga_sottocampo(const s_sottocampo* tabella, kel_funpos fid) noexcept {
+    if (tabella == nullptr)
+        return nullptr;
     for (const s_sottocampo* riga = tabella; !fine_sottocampi_qui(*riga); ++riga)
         if (riga->fid == fid)
             return riga;
@@ -52,8 +54,7 @@ const s_sottocampo* tabella_sottocampi(unsigned dettagli, unsigned spec) noexcep
 }
 
 const s_sottocampo* cerca_sottocampo(unsigned dettagli, unsigned spec, kel_funpos fid) noexcept {
-    const s_sottocampo* tabella = tabella_sottocampi(dettagli, spec);
-    return tabella != nullptr ? riga_sottocampo(tabella, fid) : nullptr;
+    return riga_sottocampo(tabella_sottocampi(dettagli, spec), fid);
 }
 
 }  // namespace kel

@@ -37,6 +37,13 @@ uint32_t decimali_automatici(float valore, uint32_t larghezza, uint32_t decimali
 
 constexpr float scale[] = {1.0f, 10.0f, 100.0f, 1000.0f};
 
+// What is added before the fraction is cut, to round halves up: the float just below 0.5. With 0.5 itself the sum would be
+// rounded to a float first, and show 0.49999997 as 1 and 8388609 as 8388610. With this one the cut sum is right for every float:
+// - a fraction of a half reaches the next whole number, because the sum that falls short of it by 2^-25 is rounded up to it;
+// - a smaller fraction stays below it;
+// - from 2^23 on there are no fractions, and what is added is less than half a step: it is rounded away.
+constexpr float quasi_mezzo = 0x1.fffffep-2f;
+
 uint32_t decimali_mostrati(const s_kel_converter& conv) noexcept {
     return std::min<uint32_t>(conv.decimali, std::size(scale) - 1);
 }
@@ -96,8 +103,10 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
 [[gnu::cold]] void testo_lungo(char* testo, float numero, const s_kel_converter& conv, bool negativo) noexcept {
     const uint32_t larghezza = conv.larghezza;
     const uint32_t decimali = decimali_mostrati(conv);
-    // One place of a negative number is kept for its sign.
-    const uint32_t permesse = !negativo ? larghezza : larghezza > decimali + 1 ? larghezza - 1 : 0;
+    // One place of a negative number is kept for its sign, where two or more stand before the point: told from the decimals as
+    // they are recorded, also from those that are not shown.
+    const bool posto_segno = int64_t{larghezza} - conv.decimali > 1;
+    const uint32_t permesse = !negativo ? larghezza : posto_segno ? larghezza - 1 : 0;
     CifreDaDestra cifre(numero, permesse, larghezza);
     const uint32_t lunghezza =
         std::min(std::min(larghezza, caratteri_testo) + (decimali != 0 ? 1u : 0u), caratteri_testo);
@@ -167,15 +176,16 @@ void testo_numerico(s_kel_converter* conv, const void* campione, char* testo) no
     if (conv->auto_decimali != 0)
         conv->decimali = decimali_automatici(valore, conv->larghezza, conv->decimali);
 
-    // Scaled and rounded in single precision: 123.45 to one decimal is 1234.5, and shows as 123.5.
+    // The product is a float: 123.45 to one decimal is 1234.5, and shows as 123.5.
     const uint32_t decimali = decimali_mostrati(*conv);
-    const float numero = std::fabs(valore) * scale[decimali] + 0.5f;
+    const float numero = std::fabs(valore) * scale[decimali] + quasi_mezzo;
     const bool negativo = valore < 0.0f;
 
     const uint32_t larghezza = conv->larghezza;
     const uint32_t segno = negativo ? 1 : 0;
+    const int64_t posti = int64_t{larghezza} - segno;  // for digits
     const uint32_t punto = decimali != 0 ? 1 : 0;
-    if (larghezza <= cifre_parola - punto && larghezza > decimali + segno && numero < potenze_10[larghezza - segno])
+    if (larghezza <= cifre_parola - punto && posti > conv->decimali && numero < potenze_10[posti])
         testo_corto(testo, static_cast<uint32_t>(numero), larghezza, decimali, segno, conv->formato);
     else
         testo_lungo(testo, numero, *conv, negativo);

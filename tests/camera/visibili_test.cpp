@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "tables/aiuti.h"
@@ -50,6 +51,14 @@ TEST(BasicWalk, CanBeRestartedAnywhere) {
     while (catalogo->getNextFunzVisZumikoCam() != nullptr) {
     }
     EXPECT_EQ(catalogo->getFirstFunzVisZumikoCam(), &funz_ZumikoCam_base[0]) << "after the end";
+}
+
+// Programs look for the exported names, which tell a const operation from one that is not.
+TEST(CameraWalkParts, AreNotConst) {
+    using Cursore = const t_SFunzioneZumikoCam* (CFunzioni::*)();
+    EXPECT_TRUE((std::is_same_v<decltype(&CFunzioni::get_funz_vis_zumiko_cam), Cursore>));
+    EXPECT_TRUE((std::is_same_v<decltype(&CFunzioni::get_funz_vis_zumiko_cam_estese), Cursore>));
+    EXPECT_TRUE((std::is_same_v<decltype(&CFunzioni::is_est_valid), bool (CFunzioni::*)(int)>));
 }
 
 TEST(BasicCursor, StaysOnTheEndRow) {

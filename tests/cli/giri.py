@@ -22,7 +22,7 @@ def confronta(programmi, frequenza, seme, difetti):
     """One recording; gives the largest difference in ms."""
     programmi.esegui("kelsim", ["--laps", "6", "--rate", str(frequenza), "--seed", str(seme), "--channels", "c",
                                 "--samples", "s", "x.ubx"])
-    linea = re.search(rb"LAT,LON,HEADING:\s+(\S+)", programmi.esegui("kelsim", ["--help"])[1])[1].decode()
+    linea = re.search(rb"^\s+(\d+\.\d+,\d+\.\d+,\d+\.\d+)", programmi.esegui("kelsim", ["--help"])[1], re.M)[1].decode()
     del_registratore, _ = giri(programmi, ["c", "s"], difetti)
     chi = f"{frequenza} Hz, seed {seme}"
     massima = 0

@@ -84,7 +84,7 @@ def disegni(banco):
     banco.kelfun("record", "c", "s", "--time", "u32ms", "--plot", "all.svg", "--all", "--unit", "mph",
                  errore="^not drawn, as they never change: Run Number, ")
     testi = banco.testi("all.svg")
-    for atteso in ("Wheel Speed mph", "GPS Speed mph", "Oil Pressure bar", "Sats Number", "Position Accuracy low byte cm"):
+    for atteso in ("Wheel Speed mph", "GPS Speed mph", "Oil Pressure bar", "Sats Number", "Position Accuracy m"):
         banco.pretendi(atteso in testi, f"all.svg: no text {atteso!r} in {testi}")
     banco.pretendi("Run Number" not in testi and "Latitude library rule" not in testi,
                    f"all.svg has what never changes, or the latitude beside the track: {testi}")

@@ -50,14 +50,31 @@ TEST(ChangedRecord, DecodersWithoutAStatusSetItToZero) {
     EXPECT_EQ(stato, 0u) << "digit of a gear";
 }
 
-TEST(ChangedRecord, WithoutTheSubfieldNoMaskIsLeft) {
+TEST(ChangedRecord, KeepsItsMaskWhenThePacketHasNoSuchSubfield) {
     s_kel_converter conv = Imposta(KEL_TIPO_UINT32, kFid, 0, 12);
-    ASSERT_NE(conv.maschera, 0u);
+    ASSERT_EQ(conv.maschera, 0x1000u);
+    const kel_funpos pacchetto = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+    const s_kel_canale canale = Canale(pacchetto, KEL_TIPO_GPS_KEL, 9);
+    kelConvInit(&conv, &canale, kFid, &kDoppioPiuCinque, 3, 4, 0);
+    EXPECT_EQ(conv.maschera, 0x1000u) << "of the earlier set-up";
+    EXPECT_EQ(conv.offset_campione, 9u) << "what comes before the subfield's look-up is written";
+    EXPECT_EQ(conv.pos_bit, 3u);
+    EXPECT_EQ(conv.num_bit, 4u);
+    EXPECT_EQ(conv.dati, &kDoppioPiuCinque);
+    EXPECT_EQ(conv.valore, nullptr);
+    EXPECT_EQ(conv.testo_stato, nullptr);
+    EXPECT_EQ(Leggi(conv, Byte(64, 1)).testo, "- -");
+}
+
+TEST(ChangedRecord, HasTheMaskOfAnyOtherSetUp) {
+    s_kel_converter conv = Imposta(KEL_TIPO_UINT32, kFid, 0, 12);
+    const s_kel_canale ignoto = Canale(kFid, 99);
+    kelConvInit(&conv, &ignoto, kFid, &kIdentita, 0, 3, 1);
+    EXPECT_EQ(conv.maschera, 8u) << "a code without a format has a bit field as well";
     const kel_funpos pacchetto = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
     const s_kel_canale canale = Canale(pacchetto, KEL_TIPO_GPS_KEL);
-    kelConvInit(&conv, &canale, kFid, &kIdentita, 0, 0, 1);
-    EXPECT_EQ(conv.maschera, 0u);
-    EXPECT_EQ(conv.valore, nullptr);
+    kelConvInit(&conv, &canale, kVelocitaGps, &kIdentita, 0, 0, 1);
+    EXPECT_EQ(conv.maschera, 0u) << "a computed subfield has none";
 }
 
 TEST(ChangedRecord, ComputedSubfieldWithoutAnyUnitDataHasNoValue) {
@@ -68,6 +85,24 @@ TEST(ChangedRecord, ComputedSubfieldWithoutAnyUnitDataHasNoValue) {
     const Lettura letto = Leggi(conv, Byte(56, 0));
     EXPECT_EQ(letto.ha_valore, 0);
     EXPECT_EQ(letto.testo, "- -");
+}
+
+TEST(ChangedRecord, ComputedSubfieldThatNoUnitConvertsNeedsNone) {
+    const kel_funpos pacchetto = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+    const s_kel_canale canale = Canale(pacchetto, KEL_TIPO_GPS_KEL);
+    Byte soluzione(56, 0);
+    Metti(soluzione, 24, Le32(6));  // above the north pole
+    s_kel_converter conv{};
+    conv.larghezza = 4;
+    kelConvInit(&conv, &canale, 0xA8A07, nullptr, 0, 0, 1);
+    EXPECT_EQ(Leggi(conv, soluzione).valore, 90.0f);
+    // The record's own unit decides as one that is given: there is no reciprocal latitude.
+    conv.dati = &kReciproca;
+    kelConvInit(&conv, &canale, 0xA8A07, nullptr, 0, 0, 1);
+    EXPECT_EQ(conv.valore, nullptr);
+    EXPECT_EQ(Leggi(conv, soluzione).ha_valore, 0);
+    kelConvInit(&conv, &canale, 0xA8A07, &kIdentita, 0, 0, 1);
+    EXPECT_EQ(Leggi(conv, soluzione).valore, 90.0f);
 }
 
 }  // namespace

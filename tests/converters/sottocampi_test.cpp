@@ -189,6 +189,14 @@ TEST(SubfieldRow, StopsAtTheEndRow) {
     EXPECT_EQ(getDettagliSottocampo(search_sottocampi_struct(2, 0), 0xA940B), nullptr);
 }
 
+TEST(SubfieldRow, OfNoTableIsNone) {
+    for (kel_funpos fid : {0u, 0x98Bu, 0xA940Bu, 0xB9D20u}) {
+        EXPECT_EQ(getDettagliSottocampo(nullptr, fid), nullptr) << std::hex << fid;
+    }
+    EXPECT_EQ(getDettagliSottocampo(search_sottocampi_struct(4, 0), 0xA940B), nullptr) << "the look-ups chain";
+    EXPECT_NE(getDettagliSottocampo(search_sottocampi_struct(3, 0), 0xA940B), nullptr);
+}
+
 TEST(SubfieldRow, RecognisesAnEndRowByItsFirstByteWithoutTheTopBit) {
     const kel_funpos fini[] = {0x20, 0xA0, 0x1D20, 0xFFFFFF20, 0xFFFFFFA0};
     for (kel_funpos fine : fini) {

@@ -122,23 +122,83 @@ TEST(NumericText, RoundsHalfUpInMagnitude) {
     EXPECT_EQ(Testo(0.0625f, 5, 3), " 0.063");
 }
 
-TEST(NumericText, ScalesAndRoundsInSinglePrecision) {
+TEST(NumericText, ScalesInSinglePrecision) {
     EXPECT_EQ(Testo(123.45f, 4, 1), "123.5") << "123.449997 * 10 is 1234.5 in single precision";
     EXPECT_EQ(Testo(1.005f, 5, 2), "  1.01");
     EXPECT_EQ(Testo(9.8765f, 5, 3), " 9.877");
-    EXPECT_EQ(Testo(0.49999997f, 1, 0), "1") << "0.49999997 + 0.5 is 1 in single precision";
-    EXPECT_EQ(Testo(8388609.0f, 8, 0), " 8388610") << "8388609 + 0.5 is a tie between two floats";
+}
+
+TEST(NumericText, RoundsExactly) {
+    EXPECT_EQ(Testo(0.49999997f, 1, 0), "0") << "0.49999997 + 0.5 is 1 in single precision, and not here";
+    EXPECT_EQ(Testo(-0.49999997f, 2, 0), "-0");
+    EXPECT_EQ(Testo(0.50000006f, 1, 0), "1");
+    EXPECT_EQ(Testo(1.4999999f, 1, 0), "1");
+    EXPECT_EQ(Testo(4194303.5f, 8, 0), " 4194304") << "the last halves whose neighbours are quarters";
+    EXPECT_EQ(Testo(4194303.25f, 8, 0), " 4194303");
+    EXPECT_EQ(Testo(4194304.5f, 8, 0), " 4194305");
+    EXPECT_EQ(Testo(8388606.5f, 8, 0), " 8388607");
+    EXPECT_EQ(Testo(8388607.0f, 8, 0), " 8388607");
+    EXPECT_EQ(Testo(8388607.5f, 8, 0), " 8388608") << "the last half that a float has";
+}
+
+TEST(NumericText, ShowsAWholeNumberAsItself) {
+    EXPECT_EQ(Testo(8388608.0f, 8, 0), " 8388608");
+    EXPECT_EQ(Testo(8388609.0f, 8, 0), " 8388609") << "8388609 + 0.5 is no float";
+    EXPECT_EQ(Testo(-8388609.0f, 8, 0), "-8388609");
     EXPECT_EQ(Testo(8388610.0f, 8, 0), " 8388610");
+    EXPECT_EQ(Testo(8388611.0f, 8, 0), " 8388611");
+    EXPECT_EQ(Testo(16777215.0f, 8, 0), "16777215");
+    EXPECT_EQ(Testo(16777215.0f, 10, 0), "  16777215") << "a field longer than eight characters";
     EXPECT_EQ(Testo(16777216.0f, 8, 0), "16777216");
+    EXPECT_EQ(Testo(16777218.0f, 8, 0), "16777218");
+    EXPECT_EQ(Testo(838860.9f, 7, 1), "838860.9") << "the product is 8388609";
+    EXPECT_EQ(Testo(838860.9f, 12, 1), "     838860.9");
+    EXPECT_EQ(Testo(83886.09f, 7, 2), "83886.09");
+    EXPECT_EQ(Testo(8388.609f, 7, 3), "8388.609");
+    // Every whole number that a float has, as far as it has them all.
+    Impostazione come;
+    s_kel_converter conv = Convertitore(6, come);
+    for (std::uint32_t numero = 8388607; numero <= 16777216; numero += 1021) {
+        ASSERT_EQ(Leggi(conv, LeFloat(static_cast<float>(numero))).testo,
+                  std::string(8 - std::to_string(numero).size(), ' ') + std::to_string(numero));
+    }
 }
 
 TEST(NumericText, ShowsThreeDecimalsForAnyLargerNumber) {
     for (std::uint32_t decimali : {3u, 4u, 5u, 7u, 100u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
         EXPECT_EQ(Testo(1.5f, 6, decimali), "  1.500") << decimali;
-        EXPECT_EQ(Testo(-1.5f, 5, decimali), "-1.500") << decimali;
         EXPECT_EQ(Testo(1.5f, 4, decimali), "1.500") << decimali;
         EXPECT_EQ(Testo(12.5f, 4, decimali), "-.---") << decimali;
     }
+}
+
+TEST(NumericText, RoomForTheMinusIsToldFromTheDecimalsAsRecorded) {
+    EXPECT_EQ(Testo(-12.5f, 6, 5), "---.---") << "one place before the point, by five decimals";
+    EXPECT_EQ(Testo(-12.5f, 7, 5), " -12.500");
+    EXPECT_EQ(Testo(12.5f, 6, 5), " 12.500") << "a number without a sign needs no room for it";
+    EXPECT_EQ(Testo(-1.5f, 5, 3), "-1.500");
+    EXPECT_EQ(Testo(-1.5f, 5, 4), "--.---");
+    EXPECT_EQ(Testo(-1.5f, 6, 4), " -1.500");
+    EXPECT_EQ(Testo(-1.5f, 5, 5), "--.---");
+    EXPECT_EQ(Testo(-1.5f, 5, 6), "--.---") << "more decimals than places";
+    EXPECT_EQ(Testo(1.5f, 5, 6), " 1.500");
+    EXPECT_EQ(Testo(1.5f, 5, 0xFFFFFFFFu), " 1.500");
+    for (eFormatoConv formato : {FORMATO_SINISTRA, FORMATO_COMPATTO}) {
+        EXPECT_EQ(Testo(-12.5f, 6, 5, formato), "---.---");
+        EXPECT_EQ(Testo(-12.5f, 7, 5, formato), formato == FORMATO_COMPATTO ? "-12.500" : "-12.500 ");
+    }
+    // Long fields, in which a number is written another way.
+    EXPECT_EQ(Testo(-12.5f, 12, 10), "      -12.500");
+    EXPECT_EQ(Testo(-12.5f, 12, 11), "---------.---");
+    EXPECT_EQ(Testo(-12.5f, 12, 12), "---------.---");
+    EXPECT_EQ(Testo(12.5f, 12, 12), "       12.500");
+    for (std::uint32_t decimali : {0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFEu, 0xFFFFFFFFu}) {
+        EXPECT_EQ(Testo(-12.5f, 8, decimali), "-----.---") << decimali;
+        EXPECT_EQ(Testo(-12.5f, 12, decimali), "---------.---") << decimali;
+        EXPECT_EQ(Testo(-12.5f, 0, decimali), "0") << decimali;
+    }
+    EXPECT_EQ(Testo(-12.5f, 0xFFFFFFFFu, 0xFFFFFFFDu), std::string(24, ' ') + "-12.500") << "two places left";
+    EXPECT_EQ(Testo(-12.5f, 0xFFFFFFFFu, 0xFFFFFFFEu), std::string(27, '-') + ".---") << "one place left";
 }
 
 TEST(NumericText, TooLongANumberIsDashesWithThePoint) {
@@ -399,12 +459,12 @@ std::string Modello(float valore, unsigned larghezza, unsigned decimali, eFormat
     const bool negativo = valore < 0.0f;
     unsigned ammesse = larghezza;
     if (negativo) {
-        ammesse = static_cast<int>(larghezza) - static_cast<int>(d) > 1 ? larghezza - 1 : 0;
+        ammesse = static_cast<int>(larghezza) - static_cast<int>(decimali) > 1 ? larghezza - 1 : 0;
     }
     const float scalato = std::fabs(valore) * potenze[d];
-    const float arrotondato = scalato + 0.5f;
+    const double arrotondato = static_cast<double>(scalato) + 0.5;  // exact: a double has 53 bits
     std::string cifre;
-    if (arrotondato < 2147483648.0f) {
+    if (arrotondato < 2147483648.0) {
         cifre = std::to_string(static_cast<std::int32_t>(arrotondato));
     }
     const bool trattini = cifre.empty() || cifre.size() > ammesse;
@@ -439,7 +499,7 @@ TEST(NumericText, AgreesWithItsModelOnRandomNumbers) {
     constexpr unsigned kSeme = 4;
     std::mt19937 caso(kSeme);
     for (int i = 0; i < 100000; ++i) {
-        const unsigned decimali = static_cast<unsigned>(caso() % 5);
+        const unsigned decimali = static_cast<unsigned>(caso() % 7);
         const unsigned minima = decimali > 3 ? 3 : decimali;
         const unsigned larghezza = minima + static_cast<unsigned>(caso() % (28 - minima));
         if (larghezza == 0) {

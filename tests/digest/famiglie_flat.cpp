@@ -1,6 +1,8 @@
 #include <cstring>
 #include <iterator>
 
+#include "comune/recinto.h"
+#include "comune/unita_necessaria.h"
 #include "famiglie.h"
 
 namespace digest {
@@ -70,7 +72,16 @@ void datiTra(Caso& caso, Impronta& impronta) {
     impronta.riga(&dati);
 }
 
-// A converter by chance, and a sample that holds whatever it may read.
+// Made before the first operation is tried: some run where no system call is allowed.
+const kel_test::Recinto recinto;
+
+// What a record that nobody has set up points to: a page that may not be read.
+const s_converter_data* proibito() {
+    return reinterpret_cast<const s_converter_data*>(recinto.InFondo(0));
+}
+
+// A converter by chance, and a sample that holds whatever it may read. Its record holds any bytes before it is set up; where
+// no unit is needed, there may be none.
 struct Convertitore {
     static constexpr unsigned kOffset = 40;
     static constexpr unsigned kPacchetto = 64;  // no packet is longer
@@ -84,14 +95,27 @@ struct Convertitore {
         canale.tipo_campione = caso.uno_su(64) ? caso.u32() : caso.sotto(27);
         canale.offset_campione = caso.sotto(kOffset);
         const kel_funpos fid = caso.uno_su(2) ? canale.fid : caso.sottocampo();
+        riempi(caso.u64());
         aspetto(caso);
         const bool in_testa = caso.uno_su(2);
         const bool con_bit = caso.uno_su(4);
         const unsigned pos_bit = con_bit ? caso.sotto(33) : 0;
         const unsigned num_bit = con_bit ? caso.sotto(33) : 0;
-        kelConvInit(&conv, &canale, fid, unita(caso), static_cast<std::uint16_t>(pos_bit),
+        const s_converter_data* unita = this->unita(caso);
+        if (caso.uno_su(2) && !kel_test::UnitaNecessaria(canale.fid, canale.tipo_campione, fid))
+            unita = nullptr;
+        kelConvInit(&conv, &canale, fid, unita, static_cast<std::uint16_t>(pos_bit),
                     static_cast<std::uint16_t>(num_bit), in_testa ? 1 : 0);
         caso.campione(buffer);
+    }
+
+    // The same bytes where they are looked at, however wide a pointer is: from a generator of its own.
+    void riempi(std::uint64_t seme) {
+        Caso caso(seme);
+        auto* byte = reinterpret_cast<unsigned char*>(&conv);
+        for (std::size_t i = 0; i < sizeof conv; i++)
+            byte[i] = caso.u8();
+        conv.dati = proibito();
     }
 
     const s_converter_data* unita(Caso& caso) {
@@ -103,7 +127,7 @@ struct Convertitore {
 
     void aspetto(Caso& caso) {
         conv.larghezza = caso.uno_su(32) ? caso.u32() : caso.sotto(12);
-        conv.decimali = caso.uno_su(32) ? caso.u32() : caso.sotto(5);
+        conv.decimali = caso.uno_su(32) ? caso.u32() : caso.sotto(7);
         conv.auto_decimali = caso.sotto(2);
         conv.formato = static_cast<eFormatoConv>(caso.sotto(3));
     }
@@ -133,6 +157,15 @@ void testo(Caso& caso, Impronta& impronta) {
     uno.testo(impronta);
     caso.campione(uno.buffer);
     uno.testo(impronta);
+}
+
+// The unit by what it holds; that nobody gave one, by itself.
+void dati(Caso& caso, Impronta& impronta) {
+    const Convertitore uno(caso);
+    const s_converter_data* dati = kelConvGetConvData(&uno.conv);
+    impronta.numero(dati == proibito() ? 0 : 1);
+    if (dati != proibito())
+        impronta.riga(dati);
 }
 
 void prepara(Caso& caso, Impronta& impronta) {
@@ -199,14 +232,14 @@ constexpr Famiglia famiglie[] = {
     {"kelConvGetValFloat again",   1, valore},
     {"kelConvGetString",           1, testo},
     {"kelConvGetString again",     1, testo},
-    {"kelConvGetConvData",         1, [](Caso& c, Impronta& i) { const Convertitore u(c); i.riga(kelConvGetConvData(&u.conv)); }},
+    {"kelConvGetConvData",         1, dati},
     {"kelConvGetOffset",           1, [](Caso& c, Impronta& i) { const Convertitore u(c); i.numero(kelConvGetOffset(&u.conv)); }},
 
     {"kelConvGetSottoCampiLapTime", 4, [](Caso& c, Impronta& i) { i.sottocampi(kelConvGetSottoCampiLapTime(c.uno_su(2) ? c.pacchetto() : c.u32())); }},
     {"kelConvGetSottoCampiDataOra", 4, [](Caso& c, Impronta& i) { i.sottocampi(kelConvGetSottoCampiDataOra(c.uno_su(2) ? c.pacchetto() : c.u32())); }},
     {"kelConvGetSottoCampiGPS",    4, [](Caso& c, Impronta& i) { i.sottocampi(kelConvGetSottoCampiGPS(c.uno_su(2) ? c.pacchetto() : c.u32())); }},
     {"kelConvMatchSottocampo",     1, [](Caso& c, Impronta& i) { const unsigned d = c.sotto(5); const unsigned s = c.sotto(4); i.segno(kelConvMatchSottocampo(d, s, richiesta(c))); }},
-    {"getDettagliSottocampo",      1, [](Caso& c, Impronta& i) { const s_sottocampo* t = c.uno_su(2) ? sottocampi_gps_kel : sottocampi_lap_time_2G; i.riga(getDettagliSottocampo(t, richiesta(c))); }},
+    {"getDettagliSottocampo",      1, [](Caso& c, Impronta& i) { const unsigned d = c.sotto(5); const s_sottocampo* t = search_sottocampi_struct(d, c.sotto(4)); i.riga(getDettagliSottocampo(t, richiesta(c))); }},
     {"search_sottocampi_struct",   4, [](Caso& c, Impronta& i) { const unsigned d = c.sotto(5); i.sottocampi(search_sottocampi_struct(d, c.uno_su(4) ? c.u32() : c.sotto(4))); }},
 };
 // clang-format on

@@ -19,7 +19,7 @@ s_kel_canale canaleDelTipo(unsigned tipo) {
 void maschere(unsigned parte, Conta& conta) {
     const s_kel_canale canale = canaleDelTipo(3);
     const s_converter_data dati = datiDi(unitaIdentita());
-    s_kel_converter conv{};
+    s_kel_converter conv = registroQualunque();
     for (unsigned posizione = parte * 256; posizione < (parte + 1) * 256; posizione++)
         for (unsigned quanti = 0; quanti < 65536; quanti++) {
             kelConvInit(&conv, &canale, 0x0B, &dati, static_cast<unsigned short>(posizione),

@@ -16,11 +16,36 @@ inline const modello::RigaUdm& unitaIdentita() {
     return modello::tabelle().udm.at("NULL_udm_associate").at(0);
 }
 
-// How both show numbers.
+// What a caller's record holds before anything is set: any bytes, and a pointer that leads nowhere.
+inline s_kel_converter registroQualunque(unsigned char byte = 0xA5) {
+    s_kel_converter record;
+    std::memset(&record, byte, sizeof record);
+    return record;
+}
+
+// In what a record that was just set up differs from the model's converter; "" when in nothing.
+inline std::string differenza(const s_kel_converter& record, const modello::Convertitore& modello) {
+    if (record.offset_campione != modello.offset())
+        return "offset";
+    if (record.pos_bit != modello.campo().pos_bit || record.num_bit != modello.campo().num_bit)
+        return "bit field";
+    if (record.maschera != modello.campo().maschera)
+        return "mask";
+    if ((record.valore != nullptr) != modello.haValore())
+        return "value function";
+    if ((record.testo_stato != nullptr) != modello.haTestoStato())
+        return "status-text function";
+    return record.testo == nullptr ? "text function" : "";
+}
+
+// A record of any bytes that is set up by its caller, and the model's converter of the same channel.
 struct Lettore {
     Lettore(const modello::Canale& canale, modello::Fid fid, const modello::RigaUdm& unita, modello::Campo campo = {},
             bool in_testa = true)
-        : dati(datiDi(unita)), modello(canale, fid, unita, campo, in_testa) {
+        : dati(datiDi(unita)),
+          libreria(registroQualunque()),
+          modello({libreria.maschera, nullptr}, canale, fid, &unita, campo, in_testa) {
+        aspetto({});
         const s_kel_canale record = canaleDi(canale);
         kelConvInit(&libreria, &record, fid, &dati, static_cast<unsigned short>(campo.pos_bit),
                     static_cast<unsigned short>(campo.num_bit), in_testa ? 1 : 0);
@@ -28,6 +53,7 @@ struct Lettore {
     Lettore(const Lettore&) = delete;
     Lettore& operator=(const Lettore&) = delete;
 
+    // How both show numbers.
     void aspetto(const modello::Aspetto& come) {
         modello.aspetto = come;
         libreria.larghezza = come.larghezza;
@@ -44,7 +70,7 @@ struct Lettore {
     }
 
     s_converter_data dati;
-    s_kel_converter libreria{};
+    s_kel_converter libreria;
     modello::Convertitore modello;
     char testo[32];
     bool riuscito = false;

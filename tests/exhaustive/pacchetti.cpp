@@ -126,8 +126,10 @@ void sottocampi(unsigned parte, Conta& conta) {
                 lettore.aspetto({in_testa ? 6U : 5U, in_testa ? 2U : 1U, 0, 0});
                 conta.numeri(kelConvGetOffset(&lettore.libreria), lettore.modello.offset(),
                              [&] { return "offset of " + esadecimale(fid) + " in " + esadecimale(canale.fid); });
-                conta.numeri(lettore.libreria.maschera, lettore.modello.campo().maschera,
-                             [&] { return "mask of " + esadecimale(fid) + " in " + esadecimale(canale.fid); });
+                const std::string diverso = differenza(lettore.libreria, lettore.modello);
+                conta.caso(diverso.empty(), lettore.libreria.maschera, [&] {
+                    return "set-up of " + esadecimale(fid) + " in " + esadecimale(canale.fid) + ": another " + diverso;
+                });
                 for (const Pacchetto& byte : pacchetti)
                     leggi(conta, lettore, canale, fid, una, byte);
             }
@@ -205,6 +207,10 @@ void tabelle(unsigned /*parte*/, Conta& conta) {
             conta.numeri(getDettagliSottocampo(sottocampiDi(nome), fid) == attesa ? 1 : 0, 1,
                          [&] { return nome + " with " + esadecimale(fid); });
         }
+    for (const Fid fid : note)
+        conta.numeri(getDettagliSottocampo(nullptr, fid) == nullptr ? 1 : 0,
+                     modello::rigaSottocampo(std::nullopt, fid) ? 0 : 1,
+                     [&] { return "no table with " + esadecimale(fid); });
     for (Fid bassi = 0; bassi < 1U << 20; bassi++) {
         const Fid fid = bassi | (bassi * 2654435761U & 0xFFF00000U);
         conta.numeri(kelConvGetSottoCampiLapTime(fid) == indirizzo(modello::tabellaLap(fid)) ? 1 : 0, 1,

@@ -13,6 +13,7 @@ std::vector<Spazio> spaziCanali();
 std::vector<Spazio> spaziMezzi();
 std::vector<Spazio> spaziTesti();
 std::vector<Spazio> spaziPacchetti();
+std::vector<Spazio> spaziImpostazioni();
 std::vector<Spazio> spaziBit();
 std::vector<Spazio> spaziNumeri();
 std::vector<Spazio> spaziTempi();

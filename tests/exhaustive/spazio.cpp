@@ -38,7 +38,7 @@ std::string Conta::esatto(float numero) {
 std::vector<Spazio> tuttiGliSpazi() {
     std::vector<Spazio> tutti;
     for (const auto& famiglia : {spaziTabelle, spaziIdentificatori, spaziUnita, spaziCanali, spaziMezzi, spaziTesti,
-                                 spaziPacchetti, spaziBit, spaziNumeri, spaziTempi, spaziCampioni})
+                                 spaziPacchetti, spaziImpostazioni, spaziBit, spaziNumeri, spaziTempi, spaziCampioni})
         for (Spazio& spazio : famiglia())
             tutti.push_back(std::move(spazio));
     return tutti;

@@ -170,7 +170,7 @@ void camera(Conta& conta, const char* nome, const t_SFunzioneZumikoCam* libreria
 
 // Which extended rows the camera walk shows: by row, and by parameter code.
 void visibili(Conta& conta) {
-    const CFunzioni funzioni;
+    CFunzioni funzioni;
     for (const modello::RigaCamera& riga : tabelle().camera_estese)
         if (riga.visibile != "-")
             conta.numeri(funzioni.is_est_valid(riga.codice) ? 1 : 0, riga.visibile == "si" ? 1 : 0,

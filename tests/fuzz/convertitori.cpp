@@ -2,7 +2,8 @@
 //
 // Proves that no read touches a byte beside the sample, that values and texts are those of the model whatever the bytes
 // are, that the text ends inside its 32 bytes, and that flat and object face agree. The sample ends at a page that may
-// not be touched, then begins right behind one.
+// not be touched, then begins right behind one. A record holds any bytes before it is set up, its pointer to the unit leads
+// to such a page as well, and where no unit is needed none is given.
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -14,6 +15,7 @@
 #include "CConverter.h"
 #include "bersaglio.h"
 #include "comune/recinto.h"
+#include "comune/unita_necessaria.h"
 #include "exhaustive/lettore.h"
 #include "ingredienti.h"
 #include "model/campi.h"
@@ -64,10 +66,26 @@ modello::Aspetto aspetto(Ingredienti& da) {
     const unsigned larghezza = da.u8();
     come.larghezza = larghezza < 250 ? larghezza % 50 : da.u32();
     const unsigned decimali = da.u8();
-    come.decimali = decimali < 250 ? decimali % 5 : da.u32();
+    come.decimali = decimali < 250 ? decimali % 7 : da.u32();
     come.auto_decimali = static_cast<unsigned>(da.scelta(2));
     come.formato = static_cast<unsigned>(da.scelta(4));
     return come;
+}
+
+// A record that its caller has not cleared.
+s_kel_converter indefinito(Ingredienti& da, const kel_test::Recinto& recinto) {
+    s_kel_converter prima;
+    std::memset(static_cast<void*>(&prima), da.u8() ^ 0xA5, sizeof prima);
+    const auto byte = da.byte(sizeof prima);
+    std::memcpy(static_cast<void*>(&prima), byte.data(), byte.size());
+    prima.dati = reinterpret_cast<const s_converter_data*>(recinto.InFondo(0));
+    return prima;
+}
+
+// Whether a packet channel is asked for something that its packet does not have: the set-up ends there.
+bool senzaSottocampo(const modello::Canale& canale, modello::Fid fid) {
+    return modello::grandezza(canale.fid) == FID_PHI_PACKAGE && canale.fid != fid &&
+           kelConvMatchSottocampo(modello::oggetto(canale.fid), modello::posizione(canale.fid), fid) == 0;
 }
 
 // Bytes that the reads of a function of a channel may touch: the whole packet where one of its subfields is asked for,
@@ -107,18 +125,19 @@ void leggi(Lettore& lettore, const unsigned char* buffer) {
 
 // The object face, which has no automatic decimals and no bit fields, on the same sample.
 void leggiOggetto(const s_kel_canale& canale, modello::Fid fid, const Lettore& lettore, bool in_testa,
-                  const unsigned char* buffer) {
-    s_kel_converter conv{};
+                  const s_kel_converter& prima, const s_converter_data* dati, const unsigned char* buffer) {
+    s_kel_converter conv = prima;
+    conv.auto_decimali = 0;
     conv.larghezza = lettore.libreria.larghezza;
     conv.decimali = lettore.libreria.decimali;
     conv.formato = lettore.libreria.formato;
-    kelConvInit(&conv, &canale, fid, &lettore.dati, 0, 0, in_testa ? 1 : 0);
+    kelConvInit(&conv, &canale, fid, dati, 0, 0, in_testa ? 1 : 0);
     float valore = -77;
     char testo[32];
     const bool riuscito = kelConvGetValFloat(&conv, buffer, &valore) == 1;
     const bool scritto = kelConvGetString(&conv, buffer, testo) == 1;
 
-    CConverter oggetto(&canale, fid, &lettore.dati, in_testa, conv.decimali, conv.formato, conv.larghezza);
+    CConverter oggetto(&canale, fid, dati, in_testa, conv.decimali, conv.formato, conv.larghezza);
     float suo = -77;
     std::string suo_testo = "before";
     pretendi(oggetto.GetVal(buffer, &suo) == riuscito && uguali(suo, valore), "both faces read the same value");
@@ -150,17 +169,27 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     std::vector<std::uint8_t> campione(grande);
     std::ranges::copy(da.byte(grande), campione.begin());
     const s_kel_canale record = esaustivo::canaleDi(canale);
+    const bool con_dati = kel_test::UnitaNecessaria(canale.fid, canale.tipo, fid) || da.scelta(2) == 1;
+    const s_kel_converter prima = indefinito(da, recinto);
     for (unsigned char* posto : {recinto.InFondo(grande), recinto.InTesta()}) {
         std::ranges::copy(campione, posto);
         // A record of all samples begins before this one: where, only its address tells.
         const unsigned char* buffer = in_testa ? posto : posto - canale.offset;
         Lettore lettore(canale, fid, riga, campo, in_testa);
+        const s_converter_data* dati = con_dati ? &lettore.dati : nullptr;
+        lettore.libreria = prima;
+        kelConvInit(&lettore.libreria, &record, fid, dati, static_cast<unsigned short>(campo.pos_bit),
+                    static_cast<unsigned short>(campo.num_bit), in_testa ? 1 : 0);
         lettore.aspetto(come);
         pretendi(kelConvGetOffset(&lettore.libreria) == lettore.modello.offset(), "the offset is the model's");
-        pretendi(kelConvGetConvData(&lettore.libreria) == &lettore.dati, "the unit is the one given");
+        pretendi(kelConvGetConvData(&lettore.libreria) == (con_dati ? dati : prima.dati),
+                 "the unit is the one given, or the pointer as it was");
+        pretendi(lettore.libreria.maschera ==
+                     (senzaSottocampo(canale, fid) ? prima.maschera : lettore.modello.campo().maschera),
+                 "the mask is the model's, or as it was when the set-up ends early");
         leggi(lettore, buffer);
         leggi(lettore, buffer);  // automatic decimals remember
-        leggiOggetto(record, fid, lettore, in_testa, buffer);
+        leggiOggetto(record, fid, lettore, in_testa, prima, dati, buffer);
     }
     return 0;
 }

@@ -14,17 +14,18 @@ std::uint32_t mascheraBit(unsigned pos_bit, unsigned num_bit) {
     return maschera;
 }
 
-Convertitore::Convertitore(const Canale& canale, Fid fid, const RigaUdm& unita, Campo bit, bool campione_in_testa)
-    : unita_(unita),
-      reciproco_(unita.reciproco != 0),
-      offset_(campione_in_testa ? 0 : canale.offset),
-      campo_{bit.pos_bit, bit.num_bit, 0} {
+Convertitore::Convertitore(const Prima& prima, const Canale& canale, Fid fid, const RigaUdm* unita, Campo bit,
+                           bool campione_in_testa)
+    : offset_(campione_in_testa ? 0 : canale.offset), campo_{bit.pos_bit, bit.num_bit, prima.maschera} {
+    const RigaUdm* vale = unita != nullptr ? unita : prima.unita;
+    if (vale != nullptr)
+        unita_ = *vale;
     unsigned tipo = canale.tipo;
     if (grandezza(canale.fid) == 26 && canale.fid != fid) {
         const auto tabella = tabellaPacchetto(oggetto(canale.fid), posizione(canale.fid));
-        const auto indice = tabella ? rigaSottocampo(*tabella, fid) : std::nullopt;
+        const auto indice = rigaSottocampo(tabella, fid);
         if (!indice)
-            return;
+            return;  // the mask stays what it was
         const RigaSottocampo& riga = tabelle().sottocampi.at(*tabella).at(*indice);
         tipo = riga.tipo;
         offset_ += riga.offset;
@@ -38,7 +39,14 @@ Convertitore::Convertitore(const Canale& canale, Fid fid, const RigaUdm& unita, 
     scegliFormato(tipo, canale.fid);
 }
 
+const RigaUdm& Convertitore::unita() const {
+    if (!unita_)
+        throw SenzaUnita();
+    return *unita_;
+}
+
 void Convertitore::scegliCalcolato(const RigaSottocampo& riga) {
+    reciproco_ = reciproco();
     const std::string& nome = reciproco_ ? riga.valore_reciproco : riga.valore;
     if (nome == "velocita" || nome == "velocita_reciproca")
         modo_ = Valore::velocita;
@@ -51,8 +59,9 @@ void Convertitore::scegliCalcolato(const RigaSottocampo& riga) {
     testo_ = Testo::numerico;
 }
 
-// Types that are shown as numbers.
+// Types that are shown as numbers. All have a reciprocal form but the bit list.
 void Convertitore::scegliNumero(unsigned tipo) {
+    reciproco_ = tipo != 13 && reciproco();
     const bool bit = campo_.maschera != 0 && !reciproco_;
     testo_ = Testo::numerico;
     stato_in_testo_ = tipo != 13;
@@ -113,7 +122,6 @@ void Convertitore::scegliFormato(unsigned tipo, Fid canale) {
             break;
         case 12:
             scegli(Valore::int32, Testo::tempo_giro);
-            reciproco_ = false;
             break;
         case 15:
             scegli(marcia ? Valore::numero_o_cifra : Valore::numero, Testo::copia);
@@ -129,10 +137,11 @@ void Convertitore::scegliFormato(unsigned tipo, Fid canale) {
             break;
         case 21:
             scegli(Valore::int32, Testo::coordinata);
+            reciproco_ = reciproco();
+            stato_in_testo_ = true;
             break;
         case 24:
             scegli(Valore::int32, Testo::differenza);
-            reciproco_ = false;
             break;
         case 0:
         case 1:
@@ -150,8 +159,29 @@ void Convertitore::scegliFormato(unsigned tipo, Fid canale) {
     }
 }
 
+namespace {
+
+// Packets, gears, plain numbers and places are read without a unit.
+bool vuoleUnita(Valore modo) {
+    switch (modo) {
+        case Valore::nessuno:
+        case Valore::zero:
+        case Valore::marcia:
+        case Valore::numero:
+        case Valore::numero_o_cifra:
+        case Valore::latitudine:
+        case Valore::longitudine:
+            return false;
+        default:
+            return true;
+    }
+}
+
+}  // namespace
+
 Letto Convertitore::valore(const Byte* buffer) const {
-    return leggiValore(modo_, reciproco_, unita_, campo_, buffer + offset_);
+    static const RigaUdm nessuna{};
+    return leggiValore(modo_, reciproco_, vuoleUnita(modo_) ? unita() : nessuna, campo_, buffer + offset_);
 }
 
 std::string Convertitore::testo(const Byte* buffer) {

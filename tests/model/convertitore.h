@@ -3,6 +3,7 @@
 #define KEL_MODELLO_CONVERTITORE_H
 
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "model/campioni.h"
@@ -27,16 +28,36 @@ enum class Testo {
     satelliti
 };
 
+// What a caller's record holds before it is set up, of that which set-up may leave as it is.
+struct Prima {
+    std::uint32_t maschera = 0;
+    const RigaUdm* unita = nullptr;  // null = the record's pointer leads to no unit
+};
+
+// A unit is needed, and there is none.
+class SenzaUnita : public std::logic_error {
+public:
+    SenzaUnita() : std::logic_error("a unit is needed, and there is none") {}
+};
+
 class Convertitore {
 public:
-    // `canale.fid`, `canale.tipo` and `canale.offset` are looked at; `bit` is the field asked for, its mask not.
-    Convertitore(const Canale& canale, Fid fid, const RigaUdm& unita, Campo bit, bool campione_in_testa);
+    // `canale.fid`, `canale.tipo` and `canale.offset` are looked at; `bit` is the field asked for, its mask not. Without
+    // `unita` the one of `prima` stays. Throws SenzaUnita where a set-up or a read needs a unit and has none: then
+    // the caller asked for what is undefined.
+    Convertitore(const Prima& prima, const Canale& canale, Fid fid, const RigaUdm* unita, Campo bit,
+                 bool campione_in_testa);
+    Convertitore(const Canale& canale, Fid fid, const RigaUdm& unita, Campo bit, bool campione_in_testa)
+        : Convertitore({}, canale, fid, &unita, bit, campione_in_testa) {}
 
     Aspetto aspetto;  // how numbers are shown
 
     unsigned offset() const { return offset_; }
     const Campo& campo() const { return campo_; }
     Valore modo() const { return modo_; }
+    const RigaUdm* unitaScelta() const { return unita_ ? &*unita_ : nullptr; }
+    // Whether a status has a text of its own.
+    bool haTestoStato() const { return stato_in_testo_; }
 
     bool haValore() const { return modo_ != Valore::nessuno; }
     Letto valore(const Byte* buffer) const;
@@ -46,9 +67,11 @@ private:
     void scegliFormato(unsigned tipo, Fid canale);
     void scegliNumero(unsigned tipo);
     void scegliCalcolato(const RigaSottocampo& riga);
+    const RigaUdm& unita() const;
+    bool reciproco() const { return unita().reciproco != 0; }
 
-    RigaUdm unita_;
-    bool reciproco_;
+    std::optional<RigaUdm> unita_;
+    bool reciproco_ = false;  // only where the sample type has a reciprocal form
     unsigned offset_ = 0;
     Campo campo_;
     Valore modo_ = Valore::nessuno;

@@ -34,9 +34,12 @@ std::optional<std::size_t> rigaSottocampo(const std::string& tabella, Fid fid) {
     return std::nullopt;
 }
 
+std::optional<std::size_t> rigaSottocampo(const std::optional<std::string>& tabella, Fid fid) {
+    return tabella ? rigaSottocampo(*tabella, fid) : std::nullopt;
+}
+
 bool haSottocampo(unsigned dettagli, unsigned spec, Fid fid) {
-    const auto tabella = tabellaPacchetto(dettagli, spec);
-    return tabella && rigaSottocampo(*tabella, fid);
+    return rigaSottocampo(tabellaPacchetto(dettagli, spec), fid).has_value();
 }
 
 std::list<Fid> funzioniInterne(Fid fid) {

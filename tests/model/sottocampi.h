@@ -19,6 +19,8 @@ std::optional<std::string> tabellaGps(Fid fid);
 
 // Index of a subfield's row in a table.
 std::optional<std::size_t> rigaSottocampo(const std::string& tabella, Fid fid);
+// The same where there may be no table: then there is no row.
+std::optional<std::size_t> rigaSottocampo(const std::optional<std::string>& tabella, Fid fid);
 bool haSottocampo(unsigned dettagli, unsigned spec, Fid fid);
 
 // Identifiers of the subfields of a packet function; empty for any other function.

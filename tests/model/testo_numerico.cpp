@@ -49,17 +49,19 @@ void scegliDecimali(Aspetto& aspetto, float valore) {
     }
 }
 
-float arrotondata(float grandezza, unsigned decimali) {
+double arrotondata(float grandezza, unsigned decimali) {
     float scala = 1.0F;
     for (unsigned i = 0; i < decimali; i++)
         scala *= 10.0F;
     const float scalata = grandezza * scala;
-    return std::floor(scalata + 0.5F);
+    // A double holds the sum of a half and any float from a half to 2 to the power of 52; below, the sum is less than 1
+    // however it is rounded, and above, the float is a whole number that the half does not change.
+    return std::floor(static_cast<double>(scalata) + 0.5);
 }
 
 std::string cifre(float grandezza, unsigned decimali, unsigned ammesse) {
-    const float numero = arrotondata(grandezza, decimali);
-    if (!(numero < 2147483648.0F))  // more than an int holds, or no number at all
+    const double numero = arrotondata(grandezza, decimali);
+    if (!(numero < 2147483648.0))  // more than an int holds, or no number at all
         return "";
     char testo[16];
     std::snprintf(testo, sizeof testo, "%d", static_cast<int>(numero));
@@ -107,9 +109,11 @@ std::string testoNumerico(Aspetto& aspetto, float valore) {
         larghezza = decimali == 0 ? lunghezza : lunghezza - 1;
     }
     const bool negativo = valore < 0;
+    // Room for the sign is told from the decimals as they were set, also those above the three that are shown.
+    const long long davanti = static_cast<long long>(larghezza) - static_cast<long long>(aspetto.decimali);
     unsigned ammesse = larghezza;
     if (negativo)
-        ammesse = larghezza > decimali + 1 ? larghezza - 1 : 0;
+        ammesse = davanti > 1 ? larghezza - 1 : 0;
     std::string numero = cifre(std::fabs(valore), decimali, ammesse);
     if (numero.empty())
         numero = std::string(larghezza, '-');

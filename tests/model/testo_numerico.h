@@ -17,9 +17,10 @@ struct Aspetto {
 // Chooses between 1 and 0 decimals by magnitude, when the look asks for it.
 void scegliDecimali(Aspetto& aspetto, float valore);
 
-// A magnitude scaled by its decimals (0 to 3) and rounded to a whole number, in single precision: 123.45 is a little
-// less than that, and yet with one decimal 1235.
-float arrotondata(float grandezza, unsigned decimali);
+// A magnitude scaled by its decimals (0 to 3) and rounded to a whole number. The product is single precision, so that
+// 123.45, a little less than that as a float, is with one decimal 1235. Rounding itself is exact: 8388609 stays what it
+// is, and 0.49999997 is nothing.
+double arrotondata(float grandezza, unsigned decimali);
 
 // Digits of that number: "" when there are more than `ammesse`, or when it is more than an int holds.
 std::string cifre(float grandezza, unsigned decimali, unsigned ammesse);

@@ -1,4 +1,4 @@
-"""The manual pages: one for every command and every flat function, complete, and clean under mandoc."""
+"""The manual pages: one for every command, the simulator and every flat function, complete, and clean under mandoc."""
 import argparse
 import glob
 import os
@@ -32,20 +32,20 @@ def semplice(testo):
     return " ".join(testo.split())
 
 
-def contenuto(pagine, kelfun, intestazione):
+def contenuto(pagine, kelfun, kelsim, intestazione):
     def aiuto(*comando):
-        return subprocess.run([kelfun, *comando, "--help"], capture_output=True, text=True, check=True).stdout
+        return subprocess.run([*comando, "--help"], capture_output=True, text=True, check=True).stdout
 
-    comandi = re.findall(r"^  ([a-z]+)  ", aiuto().split("Subcommands:")[1], re.M)
-    attese = {"kelfun.1", *(f"kelfun-{comando}.1" for comando in comandi)}
+    comandi = re.findall(r"^  ([a-z]+)  ", aiuto(kelfun).split("Subcommands:")[1], re.M)
+    attese = {"kelfun.1", "kelsim.1", *(f"kelfun-{comando}.1" for comando in comandi)}
     avute = {os.path.basename(f) for f in glob.glob(f"{pagine}/man1/*")}
     pretendi(avute == attese, f"pages of commands: {avute ^ attese} are not in both")
-    for comando in comandi:
-        testo = semplice(leggi(f"{pagine}/man1/kelfun-{comando}.1"))
-        for opzione in re.findall(r"^  (?:-\w,)?-(-[a-z0-9-]+)", aiuto(comando), re.M):
-            pretendi(f"Fl {opzione}" in testo, f"kelfun-{comando}.1 does not tell of -{opzione}")
-        for esempio in aiuto(comando).split("Examples:\n")[1].splitlines():
-            pretendi(" ".join(esempio.split()).replace('"', "") in testo, f"kelfun-{comando}.1 does not show: {esempio.strip()}")
+    for nome, suo in [*((f"kelfun-{comando}.1", aiuto(kelfun, comando)) for comando in comandi), ("kelsim.1", aiuto(kelsim))]:
+        testo = semplice(leggi(f"{pagine}/man1/{nome}"))
+        for opzione in re.findall(r"^  (?:-\w,)?-(-[a-z0-9-]+)", suo, re.M):
+            pretendi(f"Fl {opzione}" in testo, f"{nome} does not tell of -{opzione}")
+        for esempio in suo.split("Examples:\n")[1].splitlines():
+            pretendi(" ".join(esempio.split()).replace('"', "") in testo, f"{nome} does not show: {esempio.strip()}")
 
     dichiarate = re.findall(r"^KEL_API [^;]*?(\w+)\(", leggi(intestazione), re.M)
     attese = {"libkelfunzioni.3", *(f"{funzione}.3" for funzione in dichiarate)}
@@ -80,16 +80,17 @@ def lint(pagine):
     return 0
 
 
-def spazi(pagine, kelfun, generatore):
-    """The same pages come from a kelfun, and an emulator, whose folder has a blank in its name."""
+def spazi(pagine, kelfun, kelsim, generatore):
+    """The same pages come from programs, and an emulator, whose folder has a blank in its name."""
     with tempfile.TemporaryDirectory(prefix="kel fun-") as dove:
         os.symlink(os.path.abspath(kelfun), f"{dove}/kelfun")
+        os.symlink(os.path.abspath(kelsim), f"{dove}/kelsim")
         with open(f"{dove}/emulator", "w", encoding="ascii") as f:
             f.write('#!/bin/sh\nshift\nexec "$@"\n')
         os.chmod(f.name, 0o755)
         versione = subprocess.run([kelfun, "--version"], capture_output=True, text=True, check=True).stdout.split()[-1]
-        fatto = subprocess.run([sys.executable, generatore, "--kelfun", f"{dove}/kelfun", f"--emulator={dove}/emulator",
-                                "--emulator=-L", "--version", versione, "--date-of", generatore, f"{dove}/pages"],
+        fatto = subprocess.run([sys.executable, generatore, "--kelfun", f"{dove}/kelfun", "--kelsim", f"{dove}/kelsim",
+                                f"--emulator={dove}/emulator", "--emulator=-L", "--version", versione, "--date-of", generatore, f"{dove}/pages"],
                                capture_output=True, text=True, check=False)
         pretendi(fatto.returncode == 0, f"comandi.py in a folder with a blank: {fatto.stderr}")
         attese = sorted(os.path.basename(f) for f in glob.glob(f"{pagine}/man1/*"))
@@ -103,6 +104,7 @@ def spazi(pagine, kelfun, generatore):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--kelfun", required=True)
+    parser.add_argument("--kelsim", required=True)
     parser.add_argument("--header", required=True)
     parser.add_argument("--generator", required=True)
     parser.add_argument("prova", choices=["contents", "lint", "blanks"])
@@ -112,9 +114,9 @@ def main():
     if argomenti.prova == "lint":
         stato = lint(argomenti.pagine)
     elif argomenti.prova == "blanks":
-        spazi(argomenti.pagine, argomenti.kelfun, argomenti.generator)
+        spazi(argomenti.pagine, argomenti.kelfun, argomenti.kelsim, argomenti.generator)
     else:
-        contenuto(argomenti.pagine, argomenti.kelfun, argomenti.header)
+        contenuto(argomenti.pagine, argomenti.kelfun, argomenti.kelsim, argomenti.header)
     for errore in errori:
         print(errore, file=sys.stderr)
     return 1 if errori else stato

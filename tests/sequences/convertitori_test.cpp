@@ -1,9 +1,11 @@
 // Converters that are read, changed and set up again in any order, with automatic decimals, against the model.
 #include <array>
 #include <bit>
+#include <cstring>
 #include <memory>
 
 #include "IFunzioni.h"
+#include "comune/recinto.h"
 #include "kelfunzioni.h"
 #include "model/convertitore.h"
 #include "model/unita.h"
@@ -42,10 +44,19 @@ std::string descrivi(const Operazione& operazione) {
     return flusso.str();
 }
 
-// A flat record and the model's converter; looks survive a new set-up.
+// A flat record and the model's converter. The record is that of a caller who sets no more than a look: any bytes, and
+// a pointer to memory that nobody may read. Looks survive a new set-up, and so does the unit where none is given.
 class Fianco {
 public:
-    Fianco() { imposta({0, 6, 0, 0x10}); }
+    Fianco() {
+        static const kel_test::Recinto recinto;
+        std::memset(&libreria_, 0xA5, sizeof libreria_);
+        libreria_.larghezza = libreria_.decimali = libreria_.auto_decimali = 0;
+        libreria_.formato = FORMATO_DESTRA;
+        const void* proibito = recinto.InFondo(0);
+        libreria_.dati = static_cast<const s_converter_data*>(proibito);
+        imposta({0, 6, 8, 0x10});  // a packet, which has no unit
+    }
 
     void imposta(const Operazione& operazione) {
         Canale canale;
@@ -54,33 +65,51 @@ public:
         canale.offset = operazione.primo;
         const auto riga = modello::rigaConversione(
             0x14, modello::tabelle().udm.at("kmh_vel_udm_associate").at(operazione.primo % 7).testo);
-        const s_converter_data* dati = kelFunGetConvData(0x14, riga.dati().testo.c_str());
+        const bool data = operazione.secondo / 32 % 2 == 1;
+        const s_converter_data* dati = data ? kelFunGetConvData(0x14, riga.dati().testo.c_str()) : nullptr;
         const auto interne = modello::grandezza(operazione.fid) == 26 ? 0xA8010U : operazione.fid;
         const modello::Campo bit{operazione.secondo / 27 % 20, operazione.secondo / 540 % 3, 0};
+        const bool in_testa = operazione.secondo % 2 == 0;
+        const modello::Prima prima{libreria_.maschera, modello_ ? modello_->unitaScelta() : nullptr};
+        std::unique_ptr<Convertitore> nuovo;
+        try {
+            nuovo =
+                std::make_unique<Convertitore>(prima, canale, interne, data ? &riga.dati() : nullptr, bit, in_testa);
+        } catch (const modello::SenzaUnita&) {
+            return;  // no caller may set this up without a unit
+        }
+        nuovo->aspetto = modello_ ? modello_->aspetto : modello::Aspetto{};
+        modello_ = std::move(nuovo);
+        const s_converter_data* resta = data ? dati : libreria_.dati;
         s_kel_canale record{};
         record.fid = canale.fid;
         record.tipo_campione = canale.tipo;
         record.offset_campione = canale.offset;
-        const bool in_testa = operazione.secondo % 2 == 0;
         kelConvInit(&libreria_, &record, interne, dati, static_cast<unsigned short>(bit.pos_bit),
                     static_cast<unsigned short>(bit.num_bit), in_testa ? 1 : 0);
-        const modello::Aspetto aspetto = modello_ ? modello_->aspetto : modello::Aspetto{};
-        modello_ = std::make_unique<Convertitore>(canale, interne, riga.dati(), bit, in_testa);
-        modello_->aspetto = aspetto;
+        RC_ASSERT(kelConvGetConvData(&libreria_) == resta);
+        RC_ASSERT(libreria_.maschera == modello_->campo().maschera);
+        RC_ASSERT(libreria_.pos_bit == modello_->campo().pos_bit);
+        RC_ASSERT(libreria_.num_bit == modello_->campo().num_bit);
+        RC_ASSERT((libreria_.testo_stato != nullptr) == modello_->haTestoStato());
     }
 
+    // What needs a unit and has none is not read: that is undefined.
     void leggi(const Operazione& operazione) {
         const Buffer buffer = campione(operazione);
-        char testo[32];
-        RC_ASSERT(kelConvGetString(&libreria_, buffer.data(), testo) == 1);
-        const std::string intero(testo, sizeof testo);
-        std::string atteso = modello_->testo(buffer.data());
-        atteso.resize(sizeof testo);
-        RC_ASSERT(intero == atteso);
-        float valore = -77;
-        RC_ASSERT((kelConvGetValFloat(&libreria_, buffer.data(), &valore) == 1) == modello_->haValore());
-        RC_ASSERT(std::bit_cast<std::uint32_t>(valore) ==
-                  std::bit_cast<std::uint32_t>(modello_->haValore() ? modello_->valore(buffer.data()).valore : 0.0F));
+        try {
+            std::string atteso = modello_->testo(buffer.data());
+            atteso.resize(32);
+            char testo[32];
+            RC_ASSERT(kelConvGetString(&libreria_, buffer.data(), testo) == 1);
+            RC_ASSERT(std::string(testo, sizeof testo) == atteso);
+            const float voluto = modello_->haValore() ? modello_->valore(buffer.data()).valore : 0.0F;
+            float valore = -77;
+            RC_ASSERT((kelConvGetValFloat(&libreria_, buffer.data(), &valore) == 1) == modello_->haValore());
+            RC_ASSERT(std::bit_cast<std::uint32_t>(valore) == std::bit_cast<std::uint32_t>(voluto));
+        } catch (const modello::SenzaUnita&) {
+            return;
+        }
     }
 
     void prova(const Operazione& operazione) {
@@ -89,7 +118,7 @@ public:
                 modello_->aspetto.larghezza = libreria_.larghezza = operazione.primo;
                 break;
             case 1:
-                modello_->aspetto.decimali = libreria_.decimali = operazione.primo % 5;
+                modello_->aspetto.decimali = libreria_.decimali = operazione.primo % 7;
                 break;
             case 2:
                 modello_->aspetto.auto_decimali = libreria_.auto_decimali = operazione.primo % 2;
@@ -113,7 +142,7 @@ public:
     }
 
 private:
-    s_kel_converter libreria_{};
+    s_kel_converter libreria_;
     std::unique_ptr<Convertitore> modello_;
 };
 

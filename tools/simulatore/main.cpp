@@ -28,7 +28,7 @@ CLI::Validator traNumeri(unsigned long long minimo, unsigned long long massimo) 
             return "'" + testo + "' is no such number; accepted: " + std::to_string(minimo) + " to " +
                    std::to_string(massimo);
         },
-        "N");
+        "");
 }
 
 struct Argomenti {
@@ -51,10 +51,9 @@ const std::map<std::string, kel::simulatore::Soluzioni> SOLUZIONI = {
 std::string note() {
     return "The kart starts before the finish line and stops recording behind it. Half-way through\n"
            "the middle lap the fix is lost for some seconds. The same arguments write the same bytes.\n\n"
-           "Finish line, where the logger takes its lap times, as LAT,LON,HEADING:\n"
-           "  " +
+           "Finish line:\n  " +
            testo(kel::simulatore::traguardo()) +
-           "\n\n"
+           "  LAT,LON,HEADING in degrees; the logger takes its lap times there\n\n"
            "Lateral acceleration (LatA) is positive in left-hand corners: the axes of ISO 8855.\n\n"
            "A record of samples begins with its time, 32 bits, ms: kelfun record CHANNELS SAMPLES\n"
            "--time u32ms. Its GPS packet holds NAV-SOL, whatever --messages says of the capture.\n\n"
@@ -65,7 +64,7 @@ std::string note() {
 }
 
 void dichiara(CLI::App& programma, Argomenti& argomenti) {
-    programma.add_option("FILE", argomenti.cattura, "Capture to write, or - for standard output");
+    programma.add_option("FILE", argomenti.cattura, "Capture to write, or - for standard output")->type_name("");
     auto* canali = programma.add_option("--channels", argomenti.canali, "Write the logger's channel records here");
     auto* campioni = programma.add_option("--samples", argomenti.campioni, "Write its records of samples here");
     canali->type_name("FILE")->needs(campioni);
@@ -82,11 +81,16 @@ void dichiara(CLI::App& programma, Argomenti& argomenti) {
             },
             "Solutions in the capture: NAV-SOL, NAV-PVT or both messages (default sol)")
         ->type_name("sol|pvt|both");
-    programma.add_option("--laps", argomenti.giri, "Closed laps (default 3)")->check(traNumeri(1, 1000));
+    programma.add_option("--laps", argomenti.giri, "Closed laps (default 3)")
+        ->check(traNumeri(1, 1000))
+        ->type_name("N");
     programma.add_option("--rate", argomenti.frequenza, "Solutions and records a second (default 10)")
-        ->check(traNumeri(1, 25));
-    programma.add_option("--seed", argomenti.seme, "Seed of the receiver's noise (default 1)")
-        ->check(traNumeri(0, ~0ull));
+        ->check(traNumeri(1, 25))
+        ->type_name("N");
+    programma.add_option("--seed", argomenti.seme, "Seed of the receiver's noise and the driver's pace (default 1)")
+        ->check(traNumeri(0, ~0ull))
+        ->type_name("N");
+    programma.set_version_flag("--version", "kelsim " KELSIM_VERSIONE)->description("Show the version and exit");
     programma.footer(note());
 }
 

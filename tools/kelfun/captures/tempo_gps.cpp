@@ -47,7 +47,7 @@ Utc calendario(std::int64_t secondi, unsigned millesimi) {
 
 std::int64_t secondiDa(const Utc& u) {
     const sys_days giorno = std::chrono::year(u.anno) / static_cast<int>(u.mese) / static_cast<int>(u.giorno);
-    return (giorno - INIZIO).count() * GIORNO_S + u.ora * 3600 + u.minuto * 60 + u.secondo;
+    return (giorno - INIZIO).count() * GIORNO_S + (u.ora * 60 + u.minuto) * std::int64_t{60} + u.secondo;
 }
 
 }  // namespace

@@ -172,7 +172,8 @@ struct s_kel_converter {
     uint32_t maschera;             ///< the single bit above the field: 2 to the power of num_bit, shifted by pos_bit
     const s_converter_data* dati;  ///< conversion into the unit shown
     uint32_t larghezza;            ///< characters of the numeric text, the point not counted; 5 = compact lap times
-    uint32_t decimali;             ///< digits after the point: 0, 1, 2, or 3 for any larger value
+    uint32_t decimali;             ///< digits after the point: 0, 1, 2, or 3 for any larger value; a negative
+                                   ///< number needs a width of two more, also where they are larger than 3
     uint32_t auto_decimali;        ///< non-zero: the numeric text chooses 1 or 0 decimals by magnitude
     eFormatoConv formato;          ///< alignment of the numeric text
     f_valore_conv valore;          ///< decoder of the value; null = no value
