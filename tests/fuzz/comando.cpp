@@ -23,7 +23,7 @@ using fuzz::pretendi;
 
 constexpr std::array<const char*, 64> kParole = {
     "find",       "fid",        "functions",  "units",     "convert",    "decode",    "match",     "camera",
-    "lap",        "ubx",        "record",     "laps",       "catalogue", "--json",     "--ndjson",  "--csv",     "--color=always",
+    "lap",        "ubx",        "record",     "catalogue", "--json",     "--ndjson",  "--csv",     "--color=always",
     "--quantity", "--object",   "--position", "--inout",   "--side",     "--number",  "--details", "--specialisation",
     "--unit",     "--decimals", "--width",    "--type",    "--time",     "--rate",    "--only",    "--text",
     "--packed",   "--help",     "--version",  "--code",    "__complete", "-",         "--",        "0x10",

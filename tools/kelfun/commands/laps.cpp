@@ -107,13 +107,18 @@ std::vector<Linea> lineeIntermedie(const Lettura& lettura, const Scelte& scelte)
     return linee;
 }
 
-const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
+std::int64_t numeroGiro(const std::string& testo) {
     const auto numero = leggiIntero(testo, 0, std::numeric_limits<int>::max());
     if (!numero)
         throw ErroreUso("--lap '" + testo + "' is no lap; accepted: its number");
+    return *numero;
+}
+
+const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
+    const auto numero = numeroGiro(testo);
     std::string chiusi;
     for (const Giro& giro : lettura.giri) {
-        if (giro.chiuso() && giro.numero == *numero)
+        if (giro.chiuso() && giro.numero == numero)
             return &giro;
         if (giro.chiuso())
             chiusi += (chiusi.empty() ? "" : ", ") + std::to_string(giro.numero);
@@ -160,6 +165,8 @@ void esegui(const Argomenti& argomenti) {
                         " files are too many; accepted: a capture, or CHANNELS and SAMPLES");
     if (!argomenti.giri.empty() && !argomenti.grafico.file)
         throw ErroreUso("--lap is for a plot, a table has all laps; accepted: --plot FILE with it");
+    for (const std::string& uno : argomenti.giri)
+        numeroGiro(uno);
     std::optional<DestinazioneGrafico> destinazione;
     if (argomenti.grafico.file)
         destinazione.emplace(argomenti.grafico);
@@ -233,8 +240,8 @@ void aggiungiLaps(CLI::App& programma) {
         "Laps driven out or in, without a fix, with a stop or past the line the wrong way are noted and do not count "
         "for\n"
         "the best.",
-        "kelfun laps session.channels session.samples", "kelfun laps capture.ubx --split 350 --split 700",
-        "kelfun laps session.channels session.samples --from gps --csv"));
+        "kelfun laps session.channels session.samples", "kelfun laps capture.ubx --split 350 --split 700 --csv",
+        "kelfun laps session.channels session.samples --from gps --plot -"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

@@ -1,5 +1,6 @@
 #include "plots/grafico_giri.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "CLaptimeAndStrings.h"
@@ -35,6 +36,19 @@ Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> rife
     return serie;
 }
 
+// The length that all are stretched to: the reference's, but of a lap that has lost the fix for a while a part is a guess.
+double lunghezzaComune(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento) {
+    std::vector<const Giro*> tutti = {&riferimento};
+    tutti.insert(tutti.end(), scelti.begin(), scelti.end());
+    for (const Giro* giro : tutti) {
+        const std::vector<PuntoGiro> punti = andamento(*giro, guida, giro->metri.value_or(0));
+        if (!punti.empty() &&
+            std::none_of(punti.begin(), punti.end(), [](const PuntoGiro& punto) { return punto.staccato; }))
+            return *giro->metri;
+    }
+    return riferimento.metri.value_or(0);
+}
+
 void disegnaTraccia(Traccia& traccia, const Giro& giro, const Guida& guida, double fattore) {
     const auto [primo, oltre] = fixDelGiro(giro, guida);
     for (std::size_t i = primo; i < oltre; ++i) {
@@ -53,7 +67,7 @@ Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, con
     Grafico grafico;
     grafico.ascissa = Ascissa::distanza;
     grafico.udm_velocita = udm;
-    const double lunghezza = riferimento.metri.value_or(0);
+    const double lunghezza = lunghezzaComune(guida, scelti, riferimento);
     const std::vector<PuntoGiro> base = andamento(riferimento, guida, lunghezza);
     if (insieme)
         grafico.pannelli.push_back({"Speed", udm, {}});
@@ -65,11 +79,14 @@ Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, con
         if (!insieme)
             grafico.pannelli.push_back({nomeGiro(*giro), udm, {}});
         grafico.pannelli.back().curve.push_back({nomeGiro(*giro), velocita(punti, fattore)});
-        // Of the reference, too, which loses nothing: so that a lap has one colour in both panels.
+        // Of the reference, too, which loses nothing: so that a lap has one colour in both panels. Characters have none.
+        if (!insieme && giro == &riferimento)
+            continue;
         distacchi.curve.push_back({"Lap " + std::to_string(giro->numero), distacco(punti, base)});
     }
     std::erase_if(grafico.pannelli, [](const Pannello& pannello) { return pannello.curve.empty(); });
-    if (distacchi.curve.size() > 1 || scelti.front() != &riferimento)
+    const bool sola = insieme && scelti.size() == 1 && scelti.front() == &riferimento;
+    if (!distacchi.curve.empty() && !sola)
         grafico.pannelli.push_back(std::move(distacchi));
     disegnaTraccia(grafico.traccia, riferimento, guida, fattore);
     return grafico;
