@@ -261,7 +261,7 @@ def main():
         print("gnuplot is not installed: skipped")
         return 77
     banco = Banco(programmi)
-    for parte in (disegni, tratti, sessioni, interruzioni, nomi, ostili, guasti):
+    for parte in (disegni, tratti, giri, sessioni, interruzioni, nomi, ostili, guasti):
         parte(banco)
     for difetto in banco.difetti:
         print(difetto)

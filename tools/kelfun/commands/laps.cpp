@@ -126,7 +126,7 @@ const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
     throw NonTrovato("there is no closed lap " + testo + "; closed are " + chiusi);
 }
 
-// Those asked for, or the best lap and the last one of those that count.
+// Those asked for, or the best lap and the last one of those that count; where the best is the last, the next best.
 std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
     std::vector<const Giro*> scelti;
     for (const std::string& uno : chiesti)
@@ -135,12 +135,19 @@ std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<s
         return scelti;
     const Giro* primo = migliore(lettura.giri);
     const Giro* ultimo = nullptr;
-    for (const Giro& giro : lettura.giri)
-        if (giro.chiuso() && (primo == nullptr || giro.stato == StatoGiro::buono))
-            ultimo = &giro;
-    if (primo != nullptr && primo != ultimo)
-        scelti.push_back(primo);
-    scelti.push_back(ultimo);
+    const Giro* secondo = nullptr;
+    for (const Giro& giro : lettura.giri) {
+        if (!giro.chiuso() || (primo != nullptr && giro.stato != StatoGiro::buono))
+            continue;
+        ultimo = &giro;
+        if (&giro != primo && (secondo == nullptr || *giro.ms < *secondo->ms))
+            secondo = &giro;
+    }
+    if (primo == nullptr)
+        return {ultimo};
+    scelti = {primo};
+    if (const Giro* altro = ultimo != primo ? ultimo : secondo)
+        scelti.push_back(altro);
     return scelti;
 }
 
@@ -231,7 +238,7 @@ void aggiungiLaps(CLI::App& programma) {
     aggiungiGrafico(comando, argomenti->grafico);
     comando
         .opzione("--lap", argomenti->giri,
-                 "Draw this lap; may be repeated. Without it: the best lap and the last that counts")
+                 "Draw this lap; may be repeated. Without it: the best lap, and the last or the next best")
         .valore("NUMBER")
         .ripetibile();
     comando.note(esempi(
