@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""kelfun ubx and record as processes: damaged files, random bytes, and memory that stays the same for any length."""
+"""kelfun ubx, record and laps as processes: damaged files, random bytes, and memory that stays the same for any length."""
 import os
 import random
 import re
@@ -65,7 +65,10 @@ def registrazioni(programmi, lento):
         for opzioni in (tempo, ("--packed",), ("--text", "--packed")):
             difetti += esegui(guasti, campioni, f"byte {n} of the channels changed", [0, 1], opzioni)
     for n in range(0, 1000, 97 if lento else 11):
-        difetti += esegui(canali, campioni[:n], f"samples cut after {n} bytes", [0 if n >= 103 else 1], tempo)
+        difetti += esegui(canali, campioni[:n], f"samples cut after {n} bytes", [0 if n and n % 103 == 0 else 1], tempo)
+        # Where few records are left they may as well be some without stamps, 99 bytes each.
+        stati = [0, 1] if n % 99 == 0 else [0 if n % 103 == 0 else 1]
+        difetti += esegui(canali, campioni[:n], f"samples cut after {n} bytes, framing found", stati)
     for giro in range(10 if lento else 100):
         casuali = b""
         for _ in range(caso.randrange(1, 9)):
@@ -76,6 +79,38 @@ def registrazioni(programmi, lento):
                           ("--packed", *caso.choice([(), ("--text",), ("--time", "u64us"), ("--rate", "7")])))
         difetti += esegui(caso.randbytes(112 * caso.randrange(1, 9)), campioni, f"random bytes, round {giro}", [0, 1])
     return difetti
+
+
+def giri(programmi, lento):
+    """kelfun laps on captures and recordings that are cut, changed or random; gives the faults."""
+    programmi.esegui("kelsim", ["--laps", "2", "--rate", "2", "--channels", "c", "--samples", "s", "x.ubx"])
+    caso = random.Random(11)
+    with open("s", "rb") as s, open("x.ubx", "rb") as x:
+        campioni, cattura = s.read(), x.read()
+
+    def esegui(che_cosa, *argomenti, byte=b""):
+        stato, uscita, errori = programmi.esegui("kelfun", ["laps", *argomenti, "--csv"], byte)
+        if stato not in (0, 1) or (uscita != b"") != (stato == 0) or not errori.endswith(b"\n"):
+            yield f"laps, {che_cosa}: exit {stato}, {len(uscita)} bytes: {errori[-300:]!r}"
+
+    for giro in range(4 if lento else 40):
+        n = caso.randrange(len(cattura))
+        yield from esegui(f"capture cut after {n} bytes", "-", byte=cattura[:n])
+        guasta = bytearray(cattura)
+        for _ in range(caso.randrange(1, 200)):
+            guasta[caso.randrange(len(guasta))] = caso.randrange(256)
+        yield from esegui(f"changed capture, round {giro}", "-", "--split", "300", byte=bytes(guasta))
+        guasti = bytearray(campioni)
+        for _ in range(caso.randrange(1, 2000)):
+            guasti[caso.randrange(len(guasti))] = caso.randrange(256)
+        for fonte in ("auto", "gps"):
+            yield from esegui(f"changed samples, round {giro}", "c", "-", "--from", fonte, byte=bytes(guasti))
+        canale = (bytes(12) + caso.choice([0x9A, 0x809A, 0x98B, 0x992, 0x19A, 0x819A, 0x10]).to_bytes(4, "little") +
+                  bytes(4) + caso.randrange(25).to_bytes(4, "little") + bytes(88))
+        with open("c2", "wb") as f:
+            f.write(canale)
+        yield from esegui(f"random samples, round {giro}", "c2", "-", "--packed", "--rate", "10",
+                          byte=caso.randbytes(56 * caso.randrange(100)))
 
 
 def uscite(programmi):
@@ -134,6 +169,7 @@ def main():
     difetti += prova(programmi, os.urandom(1000000), "a million bytes of urandom")
     difetti += prova(programmi, b"", "empty input", [0])
     difetti += registrazioni(programmi, lento)
+    difetti += giri(programmi, lento)
     difetti += uscite(programmi)
     for argomenti, milioni in ((["ubx", "-"], 200), (["record", "c", "-"], 40)):
         poca, tanta = memoria(programmi, 1, argomenti), memoria(programmi, 8 if lento else milioni, argomenti)

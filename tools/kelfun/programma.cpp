@@ -106,6 +106,7 @@ int esegui(int argc, char** argv) {
     aggiungiLap(programma);
     aggiungiUbx(programma);
     aggiungiRecord(programma);
+    aggiungiLaps(programma);
     aggiungiCatalogue(programma);
     rifiutaCodiceAltrove(programma);
     programma.footer(

@@ -15,6 +15,7 @@ namespace kel::strumento {
 namespace {
 
 constexpr std::size_t BUFFER = 65536;
+constexpr std::uint32_t ORA_MS = 3600000;
 
 static_assert(sizeof(s_kel_canale) == CANALE_BYTE, "the record of memory is the record of files");
 
@@ -132,6 +133,7 @@ bool LettoreRecord::prossimo() {
     corrente_ = inizio_;
     inizio_ += passo_;
     ++record_;
+    leggiOrario();
     return true;
 }
 
@@ -139,11 +141,18 @@ const std::uint8_t* LettoreRecord::campioni() const {
     return buffer_.data() + corrente_ + dimensione(orario_);
 }
 
-std::uint64_t LettoreRecord::orario() const {
+void LettoreRecord::leggiOrario() {
     const std::uint8_t* byte = buffer_.data() + corrente_;
-    return orario_ == Orario::u32ms   ? leggi<std::uint32_t>(byte)
-           : orario_ == Orario::u64us ? leggi<std::uint64_t>(byte)
-                                      : 0;
+    if (orario_ == Orario::u64us)
+        orario_letto_ = leggi<std::uint64_t>(byte);
+    if (orario_ != Orario::u32ms)
+        return;
+    const auto nuovo = leggi<std::uint32_t>(byte);
+    const auto prima = static_cast<std::uint32_t>(orario_letto_);
+    const std::uint64_t giri = record_ > 1 ? orario_letto_ >> 32 : 0;
+    // Within an hour over the end: the counter began anew, no other session.
+    const bool oltre = record_ > 1 && nuovo < prima && nuovo - prima <= ORA_MS;
+    orario_letto_ = (giri + (oltre ? 1 : 0)) << 32 | nuovo;
 }
 
 }  // namespace kel::strumento

@@ -53,8 +53,9 @@ public:
 
     /// The samples of the record now at hand.
     const std::uint8_t* campioni() const;
-    /// Its time stamp: milliseconds or microseconds; 0 when there is none.
-    std::uint64_t orario() const;
+    /// Its time stamp: milliseconds or microseconds; 0 when there is none. Where a counter of 32 bits has come to its end
+    /// it goes on behind it.
+    std::uint64_t orario() const { return orario_letto_; }
 
     std::uint64_t record() const { return record_; }  ///< whole records so far
     std::uint64_t byte() const { return byte_; }      ///< bytes read
@@ -62,8 +63,11 @@ public:
     std::size_t avanzo() const { return fine_ - inizio_; }
 
 private:
+    void leggiOrario();
+
     Fonte fonte_;
     Orario orario_;
+    std::uint64_t orario_letto_ = 0;
     std::size_t passo_;  // bytes of a record with its time stamp
     std::vector<std::uint8_t> buffer_;
     std::size_t corrente_ = 0;

@@ -17,6 +17,7 @@ void aggiungiDecode(CLI::App& programma);
 void aggiungiMatch(CLI::App& programma);
 void aggiungiCamera(CLI::App& programma);
 void aggiungiLap(CLI::App& programma);
+void aggiungiLaps(CLI::App& programma);
 void aggiungiUbx(CLI::App& programma);
 void aggiungiRecord(CLI::App& programma);
 void aggiungiFind(CLI::App& programma);

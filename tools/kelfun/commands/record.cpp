@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "captures/canali_record.h"
+#include "captures/file_campioni.h"
 #include "captures/file_canali.h"
 #include "captures/registrazione.h"
 #include "cli/avvisi.h"
@@ -12,12 +13,10 @@
 #include "commands/comandi.h"
 #include "domain/avvisi_unita.h"
 #include "domain/unita.h"
-#include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_record.h"
 #include "plots/opzioni_grafico.h"
 #include "text/errori.h"
-#include "text/numeri.h"
 
 namespace kel::strumento {
 
@@ -26,8 +25,7 @@ namespace {
 struct Argomenti {
     std::string canali;
     std::string campioni;
-    std::string frequenza;
-    std::string orario;
+    SceltaTempo tempo;
     SceltaGrafico grafico;
     bool tutto = false;
     bool compatta = false;
@@ -36,47 +34,7 @@ struct Argomenti {
     SceltaForma forma;
 };
 
-/// When a record was taken: from its time stamp, or from its place where samples come at a rate.
-class Tempo {
-public:
-    explicit Tempo(const Argomenti& argomenti) {
-        if (!argomenti.orario.empty() && !argomenti.frequenza.empty())
-            throw ErroreUso("--time and --rate exclude each other; accepted: one of them");
-        if (argomenti.orario == "u32ms")
-            orario_ = Orario::u32ms;
-        else if (argomenti.orario == "u64us")
-            orario_ = Orario::u64us;
-        else if (!argomenti.orario.empty())
-            throw ErroreUso("there is no --time '" + argomenti.orario + "'; accepted: u32ms, u64us");
-        if (argomenti.frequenza.empty())
-            return;
-        const auto frequenza = leggiFloat(argomenti.frequenza);
-        if (!frequenza || *frequenza < FREQUENZA_MINIMA || *frequenza > FREQUENZA_MASSIMA)
-            throw ErroreUso("--rate '" + argomenti.frequenza +
-                            "' is no rate; accepted: records a second, 0.001 to 1000000");
-        frequenza_ = static_cast<double>(*frequenza);
-    }
-
-    Orario orario() const { return orario_; }
-    bool noto() const { return frequenza_ > 0 || orario_ != Orario::nessuno; }
-    int decimali() const { return orario_ == Orario::u64us || frequenza_ > MILLE ? 6 : 3; }
-
-    double secondi(const LettoreRecord& lettore) const {
-        if (orario_ == Orario::nessuno)
-            return static_cast<double>(lettore.record() - 1) / frequenza_;
-        return static_cast<double>(lettore.orario()) / (orario_ == Orario::u32ms ? 1e3 : 1e6);
-    }
-
-private:
-    static constexpr float FREQUENZA_MINIMA = 0.001f;
-    static constexpr float FREQUENZA_MASSIMA = 1e6f;
-    static constexpr double MILLE = 1000;
-
-    Orario orario_ = Orario::nessuno;
-    double frequenza_ = 0;
-};
-
-void tabella(const Argomenti& argomenti, const Tempo& tempo, std::vector<ColonnaRecord>& colonne,
+void tabella(const Argomenti& argomenti, const TempoRecord& tempo, std::vector<ColonnaRecord>& colonne,
              LettoreRecord& lettore) {
     const bool testi = argomenti.colonne.testi;
     std::vector<Colonna> testate = {{"record", "RECORD", Lato::destra, 6}};
@@ -97,16 +55,10 @@ void tabella(const Argomenti& argomenti, const Tempo& tempo, std::vector<Colonna
     documento.fine();
 }
 
-// What was read, and what a size that does not fit may mean.
-std::string riassunto(const LettoreRecord& lettore, std::size_t dimensione_record, Orario orario) {
-    std::string testo = std::to_string(lettore.record()) + " records of " +
-                        std::to_string(dimensione_record + dimensione(orario)) + " bytes in " +
-                        std::to_string(lettore.byte()) + " bytes; " + std::to_string(lettore.avanzo()) +
-                        " bytes of a cut record at the end";
-    if (orario == Orario::nessuno && lettore.avanzo() != 0 &&
-        lettore.byte() % (dimensione_record + dimensione(Orario::u32ms)) == 0)
-        testo += "; none with --time u32ms";
-    return testo;
+std::string riassunto(const LettoreRecord& lettore, std::size_t passo) {
+    return std::to_string(lettore.record()) + " records of " + std::to_string(passo) + " bytes in " +
+           std::to_string(lettore.byte()) + " bytes; " + std::to_string(lettore.avanzo()) +
+           " bytes of a cut record at the end";
 }
 
 // The columns of a plot: those asked for, or those that matter. Characters show one curve in a panel best.
@@ -116,7 +68,7 @@ PannelliRecord pannelli(const Argomenti& argomenti, const std::vector<ColonnaRec
                                                               : pannelliPrincipali(colonne, !nel_terminale);
 }
 
-void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Tempo& tempo,
+void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const TempoRecord& tempo,
              GraficoRecord& grafico, LettoreRecord& lettore, const std::function<std::string()>& riassunto) {
     while (lettore.prossimo())
         grafico.aggiungi(tempo.noto() ? tempo.secondi(lettore) : static_cast<double>(lettore.record() - 1),
@@ -133,9 +85,9 @@ void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti
 void esegui(Argomenti& argomenti) {
     if (argomenti.canali == "-" && argomenti.campioni == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
-    const Tempo tempo(argomenti);
+    TempoRecord tempo(argomenti.tempo);
     std::optional<DestinazioneGrafico> destinazione;
-    const Tratto tratto = trattoScelto(argomenti.grafico, tempo.noto());
+    trattoScelto(argomenti.grafico, true);  // refuses what is no time before anything is read
     if (argomenti.tutto && !argomenti.grafico.file)
         throw ErroreUso("--all is for a plot, a table has all columns; accepted: --plot FILE with it");
     if (argomenti.grafico.file)
@@ -146,11 +98,12 @@ void esegui(Argomenti& argomenti) {
     std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
     for (const ColonnaRecord& colonna : colonne)
         argomenti.avvisi.subito(avvisoUnita(*catalogo, colonna.fid, colonna.udm));
-    Ingresso ingresso(argomenti.campioni);
-    ingresso.mostraAvanzamento(!destinazione);
-    LettoreRecord lettore([&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); },
-                          dimensioneRecord(canali), tempo.orario());
-    const auto letto = [&] { return riassunto(lettore, dimensioneRecord(canali), tempo.orario()); };
+    FileCampioni campioni(argomenti.campioni, dimensioneRecord(canali), tempo);
+    const Tratto tratto = trattoScelto(argomenti.grafico, tempo.noto());
+    campioni.annuncia("record");
+    campioni.ingresso().mostraAvanzamento(!destinazione);
+    LettoreRecord& lettore = campioni.lettore();
+    const auto letto = [&] { return riassunto(lettore, campioni.passo()); };
     if (destinazione) {
         const std::vector<ColonnaRecord> tutte = colonneRecord(*catalogo, canali, {});
         GraficoRecord grafico(*catalogo, canali, tutte, colonne, pannelli(argomenti, colonne), tratto);
@@ -159,8 +112,7 @@ void esegui(Argomenti& argomenti) {
         tabella(argomenti, tempo, colonne, lettore);
         std::fputs((letto() + "\n").c_str(), stderr);
     }
-    if (lettore.record() == 0)
-        throw NonTrovato("there is no whole record in it");
+    campioni.verificaFine();
 }
 
 }  // namespace
@@ -174,11 +126,7 @@ void aggiungiRecord(CLI::App& programma) {
     comando.opzione("SAMPLES", argomenti->campioni, "Records of samples, or - for standard input")
         .valore("")
         .obbligatoria();
-    comando
-        .opzione("--time", argomenti->orario,
-                 "Time stamp before every record: u32ms (32 bits, ms) or u64us (64 bits, us); none by default")
-        .valore("{u32ms,u64us}");
-    comando.opzione("--rate", argomenti->frequenza, "Records a second, where they have no time stamp").valore("HZ");
+    aggiungiTempo(comando, argomenti->tempo);
     comando
         .opzione("--unit", argomenti->colonne.unita,
                  "A unit, for all channels that know it or for the one named; may be repeated")
@@ -208,9 +156,9 @@ void aggiungiRecord(CLI::App& programma) {
         "their sample buffers together. Of a channel's record these fields are used: identifier (byte 12), sample "
         "type\n"
         "(20), short name (24), name (32), place of the sample (68), sample buffer (72).",
-        "kelfun record session.channels session.samples --time u32ms",
-        "kelfun record session.channels session.samples --time u32ms --only RPM --only 'GPS Speed' --unit mph --csv",
-        "kelfun record session.channels session.samples --time u32ms --plot - --x distance --from 0:30"));
+        "kelfun record session.channels session.samples",
+        "kelfun record session.channels session.samples --only RPM --only 'GPS Speed' --unit mph --csv",
+        "kelfun record session.channels session.samples --plot - --x distance --from 0:30"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

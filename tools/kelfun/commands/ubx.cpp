@@ -17,6 +17,7 @@
 #include "text/chiavi.h"
 #include "text/errori.h"
 #include "text/numeri.h"
+#include "text/parole.h"
 
 namespace kel::strumento {
 
@@ -149,12 +150,6 @@ std::string riassunto(const LettoreSoluzioni& lettore) {
                                        : "the messages that it holds, by class and id: " + messaggi));
 }
 
-// What a speed in a unit is multiplied with to be in m/s.
-double metriAlSecondo(const IFunzioni& catalogo, const std::string& udm) {
-    constexpr double KMH = 3.6;  // km/h in a m/s; the library's units start from km/h
-    return 1 / (KMH * static_cast<double>(catalogo.getParamConv(CanaleNavSol::fidVelocita(), udm)->gain));
-}
-
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const std::string udm = leggiUdm(*catalogo, CanaleNavSol::fidVelocita(), argomenti.udm);
@@ -176,16 +171,17 @@ void esegui(const Argomenti& argomenti) {
         [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
 
     if (destinazione) {
-        GraficoSoluzioni grafico(udm, metriAlSecondo(*catalogo, udm), tratto);
+        GraficoSoluzioni grafico(udm, 1 / daMetriAlSecondo(*catalogo, udm), tratto);
         while (lettore.prossima())
             grafico.aggiungi(vista->punto(lettore));
         std::vector<Nota> note = grafico.chiudi();
         grafico.grafico().titolo = titoloGrafico(argomenti.file);
-        note.push_back({riassunto(lettore), {}, ""});
+        for (const std::string& riga : dividi(riassunto(lettore), '\n'))
+            note.push_back({riga, {}, ""});
         if (lettore.conteggi().soluzioni != 0)
             destinazione->disegna(grafico.grafico(), note, false);
         else
-            std::fputs((note.back().testo() + "\n").c_str(), stderr);
+            std::fputs((riassunto(lettore) + "\n").c_str(), stderr);
     } else {
         Documento documento(stdout, argomenti.forma.forma());
         documento.inizia("solutions", "", vista->colonne(), true);

@@ -39,14 +39,17 @@ void Ingresso::chiudi() const {
 void Ingresso::mostraAvanzamento(bool con_righe) {
     if (!capisceComandi(stderr) || (con_righe && ::isatty(STDOUT_FILENO) == 1))
         return;
-    std::optional<std::uint64_t> totale;
-    struct stat stato {};
-    if (fd_ != STDIN_FILENO && ::fstat(fd_, &stato) == 0 && S_ISREG(stato.st_mode))
-        totale = static_cast<std::uint64_t>(stato.st_size);
     avanzamento_.emplace(
-        totale,
+        lunghezza(),
         [] { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); },
         [](std::string_view testo) { std::fwrite(testo.data(), 1, testo.size(), stderr); });
+}
+
+std::optional<std::uint64_t> Ingresso::lunghezza() const {
+    struct stat stato {};
+    if (fd_ == STDIN_FILENO || ::fstat(fd_, &stato) != 0 || !S_ISREG(stato.st_mode))
+        return std::nullopt;
+    return static_cast<std::uint64_t>(stato.st_size);
 }
 
 std::size_t Ingresso::leggi(std::uint8_t* byte, std::size_t quanti) {

@@ -31,6 +31,9 @@ public:
     /// As many of so many bytes as there are before the end.
     std::size_t leggiTutti(std::uint8_t* byte, std::size_t quanti);
 
+    /// Bytes of a file from its start; nothing where they are not known, as of standard input.
+    std::optional<std::uint64_t> lunghezza() const;
+
     /// What to call it in a message.
     const std::string& nome() const { return nome_; }
 

@@ -1,0 +1,68 @@
+#!/usr/bin/env python3
+"""kelfun laps on simulated recordings: lap times from GPS are those of the logger's own lap packets."""
+import json
+import re
+import sys
+
+from programmi import Programmi, lettore
+
+ENTRO_MS = 20
+
+
+def giri(programmi, argomenti, difetti):
+    """The laps of one run, by number, and what it said."""
+    stato, uscita, errori = programmi.esegui("kelfun", ["laps", *argomenti, "--json"])
+    if stato != 0:
+        difetti.append(f"laps {' '.join(argomenti)}: exit {stato}: {errori.decode()}")
+        return {}, ""
+    return {giro["lap"]: giro for giro in json.loads(uscita)["laps"]}, errori.decode()
+
+
+def confronta(programmi, frequenza, seme, difetti):
+    """One recording; gives the largest difference in ms."""
+    programmi.esegui("kelsim", ["--laps", "6", "--rate", str(frequenza), "--seed", str(seme), "--channels", "c",
+                                "--samples", "s", "x.ubx"])
+    linea = re.search(rb"^\s+(\d+\.\d+,\d+\.\d+,\d+\.\d+)", programmi.esegui("kelsim", ["--help"])[1], re.M)[1].decode()
+    del_registratore, _ = giri(programmi, ["c", "s"], difetti)
+    chi = f"{frequenza} Hz, seed {seme}"
+    massima = 0
+    for che_cosa, argomenti in (("recording", ["c", "s", "--from", "gps", "--line", linea]),
+                                ("capture", ["x.ubx", "--line", linea])):
+        da_gps, _ = giri(programmi, argomenti, difetti)
+        if list(da_gps) != list(del_registratore):
+            difetti.append(f"{chi}, {che_cosa}: laps {list(da_gps)}, by the logger {list(del_registratore)}")
+            continue
+        note = [giro["note"] for giro in da_gps.values()]
+        if note[0] != "out" or note[-1] != "in" or note.count("no fix") != 1 or note.count("best") != 1:
+            difetti.append(f"{chi}, {che_cosa}: notes {note}")
+        for numero, giro in da_gps.items():
+            suo = del_registratore[numero]
+            if (giro["time_ms"] is None) != (suo["time_ms"] is None):
+                difetti.append(f"{chi}, {che_cosa}, lap {numero}: {giro['time']}, by the logger {suo['time']}")
+            elif giro["time_ms"] is not None:
+                massima = max(massima, abs(giro["time_ms"] - suo["time_ms"]))
+    if massima > ENTRO_MS:
+        difetti.append(f"{chi}: lap times differ by {massima} ms")
+    # A line that is found has its laps elsewhere, but as many and as long; given as it is printed, it gives the same.
+    trovati, detto = giri(programmi, ["x.ubx"], difetti)
+    linea = re.search(r"--line (\S+)", detto)
+    if [g["time_ms"] is None for g in trovati.values()] != [g["time_ms"] is None for g in del_registratore.values()]:
+        difetti.append(f"{chi}: {len(trovati)} laps at the line that is found, {len(del_registratore)} by the logger")
+    if not linea or giri(programmi, ["x.ubx", "--line", linea[1]], difetti)[0] != trovati:
+        difetti.append(f"{chi}: not the same laps by the line that is printed: {detto!r}")
+    return massima
+
+
+def main():
+    programmi = Programmi(lettore(__doc__).parse_args())
+    difetti = []
+    massima = max(confronta(programmi, frequenza, seme, difetti)
+                  for frequenza in (1, 4, 5, 10, 18, 25) for seme in range(1, 5))
+    for difetto in difetti:
+        print(difetto)
+    print(f"lap times from GPS within {massima} ms of the logger's, {len(difetti)} faults")
+    return 1 if difetti else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,86 @@
+// A recording's file of samples, and what time its records have.
+#ifndef KELFUN_CAPTURES_FILE_CAMPIONI_H
+#define KELFUN_CAPTURES_FILE_CAMPIONI_H
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "captures/inquadratura.h"
+#include "captures/registrazione.h"
+#include "cli/opzioni.h"
+#include "io/ingresso.h"
+
+namespace kel::strumento {
+
+/// --time and --rate as they are written.
+struct SceltaTempo {
+    std::string orario = "auto";
+    std::string frequenza;
+};
+void aggiungiTempo(Comando& comando, SceltaTempo& scelta);
+
+/// When a record was taken: from its time stamp, or from its place where samples come at a rate.
+class TempoRecord {
+public:
+    /// @throws ErroreUso  for a framing or a rate that there is not.
+    explicit TempoRecord(const SceltaTempo& scelta);
+
+    /// The framing that was asked for; nothing where the samples are to tell.
+    std::optional<Orario> chiesto() const { return chiesto_; }
+    /// The framing that it is.
+    void inquadra(Orario orario) { orario_ = orario; }
+
+    bool noto() const { return frequenza_ > 0 || orario_ != Orario::nessuno; }
+    int decimali() const;
+    /// Seconds of the record at hand.
+    double secondi(const LettoreRecord& lettore) const;
+
+private:
+    std::optional<Orario> chiesto_;
+    Orario orario_ = Orario::nessuno;
+    double frequenza_ = 0;
+};
+
+/// The samples of a file or of standard input. Their framing is found on their first bytes, which are read again with the
+/// rest; of a stream it takes few of them, so that nobody waits long for the first row.
+class FileCampioni {
+public:
+    /// Frames the samples, and tells `tempo` so.
+    /// @param dimensione  bytes of a record without its time stamp.
+    /// @throws NonTrovato  when the framing is not clear, or the length is no whole number of records.
+    FileCampioni(const std::string& nome, std::size_t dimensione, TempoRecord& tempo);
+
+    FileCampioni(const FileCampioni&) = delete;  // the reader comes back to it for bytes
+    FileCampioni& operator=(const FileCampioni&) = delete;
+
+    /// Says on standard error which framing was found, or what speaks against the one that was asked for.
+    /// @param comando  whose message it is: "record".
+    void annuncia(const char* comando) const;
+
+    Ingresso& ingresso() { return ingresso_; }
+    LettoreRecord& lettore() { return *lettore_; }
+
+    /// Bytes of a record with its time stamp.
+    std::size_t passo() const { return passo_; }
+
+    /// At the end: whether the samples were a whole number of records, at least one.
+    /// @throws NonTrovato  when they were not.
+    void verificaFine() const;
+
+private:
+    std::size_t leggi(std::uint8_t* byte, std::size_t quanti);
+
+    Ingresso ingresso_;
+    std::vector<std::uint8_t> testa_;
+    std::size_t riletti_ = 0;
+    std::size_t passo_ = 0;
+    std::string detto_;
+    std::optional<LettoreRecord> lettore_;
+};
+
+}  // namespace kel::strumento
+
+#endif

@@ -1,0 +1,255 @@
+// kelfun laps: the laps of a recording or a capture.
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <optional>
+
+#include "captures/file_campioni.h"
+#include "captures/vista_gps.h"
+#include "cli/esempi.h"
+#include "cli/forma.h"
+#include "commands/comandi.h"
+#include "domain/fid_gps.h"
+#include "domain/identificatore.h"
+#include "laps/giri.h"
+#include "laps/lettura_giri.h"
+#include "laps/linea.h"
+#include "laps/tabella_giri.h"
+#include "plots/destinazione_grafico.h"
+#include "plots/grafico_giri.h"
+#include "text/errori.h"
+#include "text/numeri.h"
+
+namespace kel::strumento {
+
+namespace {
+
+struct Argomenti {
+    std::vector<std::string> file;
+    std::string fonte = "auto";
+    std::string linea;
+    std::vector<std::string> intermedi;
+    std::string minimo = "10";
+    std::string udm;
+    SceltaTempo tempo;
+    bool compatta = false;
+    std::vector<std::string> giri;  // to be drawn
+    SceltaGrafico grafico;
+    SceltaForma forma;
+};
+
+struct Scelte : ScelteGiri {
+    std::vector<std::string> intermedi;
+};
+
+Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
+    Scelte scelte;
+    if (argomenti.fonte == "packets")
+        scelte.fonte = FonteGiri::registratore;
+    else if (argomenti.fonte == "gps")
+        scelte.fonte = FonteGiri::gps;
+    else if (argomenti.fonte != "auto")
+        throw ErroreUso("there is no --from '" + argomenti.fonte + "'; accepted: auto, packets, gps");
+    if (!argomenti.linea.empty()) {
+        scelte.linea = leggiLinea(argomenti.linea);
+        if (!scelte.linea)
+            throw ErroreUso("--line '" + argomenti.linea +
+                            "' is no line; accepted: LAT,LON,HEADING in degrees, and a width in metres behind them");
+    }
+    for (const std::string& uno : argomenti.intermedi) {
+        const auto metri = leggiFloat(uno);
+        if (!leggiLinea(uno) && !(metri && *metri > 0))
+            throw ErroreUso("--split '" + uno +
+                            "' is no split; accepted: LAT,LON,HEADING in degrees, or metres behind the finish line");
+    }
+    scelte.intermedi = argomenti.intermedi;
+    const auto minimo = leggiFloat(argomenti.minimo);
+    if (!minimo || *minimo < 1 || *minimo > 3600)
+        throw ErroreUso("--min-lap '" + argomenti.minimo + "' is no time; accepted: seconds, 1 to 3600");
+    scelte.minimo = static_cast<double>(*minimo);
+    scelte.udm = leggiUdm(catalogo, GPS_VELOCITA, argomenti.udm);
+    scelte.fattore = daMetriAlSecondo(catalogo, scelte.udm);
+    return scelte;
+}
+
+bool passataInUnGiro(const Lettura& lettura, const Linea& linea) {
+    const Passaggi passati = passaggi(lettura.guida, linea, 1);
+    return std::any_of(lettura.giri.begin(), lettura.giri.end(), [&passati](const Giro& giro) {
+        return giro.chiuso() && std::any_of(passati.avanti.begin(), passati.avanti.end(), [&giro](const Passaggio& p) {
+                   return p.tempo > giro.inizio.value_or(0) && p.tempo < giro.fine.value_or(0);
+               });
+    });
+}
+
+// Splits as lines: those given in metres lie where the best lap has driven so far, or the first where none counts.
+std::vector<Linea> lineeIntermedie(const Lettura& lettura, const Scelte& scelte) {
+    std::vector<Linea> linee;
+    const Giro* campione = migliore(lettura.giri);
+    for (const Giro& giro : lettura.giri)
+        if (campione == nullptr && giro.chiuso())
+            campione = &giro;
+    if (!scelte.intermedi.empty() && lettura.guida.validi().empty())
+        throw NonTrovato("splits take positions, and there are none in it");
+    for (const std::string& uno : scelte.intermedi) {
+        if (const auto linea = leggiLinea(uno)) {
+            linee.push_back(*linea);
+            if (!passataInUnGiro(lettura, *linea))
+                dillo("no lap passes --split " + testo(*linea));
+            continue;
+        }
+        const auto linea = lineaADistanza(*campione, lettura.guida, static_cast<double>(*leggiFloat(uno)));
+        if (!linea)
+            throw NonTrovato("--split " + uno + " is nowhere: lap " + std::to_string(campione->numero) + " has " +
+                             conDecimali(campione->metri.value_or(0), 0) + " m");
+        dillo("--split " + uno + " is --split " + testo(*linea));
+        linee.push_back(*linea);
+    }
+    return linee;
+}
+
+std::int64_t numeroGiro(const std::string& testo) {
+    const auto numero = leggiIntero(testo, 0, std::numeric_limits<int>::max());
+    if (!numero)
+        throw ErroreUso("--lap '" + testo + "' is no lap; accepted: its number");
+    return *numero;
+}
+
+const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
+    const auto numero = numeroGiro(testo);
+    std::string chiusi;
+    for (const Giro& giro : lettura.giri) {
+        if (giro.chiuso() && giro.numero == numero)
+            return &giro;
+        if (giro.chiuso())
+            chiusi += (chiusi.empty() ? "" : ", ") + std::to_string(giro.numero);
+    }
+    throw NonTrovato("there is no closed lap " + testo + "; closed are " + chiusi);
+}
+
+// Those asked for, or the best lap and the last one of those that count; where the best is the last, the next best.
+std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
+    std::vector<const Giro*> scelti;
+    for (const std::string& uno : chiesti)
+        scelti.push_back(giroNumero(lettura, uno));
+    if (!scelti.empty())
+        return scelti;
+    const Giro* primo = migliore(lettura.giri);
+    const Giro* ultimo = nullptr;
+    const Giro* secondo = nullptr;
+    for (const Giro& giro : lettura.giri) {
+        if (!giro.chiuso() || (primo != nullptr && giro.stato != StatoGiro::buono))
+            continue;
+        ultimo = &giro;
+        if (&giro != primo && (secondo == nullptr || *giro.ms < *secondo->ms))
+            secondo = &giro;
+    }
+    if (primo == nullptr)
+        return {ultimo};
+    scelti = {primo};
+    if (const Giro* altro = ultimo != primo ? ultimo : secondo)
+        scelti.push_back(altro);
+    return scelti;
+}
+
+void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Lettura& lettura,
+             const Scelte& scelte) {
+    const std::vector<const Giro*> scelti = daDisegnare(lettura, argomenti.giri);
+    const Giro* riferimento = migliore(lettura.giri);
+    if (riferimento == nullptr)
+        riferimento = scelti.front();
+    if (std::none_of(scelti.begin(), scelti.end(), [](const Giro* giro) { return giro->metri.value_or(0) > 0; }) ||
+        riferimento->metri.value_or(0) <= 0)
+        throw NonTrovato("laps are drawn over their distance, and there is no speed in the recording to tell it");
+    Grafico grafico =
+        graficoGiri(lettura.guida, scelti, *riferimento, scelte.udm, scelte.fattore, argomenti.grafico.file != "-");
+    grafico.titolo = titoloGrafico(argomenti.file.back());
+    destinazione.disegna(grafico, {}, !argomenti.giri.empty());
+}
+
+void esegui(const Argomenti& argomenti) {
+    if (argomenti.file.size() > 2)
+        throw ErroreUso(std::to_string(argomenti.file.size()) +
+                        " files are too many; accepted: a capture, or CHANNELS and SAMPLES");
+    if (!argomenti.giri.empty() && !argomenti.grafico.file)
+        throw ErroreUso("--lap is for a plot, a table has all laps; accepted: --plot FILE with it");
+    for (const std::string& uno : argomenti.giri)
+        numeroGiro(uno);
+    std::optional<DestinazioneGrafico> destinazione;
+    if (argomenti.grafico.file)
+        destinazione.emplace(argomenti.grafico);
+    const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
+    const Scelte scelte = leggiScelte(argomenti, *catalogo);
+    const bool cattura = argomenti.file.size() == 1;
+    if (cattura && argomenti.fonte == "packets")
+        throw ErroreUso("--from packets takes a recording; accepted: CHANNELS and SAMPLES");
+    if (!cattura && argomenti.file[0] == "-" && argomenti.file[1] == "-")
+        throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
+    Lettura lettura = cattura
+                          ? leggiCattura(argomenti.file[0], scelte)
+                          : leggiRegistrazione(argomenti.file[0], argomenti.file[1],
+                                               argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata,
+                                               argomenti.tempo, *catalogo, scelte);
+    misura(lettura.giri, lettura.guida);
+    if (destinazione)
+        return disegna(*destinazione, argomenti, lettura, scelte);
+    const std::vector<Linea> intermedi = lineeIntermedie(lettura, scelte);
+    dividi(lettura.giri, lettura.guida, intermedi);
+
+    const Aspetto forma = argomenti.forma.forma();
+    const TabellaGiri tabella(lettura.giri,
+                              {scelte.udm, scelte.fattore, lettura.origine, forma.forma != Forma::tabella});
+    Documento documento(stdout, forma);
+    documento.inizia("laps", "", tabella.colonne());
+    for (const Giro& giro : lettura.giri)
+        documento.riga(tabella.celle(giro));
+    documento.fine();
+}
+
+}  // namespace
+
+void aggiungiLaps(CLI::App& programma) {
+    auto argomenti = std::make_shared<Argomenti>();
+    Comando comando(programma, "laps", "Laps of a recording or a GPS capture");
+    comando
+        .opzione("FILE", argomenti->file,
+                 "A u-blox capture, or CHANNELS and SAMPLES of a recording; - for standard input")
+        .valore("")
+        .obbligatoria();
+    comando
+        .opzione("--from", argomenti->fonte,
+                 "Laps of a recording: packets (the logger's), gps, or auto (default): the first of them that there is")
+        .valore("{auto,packets,gps}");
+    comando
+        .opzione("--line", argomenti->linea,
+                 "Finish line by GPS: its middle, the heading in which it is passed, and its width in m (default 30)")
+        .valore("LAT,LON,HEADING[,WIDTH]");
+    comando
+        .opzione("--split", argomenti->intermedi,
+                 "A line that ends a sector, like --line, or metres behind the finish line; may be repeated")
+        .valore("LINE|METRES")
+        .ripetibile();
+    comando.opzione("--min-lap", argomenti->minimo, "A lap by GPS takes so many seconds at least (default 10)")
+        .valore("SECONDS");
+    comando.opzione("--unit", argomenti->udm, "Unit of the speeds: km/h (default) or mph").valore("UNIT");
+    aggiungiTempo(comando, argomenti->tempo);
+    comando.bandiera("--packed", argomenti->compatta,
+                     "Samples lie one behind the other, as long as their types, whatever the channels say");
+    aggiungiForma(comando, argomenti->forma);
+    aggiungiGrafico(comando, argomenti->grafico);
+    comando
+        .opzione("--lap", argomenti->giri,
+                 "Draw this lap; may be repeated. Without it: the best lap, and the last or the next best")
+        .valore("NUMBER")
+        .ripetibile();
+    comando.note(esempi(
+        "Without --line the finish line is where the track passes most often at speed; it is printed as --line takes "
+        "it.\n"
+        "Laps driven out or in, without a fix, with a stop or past the line the wrong way are noted and do not count "
+        "for\n"
+        "the best.",
+        "kelfun laps session.channels session.samples", "kelfun laps capture.ubx --split 350 --split 700 --csv",
+        "kelfun laps session.channels session.samples --from gps --plot -"));
+    comando.esegue([argomenti] { esegui(*argomenti); });
+}
+
+}  // namespace kel::strumento

@@ -1,0 +1,52 @@
+// Laps as a logger has timed them: out of the lap number and the lap time that stand in every record.
+#ifndef KELFUN_LAPS_GIRI_REGISTRATI_H
+#define KELFUN_LAPS_GIRI_REGISTRATI_H
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace kel::strumento {
+
+/// What one record says of laps. What the logger does not record is nothing.
+struct StatoCronometro {
+    std::optional<int> numero;       ///< of the last lap
+    std::optional<int> ms;           ///< its time
+    std::optional<int> corrente_ms;  ///< of the lap now running
+};
+
+struct GiroRegistrato {
+    int numero = 0;
+    int ms = 0;
+    std::size_t record = 0;      ///< the first behind the line
+    std::optional<double> fine;  ///< s, when the line was passed; nothing where records have no time
+};
+
+/// Watches number and time change from record to record. What stands in the first record was driven before it.
+class GiriRegistrati {
+public:
+    void aggiungi(std::optional<double> tempo, const StatoCronometro& stato);
+    /// All laps, once all records have been put in.
+    std::vector<GiroRegistrato> chiudi();
+
+private:
+    void chiudiGiro();
+
+    std::size_t record_ = 0;
+    StatoCronometro prima_;  // as the last lap left it
+    StatoCronometro ora_;
+    std::optional<double> tempo_;  // of the last record
+    // A change that has been seen; where number and time are channels of their own they may change one after the other.
+    struct Attesa {
+        std::size_t record = 0;
+        std::optional<double> tempo, fine;
+    };
+    std::optional<Attesa> attesa_;
+    std::optional<double> ultima_fine_;
+    int contati_ = 0;
+    std::vector<GiroRegistrato> giri_;
+};
+
+}  // namespace kel::strumento
+
+#endif

@@ -1,0 +1,91 @@
+// What a recording or a capture holds of laps: fixes, and laps that the logger has timed.
+#ifndef KELFUN_LAPS_RACCOLTA_H
+#define KELFUN_LAPS_RACCOLTA_H
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "IFunzioni.h"
+#include "captures/canali_record.h"
+#include "captures/soluzione.h"
+#include "laps/fix.h"
+#include "laps/giri.h"
+#include "laps/giri_registrati.h"
+
+namespace kel::strumento {
+
+/// The fix of a solution, at a time of week that goes on behind the week's end. A fix in the plane is none: its height is
+/// an old one, and the error of it moves the place by metres.
+class OrologioGps {
+public:
+    Fix fix(const Soluzione& soluzione);
+
+private:
+    std::optional<std::uint32_t> ultimo_;
+    double settimane_ = 0;  // s
+};
+
+/// The records of a recording, one after the other.
+class RaccoltaRecord {
+public:
+    RaccoltaRecord(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
+
+    /// The channel that laps are read from: "'Lap packet'"; "" where there is none.
+    const std::string& canaleGiri() const { return canale_giri_; }
+    bool haGps() const { return gps_.has_value(); }
+    /// Lap numbers without lap times: the times are those of the records.
+    bool soloNumeri() const { return numero_ && !tempo_; }
+
+    void aggiungi(std::optional<double> tempo, const std::uint8_t* campioni);
+
+    /// One fix a solution, on the receiver's clock.
+    std::vector<Fix> fixDelRicevitore() const;
+    /// What that clock shows when the times of records begin, or at its first solution where they have none.
+    double inizioDelRicevitore() const;
+    /// One fix a record, on the logger's clock; those without a new solution have a speed alone. Where records have no time
+    /// there are none.
+    std::vector<Fix> fixDeiRecord() const;
+
+    /// The laps of the logger; once all records have been put in. Laps that are not closed stand around them where
+    /// `guida`, made of `fixDeiRecord`, tells when they were.
+    std::vector<Giro> giriDelRegistratore(const Guida& guida);
+
+private:
+    enum class Formato { pacchetto_2g, pacchetto_1g, canali };
+
+    void cercaGiri(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
+    void cercaVelocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
+    StatoCronometro cronometro(const std::uint8_t* campioni);
+
+    struct Riga {
+        double tempo = 0;
+        float velocita = 0;           // m/s, of the wheels
+        std::int32_t soluzione = -1;  // that is new in it
+    };
+
+    std::string canale_giri_;
+    Formato formato_ = Formato::canali;
+    std::size_t offset_giri_ = 0;
+    std::optional<ColonnaRecord> numero_, tempo_, corrente_;
+    std::optional<ColonnaRecord> velocita_;
+    struct Gps {
+        std::size_t offset = 0;  // of the payload of NAV-SOL
+        OrologioGps orologio;
+        std::optional<std::uint32_t> ultimo;
+    };
+    std::optional<Gps> gps_;
+    GiriRegistrati giri_;
+    bool con_tempo_ = true;
+    int ultimo_1g_ = 0;
+    int tempo_1g_ = 0;
+    int giri_1g_ = 0;
+    std::vector<Riga> righe_;
+    std::vector<Fix> soluzioni_;
+};
+
+}  // namespace kel::strumento
+
+#endif

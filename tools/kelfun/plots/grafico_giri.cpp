@@ -1,0 +1,95 @@
+#include "plots/grafico_giri.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "CLaptimeAndStrings.h"
+#include "laps/andamento.h"
+
+namespace kel::strumento {
+
+namespace {
+
+std::string nomeGiro(const Giro& giro) {
+    return "Lap " + std::to_string(giro.numero) + "  " + CLaptimeAndStrings::LapTimeToStringa(*giro.ms);
+}
+
+Serie velocita(std::span<const PuntoGiro> punti, double fattore) {
+    Serie serie;
+    for (const PuntoGiro& punto : punti) {
+        if (punto.staccato)
+            serie.aggiungi(punto.metri, std::nullopt);
+        serie.aggiungi(punto.metri, punto.velocita ? std::optional(*punto.velocita * fattore) : std::nullopt);
+    }
+    return serie;
+}
+
+// Time lost since the line: above 0 the lap is behind.
+Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> riferimento) {
+    Serie serie;
+    for (const PuntoGiro& punto : punti) {
+        const auto suo = tempoA(riferimento, punto.metri);
+        if (punto.staccato)
+            serie.aggiungi(punto.metri, std::nullopt);
+        serie.aggiungi(punto.metri, suo ? std::optional(punto.secondi - *suo) : std::nullopt);
+    }
+    return serie;
+}
+
+// The length that all are stretched to: the reference's, but of a lap that has lost the fix for a while a part is a guess.
+double lunghezzaComune(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento) {
+    std::vector<const Giro*> tutti = {&riferimento};
+    tutti.insert(tutti.end(), scelti.begin(), scelti.end());
+    for (const Giro* giro : tutti) {
+        const std::vector<PuntoGiro> punti = andamento(*giro, guida, giro->metri.value_or(0));
+        if (!punti.empty() &&
+            std::none_of(punti.begin(), punti.end(), [](const PuntoGiro& punto) { return punto.staccato; }))
+            return *giro->metri;
+    }
+    return riferimento.metri.value_or(0);
+}
+
+void disegnaTraccia(Traccia& traccia, const Giro& giro, const Guida& guida, double fattore) {
+    const auto [primo, oltre] = fixDelGiro(giro, guida);
+    for (std::size_t i = primo; i < oltre; ++i) {
+        const Fix& fix = guida.fix()[i];
+        if (fix.valido)
+            traccia.aggiungi(fix.longitudine, fix.latitudine, guida.velocita(i).value_or(0) * fattore);
+        else if (!fix.velocita)
+            traccia.interrompi();
+    }
+}
+
+}  // namespace
+
+Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento,
+                    const std::string& udm, double fattore, bool insieme) {
+    Grafico grafico;
+    grafico.ascissa = Ascissa::distanza;
+    grafico.udm_velocita = udm;
+    const double lunghezza = lunghezzaComune(guida, scelti, riferimento);
+    const std::vector<PuntoGiro> base = andamento(riferimento, guida, lunghezza);
+    if (insieme)
+        grafico.pannelli.push_back({"Speed", udm, {}});
+    Pannello distacchi{"Gap to lap " + std::to_string(riferimento.numero), "s", {}, insieme ? 0.6 : 1.0};
+    for (const Giro* giro : scelti) {
+        const std::vector<PuntoGiro> punti = andamento(*giro, guida, lunghezza);
+        if (punti.empty())
+            continue;
+        if (!insieme)
+            grafico.pannelli.push_back({nomeGiro(*giro), udm, {}});
+        grafico.pannelli.back().curve.push_back({nomeGiro(*giro), velocita(punti, fattore)});
+        // Of the reference, too, which loses nothing: so that a lap has one colour in both panels. Characters have none.
+        if (!insieme && giro == &riferimento)
+            continue;
+        distacchi.curve.push_back({"Lap " + std::to_string(giro->numero), distacco(punti, base)});
+    }
+    std::erase_if(grafico.pannelli, [](const Pannello& pannello) { return pannello.curve.empty(); });
+    const bool sola = insieme && scelti.size() == 1 && scelti.front() == &riferimento;
+    if (!distacchi.curve.empty() && !sola)
+        grafico.pannelli.push_back(std::move(distacchi));
+    disegnaTraccia(grafico.traccia, riferimento, guida, fattore);
+    return grafico;
+}
+
+}  // namespace kel::strumento
