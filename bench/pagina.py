@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
-"""Puts the tables of a run into two pages, between the marks that say where they go.
+"""Puts the tables of a run into a page, between the marks that say where they go.
 
-  pagina.py FOLDER PAGE README
+  pagina.py FOLDER PAGE
 
-FOLDER holds results.json, operations.md and footprint.md of the run. PAGE takes the tables whole, README the operations
-that are held to something, beside their best peer.
+FOLDER holds results.json, operations.md and footprint.md of the run.
 """
 
 import json
@@ -31,28 +30,15 @@ def sostituisci(pagina, segno, testo):
     return modello.sub(lambda trovata: f"{trovata[1]}\n{testo.strip()}\n\n{trovata[2]}", pagina)
 
 
-def breve(operazioni):
-    """Operation, ours, best peer and their ratio, of the rows that have a target."""
-    righe = ["| operation | ours ns | best peer ns | ratio |", "| --- | --: | --: | --: |"]
-    for riga in operazioni.splitlines()[2:]:
-        if not riga.startswith("|"):
-            break
-        nome, nostro, pari, _, rapporto, _, obiettivo, _ = (cella.strip() for cella in riga.strip("|").split("|"))
-        if obiettivo and pari != "-":
-            righe.append(f"| {nome} | {nostro} | {pari} | {rapporto} |")
-    return "\n".join(righe)
-
-
 def main():
-    if len(sys.argv) != 4:
+    if len(sys.argv) != 3:
         sys.exit(__doc__)
-    cartella, percorso, leggimi = map(pathlib.Path, sys.argv[1:])
+    cartella, percorso = map(pathlib.Path, sys.argv[1:])
     dove = macchina(cartella / "results.json")
     operazioni = (cartella / "operations.md").read_text()
     pagina = sostituisci(percorso.read_text(), "operations", f"{dove}\n\n{operazioni}")
     pagina = sostituisci(pagina, "footprint", (cartella / "footprint.md").read_text())
     percorso.write_text(pagina)
-    leggimi.write_text(sostituisci(leggimi.read_text(), "speed", f"{dove}\n\n{breve(operazioni)}"))
 
 
 if __name__ == "__main__":

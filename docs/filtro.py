@@ -17,7 +17,7 @@ text = file.read_text()
 
 
 def plain(link):
-    shown, target = link.groups()
+    shown, target = link.groups()  # a place within a page is left out: the link goes to its top
     if "://" in target or not (file.parent / target).exists():
         return link[0]
     return f'@ref {label(Path(target))} "{shown}"' if target.endswith(".md") else shown
@@ -32,7 +32,9 @@ ENUMERATOR = r"[A-Z]+_\w+ *= *(?:0x)?[0-9A-F]+"
 if file.suffix == ".md":
     # A link that goes over the end of a line would not be read as one.
     text = re.sub(r"\[[^\]\n]+\n[^\]\n]+\]\(", lambda m: " ".join(m[0].split()), text)
-    text = re.sub(r"\[([^\]]+)\]\(([^)#\s]+)\)", plain, text)
+    text = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)#\s]+)(?:#[^)\s]*)?\)", plain, text)
+    # The site has all pictures in one folder.
+    text = re.sub(r"(!\[[^\]]+\]\()(?:[^)\s]*/)?([^)/\s]+\))", r"\1\2", text)
     if file.name != "README.md":  # the main page has a label of its own
         text = re.sub(r"\A# (.*)$", lambda m: f"{m[0]} {{#{label(file)}}}", text, flags=re.M)
 else:
