@@ -183,9 +183,9 @@ void testo_numerico(s_kel_converter* conv, const void* campione, char* testo) no
     const bool negativo = valore < 0.0f;
 
     const uint32_t larghezza = conv->larghezza;
-    const uint32_t segno = negativo ? 1 : 0;
+    const uint32_t segno{negativo};
     const int64_t posti = int64_t{larghezza} - segno;  // for digits
-    const uint32_t punto = decimali != 0 ? 1 : 0;
+    const uint32_t punto{decimali != 0};
     if (larghezza <= cifre_parola - punto && posti > conv->decimali && numero < potenze_10[posti])
         testo_corto(testo, static_cast<uint32_t>(numero), larghezza, decimali, segno, conv->formato);
     else
