@@ -122,6 +122,17 @@ def tratti(banco):
     testi = banco.testi("way.svg")
     banco.pretendi("distance, m" in testi and "1800" in testi and "2300" not in testi,
                    f"way.svg is not of two laps of 1 km: {testi}")
+    # The speed is the one that is shown: a fix in the plane has one, of which the device shows nothing.
+    in_piano = bytearray(52)
+    in_piano[10], in_piano[47] = 2, 3
+    struct.pack_into("<3i", in_piano, 12, 637_813_700, 0, 0)  # on the equator
+    struct.pack_into("<3i", in_piano, 28, 0, 1000, 0)         # 10 m/s
+    banco.scrivi("cp", canale(b"GPS", 0x819A, 9, 0, 52))
+    banco.scrivi("sp", bytes(in_piano) * 101)
+    banco.kelfun("record", "cp", "sp", "--rate", "1", "--plot", "plane.svg", "--x", "distance", "--all",
+                 errore="^101 records")
+    testi = banco.testi("plane.svg")
+    banco.pretendi("1000" in testi, f"plane.svg is not of 1000 m: {testi}")
     banco.scrivi("c0", canale(b"Temp"))
     banco.scrivi("s0", struct.pack("<2H", 1, 2))
     banco.kelfun("record", "c0", "s0", "--rate", "1", "--plot", "none.svg", "--x", "distance", stato=1,

@@ -43,7 +43,7 @@ GraficoRecord::GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_ca
     }
     trovaTraccia(canali, colonne);
     if (tratto.ascissa == Ascissa::distanza)
-        trovaVelocita(catalogo, canali, tutte);
+        trovaVelocita(tutte);
     for (const PannelloRecord& uno : pannelli_.pannelli) {
         Pannello pannello{uno.nome, uno.udm, {}, uno.altezza};
         for (const ColonnaRecord& colonna : uno.colonne)
@@ -83,15 +83,13 @@ void GraficoRecord::trovaTraccia(std::span<const s_kel_canale> canali, std::span
 }
 
 // The speed over ground where there is GPS, else the first speed there is.
-void GraficoRecord::trovaVelocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali,
-                                  std::span<const ColonnaRecord> tutte) {
+void GraficoRecord::trovaVelocita(std::span<const ColonnaRecord> tutte) {
     for (const bool gps : {true, false})
         for (const ColonnaRecord& colonna : tutte) {
             if (andatura_ || (gps ? colonna.fid != GPS_VELOCITA : kelFidGrandezza(colonna.fid) != FID_PHI_SPEED))
                 continue;
-            const ColonnaRecord base(catalogo, canali[colonna.indice], colonna.indice, colonna.fid);
-            if (base.haValore() && base.udm == "km/h")
-                andatura_ = base;
+            if (colonna.haValore() && colonna.udm == "km/h")
+                andatura_ = colonna;
         }
     if (!andatura_)
         throw NonTrovato("--x distance takes a speed, and none of the channels is one");
