@@ -26,7 +26,7 @@ def confronta(programmi, frequenza, seme, difetti):
     del_registratore, _ = giri(programmi, ["c", "s"], difetti)
     chi = f"{frequenza} Hz, seed {seme}"
     massima = 0
-    for che_cosa, argomenti in (("recording", ["c", "s", "--from", "gps", "--line", linea]),
+    for che_cosa, argomenti in (("recording", ["c", "s", "--source", "gps", "--line", linea]),
                                 ("capture", ["x.ubx", "--line", linea])):
         da_gps, _ = giri(programmi, argomenti, difetti)
         if list(da_gps) != list(del_registratore):
