@@ -25,7 +25,7 @@ bool di(kel_funpos fid, unsigned grandezza, unsigned oggetto) {
 
 Fix OrologioGps::fix(const Soluzione& soluzione) {
     const std::uint32_t ms = soluzione.settimana_ms;
-    if (ultimo_ && ms<*ultimo_&& * ultimo_ - ms> SETTIMANA_MS / 2)
+    if (ultimo_ && *ultimo_ > ms && *ultimo_ - ms > SETTIMANA_MS / 2)
         settimane_ += SETTIMANA_S;
     ultimo_ = ms;
     Fix fix;
