@@ -152,6 +152,10 @@ std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<s
 void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Lettura& lettura,
              const Scelte& scelte) {
     const std::vector<const Giro*> scelti = daDisegnare(lettura, argomenti.giri);
+    if (lettura.guida.fix().empty())
+        throw NonTrovato(
+            "laps are drawn over their distance, and the records have no times to tell it by; --rate HZ "
+            "gives them");
     const Giro* riferimento = migliore(lettura.giri);
     if (riferimento == nullptr)
         riferimento = scelti.front();

@@ -36,8 +36,8 @@ public:
     /// The channel that laps are read from: "'Lap packet'"; "" where there is none.
     const std::string& canaleGiri() const { return canale_giri_; }
     bool haGps() const { return gps_.has_value(); }
-    /// Lap numbers without lap times: the times are those of the records.
-    bool soloNumeri() const { return numero_ && !tempo_; }
+    /// Lap numbers without any time of laps: the times are those of the records.
+    bool soloNumeri() const { return numero_ && !tempo_ && !corrente_; }
 
     void aggiungi(std::optional<double> tempo, const std::uint8_t* campioni);
 

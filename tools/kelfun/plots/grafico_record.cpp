@@ -11,6 +11,7 @@ namespace kel::strumento {
 namespace {
 
 constexpr kel_funpos NUMERO_GIRO = kelFidComponi(FID_PHI_NUMBER, FID_OBJ_LAP, 0);
+constexpr kel_funpos TEMPO_GIRO = kelFidComponi(FID_PHI_TIME, FID_OBJ_LAP, 0);
 constexpr std::size_t GIRI_MASSIMI = 1000;  // more are no laps of anybody
 constexpr double KMH = 3.6;                 // km/h in a m/s
 
@@ -29,6 +30,8 @@ GraficoRecord::GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_ca
                              PannelliRecord pannelli, const Tratto& tratto)
     : pannelli_(std::move(pannelli)), percorso_(tratto) {
     grafico_.ascissa = tratto.ascissa;
+    const bool tempi =
+        std::ranges::any_of(tutte, [](const ColonnaRecord& colonna) { return colonna.fid == TEMPO_GIRO; });
     for (const ColonnaRecord& colonna : tutte) {
         const s_kel_canale& canale = canali[colonna.indice];
         const bool interna = canale.fid != colonna.fid;
@@ -38,7 +41,7 @@ GraficoRecord::GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_ca
                                   ColonnaRecord(catalogo, canale, colonna.indice, GPS_SATELLITI)});
         if (!giro_ && colonna.fid == NUMERO_GIRO && colonna.haValore()) {
             giro_ = colonna;
-            prossimo_giro_ = interna ? 1 : 0;  // a packet tells of the lap that was driven last
+            prossimo_giro_ = interna || tempi ? 1 : 0;  // beside its time stands the number of the lap driven last
         }
     }
     trovaTraccia(canali, colonne);
