@@ -233,6 +233,27 @@ def nomi(banco):
     banco.pretendi(not os.path.exists(banco.percorso("broken")), "a name was run as a command")
 
 
+def senza_font(banco):
+    """A character that no font has is a question mark: the box that stands for it otherwise hides the picture."""
+    if shutil.which("fc-list") is None:
+        return
+    for nome, ambiente, detto in (("n\U0010fffd", {}, "\U0010fffd"),
+                                  ("n\u00e9", {"PATH": banco.percorso("fonts") + ":" + os.environ["PATH"]}, "\u00e9")):
+        os.makedirs(banco.percorso("fonts"), exist_ok=True)
+        with open(banco.percorso("fonts/fc-list"), "w", encoding="ascii") as f:
+            f.write("#!/bin/sh\necho 20-7e 3b1-3c9\necho nothing\n")
+        os.chmod(f.name, 0o755)
+        banco.scrivi("s5", struct.pack("<3H", 1, 2, 3))
+        for quale, suo in (("with", nome), ("without", "n?")):
+            banco.scrivi("c5", canale(suo.encode()))
+            banco.kelfun("record", "c5", "s5", "--plot", f"{quale}.png", ambiente=ambiente,
+                         errore=f"^no font of this machine has {detto}: \\? stands for them$" if quale == "with" else "^3 records")
+        banco.pretendi(banco.leggi("with.png") == banco.leggi("without.png"), f"{nome!r} is not drawn as 'n?'")
+        banco.scrivi("c5", canale(nome.encode()))
+        banco.kelfun("record", "c5", "s5", "--plot", "with.svg", ambiente=ambiente, errore="^3 records")
+        banco.pretendi(nome + " C" in banco.testi("with.svg"), f"with.svg has no {nome!r}")
+
+
 def ostili(banco):
     banco.scrivi("c2", canale(OSTILE))
     banco.scrivi("s2", struct.pack("<3H", 1, 2, 3))
@@ -272,7 +293,7 @@ def main():
         print("gnuplot is not installed: skipped")
         return 77
     banco = Banco(programmi)
-    for parte in (disegni, tratti, giri, sessioni, interruzioni, nomi, ostili, guasti):
+    for parte in (disegni, tratti, giri, sessioni, interruzioni, nomi, senza_font, ostili, guasti):
         parte(banco)
     for difetto in banco.difetti:
         print(difetto)
