@@ -191,6 +191,10 @@ void esegui(const Argomenti& argomenti) {
                           : leggiRegistrazione(argomenti.file[0], argomenti.file[1],
                                                argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata,
                                                argomenti.tempo, *catalogo, scelte);
+    if (const std::size_t sessioni = lettura.guida.sessioni().size(); sessioni > 1)
+        dillo(std::to_string(sessioni) +
+              " sessions, as time runs backwards or on by more than ten minutes: no lap "
+              "reaches from one into the next");
     misura(lettura.giri, lettura.guida);
     if (destinazione)
         return disegna(*destinazione, argomenti, lettura, scelte);
@@ -199,7 +203,7 @@ void esegui(const Argomenti& argomenti) {
 
     const Aspetto forma = argomenti.forma.forma();
     const TabellaGiri tabella(lettura.giri,
-                              {scelte.udm, scelte.fattore, lettura.origine, forma.forma != Forma::tabella});
+                              {scelte.udm, scelte.fattore, lettura.origini, forma.forma != Forma::tabella});
     Documento documento(stdout, forma);
     documento.inizia("laps", "", tabella.colonne());
     for (const Giro& giro : lettura.giri)

@@ -43,8 +43,8 @@ public:
 
     /// One fix a solution, on the receiver's clock.
     std::vector<Fix> fixDelRicevitore() const;
-    /// What that clock shows when the times of records begin, or at its first solution where they have none.
-    double inizioDelRicevitore() const;
+    /// What that clock showed at 0 on the logger's when a solution came, or at that solution where records have no times.
+    double inizioDelRicevitore(std::size_t soluzione) const;
     /// One fix a record, on the logger's clock; those without a new solution have a speed alone. Where records have no time
     /// there are none.
     std::vector<Fix> fixDeiRecord() const;
