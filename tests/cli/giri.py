@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """kelfun laps on simulated recordings: lap times from GPS are those of the logger's own lap packets."""
 import json
+import pathlib
 import re
 import sys
 
@@ -26,7 +27,7 @@ def confronta(programmi, frequenza, seme, difetti):
     del_registratore, _ = giri(programmi, ["c", "s"], difetti)
     chi = f"{frequenza} Hz, seed {seme}"
     massima = 0
-    for che_cosa, argomenti in (("recording", ["c", "s", "--from", "gps", "--line", linea]),
+    for che_cosa, argomenti in (("recording", ["c", "s", "--source", "gps", "--line", linea]),
                                 ("capture", ["x.ubx", "--line", linea])):
         da_gps, _ = giri(programmi, argomenti, difetti)
         if list(da_gps) != list(del_registratore):
@@ -53,11 +54,31 @@ def confronta(programmi, frequenza, seme, difetti):
     return massima
 
 
+def sessioni(programmi, difetti):
+    """Recordings joined: every session begins with its own time, whatever clock the laps come from."""
+    cartella = pathlib.Path(programmi.cartella.name)
+    for seme, fine in (("1", "a"), ("2", "b")):
+        programmi.esegui("kelsim", ["--laps", "2", "--rate", "5", "--seed", seme, "--channels", "c", "--samples", "s" + fine,
+                                    "x" + fine])
+    for nome in "sx":
+        (cartella / nome).write_bytes((cartella / f"{nome}a").read_bytes() + (cartella / f"{nome}b").read_bytes())
+    for argomenti in (["c", "s"], ["c", "s", "--source", "gps"], ["x"]):
+        stato, uscita, errori = programmi.esegui("kelfun", ["laps", *argomenti, "--json"])
+        tutti = json.loads(uscita)["laps"] if stato == 0 else []
+        inizi = [giro["start_s"] for giro in tutti]
+        ritorni = sum(dopo < prima for prima, dopo in zip(inizi, inizi[1:]))
+        if ritorni != 1 or not all(0 <= inizio < 120 for inizio in inizi):
+            difetti.append(f"two sessions, {argomenti}: laps begin at {inizi}")
+        if b"kelfun laps: 2 sessions, as time runs backwards" not in errori:
+            difetti.append(f"two sessions, {argomenti}: not said: {errori!r}")
+
+
 def main():
     programmi = Programmi(lettore(__doc__).parse_args())
     difetti = []
     massima = max(confronta(programmi, frequenza, seme, difetti)
                   for frequenza in (1, 4, 5, 10, 18, 25) for seme in range(1, 5))
+    sessioni(programmi, difetti)
     for difetto in difetti:
         print(difetto)
     print(f"lap times from GPS within {massima} ms of the logger's, {len(difetti)} faults")

@@ -375,6 +375,14 @@ TEST(FinishLine, IsFoundWhereTheTrackPassesMostOftenAtSpeed) {
     }
 }
 
+TEST(FinishLine, IsFoundThoughAReceiverSlipsOnce) {
+    auto fix = Ricevitore{10, 0.5}.guarda(cerchio(durata), -7, 200);
+    fix[700].velocita = 140;  // m/s; the kart has 21
+    const auto trovata = cercaLinea(Guida(fix), MINIMO);
+    ASSERT_TRUE(trovata);
+    EXPECT_EQ(trovata->volte, 7u);
+}
+
 TEST(FinishLine, IsNotFoundWhereNothingIsPassedTwice) {
     EXPECT_FALSE(cercaLinea(Guida({}), MINIMO));
     const auto fermo = Ricevitore{10, 1}.guarda([](double) { return Stato{}; }, 0, 300);

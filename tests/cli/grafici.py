@@ -122,6 +122,17 @@ def tratti(banco):
     testi = banco.testi("way.svg")
     banco.pretendi("distance, m" in testi and "1800" in testi and "2300" not in testi,
                    f"way.svg is not of two laps of 1 km: {testi}")
+    # The speed is the one that is shown: a fix in the plane has one, of which the device shows nothing.
+    in_piano = bytearray(52)
+    in_piano[10], in_piano[47] = 2, 3
+    struct.pack_into("<3i", in_piano, 12, 637_813_700, 0, 0)  # on the equator
+    struct.pack_into("<3i", in_piano, 28, 0, 1000, 0)         # 10 m/s
+    banco.scrivi("cp", canale(b"GPS", 0x819A, 9, 0, 52))
+    banco.scrivi("sp", bytes(in_piano) * 101)
+    banco.kelfun("record", "cp", "sp", "--rate", "1", "--plot", "plane.svg", "--x", "distance", "--all",
+                 errore="^101 records")
+    testi = banco.testi("plane.svg")
+    banco.pretendi("1000" in testi, f"plane.svg is not of 1000 m: {testi}")
     banco.scrivi("c0", canale(b"Temp"))
     banco.scrivi("s0", struct.pack("<2H", 1, 2))
     banco.kelfun("record", "c0", "s0", "--rate", "1", "--plot", "none.svg", "--x", "distance", stato=1,
@@ -222,6 +233,27 @@ def nomi(banco):
     banco.pretendi(not os.path.exists(banco.percorso("broken")), "a name was run as a command")
 
 
+def senza_font(banco):
+    """A character that no font has is a question mark: the box that stands for it otherwise hides the picture."""
+    if shutil.which("fc-list") is None:
+        return
+    for nome, ambiente, detto in (("n\U0010fffd", {}, "\U0010fffd"),
+                                  ("n\u00e9", {"PATH": banco.percorso("fonts") + ":" + os.environ["PATH"]}, "\u00e9")):
+        os.makedirs(banco.percorso("fonts"), exist_ok=True)
+        with open(banco.percorso("fonts/fc-list"), "w", encoding="ascii") as f:
+            f.write("#!/bin/sh\necho 20-7e 3b1-3c9\necho nothing\n")
+        os.chmod(f.name, 0o755)
+        banco.scrivi("s5", struct.pack("<3H", 1, 2, 3))
+        for quale, suo in (("with", nome), ("without", "n?")):
+            banco.scrivi("c5", canale(suo.encode()))
+            banco.kelfun("record", "c5", "s5", "--plot", f"{quale}.png", ambiente=ambiente,
+                         errore=f"^no font of this machine has {detto}: \\? stands for them$" if quale == "with" else "^3 records")
+        banco.pretendi(banco.leggi("with.png") == banco.leggi("without.png"), f"{nome!r} is not drawn as 'n?'")
+        banco.scrivi("c5", canale(nome.encode()))
+        banco.kelfun("record", "c5", "s5", "--plot", "with.svg", ambiente=ambiente, errore="^3 records")
+        banco.pretendi(nome + " C" in banco.testi("with.svg"), f"with.svg has no {nome!r}")
+
+
 def ostili(banco):
     banco.scrivi("c2", canale(OSTILE))
     banco.scrivi("s2", struct.pack("<3H", 1, 2, 3))
@@ -261,7 +293,7 @@ def main():
         print("gnuplot is not installed: skipped")
         return 77
     banco = Banco(programmi)
-    for parte in (disegni, tratti, giri, sessioni, interruzioni, nomi, ostili, guasti):
+    for parte in (disegni, tratti, giri, sessioni, interruzioni, nomi, senza_font, ostili, guasti):
         parte(banco)
     for difetto in banco.difetti:
         print(difetto)

@@ -104,7 +104,7 @@ def giri(programmi, lento):
         for _ in range(caso.randrange(1, 2000)):
             guasti[caso.randrange(len(guasti))] = caso.randrange(256)
         for fonte in ("auto", "gps"):
-            yield from esegui(f"changed samples, round {giro}", "c", "-", "--from", fonte, byte=bytes(guasti))
+            yield from esegui(f"changed samples, round {giro}", "c", "-", "--source", fonte, byte=bytes(guasti))
         canale = (bytes(12) + caso.choice([0x9A, 0x809A, 0x98B, 0x992, 0x19A, 0x819A, 0x10]).to_bytes(4, "little") +
                   bytes(4) + caso.randrange(25).to_bytes(4, "little") + bytes(88))
         with open("c2", "wb") as f:

@@ -16,6 +16,7 @@
 #include "captures/interi.h"
 #include "captures/lettore_soluzioni.h"
 #include "captures/navpvt.h"
+#include "captures/ultima_soluzione.h"
 #include "captures/vista_gps.h"
 #include "messaggi.h"
 
@@ -261,6 +262,29 @@ TEST(LettoreSoluzioni, OneMessageTwiceIsTwoSolutions) {
     EXPECT_TRUE(l.prossima() && l.prossima());
     EXPECT_FALSE(l.prossima());
     EXPECT_EQ(l.conteggi().stessa_epoca, 0u);
+}
+
+TEST(UltimaSoluzione, OnePayloadIsDecodedOnceAndAnyOtherAnew) {
+    UltimaSoluzione ultima;
+    Sol payload{};  // zeros are a payload too
+    EXPECT_EQ(ultima.di(payload).fix, 0u);
+    payload = equatore();
+    const Soluzione& soluzione = ultima.di(payload);
+    controllaEquatore(soluzione);
+    EXPECT_EQ(&ultima.di(Sol(payload)), &soluzione);
+    for (std::uint8_t& byte : payload) {
+        byte ^= 1;
+        const Soluzione nuova = ultima.di(payload);
+        const Soluzione attesa = daNavSol(payload);
+        EXPECT_EQ(nuova.settimana_ms, attesa.settimana_ms);
+        EXPECT_EQ(nuova.fix, attesa.fix);
+        EXPECT_EQ(nuova.satelliti, attesa.satelliti);
+        EXPECT_EQ(nuova.utc.has_value(), attesa.utc.has_value());
+        EXPECT_EQ(nuova.andatura(), attesa.andatura());
+        EXPECT_EQ(nuova.altezza(), attesa.altezza());
+        EXPECT_EQ(nuova.accuratezza_posizione, attesa.accuratezza_posizione);
+        EXPECT_EQ(nuova.accuratezza_velocita, attesa.accuratezza_velocita);
+    }
 }
 
 TEST(LettoreSoluzioni, OtherLengthsAreNoSolutions) {

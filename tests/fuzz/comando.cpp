@@ -21,7 +21,8 @@ namespace {
 using fuzz::Ingredienti;
 using fuzz::pretendi;
 
-constexpr std::array<const char*, 68> kParole = {
+// The inputs kept tell words by their places: new ones come at the end, up to PAROLE_E_TESTI less one.
+constexpr std::array<const char*, 84> kParole = {
     "find",       "fid",        "functions",  "units",     "convert",    "decode",    "match",     "camera",
     "lap",        "ubx",        "record",     "catalogue", "--json",     "--ndjson",  "--csv",     "--color=always",
     "--quantity", "--object",   "--position", "--inout",   "--side",     "--number",  "--details", "--specialisation",
@@ -30,7 +31,12 @@ constexpr std::array<const char*, 68> kParole = {
     "0x9A",       "speed",      "km/h",       "mph",       "bar",        "psi",       "100",       "-1",
     "1e38",       "nan",        "1:23.456",   "GPS",       "wheel",      "FL",        "u32ms",     "--from",
     "--to",       "--plot",     "gps",        "REF_SPEED", "--bits",     "--channel", "c",         "python",
-    "--table",    "--strict",   "int16",      "units"};
+    "--table",    "--strict",   "int16",      "laps",      "--source",   "--line",    "--split",   "--min-lap",
+    "--lap",      "--size",     "--x",        "distance",  "--all",      "--device",  "auto",      "none",
+    "45,10,90",   "40x20",      "0:10",       "350"};
+
+constexpr std::size_t PAROLE_E_TESTI = 96;  // places behind the last word stand for any text
+static_assert(kParole.size() < PAROLE_E_TESTI);
 
 // An empty folder to be in, no programs to start, and nobody to read what is printed.
 bool prepara() {
@@ -54,7 +60,7 @@ void versa(std::span<const std::uint8_t> byte) {
 std::vector<std::string> argomenti(Ingredienti& da) {
     std::vector<std::string> parole = {"kelfun"};
     for (std::size_t quanti = da.scelta(10); quanti > 0; quanti--) {
-        const std::size_t quale = da.scelta(96);
+        const std::size_t quale = da.scelta(PAROLE_E_TESTI);
         std::string parola = quale < kParole.size() ? kParole.at(quale) : da.testo();
         parola = parola.c_str();  // no argument holds a NUL
         if (parola.empty() || parola.find('/') == std::string::npos || parola == "km/h")

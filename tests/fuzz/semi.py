@@ -198,6 +198,8 @@ def comando():
     yield "lap", riga("lap", "1:23.456")
     yield "ubx", riga("ubx", "-", "--ndjson", ingresso=messaggio(1, 6, soluzione()))
     yield "record", riga("record", "-", "c", "--packed")
+    yield "laps", riga("laps", "-", "--line", "45,10,90", "--split", "350", "--plot", "-",
+                       ingresso=messaggio(1, 6, soluzione()) * 2)
     yield "complete", riga("__complete", "fid", "--q")
     yield "wrong", riga("units", "--width", "-1", "nan")
 

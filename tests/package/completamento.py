@@ -54,7 +54,7 @@ BATTUTE = [
     ("record kart sam --unit=OilP=p", ["record", "kart", "sam", "--unit=OilP=psi"], "the same after a sign of equality"),
     ("laps la", ["laps", "lap one.ubx"], "a capture"),
     ("laps c la", ["laps", "c", "lap one.ubx"], "the second file of a recording"),
-    ("laps f --from pa", ["laps", "f", "--from", "packets"], "where laps come from"),
+    ("laps f --source pa", ["laps", "f", "--source", "packets"], "where laps come from"),
     ("laps f --unit mp", ["laps", "f", "--unit", "mph"], "a unit of the speed"),
     ("laps f --time u6", ["laps", "f", "--time", "u64us"], "a kind of time stamp"),
     ("find 'Oil Pr", ["find", "Oil Pressure"], "the name of a function"),

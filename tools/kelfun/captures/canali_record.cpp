@@ -98,8 +98,8 @@ std::vector<ColonnaRecord> tutte(IFunzioni& catalogo, std::span<const s_kel_cana
             if (fid != 0 && (!wgs84 || fid == GPS_TEMPO))  // 0 is a reserved word
                 colonne.emplace_back(catalogo, canali[i], i, fid);
         if (wgs84)
-            for (const CampoGps campo : CAMPI_GPS)
-                colonne.emplace_back(catalogo, canali[i], i, campo);
+            for (const auto soluzione = std::make_shared<UltimaSoluzione>(); const CampoGps campo : CAMPI_GPS)
+                colonne.emplace_back(catalogo, canali[i], i, campo, soluzione);
     }
     return colonne;
 }
@@ -243,8 +243,13 @@ ColonnaRecord::ColonnaRecord(const IFunzioni& catalogo, const s_kel_canale& cana
 }
 
 ColonnaRecord::ColonnaRecord(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale,
-                             CampoGps campo)
-    : nome(nomeCampo(campo)), indice(indice_canale), fid(fidDi(campo)), udm(aspetto(campo).udm), campo_(campo) {
+                             CampoGps campo, std::shared_ptr<UltimaSoluzione> soluzione)
+    : nome(nomeCampo(campo)),
+      indice(indice_canale),
+      fid(fidDi(campo)),
+      udm(aspetto(campo).udm),
+      campo_(campo),
+      soluzione_(std::move(soluzione)) {
     decimali_ = aspetto(campo).decimali;
     // The logger's packet is a time, then the receiver's payload.
     conv_.offset_campione =
@@ -285,8 +290,8 @@ std::vector<std::string> ColonnaRecord::unitaPossibili(const IFunzioni& catalogo
     return possibili;
 }
 
-Soluzione ColonnaRecord::soluzione(const std::uint8_t* campioni) const {
-    return daNavSol(std::span<const std::uint8_t, NAV_SOL_BYTE>(campioni + conv_.offset_campione, NAV_SOL_BYTE));
+const Soluzione& ColonnaRecord::soluzione(const std::uint8_t* campioni) const {
+    return soluzione_->di(std::span<const std::uint8_t, NAV_SOL_BYTE>(campioni + conv_.offset_campione, NAV_SOL_BYTE));
 }
 
 bool ColonnaRecord::haValore() const {

@@ -3,12 +3,14 @@
 #define KELFUN_CAPTURES_CANALI_RECORD_H
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "IFunzioni.h"
+#include "captures/ultima_soluzione.h"
 #include "captures/vista_gps.h"
 #include "output/documento.h"
 
@@ -23,7 +25,9 @@ public:
                   kel_funpos funzione);
 
     /// A field of the solution that a GPS packet holds, from the packet's own numbers.
-    ColonnaRecord(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale, CampoGps campo);
+    /// @param soluzione  of the channel: its columns share it.
+    ColonnaRecord(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale, CampoGps campo,
+                  std::shared_ptr<UltimaSoluzione> soluzione);
 
     /// Shows another unit of its function; false when the function has no such unit.
     bool mostraIn(const IFunzioni& catalogo, const s_kel_canale& canale, const std::string& nuova);
@@ -58,12 +62,13 @@ private:
     // How the unit goes with the values, which are not always in the unit of their function.
     enum class Misura { funzione, byte_basso, decimilionesimi };
 
-    Soluzione soluzione(const std::uint8_t* campioni) const;
+    const Soluzione& soluzione(const std::uint8_t* campioni) const;
 
     bool pacchetto_intero_ = false;
     Misura misura_ = Misura::funzione;
     std::optional<CampoGps> campo_;
-    double fattore_ = 1;  // of a speed in WGS 84: from m/s to its unit
+    std::shared_ptr<UltimaSoluzione> soluzione_;  // where there is such a field
+    double fattore_ = 1;                          // of a speed in WGS 84: from m/s to its unit
     int decimali_ = 0;
     s_kel_converter conv_{};
 };

@@ -48,8 +48,6 @@ Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
         scelte.fonte = FonteGiri::registratore;
     else if (argomenti.fonte == "gps")
         scelte.fonte = FonteGiri::gps;
-    else if (argomenti.fonte != "auto")
-        throw ErroreUso("there is no --from '" + argomenti.fonte + "'; accepted: auto, packets, gps");
     if (!argomenti.linea.empty()) {
         scelte.linea = leggiLinea(argomenti.linea);
         if (!scelte.linea)
@@ -154,6 +152,10 @@ std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<s
 void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Lettura& lettura,
              const Scelte& scelte) {
     const std::vector<const Giro*> scelti = daDisegnare(lettura, argomenti.giri);
+    if (lettura.guida.fix().empty())
+        throw NonTrovato(
+            "laps are drawn over their distance, and the records have no times to tell it by; --rate HZ "
+            "gives them");
     const Giro* riferimento = migliore(lettura.giri);
     if (riferimento == nullptr)
         riferimento = scelti.front();
@@ -181,7 +183,7 @@ void esegui(const Argomenti& argomenti) {
     const Scelte scelte = leggiScelte(argomenti, *catalogo);
     const bool cattura = argomenti.file.size() == 1;
     if (cattura && argomenti.fonte == "packets")
-        throw ErroreUso("--from packets takes a recording; accepted: CHANNELS and SAMPLES");
+        throw ErroreUso("--source packets takes a recording; accepted: CHANNELS and SAMPLES");
     if (!cattura && argomenti.file[0] == "-" && argomenti.file[1] == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     Lettura lettura = cattura
@@ -189,6 +191,10 @@ void esegui(const Argomenti& argomenti) {
                           : leggiRegistrazione(argomenti.file[0], argomenti.file[1],
                                                argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata,
                                                argomenti.tempo, *catalogo, scelte);
+    if (const std::size_t sessioni = lettura.guida.sessioni().size(); sessioni > 1)
+        dillo(std::to_string(sessioni) +
+              " sessions, as time runs backwards or on by more than ten minutes: no lap "
+              "reaches from one into the next");
     misura(lettura.giri, lettura.guida);
     if (destinazione)
         return disegna(*destinazione, argomenti, lettura, scelte);
@@ -197,7 +203,7 @@ void esegui(const Argomenti& argomenti) {
 
     const Aspetto forma = argomenti.forma.forma();
     const TabellaGiri tabella(lettura.giri,
-                              {scelte.udm, scelte.fattore, lettura.origine, forma.forma != Forma::tabella});
+                              {scelte.udm, scelte.fattore, lettura.origini, forma.forma != Forma::tabella});
     Documento documento(stdout, forma);
     documento.inizia("laps", "", tabella.colonne());
     for (const Giro& giro : lettura.giri)
@@ -216,9 +222,9 @@ void aggiungiLaps(CLI::App& programma) {
         .valore("")
         .obbligatoria();
     comando
-        .opzione("--from", argomenti->fonte,
+        .opzione("--source", argomenti->fonte,
                  "Laps of a recording: packets (the logger's), gps, or auto (default): the first of them that there is")
-        .valore("{auto,packets,gps}");
+        .scelta({"auto", "packets", "gps"});
     comando
         .opzione("--line", argomenti->linea,
                  "Finish line by GPS: its middle, the heading in which it is passed, and its width in m (default 30)")
@@ -234,7 +240,7 @@ void aggiungiLaps(CLI::App& programma) {
     aggiungiTempo(comando, argomenti->tempo);
     comando.bandiera("--packed", argomenti->compatta,
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
-    aggiungiForma(comando, argomenti->forma);
+    aggiungiForma(comando, argomenti->forma, {"laps"});
     aggiungiGrafico(comando, argomenti->grafico);
     comando
         .opzione("--lap", argomenti->giri,
@@ -248,7 +254,7 @@ void aggiungiLaps(CLI::App& programma) {
         "for\n"
         "the best.",
         "kelfun laps session.channels session.samples", "kelfun laps capture.ubx --split 350 --split 700 --csv",
-        "kelfun laps session.channels session.samples --from gps --plot -"));
+        "kelfun laps session.channels session.samples --source gps --plot -"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

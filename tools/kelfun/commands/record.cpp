@@ -105,7 +105,9 @@ void esegui(Argomenti& argomenti) {
     LettoreRecord& lettore = campioni.lettore();
     const auto letto = [&] { return riassunto(lettore, campioni.passo()); };
     if (destinazione) {
-        const std::vector<ColonnaRecord> tutte = colonneRecord(*catalogo, canali, {});
+        SceltaColonne ogni;
+        ogni.dispositivo = argomenti.colonne.dispositivo;
+        const std::vector<ColonnaRecord> tutte = colonneRecord(*catalogo, canali, ogni);
         GraficoRecord grafico(*catalogo, canali, tutte, colonne, pannelli(argomenti, colonne), tratto);
         disegna(*destinazione, argomenti, tempo, grafico, lettore, letto);
     } else {

@@ -63,6 +63,7 @@ void GiriRegistrati::chiudiGiro() {
     } else {
         if (!cresciuto(prima.numero, ora_.numero) || !attesa.fine || !fine_prima)
             return;
+        giro.numero = *prima.numero;
         giro.ms = static_cast<int>(std::lround((*attesa.fine - *fine_prima) * 1000));
     }
     ++contati_;

@@ -10,8 +10,8 @@ namespace kel::strumento {
 
 /// What one record says of laps. What the logger does not record is nothing.
 struct StatoCronometro {
-    std::optional<int> numero;       ///< of the last lap
-    std::optional<int> ms;           ///< its time
+    std::optional<int> numero;       ///< of the last lap; without a time beside it, of the lap now running
+    std::optional<int> ms;           ///< of the last lap
     std::optional<int> corrente_ms;  ///< of the lap now running
 };
 

@@ -35,8 +35,8 @@ std::string maiChiuso(const Passaggi& passati, const Linea& linea) {
 }
 
 // The laps of fixes; what is missing for them is an error.
-Lettura giriGps(std::vector<Fix> fix, double origine, const ScelteGiri& scelte) {
-    Lettura lettura{Guida(std::move(fix)), {}, origine};
+Lettura giriGps(std::vector<Fix> fix, const ScelteGiri& scelte) {
+    Lettura lettura{Guida(std::move(fix)), {}, {}};
     const Guida& guida = lettura.guida;
     if (guida.validi().empty())
         throw NonTrovato("no lap is closed: none of the " + std::to_string(guida.fix().size()) +
@@ -63,6 +63,17 @@ Lettura giriGps(std::vector<Fix> fix, double origine, const ScelteGiri& scelte) 
     return lettura;
 }
 
+// Over a pause the clock goes on; where time runs backwards it counts anew.
+std::vector<double> originiDellaCattura(const Guida& guida) {
+    std::vector<double> origini;
+    for (const std::size_t primo : guida.sessioni()) {
+        const double inizio = guida.fix()[primo].tempo;
+        const bool avanti = primo > 0 && inizio > guida.fix()[primo - 1].tempo;
+        origini.push_back(avanti ? origini.back() : inizio);
+    }
+    return origini;
+}
+
 // The laps that the logger has timed; none where it has timed none.
 std::optional<Lettura> giriRegistrati(RaccoltaRecord& raccolta, bool richiesti) {
     if (raccolta.canaleGiri().empty()) {
@@ -70,7 +81,8 @@ std::optional<Lettura> giriRegistrati(RaccoltaRecord& raccolta, bool richiesti) 
             throw NonTrovato("there are no lap packets and no lap channels in the recording");
         return std::nullopt;
     }
-    Lettura lettura{Guida(raccolta.fixDeiRecord()), {}, 0};
+    Lettura lettura{Guida(raccolta.fixDeiRecord()), {}, {}};
+    lettura.origini.assign(std::max<std::size_t>(1, lettura.guida.sessioni().size()), 0);
     lettura.giri = raccolta.giriDelRegistratore(lettura.guida);
     if (lettura.giri.empty()) {
         if (richiesti || !raccolta.haGps())
@@ -103,8 +115,9 @@ Lettura leggiCattura(const std::string& file, const ScelteGiri& scelte) {
         throw NonTrovato("there is no NAV-SOL and no NAV-PVT message in it" +
                          (messaggi.empty() ? "" : "; messages by class and id: " + messaggi));
     }
-    const double origine = fix.front().tempo;
-    return giriGps(std::move(fix), origine, scelte);
+    Lettura lettura = giriGps(std::move(fix), scelte);
+    lettura.origini = originiDellaCattura(lettura.guida);
+    return lettura;
 }
 
 Lettura leggiRegistrazione(const std::string& file_canali, const std::string& file_campioni, Disposizione disposizione,
@@ -128,7 +141,10 @@ Lettura leggiRegistrazione(const std::string& file_canali, const std::string& fi
         throw NonTrovato(scelte.fonte == FonteGiri::gps || linea
                              ? "there is no GPS packet in the recording"
                              : "there are no lap packets, no lap channels and no GPS packet in the recording");
-    return giriGps(raccolta.fixDelRicevitore(), raccolta.inizioDelRicevitore(), scelte);
+    Lettura lettura = giriGps(raccolta.fixDelRicevitore(), scelte);
+    for (const std::size_t primo : lettura.guida.sessioni())
+        lettura.origini.push_back(raccolta.inizioDelRicevitore(primo));
+    return lettura;
 }
 
 }  // namespace kel::strumento

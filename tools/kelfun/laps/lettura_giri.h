@@ -30,7 +30,7 @@ struct ScelteGiri {
 struct Lettura {
     Guida guida{{}};
     std::vector<Giro> giri;
-    double origine = 0;  ///< of the times that are shown, s
+    std::vector<double> origini;  ///< of each session: from when its times are counted, s
 };
 
 /// The laps of a u-blox capture, or of a recording.

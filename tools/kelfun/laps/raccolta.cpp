@@ -25,7 +25,7 @@ bool di(kel_funpos fid, unsigned grandezza, unsigned oggetto) {
 
 Fix OrologioGps::fix(const Soluzione& soluzione) {
     const std::uint32_t ms = soluzione.settimana_ms;
-    if (ultimo_ && ms<*ultimo_&& * ultimo_ - ms> SETTIMANA_MS / 2)
+    if (ultimo_ && *ultimo_ > ms && *ultimo_ - ms > SETTIMANA_MS / 2)
         settimane_ += SETTIMANA_S;
     ultimo_ = ms;
     Fix fix;
@@ -137,11 +137,9 @@ std::vector<Fix> RaccoltaRecord::fixDelRicevitore() const {
     return soluzioni_;
 }
 
-double RaccoltaRecord::inizioDelRicevitore() const {
-    for (const Riga& riga : righe_)
-        if (riga.soluzione >= 0)
-            return soluzioni_.front().tempo - (con_tempo_ ? riga.tempo : 0);
-    return 0;
+double RaccoltaRecord::inizioDelRicevitore(std::size_t soluzione) const {
+    const auto sua = std::ranges::find(righe_, static_cast<std::int32_t>(soluzione), &Riga::soluzione);
+    return soluzioni_[soluzione].tempo - (con_tempo_ && sua != righe_.end() ? sua->tempo : 0);
 }
 
 std::vector<Fix> RaccoltaRecord::fixDeiRecord() const {

@@ -36,15 +36,15 @@ public:
     /// The channel that laps are read from: "'Lap packet'"; "" where there is none.
     const std::string& canaleGiri() const { return canale_giri_; }
     bool haGps() const { return gps_.has_value(); }
-    /// Lap numbers without lap times: the times are those of the records.
-    bool soloNumeri() const { return numero_ && !tempo_; }
+    /// Lap numbers without any time of laps: the times are those of the records.
+    bool soloNumeri() const { return numero_ && !tempo_ && !corrente_; }
 
     void aggiungi(std::optional<double> tempo, const std::uint8_t* campioni);
 
     /// One fix a solution, on the receiver's clock.
     std::vector<Fix> fixDelRicevitore() const;
-    /// What that clock shows when the times of records begin, or at its first solution where they have none.
-    double inizioDelRicevitore() const;
+    /// What that clock showed at 0 on the logger's when a solution came, or at that solution where records have no times.
+    double inizioDelRicevitore(std::size_t soluzione) const;
     /// One fix a record, on the logger's clock; those without a new solution have a speed alone. Where records have no time
     /// there are none.
     std::vector<Fix> fixDeiRecord() const;

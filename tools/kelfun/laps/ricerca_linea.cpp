@@ -13,10 +13,10 @@ namespace kel::strumento {
 
 namespace {
 
-constexpr double VELOCITA_MINIMA = 5;      // m/s: walking is no driving
-constexpr double PARTE_DEL_MASSIMO = 0.3;  // of the greatest speed
-constexpr double CELLA = 20;               // m
-constexpr double DISTANZA = 10;            // m from candidate to candidate
+constexpr double VELOCITA_MINIMA = 5;  // m/s: walking is no driving
+constexpr double PARTE_VELOCE = 0.3;   // of a high speed
+constexpr double CELLA = 20;           // m
+constexpr double DISTANZA = 10;        // m from candidate to candidate
 constexpr std::size_t CANDIDATI = 3000;
 constexpr std::size_t FINALISTI = 40;
 constexpr double COSENO_MINIMO = 0.70;
@@ -31,21 +31,32 @@ bool meglio(const Candidato& a, const Candidato& b) {
     return std::tuple(a.volte, a.velocita) > std::tuple(b.volte, b.velocita);
 }
 
+// A speed that one moving fix in ten is above: the greatest may be a receiver's slip, and then nothing else were fast.
+double velocitaAlta(const Guida& guida) {
+    std::vector<double> velocita;
+    for (const std::size_t i : guida.validi())
+        if (const double una = guida.velocita(i).value_or(0); una >= VELOCITA_MINIMA)
+            velocita.push_back(una);
+    if (velocita.empty())
+        return 0;
+    const auto alta = velocita.begin() + static_cast<std::ptrdiff_t>(velocita.size() * 9 / 10);
+    std::nth_element(velocita.begin(), alta, velocita.end());
+    return *alta;
+}
+
 // The fixes at speed, by the square that they lie in.
 class Quadri {
 public:
     explicit Quadri(const Guida& guida) : guida_(guida) {
-        double massima = 0;
-        for (const std::size_t i : guida.validi())
-            massima = std::max(massima, guida.velocita(i).value_or(0));
-        const double minima = std::max(VELOCITA_MINIMA, PARTE_DEL_MASSIMO * massima);
+        const double alta = velocitaAlta(guida);
+        const double minima = std::max(VELOCITA_MINIMA, PARTE_VELOCE * alta);
         for (const std::size_t i : guida.validi())
             if (guida.velocita(i).value_or(0) >= minima && guida.direzione(i)) {
                 celle_[cella(guida.punto(i), 0, 0)].push_back(i);
                 veloci_.push_back(i);
             }
         // Slow receivers are tens of metres on from one solution to the next.
-        raggio_ = std::max(CELLA, massima * guida.buco() / 4);
+        raggio_ = std::max(CELLA, alta * guida.buco() / 4);
         intorno_ = static_cast<int>(std::min(std::ceil(raggio_ / CELLA), 10.0));
     }
 

@@ -51,7 +51,7 @@ std::vector<Colonna> TabellaGiri::colonne() const {
 
 std::vector<Cella> TabellaGiri::celle(const Giro& giro) const {
     std::vector<Cella> tutte = {Cella::intero(giro.numero),
-                                giro.inizio ? Cella::reale(*giro.inizio - aspetto_.origine, 3) : Cella(),
+                                giro.inizio ? Cella::reale(*giro.inizio - aspetto_.origini[giro.sessione], 3) : Cella(),
                                 tempo(giro.ms)};
     if (aspetto_.per_programmi)
         tutte.push_back(millisecondi(giro.ms));

@@ -14,10 +14,10 @@ namespace kel::strumento {
 
 /// How the numbers of laps are shown.
 struct AspettoGiri {
-    std::string udm;             ///< of speeds
-    double fattore = 1;          ///< from m/s
-    double origine = 0;          ///< s, from which the starts are counted
-    bool per_programmi = false;  ///< all that there is; people get what fits the width of a screen
+    std::string udm;              ///< of speeds
+    double fattore = 1;           ///< from m/s
+    std::vector<double> origini;  ///< s, from which the starts are counted, by session
+    bool per_programmi = false;   ///< all that there is; people get what fits the width of a screen
 };
 
 class TabellaGiri {

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "io/uscita.h"
+#include "plots/caratteri.h"
 #include "plots/gnuplot.h"
 #include "plots/grafico_terminale.h"
 #include "text/errori.h"
@@ -89,7 +90,11 @@ void DestinazioneGrafico::disegna(const Grafico& grafico, std::vector<Nota> note
         nelTerminale(grafico, std::move(note), tutto);
         return;
     }
-    const Immagine immagine = istruzioniGnuplot(grafico, formato_, misura_);
+    Grafico mostrato = grafico;
+    if (formato_ != Formato::svg)  // whose reader has fonts of its own
+        if (auto senza_font = togliSenzaFont(mostrato); !senza_font.empty())
+            note.push_back({"no font of this machine has ", std::move(senza_font), ": ? stands for them"});
+    const Immagine immagine = istruzioniGnuplot(mostrato, formato_, misura_);
     std::string byte = eseguiGnuplot(gnuplot_, immagine.istruzioni);
     scrivi(file_, formato_ == Formato::svg ? svgBenFormato(std::move(byte)) : byte);
     for (const Nota& nota : note)

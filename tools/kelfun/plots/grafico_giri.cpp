@@ -1,6 +1,7 @@
 #include "plots/grafico_giri.h"
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "CLaptimeAndStrings.h"
@@ -31,7 +32,9 @@ Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> rife
         const auto suo = tempoA(riferimento, punto.metri);
         if (punto.staccato)
             serie.aggiungi(punto.metri, std::nullopt);
-        serie.aggiungi(punto.metri, suo ? std::optional(punto.secondi - *suo) : std::nullopt);
+        // To a microsecond: the last digits of two equal times would be drawn as a curve of their own.
+        serie.aggiungi(punto.metri,
+                       suo ? std::optional(std::round((punto.secondi - *suo) * 1e6) / 1e6 + 0.0) : std::nullopt);
     }
     return serie;
 }

@@ -11,6 +11,7 @@ namespace kel::strumento {
 namespace {
 
 constexpr kel_funpos NUMERO_GIRO = kelFidComponi(FID_PHI_NUMBER, FID_OBJ_LAP, 0);
+constexpr kel_funpos TEMPO_GIRO = kelFidComponi(FID_PHI_TIME, FID_OBJ_LAP, 0);
 constexpr std::size_t GIRI_MASSIMI = 1000;  // more are no laps of anybody
 constexpr double KMH = 3.6;                 // km/h in a m/s
 
@@ -29,6 +30,8 @@ GraficoRecord::GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_ca
                              PannelliRecord pannelli, const Tratto& tratto)
     : pannelli_(std::move(pannelli)), percorso_(tratto) {
     grafico_.ascissa = tratto.ascissa;
+    const bool tempi =
+        std::ranges::any_of(tutte, [](const ColonnaRecord& colonna) { return colonna.fid == TEMPO_GIRO; });
     for (const ColonnaRecord& colonna : tutte) {
         const s_kel_canale& canale = canali[colonna.indice];
         const bool interna = canale.fid != colonna.fid;
@@ -38,12 +41,12 @@ GraficoRecord::GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_ca
                                   ColonnaRecord(catalogo, canale, colonna.indice, GPS_SATELLITI)});
         if (!giro_ && colonna.fid == NUMERO_GIRO && colonna.haValore()) {
             giro_ = colonna;
-            prossimo_giro_ = interna ? 1 : 0;  // a packet tells of the lap that was driven last
+            prossimo_giro_ = interna || tempi ? 1 : 0;  // beside its time stands the number of the lap driven last
         }
     }
     trovaTraccia(canali, colonne);
     if (tratto.ascissa == Ascissa::distanza)
-        trovaVelocita(catalogo, canali, tutte);
+        trovaVelocita(tutte);
     for (const PannelloRecord& uno : pannelli_.pannelli) {
         Pannello pannello{uno.nome, uno.udm, {}, uno.altezza};
         for (const ColonnaRecord& colonna : uno.colonne)
@@ -83,15 +86,13 @@ void GraficoRecord::trovaTraccia(std::span<const s_kel_canale> canali, std::span
 }
 
 // The speed over ground where there is GPS, else the first speed there is.
-void GraficoRecord::trovaVelocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali,
-                                  std::span<const ColonnaRecord> tutte) {
+void GraficoRecord::trovaVelocita(std::span<const ColonnaRecord> tutte) {
     for (const bool gps : {true, false})
         for (const ColonnaRecord& colonna : tutte) {
             if (andatura_ || (gps ? colonna.fid != GPS_VELOCITA : kelFidGrandezza(colonna.fid) != FID_PHI_SPEED))
                 continue;
-            const ColonnaRecord base(catalogo, canali[colonna.indice], colonna.indice, colonna.fid);
-            if (base.haValore() && base.udm == "km/h")
-                andatura_ = base;
+            if (colonna.haValore() && colonna.udm == "km/h")
+                andatura_ = colonna;
         }
     if (!andatura_)
         throw NonTrovato("--x distance takes a speed, and none of the channels is one");

@@ -18,7 +18,8 @@ namespace kel::strumento {
 
 class GraficoRecord {
 public:
-    /// @param tutte     all columns of the channels: for the laps, and the speed that distances are made of.
+    /// @param tutte     all columns of the channels, in their base units: for the laps, and the speed that distances are
+    ///                  made of.
     /// @param colonne   those that the plot is of.
     /// @param pannelli  those that it shows over the axis, less the position where there is a track.
     /// @throws NonTrovato  when distances are asked for and no channel has a speed.
@@ -44,8 +45,7 @@ private:
     };
 
     void trovaTraccia(std::span<const s_kel_canale> canali, std::span<const ColonnaRecord> colonne);
-    void trovaVelocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali,
-                       std::span<const ColonnaRecord> tutte);
+    void trovaVelocita(std::span<const ColonnaRecord> tutte);
     const Ricezione* ricezione(const ColonnaRecord& colonna) const;
     std::optional<double> valore(const ColonnaRecord& colonna, const std::uint8_t* campioni) const;
     void aggiungiTraccia(const std::uint8_t* campioni);
