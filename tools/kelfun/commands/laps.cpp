@@ -48,8 +48,6 @@ Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
         scelte.fonte = FonteGiri::registratore;
     else if (argomenti.fonte == "gps")
         scelte.fonte = FonteGiri::gps;
-    else if (argomenti.fonte != "auto")
-        throw ErroreUso("there is no --from '" + argomenti.fonte + "'; accepted: auto, packets, gps");
     if (!argomenti.linea.empty()) {
         scelte.linea = leggiLinea(argomenti.linea);
         if (!scelte.linea)
@@ -218,7 +216,7 @@ void aggiungiLaps(CLI::App& programma) {
     comando
         .opzione("--from", argomenti->fonte,
                  "Laps of a recording: packets (the logger's), gps, or auto (default): the first of them that there is")
-        .valore("{auto,packets,gps}");
+        .scelta({"auto", "packets", "gps"});
     comando
         .opzione("--line", argomenti->linea,
                  "Finish line by GPS: its middle, the heading in which it is passed, and its width in m (default 30)")
