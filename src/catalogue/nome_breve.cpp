@@ -1,7 +1,8 @@
-// The short name of a function: its camera row's, or the texts of its fields without separators.
-#include <cstring>
+// The short name of a function: its camera row's, or the texts of its fields without separators. The catalogue's operation
+// stands elsewhere: a C program linked with the static library takes this file, and no C++ library with it.
+#include <cstddef>
 
-#include "CFunzioni.h"
+#include "kelfunzioni.h"
 
 namespace {
 
@@ -58,10 +59,4 @@ s_nome_breve kelFunGetNomeFunzioneShort(const s_set_canali*, kel_funpos fid) noe
     composizione.campo(frontrear_FunzKel, kelFidFrontRear(fid));
     composizione.campo(updown_FunzKel, kelFidUpDown(fid));
     return nome;
-}
-
-// The NUL is part of the string: clients compare and print short names with it.
-std::string CFunzioni::getNomeFunzioneShort(kel_funpos fid) const {
-    const s_nome_breve nome = kelFunGetNomeFunzioneShort(&set_, fid);
-    return std::string(nome.testo, std::strlen(nome.testo) + 1);
 }

@@ -1,4 +1,6 @@
-// The long name of a function: from the first table that knows it, or composed from its fields.
+// The catalogue's names of a function. The long one is from the first table that knows it, or composed from its fields.
+#include <cstring>
+
 #include "CFunzioni.h"
 #include "catalogue/nome_composto.h"
 #include "tables/camera.h"
@@ -38,4 +40,10 @@ std::string CFunzioni::getNomeFunzione(kel_funpos fid, bool tutti) const {
     if (const char* nome = nome_nelle_tabelle(fid))
         return nome;  // as it stands, without a conversion
     return kel::nome_composto(fid, tutti);
+}
+
+// The NUL is part of the string: clients compare and print short names with it.
+std::string CFunzioni::getNomeFunzioneShort(kel_funpos fid) const {
+    const s_nome_breve nome = kelFunGetNomeFunzioneShort(&set_, fid);
+    return std::string(nome.testo, std::strlen(nome.testo) + 1);
 }

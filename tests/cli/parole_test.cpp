@@ -67,6 +67,10 @@ TEST(Vicini, OffersTheNearestAndNothingFarAway) {
     EXPECT_EQ(forse("func", parole), "did you mean 'functions'? ");
     EXPECT_EQ(forse("--nubmer", parole), "did you mean '--number'? ");
     EXPECT_EQ(forse("xyzzy", parole), "");
+    // One change from either: the word that has all the letters is meant.
+    EXPECT_EQ(forse("fnd", std::vector<std::string>{"fid", "find"}), "did you mean 'find'? ");
+    EXPECT_EQ(forse("fod", std::vector<std::string>{"food", "fid"}), "did you mean 'food'? ");
+    EXPECT_EQ(forse("fidn", std::vector<std::string>{"find", "fidr"}), "did you mean 'find'? ");
     EXPECT_EQ(forse("", parole), "");
     EXPECT_EQ(forse(std::string(100000, 'c'), parole), "");
     EXPECT_EQ(vicini("ca", parole, 9), (std::vector<std::string>{"camera", "catalogue"}));

@@ -78,7 +78,7 @@ def nuda(prova):
 
 def statica(prova):
     """The static library as it is installed: programs in C and C++, by pkg-config and by CMake, and a loadable module."""
-    costruita, _ = prova.configura("library", "-DBUILD_SHARED_LIBS=OFF", "-DKEL_BUILD_TOOLS=OFF")
+    costruita, _ = prova.configura("library", "-DBUILD_SHARED_LIBS=OFF", "-DKEL_BUILD_TOOLS=OFF", "-DCMAKE_BUILD_TYPE=Release")
     prova.costruisci(costruita)
     prefisso = prova.cartella / "prefix"
     prova.esegui("cmake", "--install", costruita, "--prefix", prefisso)
@@ -92,6 +92,12 @@ def statica(prova):
     programma = prova.cartella / "c99"
     prova.esegui(prova.argomenti.cc, "-std=c99", "-pedantic-errors", QUI / "c99.c", *opzioni, "-o", programma)
     print("c99:", prova.esegui(programma).strip())
+
+    # The flat face alone, as firmware has it: no C++ library.
+    programma = prova.cartella / "c99-alone"
+    prova.esegui(prova.argomenti.cc, "-std=c99", "-pedantic-errors", QUI / "c99.c",
+                 *[opzione for opzione in opzioni if opzione != "-lstdc++"], "-o", programma)
+    print("c99, no C++ library:", prova.esegui(programma).strip())
 
     # What a binding is: a module with the library in it.
     modulo = prova.cartella / "modulo.so"

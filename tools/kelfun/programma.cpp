@@ -48,6 +48,15 @@ std::vector<std::string> parole(const CLI::App& comando, bool comandi) {
     return tutte;
 }
 
+// An option before the command: of those that only commands have it is said that they stand behind it.
+std::string primaDelComando(const CLI::App& programma, const std::string& nome) {
+    for (const CLI::App* sotto : programma.get_subcommands([](const CLI::App*) { return true; }))
+        if (sotto->get_option_no_throw(nome) != nullptr)
+            return "'" + nome + "' is an option of commands, and stands behind them: kelfun " + sotto->get_name() +
+                   " ... " + nome + "; ";
+    return "there is no option '" + nome + "'; " + forse(nome, parole(programma, false));
+}
+
 // A word that the command has no place for: an option that it does not know, or an argument more than it takes.
 std::string diTroppo(const CLI::App& comando, const std::string& parola) {
     const std::string nome = parola.substr(0, parola.find('='));
@@ -126,8 +135,12 @@ int esegui(int argc, char** argv) {
         }
         std::vector<std::string> argomenti = perParser(argc, argv);
         const std::string primo = argomenti.empty() ? "" : argomenti.back();
-        if (primo.starts_with("-") && programma.get_option_no_throw(primo.substr(0, primo.find('='))) == nullptr)
-            return errore(*comando, chi, diTroppo(programma, primo), USCITA_USO);
+        const std::string opzione = primo.starts_with("-") ? primo.substr(0, primo.find('=')) : "";
+        if (!opzione.empty() && programma.get_option_no_throw(opzione) == nullptr)
+            return errore(*comando, chi, primaDelComando(programma, opzione) + "accepted: " + accettati(programma),
+                          USCITA_USO);
+        if (primo.empty() && argc == 1)
+            return errore(*comando, chi, "there is no command; accepted: " + accettati(programma), USCITA_USO);
         if (!primo.empty() && !primo.starts_with("-")) {
             const CLI::App* trovato = sottocomando(programma, primo);
             if (trovato == nullptr)

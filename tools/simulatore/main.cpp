@@ -9,9 +9,11 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "centralina.h"
 #include "messaggi.h"
+#include "text/vicini.h"
 #include "traguardo.h"
 
 namespace {
@@ -75,8 +77,10 @@ void dichiara(CLI::App& programma, Argomenti& argomenti) {
             [&argomenti](const std::string& nome) {
                 const auto trovate = SOLUZIONI.find(nome);
                 if (trovate == SOLUZIONI.end())
-                    throw CLI::ValidationError("--messages: '" + nome +
-                                               "' is no such choice; accepted: sol, pvt, both");
+                    throw CLI::ValidationError(
+                        "--messages: '" + nome + "' is no such choice; " +
+                        kel::strumento::forse(nome, std::vector<std::string>{"sol", "pvt", "both"}) +
+                        "accepted: sol, pvt, both");
                 argomenti.soluzioni = trovate->second;
             },
             "Solutions in the capture: NAV-SOL, NAV-PVT or both messages (default sol)")
@@ -92,6 +96,25 @@ void dichiara(CLI::App& programma, Argomenti& argomenti) {
         ->type_name("N");
     programma.set_version_flag("--version", "kelsim " KELSIM_VERSIONE)->description("Show the version and exit");
     programma.footer(note());
+}
+
+// What is wrong with the command line. A mistyped option is the reason, whatever the parser misses without it.
+std::string sbagliato(const CLI::App& programma, const CLI::ParseError& errore) {
+    std::vector<std::string> opzioni;
+    for (const CLI::Option* opzione : programma.get_options())
+        if (opzione->nonpositional())
+            opzioni.push_back(opzione->get_name());
+    std::string accettati = "accepted: FILE";
+    for (const std::string& opzione : opzioni)
+        accettati += ", " + opzione;
+    for (const std::string& parola : programma.remaining()) {
+        const std::string nome = parola.substr(0, parola.find('='));
+        if (parola.starts_with("-"))
+            return "there is no option '" + nome + "'; " + kel::strumento::forse(nome, opzioni) + accettati;
+        if (dynamic_cast<const CLI::ExtrasError*>(&errore) != nullptr)
+            return "'" + parola + "' is one argument too many; " + accettati;
+    }
+    return std::string(errore.what()) + "; see kelsim --help";
 }
 
 // A file that is written from start to end, "-" being standard output.
@@ -160,7 +183,7 @@ int esegui(int argc, char** argv) {
         uscita.chiudi();
         return 0;
     } catch (const CLI::ParseError& e) {
-        std::fprintf(stderr, "kelsim: %s; see kelsim --help\n", e.what());
+        std::fprintf(stderr, "kelsim: %s\n", sbagliato(programma, e).c_str());
         return 2;
     }
     if (!argomenti.canali.empty())

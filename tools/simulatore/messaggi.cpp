@@ -61,16 +61,20 @@ std::string navSol(const Istante& istante, const PianoLocale& piano) {
     return messaggioUbx(0x01, 0x06, payloadNavSol(istante, piano));
 }
 
-std::string navPosLlh(const Istante& i, const PianoLocale& piano) {
+void aggiungiPosizione(std::string& dati, const Istante& i, const PianoLocale& piano) {
     const Geodetiche luogo = piano.geodetiche(i.posizione);
-    std::string dati;
-    aggiungi(dati, i.settimana_ms, 4);
     aggiungi(dati, intero(luogo.longitudine * 1e7), 4);
     aggiungi(dati, intero(luogo.latitudine * 1e7), 4);
     aggiungi(dati, intero(luogo.altezza * 1000), 4);             // above the ellipsoid, mm
     aggiungi(dati, intero((luogo.altezza - GEOIDE) * 1000), 4);  // above the sea
     aggiungi(dati, i.accuratezza_posizione * PIANO_MM, 4);
     aggiungi(dati, i.accuratezza_posizione * QUOTA_MM, 4);
+}
+
+std::string navPosLlh(const Istante& i, const PianoLocale& piano) {
+    std::string dati;
+    aggiungi(dati, i.settimana_ms, 4);
+    aggiungiPosizione(dati, i, piano);
     return messaggioUbx(0x01, 0x02, dati);
 }
 

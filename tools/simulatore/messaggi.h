@@ -23,6 +23,9 @@ double rotta(const Vettore& velocita);
 /// Position DOP in hundredths.
 unsigned dop(const Istante& istante);
 
+/// Appends the geodetic position as NAV-POSLLH and NAV-PVT have it, 24 bytes: longitude, latitude, both heights, accuracies.
+void aggiungiPosizione(std::string& dati, const Istante& istante, const PianoLocale& piano);
+
 /// Payload of NAV-SOL, 52 bytes: position in cm and velocity in cm/s, both ECEF.
 std::string payloadNavSol(const Istante& istante, const PianoLocale& piano);
 /// NAV-SOL (01 06).

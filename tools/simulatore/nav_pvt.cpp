@@ -31,16 +31,6 @@ void aggiungiOra(std::string& dati, const Istante& i) {
     aggiungi(dati, ora.millesimi * 1000000, 4);  // fraction of the second, ns
 }
 
-void aggiungiPosizione(std::string& dati, const Istante& i, const PianoLocale& piano) {
-    const Geodetiche luogo = piano.geodetiche(i.posizione);
-    aggiungi(dati, intero(luogo.longitudine * 1e7), 4);
-    aggiungi(dati, intero(luogo.latitudine * 1e7), 4);
-    aggiungi(dati, intero(luogo.altezza * 1000), 4);             // above the ellipsoid, mm
-    aggiungi(dati, intero((luogo.altezza - GEOIDE) * 1000), 4);  // above the sea
-    aggiungi(dati, i.accuratezza_posizione * PIANO_MM, 4);
-    aggiungi(dati, i.accuratezza_posizione * QUOTA_MM, 4);
-}
-
 void aggiungiVelocita(std::string& dati, const Istante& i, const PianoLocale& piano) {
     const Vettore v = velocitaLocale(i, piano);
     const double al_suolo = std::hypot(v.x, v.y);

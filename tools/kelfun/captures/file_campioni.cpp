@@ -31,7 +31,7 @@ void aggiungiTempo(Comando& comando, SceltaTempo& scelta) {
             "--time", scelta.orario,
             "Time stamp before every record: u32ms (32 bits, ms), u64us (64 bits, us) or none; auto (default) finds "
             "it out")
-        .valore("{auto,none,u32ms,u64us}");
+        .scelta({"auto", "none", "u32ms", "u64us"});
     comando.opzione("--rate", scelta.frequenza, "Records a second, where they have no time stamp").valore("HZ");
 }
 
@@ -39,8 +39,6 @@ TempoRecord::TempoRecord(const SceltaTempo& scelta) {
     for (const Orario orario : {Orario::nessuno, Orario::u32ms, Orario::u64us})
         if (scelta.orario == nomeOrario(orario))
             chiesto_ = orario;
-    if (!chiesto_ && scelta.orario != "auto")
-        throw ErroreUso("there is no --time '" + scelta.orario + "'; accepted: auto, none, u32ms, u64us");
     if (scelta.frequenza.empty())
         return;
     if (chiesto_.value_or(Orario::nessuno) != Orario::nessuno)

@@ -104,14 +104,18 @@ void esegui(Argomenti& argomenti) {
     if (!argomenti.campi.dati()) {
         id = testi.front();
         testi.erase(testi.begin());
+        // Of "convert 100 --from km/h" the units would be looked for in function 100.
+        if (testi.empty())
+            throw ErroreUso("there is no value to convert, only the identifier '" + id +
+                            "'; accepted: ID VALUE..., or fields by name and VALUE...");
     }
     const Conversione conversione = leggiConversione(*catalogo, argomenti, id);
     Elementi elementi("convert", testi);
     Documento documento(stdout, argomenti.forma.forma());
     std::vector<float> valori;
     const bool con_codice = !argomenti.codice.empty();
-    // The remark is the same for all values: that of the first one shows what it is about.
-    bool primo = true;
+    // The remark is the same for all values that have one: that of the first shows what it is about.
+    bool detto = false;
     const auto leggi = [&](const std::string& testo) {
         const float valore = leggiValore(testo);
         argomenti.avvisi.pretendi(avvisoConversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore));
@@ -124,9 +128,12 @@ void esegui(Argomenti& argomenti) {
                 inizia(documento, *catalogo, conversione, elementi.conRighe());
         },
         [&](float valore) {
-            if (std::exchange(primo, false))
-                argomenti.avvisi.di(
-                    avvisoConversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore));
+            if (!detto) {
+                const auto avviso =
+                    avvisoConversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore);
+                argomenti.avvisi.di(avviso);
+                detto = avviso.has_value();
+            }
             if (con_codice)
                 valori.push_back(valore);
             else

@@ -59,6 +59,8 @@ std::optional<std::string> scambio(const IFunzioni& catalogo, kel_funpos fid, co
         return std::nullopt;
     const float dato = lineare(catalogo.getParamConv(fid, da, a), valore);
     const float vero = lineare(catalogo.getParamConv(fid, altra(da), altra(a)), valore);
+    if (dato == vero)  // nothing is nothing in all of them
+        return std::nullopt;
     return "the catalogue's gains of HP and CV are swapped: " + testo(valore, da) + " converts into " + testo(dato, a) +
            ", but is " + testo(vero, a);
 }

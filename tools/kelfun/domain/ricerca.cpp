@@ -68,12 +68,22 @@ std::optional<Risposta> rispondi(const Noto& noto, const std::string& cercato) {
     return migliore;
 }
 
+// A short word that stands for another is a unit: "celsius" is C, and not the short name of a coordinate.
+constexpr std::size_t LETTERE_UNITA = 2;
+
+std::optional<Risposta> rispondiUnita(const Noto& noto, const std::string& unita) {
+    for (const Testo& testo : noto.testi)
+        if (testo.specie == Specie::unita && testo.testo == unita)
+            return Risposta{Grado::intero, &testo};
+    return std::nullopt;
+}
+
 // A text that has the word, else one that has what the catalogue says in its place.
 std::optional<Risposta> rispondiOSinonimo(const Noto& noto, const std::string& cercato,
                                           const std::vector<std::string>& altri) {
     std::optional<Risposta> migliore = rispondi(noto, cercato);
     for (std::size_t i = 0; i < altri.size() && !migliore; ++i)
-        migliore = rispondi(noto, normale(altri[i]));
+        migliore = altri[i].size() <= LETTERE_UNITA ? rispondiUnita(noto, altri[i]) : rispondi(noto, normale(altri[i]));
     return migliore;
 }
 

@@ -37,7 +37,7 @@ void aggiungiTratto(Comando& comando, SceltaGrafico& scelta) {
     comando.opzione("--from", scelta.da, "Draw from this time on: m:ss or seconds").valore("TIME");
     comando.opzione("--to", scelta.a, "Draw up to this time: m:ss or seconds").valore("TIME");
     comando.opzione("--x", scelta.ascissa, "Draw over time (default) or distance, made of the speed")
-        .valore("{time,distance}");
+        .scelta({"time", "distance"});
 }
 
 Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
@@ -52,8 +52,6 @@ Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
     tratto.ascissa = con_tempo ? Ascissa::tempo : Ascissa::numero;
     if (scelta.ascissa == "distance")
         tratto.ascissa = Ascissa::distanza;
-    else if (scelta.ascissa && scelta.ascissa != "time")
-        throw ErroreUso("there is no --x '" + *scelta.ascissa + "'; accepted: time, distance");
     tratto.da = secondi("--from", scelta.da);
     tratto.a = secondi("--to", scelta.a);
     if (!con_tempo && (tratto.da || tratto.a || scelta.ascissa))

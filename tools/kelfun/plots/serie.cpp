@@ -44,6 +44,11 @@ void Serie::aggiungi(double x, std::optional<double> valore) {
         raggruppa();
         numero = numeroTratto(x);
     }
+    accoda(punto, numero);
+}
+
+// A point in the stretch of its number, the last one or one behind it.
+void Serie::accoda(const Punto& punto, double numero) {
     if (numero != numero_ultimo_) {
         numero_ultimo_ = numero;
         ultimo_ = punti_.size();
@@ -60,16 +65,8 @@ void Serie::raggruppa() {
     punti_.reserve(PUNTI_MASSIMI);
     ultimo_ = 0;
     numero_ultimo_ = 0;
-    for (const Punto& punto : prima) {
-        const double numero = std::max(std::floor((punto.x - origine) / tratto_), numero_ultimo_);
-        if (numero != numero_ultimo_) {
-            numero_ultimo_ = numero;
-            ultimo_ = punti_.size();
-        }
-        punti_.push_back(punto);
-        if (punti_.size() - ultimo_ > A_TRATTO)
-            chiudiTratto(ultimo_);
-    }
+    for (const Punto& punto : prima)
+        accoda(punto, std::max(std::floor((punto.x - origine) / tratto_), numero_ultimo_));
 }
 
 // Leaves of the points from one on their first, least, greatest and last; a break before one that goes is a break before

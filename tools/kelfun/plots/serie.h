@@ -36,6 +36,7 @@ public:
 
 private:
     double numeroTratto(double x) const;
+    void accoda(const Punto& punto, double numero);
     void raggruppa();
     void chiudiTratto(std::size_t da);
 

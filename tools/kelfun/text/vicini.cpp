@@ -16,16 +16,30 @@ constexpr std::size_t LUNGHEZZA_MASSIMA = 64;  // nobody types a longer word by 
 constexpr std::size_t LETTERE_PER_CAMBIO = 3;
 constexpr std::size_t INIZIO_MINIMO = 2;  // one letter begins too many words
 
-// How far a word is from the one that was written; nothing where it is another word altogether.
-std::optional<unsigned> lontananza(const std::string& scritta, const std::string& parola) {
+// Letters that were written in vain: those that the word does not have.
+unsigned inVano(std::string_view scritta, std::string parola) {
+    unsigned quante = 0;
+    for (const char lettera : scritta) {
+        const std::size_t dove = parola.find(lettera);
+        if (dove == std::string::npos)
+            ++quante;
+        else
+            parola.erase(dove, 1);
+    }
+    return quante;
+}
+
+// How far a word is from the one that was written: the changes, and the letters that were written in vain. Of "find" and
+// "fid", which are one change from "fnd", the first has all its letters. Nothing where it is another word altogether.
+std::optional<std::pair<unsigned, unsigned>> lontananza(const std::string& scritta, const std::string& parola) {
     if (parola.empty() || parola.size() > LUNGHEZZA_MASSIMA)
         return std::nullopt;
     const unsigned cambi = distanza(scritta, parola);
     const std::size_t massima = std::max<std::size_t>(1, scritta.size() / LETTERE_PER_CAMBIO);
     if (cambi <= massima && cambi < parola.size() && cambi < scritta.size())
-        return cambi;
+        return std::pair(cambi, inVano(scritta, parola));
     if (scritta.size() >= INIZIO_MINIMO && parola.starts_with(scritta))
-        return static_cast<unsigned>(massima) + 1;  // an abbreviation, after all slips of the keys
+        return std::pair(static_cast<unsigned>(massima) + 1, 0u);  // an abbreviation, after all slips of the keys
     return std::nullopt;
 }
 
@@ -54,7 +68,7 @@ std::vector<std::string> vicini(std::string_view parola, std::span<const std::st
     std::vector<std::string> elenco;
     if (scritta.empty() || scritta.size() > LUNGHEZZA_MASSIMA)
         return elenco;
-    std::set<std::pair<unsigned, std::string>> trovate;
+    std::set<std::pair<std::pair<unsigned, unsigned>, std::string>> trovate;
     for (const std::string& una : parole)
         if (const auto lontana = lontananza(scritta, normale(una)))
             trovate.emplace(*lontana, una);
