@@ -100,7 +100,9 @@ int errore(const CLI::App& comando, const std::string& chi, const std::string& t
 }
 
 int esegui(int argc, char** argv) {
-    CLI::App programma{"Everything that the catalogue of functions knows, and the samples it decodes.", "kelfun"};
+    CLI::App programma{
+        "What the identifiers and samples of racing data loggers mean; recordings as tables, laps and plots.",
+        "kelfun"};
     programma.set_version_flag("--version", "kelfun " KELFUN_VERSIONE, "Print the version and exit");
     programma.get_formatter()->column_width(30);
     programma.require_subcommand(1);
@@ -121,9 +123,9 @@ int esegui(int argc, char** argv) {
     programma.footer(
         esempi("kelfun COMMAND --help tells more and gives examples.\n"
                "Tables have colours on a terminal only, and none where NO_COLOR is set or TERM is dumb.\n"
-               "Exit status: 0 fine, 1 no such thing or it cannot be read or written, 2 wrong argument.",
+               "Exit status: 0 fine, 1 no such thing, bad data, or it cannot be read or written, 2 wrong argument.",
                "kelfun find wheel front left", "kelfun fid REF_SPEED_FL",
-               "kelfun decode REF_SPEED_FL --type 1 --unit mph 7B00"));
+               "kelfun decode REF_SPEED_FL --type int16 --unit mph 7B00"));
 
     std::string chi = "kelfun";
     const CLI::App* comando = &programma;

@@ -57,8 +57,8 @@ std::string note() {
            testo(kel::simulatore::traguardo()) +
            "  LAT,LON,HEADING in degrees; the logger takes its lap times there\n\n"
            "Lateral acceleration (LatA) is positive in left-hand corners: the axes of ISO 8855.\n\n"
-           "A record of samples begins with its time, 32 bits, ms: kelfun record CHANNELS SAMPLES\n"
-           "--time u32ms. Its GPS packet holds NAV-SOL, whatever --messages says of the capture.\n\n"
+           "Each record of samples begins with its time, 32 bits, in ms; kelfun finds that by itself.\n"
+           "Its GPS packet holds NAV-SOL, whatever --messages says: that is for the capture.\n\n"
            "Exit status: 0 fine, 1 it cannot be written, 2 wrong argument\n\n"
            "Examples:\n  kelsim --messages both --laps 20 --rate 25 capture.ubx\n"
            "  kelsim --channels session.channels --samples session.samples --rate 5\n"

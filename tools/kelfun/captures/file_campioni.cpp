@@ -29,10 +29,10 @@ void aggiungiTempo(Comando& comando, SceltaTempo& scelta) {
     comando
         .opzione(
             "--time", scelta.orario,
-            "Time stamp before every record: u32ms (32 bits, ms), u64us (64 bits, us) or none; auto (default) finds "
-            "it out")
+            "Time stamp before every record: u32ms (32 bits, ms), u64us (64 bits, us), none, or auto (default): found "
+            "from the samples")
         .scelta({"auto", "none", "u32ms", "u64us"});
-    comando.opzione("--rate", scelta.frequenza, "Records a second, where they have no time stamp").valore("HZ");
+    comando.opzione("--rate", scelta.frequenza, "Records a second, if they have no time stamps").valore("HZ");
 }
 
 TempoRecord::TempoRecord(const SceltaTempo& scelta) {

@@ -28,9 +28,9 @@ public:
     /// @throws ErroreUso  for a framing or a rate that there is not.
     explicit TempoRecord(const SceltaTempo& scelta);
 
-    /// The framing that was asked for; nothing where the samples are to tell.
+    /// The framing that the user has chosen; nothing if it is to be found.
     std::optional<Orario> chiesto() const { return chiesto_; }
-    /// The framing that it is.
+    /// Sets the framing that was found or chosen.
     void inquadra(Orario orario) { orario_ = orario; }
 
     bool noto() const { return frequenza_ > 0 || orario_ != Orario::nessuno; }
@@ -44,16 +44,16 @@ private:
     double frequenza_ = 0;
 };
 
-/// The samples of a file or of standard input. Their framing is found on their first bytes, which are read again with the
-/// rest; of a stream it takes few of them, so that nobody waits long for the first row.
+/// The samples of a file or of standard input. The framing is found from the first bytes. They are kept, and given to the
+/// reader before the rest. Of a stream only few bytes are taken for this, so that the first row comes soon.
 class FileCampioni {
 public:
-    /// Frames the samples, and tells `tempo` so.
+    /// Finds or checks the framing, and sets it in `tempo`.
     /// @param dimensione  bytes of a record without its time stamp.
     /// @throws NonTrovato  when the framing is not clear, or the length is no whole number of records.
     FileCampioni(const std::string& nome, std::size_t dimensione, TempoRecord& tempo);
 
-    FileCampioni(const FileCampioni&) = delete;  // the reader comes back to it for bytes
+    FileCampioni(const FileCampioni&) = delete;  // the reader holds a pointer to this object
     FileCampioni& operator=(const FileCampioni&) = delete;
 
     /// Says on standard error which framing was found, or what speaks against the one that was asked for.

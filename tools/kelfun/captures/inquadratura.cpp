@@ -31,7 +31,7 @@ std::vector<std::uint64_t> passi(std::span<const std::uint8_t> testa, const Esam
     return tutti;
 }
 
-// One step in five may be another: records are lost, and sessions joined.
+// One step in five may differ: records get lost, and sessions are joined.
 void guardaPassi(EsameOrario& esame, const std::vector<std::uint64_t>& tutti) {
     const std::uint64_t massimo = esame.orario == Orario::u32ms ? ORA_MS : ORA_MS * 1000;
     std::vector<std::uint64_t> avanti;
@@ -128,7 +128,7 @@ Inquadratura scegliInquadratura(std::span<const std::uint8_t> testa, std::size_t
                                 std::optional<std::uint64_t> lunghezza) {
     const Esami esami = esaminaTutti(testa, dimensione, lunghezza);
     const EsameOrario& nessuno = esami.front();
-    // Those that a test holds for, when it holds for one alone.
+    // How many pass a test, and the first that does.
     const auto quanti = [&esami](auto prova) { return std::count_if(esami.begin(), esami.end(), prova); };
     const auto primo = [&esami](auto prova) -> const EsameOrario& {
         return *std::find_if(esami.begin(), esami.end(), prova);
@@ -142,7 +142,7 @@ Inquadratura scegliInquadratura(std::span<const std::uint8_t> testa, std::size_t
     if (quanti(provato) > 1)
         indeciso("time stamps run in even steps under more than one", esami, lunghezza);
 
-    // Short: a single step is even by itself, and a single record has none. Only then the length decides.
+    // A short file: one step is always even, and one record has none. Only here the length decides.
     const auto coppia = [](const EsameOrario& e) { return e.regolare && e.resto && e.entra(); };
     const auto solo = [](const EsameOrario& e) {
         return e.orario != Orario::nessuno && e.record == 1 && e.resto && e.entra();

@@ -1,7 +1,7 @@
 // The framing of a recording: whether a time stamp stands before each of its records, and which.
 //
-// Nothing in the samples says so. What tells is that time runs: under the right framing the stamps go forward in even
-// steps, under a wrong one they are made of other bytes from record to record.
+// Nothing in the samples says so, but time runs: under the right framing the stamps go forward in even steps. Under a wrong
+// one the bytes taken for stamps are other bytes in each record, and do not.
 #ifndef KELFUN_CAPTURES_INQUADRATURA_H
 #define KELFUN_CAPTURES_INQUADRATURA_H
 
@@ -24,7 +24,7 @@ struct EsameOrario {
     std::uint64_t intervallo = 0;        ///< the middle one of the steps, in the unit of the stamps
     std::optional<std::uint64_t> resto;  ///< bytes behind the last whole record; nothing where the length is not known
 
-    /// Even steps of three records or more: chance does not make them.
+    /// Even steps over three records or more are no accident.
     bool provato() const { return regolare && record > 2; }
     /// The length is a whole number of records, as far as it is known.
     bool entra() const { return resto.value_or(0) == 0; }
@@ -43,8 +43,8 @@ struct Inquadratura {
 EsameOrario esaminaOrario(std::span<const std::uint8_t> testa, std::size_t dimensione, Orario orario,
                           std::optional<std::uint64_t> lunghezza);
 
-/// The framing under which the time stamps run forward in even steps; none where the length fits without stamps and no
-/// framing has such steps. `detto` names it.
+/// The framing under which the time stamps run forward in even steps. If there is none, and the length is a whole number of
+/// records without stamps, the framing without stamps. `detto` names it.
 /// @throws NonTrovato  when no framing fits, or several fit alike: one line that tells what each of them would be.
 Inquadratura scegliInquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
                                 std::optional<std::uint64_t> lunghezza);

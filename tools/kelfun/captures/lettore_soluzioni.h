@@ -18,10 +18,10 @@ namespace kel::strumento {
 /// What was found among the messages, the good ones alone.
 struct ConteggiSoluzioni {
     std::uint64_t soluzioni = 0;         ///< shown, of either kind
-    std::uint64_t stessa_epoca = 0;      ///< left out, as the other kind had said the same already
+    std::uint64_t stessa_epoca = 0;      ///< left out, because the other kind of message came first
     std::uint64_t altri = 0;             ///< messages of other kinds
     std::uint64_t lunghezza_errata = 0;  ///< NAV-SOL and NAV-PVT of another length
-    bool nav_sol = false;                ///< what the solutions shown are from
+    bool nav_sol = false;                ///< solutions shown came from NAV-SOL
     bool nav_pvt = false;
     std::map<std::pair<std::uint8_t, std::uint8_t>, std::uint64_t> per_tipo;  ///< all messages, by class and id
 };
@@ -30,8 +30,8 @@ class LettoreSoluzioni {
 public:
     explicit LettoreSoluzioni(LettoreUbx::Fonte fonte) : lettore_(std::move(fonte)) {}
 
-    /// The next solution; false at the end of the stream. Of an epoch (a time of week) that both messages describe, the one
-    /// that comes first is taken: so that each is shown as it comes.
+    /// The next solution; false at the end of the stream. If both messages describe an epoch (a time of week), the one that
+    /// comes first is taken, so that nothing has to wait.
     bool prossima();
 
     const Soluzione& soluzione() const { return soluzione_; }

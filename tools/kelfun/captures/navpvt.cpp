@@ -33,7 +33,7 @@ std::optional<Utc> utc(Byte payload) {
                      intero<std::int32_t>(payload, 16));
 }
 
-// Horizontal and vertical, as one in space.
+// The horizontal and the vertical accuracy, combined.
 double accuratezzaPosizione(Byte payload) {
     return std::hypot(intero<std::uint32_t>(payload, 40), intero<std::uint32_t>(payload, 44)) / MILLE;
 }

@@ -17,8 +17,8 @@ constexpr std::size_t NAV_PVT_BYTE = 92;
 /// From the payload of NAV-PVT.
 Soluzione daNavPvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
 
-/// The same solution as a payload of NAV-SOL, which the logger's packet holds: rounded to centimetres, and where it has no
-/// position or no velocity that fits, zeros.
+/// The same solution as a payload of NAV-SOL, because that is what the logger's packet holds. Numbers are rounded to
+/// centimetres. A position or velocity that is missing, or does not fit, is zeros.
 std::array<std::uint8_t, NAV_SOL_BYTE> navSolDaPvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
 
 }  // namespace kel::strumento

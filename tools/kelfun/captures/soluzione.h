@@ -17,7 +17,7 @@ struct Soluzione {
     std::optional<Utc> utc;
     unsigned fix = 0;  ///< as the receiver numbers them: 0 none, 2 in the plane, 3 in space
     unsigned satelliti = 0;
-    std::optional<Geodetica> luogo;               ///< the height of a fix in the plane is that of an earlier one
+    std::optional<Geodetica> luogo;               ///< in a fix in the plane the height is that of an earlier fix
     std::optional<VelocitaLocale> velocita;       ///< m/s, east, north and up
     std::optional<double> accuratezza_posizione;  ///< m, in space, one standard deviation
     std::optional<double> accuratezza_velocita;   ///< m/s
@@ -43,9 +43,9 @@ struct PuntoGps {
 
 /// Whether a fix gives a position and a velocity: in the plane (2), in space (3), in space with dead reckoning (4).
 ///
-/// The kind of fix decides, and nothing else. Fixes in the plane count: the receiver solves them, and how far they are to be
-/// trusted stands beside them, as accuracy. Its own flag "fix good" says no more than that the accuracy is within limits
-/// that were set in it; receivers clear it for minutes on end. Dead reckoning alone (1) and time alone (5) are no fix.
+/// Only the kind of fix decides. Fixes in the plane count: the receiver has computed them, and the accuracy tells how good
+/// they are. The receiver's flag "fix good" is not used: it says only that the accuracy is within limits set in the
+/// receiver, and it may be off for minutes. Dead reckoning alone (1) and time alone (5) are no fix.
 constexpr bool conPosizione(unsigned fix) {
     return fix >= 2 && fix <= 4;
 }

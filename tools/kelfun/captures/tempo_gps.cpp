@@ -20,7 +20,7 @@ constexpr std::int64_t MILLE = 1000;
 constexpr std::int64_t GIORNO_S = 86400;
 constexpr std::int64_t SETTIMANA_S = SETTIMANA_MS / MILLE;
 
-// The time of GPS at which the row's leap second is over: those before it and itself lie between the two by then.
+// The GPS time at which the leap second of this row is over. From then on it counts, together with those before it.
 std::int64_t dopo(std::size_t riga) {
     const std::int64_t giorni = (sys_days(GIORNI_INTERCALARI[riga]) - INIZIO).count();
     return giorni * GIORNO_S + static_cast<std::int64_t>(riga) + 1;

@@ -1,4 +1,4 @@
-// What is shown of a solution, as columns of a table: the same of a receiver's capture and of a logger's GPS packet.
+// The columns that show a solution: the same for a receiver's capture and for a logger's GPS packet.
 #ifndef KELFUN_CAPTURES_VISTA_GPS_H
 #define KELFUN_CAPTURES_VISTA_GPS_H
 
@@ -52,7 +52,7 @@ const AspettoGps& aspetto(CampoGps campo);
 /// The library's function of a field, where it has one; else 0.
 kel_funpos fidDi(CampoGps campo);
 
-/// The number of a field, the speed in m/s; nothing for UTC and for what the solution has not.
+/// The number of a field, the speed in m/s. Nothing for UTC, and for what the solution does not have.
 std::optional<double> valoreGps(const Soluzione& soluzione, CampoGps campo);
 
 /// The factor from m/s to a unit of the speed.

@@ -25,8 +25,7 @@ void Avvisi::subito(const std::optional<std::string>& avviso) {
 
 void aggiungiAvvisi(Comando& comando, Avvisi& avvisi) {
     avvisi.comando_ = comando.nome();
-    comando.bandiera("--strict", avvisi.stretti_,
-                     "Refuse an answer that is probably not what is meant (exit status 1)");
+    comando.bandiera("--strict", avvisi.stretti_, "Refuse an answer that most people would not expect (exit status 1)");
 }
 
 }  // namespace kel::strumento

@@ -1,4 +1,4 @@
-// Remarks on answers that are right by the library's rules, but not what a person means.
+// Warnings about answers that follow the library's rules, but are not what most people expect.
 #ifndef KELFUN_CLI_AVVISI_H
 #define KELFUN_CLI_AVVISI_H
 

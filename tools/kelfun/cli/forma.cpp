@@ -10,7 +10,8 @@ void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std:
     ndjson.esclude(json);
     comando.bandiera("--csv", scelta.csv, "Print CSV: one table").esclude(json).esclude(ndjson);
     if (!tabelle.empty())
-        comando.opzione("--table", scelta.tabella, "Print only this table (default of CSV: the first)").scelta(tabelle);
+        comando.opzione("--table", scelta.tabella, "Print only this table; without it CSV has the first")
+            .scelta(tabelle);
     comando.opzione("--color", scelta.colori, "Colour the tables: auto (default; on a terminal), always, never")
         .scelta({"auto", "always", "never"});
 }

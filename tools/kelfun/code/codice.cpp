@@ -128,7 +128,7 @@ void aggiungiCodice(Comando& comando, std::string& linguaggio) {
         tutti.emplace_back(uno.nome);
     escludiForma(
         comando,
-        comando.opzione("--code", linguaggio, "Print the program that asks the library for this").scelta(tutti));
+        comando.opzione("--code", linguaggio, "Print a program that gets this answer from the library").scelta(tutti));
 }
 
 void rifiutaCodiceAltrove(CLI::App& programma) {

@@ -117,9 +117,9 @@ void esegui(const Argomenti& argomenti) {
 void aggiungiCamera(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "camera", "Functions that the on-board camera shows");
-    comando.opzione("ID", argomenti->id, "One identifier; none: every function that the camera shows");
-    comando.bandiera("--all", argomenti->tutte, "The hidden ones too");
-    comando.bandiera("--legacy", argomenti->vecchi, "Legacy identifiers that are no camera functions, too");
+    comando.opzione("ID", argomenti->id, "One identifier; none: all functions that the camera shows");
+    comando.bandiera("--all", argomenti->tutte, "Show hidden functions too");
+    comando.bandiera("--legacy", argomenti->vecchi, "Show legacy identifiers that are not camera functions too");
     aggiungiCampi(comando, argomenti->campi);
     aggiungiForma(comando, argomenti->forma, {"camera", "legacy"});
     aggiungiCodice(comando, argomenti->codice);

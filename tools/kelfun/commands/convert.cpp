@@ -165,9 +165,8 @@ void aggiungiConvert(CLI::App& programma) {
     aggiungiForma(comando, argomenti->forma, {"values", "properties"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi(
-        "Result = value * gain + offset in single precision; SHOWN has the function's default decimals. Lines of "
-        "standard\n"
-        "input are answered as they come; a wrong one is reported with its number and left out (exit status 1).",
+        "Result = value * gain + offset in single precision; SHOWN has the default decimals of the function. Lines of\n"
+        "standard input are answered as they come; a wrong line is reported and skipped (exit status 1).",
         "kelfun convert 0x10 100 --to mph", "kelfun convert --quantity temperature --from F --to C 32 212",
         "kelfun convert OIL_PRESS 2.5 --to psi --json"));
     comando.esegue([argomenti] { esegui(*argomenti); });

@@ -311,10 +311,8 @@ void aggiungiDecode(CLI::App& programma) {
     aggiungiForma(comando, argomenti->forma, {"samples", "sample_types"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi(
-        "Bytes stand in the order of the record, low byte first; several samples may follow each other. Of lines of "
-        "standard\n"
-        "input each sample is answered once its bytes are there; a wrong line is reported and left out (exit status "
-        "1).\n"
+        "Bytes stand in the order of the record, low byte first; several samples may follow each other. Lines of\n"
+        "standard input are answered as they come; a wrong line is reported and skipped (exit status 1).\n"
         "Types: " +
             suRighe(nomiCampioni()) +
             ".\n"

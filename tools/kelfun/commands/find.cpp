@@ -98,17 +98,15 @@ void aggiungiFind(CLI::App& programma) {
     Comando comando(programma, "find", "Identifiers by any word of their names, units or fields");
     comando
         .opzione("TEXT", argomenti->testi,
-                 "Words, all of which must be found: of a name, a legacy identifier, a unit, an XML name, or digits")
+                 "Words that must all be found: in names, legacy identifiers, units, XML names or digits")
         .valore("")
         .obbligatoria();
     aggiungiForma(comando, argomenti->forma, {"found"});
-    comando.note(
-        esempi("Capitals do not matter, nor do blanks, underscores and hyphens between words. Best matches come first: "
-               "exact,\n"
-               "prefix, word, part; of these names, short names, legacy identifiers, units, fields (XML name, "
-               "abbreviation or\n"
-               "text), identifiers; then by quantity, object and position. KEY and MATCHED tell what answered.",
-               "kelfun find oil", "kelfun find wheel front mph", "kelfun find FID_OBJ_WATER --json"));
+    comando.note(esempi(
+        "Capitals do not matter, nor do blanks, underscores and hyphens between words. The best matches come first:\n"
+        "exact, prefix, word, part. Equal ones are in the order names, short names, legacy identifiers, units,\n"
+        "fields, identifiers; then by quantity, object and position. KEY and MATCHED tell where each word was found.",
+        "kelfun find oil", "kelfun find wheel front mph", "kelfun find FID_OBJ_WATER --json"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }
 

@@ -99,8 +99,9 @@ void esegui(const Argomenti& argomenti) {
 void aggiungiFunctions(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "functions", "Functions that a configuration program would offer");
-    comando.opzione("FILTER", argomenti->filtri,
-                    "Quantity (temperature) or identifier (0x0B8E); several are added up; none: every function");
+    comando.opzione(
+        "FILTER", argomenti->filtri,
+        "Quantity (temperature) or identifier (0x0B8E); several: the functions of each; none: all functions");
     aggiungiCampi(comando, argomenti->campi);
     aggiungiForma(comando, argomenti->forma, {"functions"});
     aggiungiCodice(comando, argomenti->codice);

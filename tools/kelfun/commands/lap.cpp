@@ -180,14 +180,15 @@ void aggiungiLap(CLI::App& programma) {
         .obbligatoria();
     comando.opzione("--number", argomenti->numero, "Write lines of a lap list, numbered from N on").valore("N");
     comando.bandiera("--lines", argomenti->righe, "Read lines of a lap list: '  7 - 1:23.456'");
-    comando.bandiera("--text", argomenti->testo, "Read everything as a text, also what looks like milliseconds");
+    comando.bandiera("--text", argomenti->testo, "Read everything as a text, even if it looks like milliseconds");
     aggiungiAvvisi(comando, argomenti->avvisi);
     aggiungiForma(comando, argomenti->forma, {"laps"});
     aggiungiCodice(comando, argomenti->codice);
     comando.note(esempi(
-        "With a point a text is minutes, seconds and thousandths as written (1:23.4 is 83004 ms); without, it is "
-        "hours,\n"
-        "minutes and seconds. What is read as another time than was probably meant is said so on standard error.",
+        "A text with a point is read as minutes, seconds and a number of thousandths: 1:23.4 is 83004 ms. A text\n"
+        "without a point is read as hours, minutes and seconds. If you probably meant another time, a line on "
+        "standard\n"
+        "error says so.",
         "kelfun lap 83456 3723000", "kelfun lap 1:23.456 1:02:03 --json", "kelfun lap --lines '  7 - 1:23.456'"));
     comando.esegue([argomenti] { esegui(*argomenti); });
 }

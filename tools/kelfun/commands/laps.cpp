@@ -124,7 +124,7 @@ const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
     throw NonTrovato("there is no closed lap " + testo + "; closed are " + chiusi);
 }
 
-// Those asked for, or the best lap and the last one of those that count; where the best is the last, the next best.
+// The laps asked for. Without any: the best lap and the last one that counts, or the second best if the best is the last.
 std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
     std::vector<const Giro*> scelti;
     for (const std::string& uno : chiesti)
@@ -222,20 +222,21 @@ void aggiungiLaps(CLI::App& programma) {
         .valore("")
         .obbligatoria();
     comando
-        .opzione("--source", argomenti->fonte,
-                 "Laps of a recording: packets (the logger's), gps, or auto (default): the first of them that there is")
+        .opzione(
+            "--source", argomenti->fonte,
+            "Whose laps of a recording: packets (the logger's), gps, or auto (default; the logger's if it has any)")
         .scelta({"auto", "packets", "gps"});
     comando
         .opzione("--line", argomenti->linea,
-                 "Finish line by GPS: its middle, the heading in which it is passed, and its width in m (default 30)")
+                 "Finish line by GPS: its middle, the direction in which it is passed in degrees, its width in m "
+                 "(default 30)")
         .valore("LAT,LON,HEADING[,WIDTH]");
     comando
         .opzione("--split", argomenti->intermedi,
-                 "A line that ends a sector, like --line, or metres behind the finish line; may be repeated")
+                 "End of a sector: a line like --line, or metres behind the finish line; may be repeated")
         .valore("LINE|METRES")
         .ripetibile();
-    comando.opzione("--min-lap", argomenti->minimo, "A lap by GPS takes so many seconds at least (default 10)")
-        .valore("SECONDS");
+    comando.opzione("--min-lap", argomenti->minimo, "Shortest lap by GPS in seconds (default 10)").valore("SECONDS");
     comando.opzione("--unit", argomenti->udm, "Unit of the speeds: km/h (default) or mph").valore("UNIT");
     aggiungiTempo(comando, argomenti->tempo);
     comando.bandiera("--packed", argomenti->compatta,
@@ -248,11 +249,9 @@ void aggiungiLaps(CLI::App& programma) {
         .valore("NUMBER")
         .ripetibile();
     comando.note(esempi(
-        "Without --line the finish line is where the track passes most often at speed; it is printed as --line takes "
-        "it.\n"
-        "Laps driven out or in, without a fix, with a stop or past the line the wrong way are noted and do not count "
-        "for\n"
-        "the best.",
+        "Without --line the finish line is the place that the track passes most often at speed. It is printed in the\n"
+        "form that --line takes. NOTE marks the best lap, and laps that do not count for it: the way out and in, laps\n"
+        "that lost the fix, with a stop, or that passed the line in the wrong direction.",
         "kelfun laps session.channels session.samples", "kelfun laps capture.ubx --split 350 --split 700 --csv",
         "kelfun laps session.channels session.samples --source gps --plot -"));
     comando.esegue([argomenti] { esegui(*argomenti); });

@@ -131,12 +131,12 @@ void aggiungiRecord(CLI::App& programma) {
     aggiungiTempo(comando, argomenti->tempo);
     comando
         .opzione("--unit", argomenti->colonne.unita,
-                 "A unit, for all channels that know it or for the one named; may be repeated")
+                 "Unit of all channels that have it, or of the named channel; may be repeated")
         .valore("[CHANNEL=]UNIT")
         .ripetibile();
     comando
         .opzione("--only", argomenti->colonne.solo,
-                 "Show this channel or subfield, by name, short name or identifier; may be repeated")
+                 "Show this channel or subfield, by any of its names or by identifier; may be repeated")
         .valore("CHANNEL")
         .ripetibile();
     const Opzione testi =
@@ -152,12 +152,10 @@ void aggiungiRecord(CLI::App& programma) {
                      "Draw all channels, each in its panel, not only those that matter most");
     aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(
-        "A GPS packet's columns are WGS 84, from the packet's own numbers; where it has no fix they are nothing.\n"
-        "A record holds one sample of every channel, little-endian, where the channel's record says, and is as long "
-        "as\n"
-        "their sample buffers together. Of a channel's record these fields are used: identifier (byte 12), sample "
-        "type\n"
-        "(20), short name (24), name (32), place of the sample (68), sample buffer (72).",
+        "The columns of a GPS packet are in WGS 84, and empty without a fix.\n"
+        "A record of samples holds one sample of every channel, little-endian. Where it lies, and how many bytes the\n"
+        "channel takes, stands in the channel record, of which these fields are used: identifier (byte 12), sample\n"
+        "type (20), short name (24), name (32), place of the sample (68), bytes (72).",
         "kelfun record session.channels session.samples",
         "kelfun record session.channels session.samples --only RPM --only 'GPS Speed' --unit mph --csv",
         "kelfun record session.channels session.samples --plot - --x distance --from 0:30"));

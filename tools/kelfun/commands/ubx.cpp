@@ -208,14 +208,12 @@ void aggiungiUbx(CLI::App& programma) {
     aggiungiGrafico(comando, argomenti->grafico);
     aggiungiTratto(comando, argomenti->grafico);
     comando.note(esempi(
-        "Positions are WGS 84, computed in double precision from the numbers of the message; the altitude is that "
-        "above\n"
-        "the ellipsoid. A solution has a position and a speed from fix 2 on, an altitude and a climb from fix 3 on;\n"
-        "without a fix they are nothing.\n"
+        "Positions are in WGS 84, computed in double precision from the message's own numbers. The altitude is above\n"
+        "the ellipsoid. Fix 2 gives position and speed, fix 3 and 4 also altitude and climb. Without a fix the cells\n"
+        "are empty.\n"
         "With --device every value is what the library makes of the logger's GPS packet:\n"
-        "- The latitude takes the packet's centimetres as if they were metres: it lies up to 0.19 degrees from WGS 84\n"
-        "  (most at 45 degrees, none at the equator and the poles). The longitude is a float, in steps of up to 1.7 "
-        "m.\n"
+        "- The latitude takes the packet's centimetres as if they were metres, and is up to 0.19 degrees from WGS 84\n"
+        "  (most at 45 degrees). The longitude is a 32-bit float, with steps of up to 1.7 m.\n"
         "- The speed is 0 while the fix is below 3 or fewer than 4 satellites are used.\n"
         "- The accuracies are only the low byte of the message's 32-bit fields: 300 cm shows as 44.\n"
         "What was skipped, and why, goes to standard error.",

@@ -88,8 +88,8 @@ void esegui(const Argomenti& argomenti) {
 void aggiungiUnits(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "units", "Units of a function, of every function, or the unit codes");
-    comando.opzione("ID", argomenti->id, "Identifier; none: every row of the quantity table");
-    comando.bandiera("--codes", argomenti->codici, "The unit codes, which have a vocabulary of their own");
+    comando.opzione("ID", argomenti->id, "Identifier; none: the units of all functions");
+    comando.bandiera("--codes", argomenti->codici, "List the unit codes; some of their texts differ from the units'");
     aggiungiCampi(comando, argomenti->campi);
     aggiungiForma(comando, argomenti->forma, {"units", "properties", "functions", "codes"});
     aggiungiCodice(comando, argomenti->codice);

@@ -14,16 +14,16 @@ namespace kel::strumento {
 /// thousandths is rounded. Nothing for what is no time.
 std::optional<std::int64_t> tempoInteso(std::string_view testo);
 
-/// What an error says of a text that is a time to people alone: "did you mean '1:23.456'? ", or nothing.
+/// For an error about a text that only people read as a time: "did you mean '1:23.456'? ", or nothing.
 std::string propostaTempo(const std::string& testo);
 
-/// What is to be said of a text that the library reads as another time than was meant; nothing where it reads that.
+/// The warning for a text that the library reads as another time than a person means; nothing if both are the same.
 std::optional<std::string> avvisoLettura(const std::string& testo, int letto);
 
 /// The same of a line of a lap list: number, hyphen, time.
 std::optional<std::string> avvisoRiga(const std::string& riga, int numero, int letto);
 
-/// What is to be said of the text of a time that does not say all of it; nothing below one hour.
+/// The warning for a time whose text leaves a part out, from one hour on, or is not negative as the time is; else nothing.
 std::optional<std::string> avvisoScrittura(int millisecondi);
 
 }  // namespace kel::strumento

@@ -19,7 +19,8 @@ struct PuntoGiro {
 };
 
 /// A closed lap from line to line. Laps driven a little wider or tighter are stretched to one length, so that the same
-/// distance is the same place. Where the fix was lost for a while only that stretch is: the rest has been measured.
+/// distance is the same place. If the fix was lost for a while, only that part is stretched, because the rest has been
+/// measured.
 /// @param lunghezza  m.
 std::vector<PuntoGiro> andamento(const Giro& giro, const Guida& guida, double lunghezza);
 

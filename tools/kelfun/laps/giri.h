@@ -41,8 +41,8 @@ struct Giro {
     bool chiuso() const { return ms.has_value(); }
 };
 
-/// Between each passage and the next a lap; before the first and behind the last of each session what was driven out and
-/// in. They are numbered in their order, the first closed one 1.
+/// A lap between each passage and the next. Each session also has the way out before its first passage and the way in behind
+/// its last. They are numbered in their order; the first closed lap is 1.
 std::vector<Giro> giri(const Guida& guida, const Passaggi& passaggi);
 
 /// The fixes of a lap whose times are known: the first, and the first behind it.
@@ -51,8 +51,8 @@ std::pair<std::size_t, std::size_t> fixDelGiro(const Giro& giro, const Guida& gu
 /// Speeds, way and fixes of laps whose times are known.
 void misura(std::span<Giro> giri, const Guida& guida);
 
-/// Times from line to line of closed laps: the lines in the order in which they are passed, and the finish at the end.
-/// A line that a lap does not pass leaves no time on either side of it.
+/// Sets the sector times of closed laps. The splits are taken in the order in which they are passed; the last sector ends at
+/// the finish. If a lap does not pass a split, the sectors before and behind it have no time.
 void dividi(std::span<Giro> giri, const Guida& guida, std::span<const Linea> intermedi);
 
 /// The line across the track where a lap has driven so many metres; nothing where it has not, or where it had no fix.

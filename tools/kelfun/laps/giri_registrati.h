@@ -22,7 +22,7 @@ struct GiroRegistrato {
     std::optional<double> fine;  ///< s, when the line was passed; nothing where records have no time
 };
 
-/// Watches number and time change from record to record. What stands in the first record was driven before it.
+/// Watches how number and time change from record to record. The lap in the first record was driven before the recording.
 class GiriRegistrati {
 public:
     void aggiungi(std::optional<double> tempo, const StatoCronometro& stato);

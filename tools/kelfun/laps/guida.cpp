@@ -60,7 +60,7 @@ std::size_t Guida::sessione(std::size_t fix) const {
     return static_cast<std::size_t>(std::upper_bound(sessioni_.begin(), sessioni_.end(), fix) - sessioni_.begin()) - 1;
 }
 
-// A receiver of one solution a second may lose one and still be on the way.
+// A receiver with one solution a second may lose one: that is not yet a gap.
 void Guida::misuraBuco() {
     std::vector<double> passi;
     for (std::size_t i = 1; i < fix_.size(); ++i)
@@ -73,8 +73,8 @@ void Guida::misuraBuco() {
     buco_ = std::max(BUCO_MINIMO, 2.5 * *mezzo);
 }
 
-// The receiver's speed tells the way better than positions do, whose noise makes it longer; where it is not known, or
-// for some time no fix, the straight line between positions does.
+// The distance comes from the receiver's speed, because the noise of positions would make it too long. Where the speed is
+// not known, or there was no fix for some time, the straight line between two positions is taken.
 void Guida::misuraMetri() {
     metri_.resize(fix_.size());
     std::optional<std::size_t> valido;

@@ -53,7 +53,7 @@ public:
     /// The way to a moment of a session.
     double metri(std::size_t sessione, double tempo) const;
 
-    /// From the fix with a position to the next in more than so many seconds, the way between them is not known.
+    /// If more seconds than this lie between two fixes with a position, the way between them is not known.
     double buco() const { return buco_; }
 
     LineaPiana linea(const Linea& linea) const;

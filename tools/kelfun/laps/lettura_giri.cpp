@@ -133,7 +133,7 @@ Lettura leggiRegistrazione(const std::string& file_canali, const std::string& fi
                           campioni.lettore().campioni());
     campioni.verificaFine();
 
-    const bool linea = scelte.linea.has_value();  // nobody gives a line to be told what the logger has timed
+    const bool linea = scelte.linea.has_value();  // whoever gives a line wants the times at this line
     if (scelte.fonte == FonteGiri::registratore || (scelte.fonte == FonteGiri::qualunque && !linea))
         if (auto lettura = giriRegistrati(raccolta, scelte.fonte == FonteGiri::registratore))
             return std::move(*lettura);

@@ -124,7 +124,7 @@ private:
 
     void accetta() {
         Passaggio uno = attesa_->passaggio;
-        // Noise that goes to and fro over the line while it is passed is as often early as late.
+        // Noise may cross the line several times; the middle of the first and the last crossing is taken.
         const double tremolio = uno.tempo - attesa_->primo;
         if (tremolio <= TREMOLIO)
             uno.tempo -= tremolio / 2;

@@ -17,8 +17,8 @@
 
 namespace kel::strumento {
 
-/// The fix of a solution, at a time of week that goes on behind the week's end. A fix in the plane is none: its height is
-/// an old one, and the error of it moves the place by metres.
+/// Makes fixes of solutions. Their time goes on counting when a week ends. A fix in the plane is not used: its height is an
+/// old one, and the error of that moves the position by metres.
 class OrologioGps {
 public:
     Fix fix(const Soluzione& soluzione);
@@ -43,14 +43,14 @@ public:
 
     /// One fix a solution, on the receiver's clock.
     std::vector<Fix> fixDelRicevitore() const;
-    /// What that clock showed at 0 on the logger's when a solution came, or at that solution where records have no times.
+    /// The receiver's time when the logger's clock was 0, as it was at a solution; if records have no times, at that solution.
     double inizioDelRicevitore(std::size_t soluzione) const;
-    /// One fix a record, on the logger's clock; those without a new solution have a speed alone. Where records have no time
-    /// there are none.
+    /// One fix for each record, on the logger's clock. A record without a new solution has only a speed. If records have no
+    /// time, there are no fixes.
     std::vector<Fix> fixDeiRecord() const;
 
-    /// The laps of the logger; once all records have been put in. Laps that are not closed stand around them where
-    /// `guida`, made of `fixDeiRecord`, tells when they were.
+    /// The logger's laps. Call it once all records have been put in. If `guida`, made of `fixDeiRecord`, knows the times,
+    /// the way out and the way in are added.
     std::vector<Giro> giriDelRegistratore(const Guida& guida);
 
 private:

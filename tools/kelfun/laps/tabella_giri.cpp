@@ -72,7 +72,7 @@ std::vector<Cella> TabellaGiri::celle(const Giro& giro) const {
     return tutte;
 }
 
-// To the best lap; of laps that do not count nobody asks.
+// The gap to the best lap; laps that do not count have none.
 Cella TabellaGiri::distacco(const Giro& giro) const {
     if (!giro.chiuso() || giro.stato != StatoGiro::buono)
         return {};

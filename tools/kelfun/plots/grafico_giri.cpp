@@ -39,7 +39,8 @@ Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> rife
     return serie;
 }
 
-// The length that all are stretched to: the reference's, but of a lap that has lost the fix for a while a part is a guess.
+// The length that all laps are stretched to: that of the reference. If it lost the fix, a part of its length is a guess;
+// then it is that of the first lap that did not.
 double lunghezzaComune(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento) {
     std::vector<const Giro*> tutti = {&riferimento};
     tutti.insert(tutti.end(), scelti.begin(), scelti.end());
@@ -82,7 +83,8 @@ Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, con
         if (!insieme)
             grafico.pannelli.push_back({nomeGiro(*giro), udm, {}});
         grafico.pannelli.back().curve.push_back({nomeGiro(*giro), velocita(punti, fattore)});
-        // Of the reference, too, which loses nothing: so that a lap has one colour in both panels. Characters have none.
+        // The reference is drawn too, as a line at 0, so that each lap has the same colour in both panels. A terminal has no
+        // colours.
         if (!insieme && giro == &riferimento)
             continue;
         distacchi.curve.push_back({"Lap " + std::to_string(giro->numero), distacco(punti, base)});

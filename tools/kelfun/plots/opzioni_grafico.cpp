@@ -25,7 +25,7 @@ std::optional<double> secondi(const char* nome, const std::optional<std::string>
 Opzione aggiungiGrafico(Comando& comando, SceltaGrafico& scelta) {
     Opzione file = comando
                        .opzione("--plot", scelta.file,
-                                "Draw a plot, no table: FILE.svg, FILE.png or FILE.pdf by gnuplot, - in the terminal")
+                                "Draw a plot, no table: FILE.svg, FILE.png or FILE.pdf with gnuplot, - in the terminal")
                        .valore("FILE");
     escludiForma(comando, file);
     comando.opzione("--size", scelta.misura, "Size of the plot: dots of a picture, characters of a terminal")
@@ -36,7 +36,8 @@ Opzione aggiungiGrafico(Comando& comando, SceltaGrafico& scelta) {
 void aggiungiTratto(Comando& comando, SceltaGrafico& scelta) {
     comando.opzione("--from", scelta.da, "Draw from this time on: m:ss or seconds").valore("TIME");
     comando.opzione("--to", scelta.a, "Draw up to this time: m:ss or seconds").valore("TIME");
-    comando.opzione("--x", scelta.ascissa, "Draw over time (default) or distance, made of the speed")
+    comando
+        .opzione("--x", scelta.ascissa, "Draw over time (default) or over distance, which is computed from the speed")
         .scelta({"time", "distance"});
 }
 

@@ -90,7 +90,7 @@ std::vector<Tacca> agliEstremi(const Grafico& grafico, double unita_a_carattere)
     return entrano(tutte, unita_a_carattere / 2) ? tutte : std::vector<Tacca>{tutte.front()};
 }
 
-// Of two ticks that are too close, where a session ends and the next begins, the earlier one goes.
+// Where one session ends and the next begins, two ticks may be too close. Then the earlier one is removed.
 std::vector<Tacca> diradate(const std::vector<Tacca>& tutte, double unita_a_carattere) {
     std::vector<Tacca> tenute;
     for (const Tacca& una : tutte) {

@@ -26,9 +26,9 @@ struct Estensione {
 
 /// The way that was driven, with the speed at each place.
 ///
-/// A point goes only where the straight line without it passes within a tolerance of it, as Douglas and Peucker do, and
-/// where the speed changes evenly enough: a corner stays a corner. When the points that are left become too many the
-/// tolerance doubles, so that all that was lost so far is less than twice the tolerance that holds now.
+/// A point is removed only if the straight line without it passes within a tolerance of it (the method of Douglas and
+/// Peucker), and if the speed changes evenly there. So corners stay. When too many points are left, the tolerance
+/// doubles. So the total error is always less than twice the present tolerance.
 class Traccia {
 public:
     /// @param longitudine, latitudine  degrees.
