@@ -67,6 +67,9 @@ def sessioni(programmi, difetti):
         tutti = json.loads(uscita)["laps"] if stato == 0 else []
         inizi = [giro["start_s"] for giro in tutti]
         ritorni = sum(dopo < prima for prima, dopo in zip(inizi, inizi[1:]))
+        note = [giro["note"] for giro in tutti]
+        if note.count("out") != 2 or note.count("in") != 2:
+            difetti.append(f"two sessions, {argomenti}: not each has its way out and in: {note}")
         if ritorni != 1 or not all(0 <= inizio < 120 for inizio in inizi):
             difetti.append(f"two sessions, {argomenti}: laps begin at {inizi}")
         if b"kelfun laps: 2 sessions, as time runs backwards" not in errori:

@@ -17,6 +17,7 @@
 #include "laps/tabella_giri.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_giri.h"
+#include "plots/opzioni_grafico.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -176,6 +177,7 @@ void esegui(const Argomenti& argomenti) {
         throw ErroreUso("--lap is for a plot, a table has all laps; accepted: --plot FILE with it");
     for (const std::string& uno : argomenti.giri)
         numeroGiro(uno);
+    verificaSenzaGrafico(argomenti.grafico);
     std::optional<DestinazioneGrafico> destinazione;
     if (argomenti.grafico.file)
         destinazione.emplace(argomenti.grafico);

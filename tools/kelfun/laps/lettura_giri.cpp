@@ -46,7 +46,8 @@ Lettura giriGps(std::vector<Fix> fix, const ScelteGiri& scelte) {
     if (!linea) {
         const auto cercata = cercaLinea(guida, scelte.minimo);
         if (!cercata)
-            throw NonTrovato("no lap is closed: no place is passed twice in the same direction at speed");
+            throw NonTrovato("no lap is closed: no place is passed twice in the same direction at speed, " +
+                             intera(scelte.minimo) + " s apart or more (--min-lap)");
         linea = cercata->linea;
         trovata = "; finish line found, passed " + std::to_string(cercata->volte) + " times at " +
                   intera(cercata->velocita * scelte.fattore) + " " + scelte.udm + " on average: --line " +

@@ -21,6 +21,35 @@ bool di(kel_funpos fid, unsigned grandezza, unsigned oggetto) {
     return kelFidGrandezza(fid) == grandezza && kelFidOggetto(fid) == oggetto;
 }
 
+Giro aperto(const Giro& vicino, int numero, double inizio, double fine, StatoGiro stato) {
+    Giro giro;
+    giro.numero = numero;
+    giro.sessione = vicino.sessione;
+    giro.inizio = inizio;
+    giro.fine = fine;
+    giro.stato = stato;
+    return giro;
+}
+
+// Around the laps of each session what was driven out and in.
+std::vector<Giro> conAperti(const std::vector<Giro>& chiusi, const Guida& guida) {
+    const auto& sessioni = guida.sessioni();
+    std::vector<Giro> tutti;
+    for (std::size_t i = 0; i < chiusi.size(); ++i) {
+        const Giro& giro = chiusi[i];
+        const std::size_t oltre =
+            giro.sessione + 1 < sessioni.size() ? sessioni[giro.sessione + 1] : guida.fix().size();
+        const double primo = guida.fix()[sessioni[giro.sessione]].tempo;
+        const double ultimo = guida.fix()[oltre - 1].tempo;
+        if ((i == 0 || chiusi[i - 1].sessione != giro.sessione) && *giro.inizio > primo)
+            tutti.push_back(aperto(giro, giro.numero - 1, primo, *giro.inizio, StatoGiro::uscita));
+        tutti.push_back(giro);
+        if ((i + 1 == chiusi.size() || chiusi[i + 1].sessione != giro.sessione) && *giro.fine < ultimo)
+            tutti.push_back(aperto(giro, giro.numero + 1, *giro.fine, ultimo, StatoGiro::rientro));
+    }
+    return tutti;
+}
+
 }  // namespace
 
 Fix OrologioGps::fix(const Soluzione& soluzione) {
@@ -176,28 +205,7 @@ std::vector<Giro> RaccoltaRecord::giriDelRegistratore(const Guida& guida) {
         }
         tutti.push_back(giro);
     }
-    if (tutti.empty() || !tutti.front().inizio)
-        return tutti;
-    const auto aperto = [](const Giro& vicino, int numero, double inizio, double fine, StatoGiro stato) {
-        Giro giro;
-        giro.numero = numero;
-        giro.sessione = vicino.sessione;
-        giro.inizio = inizio;
-        giro.fine = fine;
-        giro.stato = stato;
-        return giro;
-    };
-    const double primo = guida.fix()[guida.sessioni()[tutti.front().sessione]].tempo;
-    const double ultimo = guida.fix().back().tempo;
-    const Giro& in_testa = tutti.front();
-    const Giro& in_coda = tutti.back();
-    std::vector<Giro> intorno;
-    if (*in_coda.fine < ultimo && in_coda.sessione + 1 == guida.sessioni().size())
-        intorno.push_back(aperto(in_coda, in_coda.numero + 1, *in_coda.fine, ultimo, StatoGiro::rientro));
-    if (*in_testa.inizio > primo)
-        tutti.insert(tutti.begin(), aperto(in_testa, in_testa.numero - 1, primo, *in_testa.inizio, StatoGiro::uscita));
-    tutti.insert(tutti.end(), intorno.begin(), intorno.end());
-    return tutti;
+    return tutti.empty() || !tutti.front().inizio ? tutti : conAperti(tutti, guida);
 }
 
 }  // namespace kel::strumento

@@ -186,6 +186,7 @@ std::vector<std::string> GraficoRecord::togliFermi() {
 
 std::vector<Nota> GraficoRecord::chiudi() {
     std::vector<Nota> note;
+    percorso_.verifica();
     grafico_.sessioni = percorso_.sessioni();
     if (const std::string nota = percorso_.nota(); !nota.empty())
         note.push_back({nota, {}, ""});

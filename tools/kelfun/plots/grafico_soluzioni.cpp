@@ -47,6 +47,7 @@ void GraficoSoluzioni::aggiungi(const PuntoGps& punto) {
 }
 
 std::vector<Nota> GraficoSoluzioni::chiudi() {
+    percorso_.verifica();
     grafico_.sessioni = percorso_.sessioni();
     const std::string nota = percorso_.nota();
     return nota.empty() ? std::vector<Nota>() : std::vector<Nota>{{nota, {}, ""}};

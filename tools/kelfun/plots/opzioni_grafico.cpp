@@ -41,14 +41,17 @@ void aggiungiTratto(Comando& comando, SceltaGrafico& scelta) {
         .scelta({"time", "distance"});
 }
 
+void verificaSenzaGrafico(const SceltaGrafico& scelta) {
+    if (scelta.file)
+        return;
+    for (const auto& [nome, valore] :
+         {std::pair("--size", &scelta.misura), {"--from", &scelta.da}, {"--to", &scelta.a}, {"--x", &scelta.ascissa}})
+        if (*valore)
+            throw ErroreUso(std::string(nome) + " is for a plot; accepted: --plot FILE with it");
+}
+
 Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
-    if (!scelta.file)
-        for (const auto& [nome, valore] : {std::pair("--size", &scelta.misura),
-                                           {"--from", &scelta.da},
-                                           {"--to", &scelta.a},
-                                           {"--x", &scelta.ascissa}})
-            if (*valore)
-                throw ErroreUso(std::string(nome) + " is for a plot; accepted: --plot FILE with it");
+    verificaSenzaGrafico(scelta);
     Tratto tratto;
     tratto.ascissa = con_tempo ? Ascissa::tempo : Ascissa::numero;
     if (scelta.ascissa == "distance")

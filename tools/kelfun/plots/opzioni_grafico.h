@@ -19,6 +19,9 @@ struct SceltaGrafico {
 /// Adds --plot, in whose place no form of a table can be asked for, and --size.
 Opzione aggiungiGrafico(Comando& comando, SceltaGrafico& scelta);
 
+/// Refuses options of plots where there is none.
+void verificaSenzaGrafico(const SceltaGrafico& scelta);
+
 /// Adds --from, --to and --x, for plots over time.
 void aggiungiTratto(Comando& comando, SceltaGrafico& scelta);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/durata.h"
 #include "text/errori.h"
 
 namespace kel::strumento {
@@ -14,6 +15,7 @@ constexpr double SPAZIO = 0.02;  // between two sessions, of what has been drawn
 // Nothing was recorded where two records are further apart than this, and than so many steps before.
 constexpr double PAUSA_S = 1;
 constexpr double PAUSA_PASSI = 10;
+constexpr double ORA = 3600;
 
 }  // namespace
 
@@ -45,6 +47,8 @@ std::optional<double> Percorso::colloca(double tempo, std::optional<double> velo
         velocita_ = velocita;
     if (passo > 0)
         passo_ = passo;
+    minimo_ = ultimo_ ? std::min(minimo_, tempo) : tempo;
+    massimo_ = ultimo_ ? std::max(massimo_, tempo) : tempo;
     ultimo_ = tempo;
     ++record_;
     if ((tratto_.da && tempo < *tratto_.da) || (tratto_.a && tempo > *tratto_.a))
@@ -67,6 +71,14 @@ std::optional<double> Percorso::colloca(double tempo, std::optional<double> velo
 
 std::vector<Sessione> Percorso::sessioni() const {
     return sessioni_.size() > 1 ? sessioni_ : std::vector<Sessione>();
+}
+
+void Percorso::verifica() const {
+    if (record_ == 0 || !sessioni_.empty())
+        return;
+    const bool ore = massimo_ >= ORA;
+    throw NonTrovato("nothing lies between --from and --to; the times go from " + testoDurata(minimo_, 0, ore) +
+                     " to " + testoDurata(massimo_, 0, ore));
 }
 
 std::string Percorso::nota() const {

@@ -38,6 +38,8 @@ public:
 
     /// Of a recording with one session none.
     std::vector<Sessione> sessioni() const;
+    /// @throws NonTrovato  when there were records, and none of them lies in the part that is to be drawn.
+    void verifica() const;
     /// What is to be said about the sessions; "" where there is one.
     std::string nota() const;
 
@@ -47,6 +49,8 @@ private:
     Tratto tratto_;
     std::vector<Sessione> sessioni_;  // those that anything is drawn of
     std::optional<double> ultimo_;    // time of the last record
+    double minimo_ = 0;               // and the least and the greatest of all
+    double massimo_ = 0;
     std::optional<double> velocita_;  // and speed
     double metri_ = 0;                // in this session
     double fine_ = 0;                 // of what is drawn so far
