@@ -127,6 +127,7 @@ const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
 // Those asked for, or the best lap and the last one of those that count; where the best is the last, the next best.
 std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
     std::vector<const Giro*> scelti;
+    scelti.reserve(chiesti.size());
     for (const std::string& uno : chiesti)
         scelti.push_back(giroNumero(lettura, uno));
     if (!scelti.empty())
