@@ -52,8 +52,7 @@ std::vector<std::string> parole(const CLI::App& comando, bool comandi) {
 std::string primaDelComando(const CLI::App& programma, const std::string& nome) {
     for (const CLI::App* sotto : programma.get_subcommands([](const CLI::App*) { return true; }))
         if (sotto->get_option_no_throw(nome) != nullptr)
-            return "'" + nome + "' is an option of commands, and stands behind them: kelfun " + sotto->get_name() +
-                   " ... " + nome + "; ";
+            return "'" + nome + "' is an option of commands, and stands behind them; ";
     return "there is no option '" + nome + "'; " + forse(nome, parole(programma, false));
 }
 

@@ -200,6 +200,7 @@ void aggiungiSottocampi(std::vector<Decodifica>& decodifiche, IFunzioni& catalog
 
 std::vector<kel_funpos> mostrati(const std::vector<Decodifica>& decodifiche) {
     std::vector<kel_funpos> tutti;
+    tutti.reserve(decodifiche.size());
     for (const Decodifica& una : decodifiche)
         tutti.push_back(una.fid());
     return tutti;

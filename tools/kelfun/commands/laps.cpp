@@ -128,6 +128,7 @@ const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
 // The laps asked for. Without any: the best lap and the last one that counts, or the second best if the best is the last.
 std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
     std::vector<const Giro*> scelti;
+    scelti.reserve(chiesti.size());
     for (const std::string& uno : chiesti)
         scelti.push_back(giroNumero(lettura, uno));
     if (!scelti.empty())

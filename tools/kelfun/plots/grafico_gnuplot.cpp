@@ -189,7 +189,7 @@ private:
     // Every first, second, fifth, tenth... lap is named, so that the names have room.
     static std::size_t ogniQuanti(const std::vector<Segno>& giri, double dot) {
         for (std::size_t potenza = 1; potenza < giri.size(); potenza *= 10)
-            for (const std::size_t volte : {1, 2, 5}) {
+            for (const std::size_t volte : {std::size_t{1}, std::size_t{2}, std::size_t{5}}) {
                 const std::size_t ogni = volte * potenza;
                 bool entrano = true;
                 for (std::size_t i = ogni; i < giri.size() && entrano; i += ogni)
@@ -232,10 +232,17 @@ private:
             const std::string nome = std::to_string(i) + "_" + std::to_string(j);
             const std::string colore = std::string(" lc rgb '") + COLORI[j % std::size(COLORI)] + "'";
             aggiungiDati(nome, curva.serie);
-            testo += (testo.empty() ? "$l" : ", $l") + nome + " using 1:2 with " +
-                     (pannello.udm.empty() ? "steps" : "lines") + " lw " + n(spessore(pannello, j)) + colore +
-                     (pannello.curve.size() > 1 ? " title " + testi_(curva.nome) : " notitle") + ", $p" + nome +
-                     " using 1:2 with points pt 7 ps 0.3" + colore + " notitle";
+            testo += testo.empty() ? "$l" : ", $l";
+            testo += nome;
+            testo += pannello.udm.empty() ? " using 1:2 with steps lw " : " using 1:2 with lines lw ";
+            testo += n(spessore(pannello, j));
+            testo += colore;
+            testo += pannello.curve.size() > 1 ? " title " + testi_(curva.nome) : " notitle";
+            testo += ", $p";
+            testo += nome;
+            testo += " using 1:2 with points pt 7 ps 0.3";
+            testo += colore;
+            testo += " notitle";
         }
         return testo.empty() ? "NaN notitle" : testo;
     }

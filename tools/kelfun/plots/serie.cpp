@@ -31,7 +31,7 @@ void Serie::aggiungi(double x, std::optional<double> valore) {
     const Punto punto{x, *valore, std::exchange(rotta_, false)};
     if (tratto_ == 0 && punti_.size() == PUNTI_MASSIMI) {
         // Half of the stretches for what is there, however little of the axis that is.
-        tratto_ = std::max((x - punti_.front().x) / (TRATTI / 2), std::numeric_limits<double>::min());
+        tratto_ = std::max((x - punti_.front().x) / (TRATTI * 0.5), std::numeric_limits<double>::min());
         raggruppa();
     }
     if (tratto_ == 0) {

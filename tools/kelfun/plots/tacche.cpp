@@ -122,7 +122,7 @@ std::vector<Tacca> tacche(const Grafico& grafico, double larghezza, double carat
         const double uno = passo(grafico, minimo);
         const std::vector<Tacca> tutte = conPasso(grafico, uno);
         const bool piu_sessioni = grafico.sessioni.size() > 1;
-        const std::vector<Tacca> tenute = piu_sessioni ? diradate(tutte, unita_a_carattere) : tutte;
+        std::vector<Tacca> tenute = piu_sessioni ? diradate(tutte, unita_a_carattere) : tutte;
         // Between sessions a tick may have to go; within them the steps stay even.
         if (tutte.size() < 2)
             break;
