@@ -98,6 +98,10 @@ void dichiara(CLI::App& programma, Argomenti& argomenti) {
     programma.footer(note());
 }
 
+std::string senzaOpzione(const std::string& nome, const std::vector<std::string>& opzioni) {
+    return "there is no option '" + nome + "'; " + kel::strumento::forse(nome, opzioni);
+}
+
 // What is wrong with the command line. A mistyped option is the reason, whatever the parser misses without it.
 std::string sbagliato(const CLI::App& programma, const CLI::ParseError& errore) {
     std::vector<std::string> opzioni;
@@ -108,11 +112,10 @@ std::string sbagliato(const CLI::App& programma, const CLI::ParseError& errore) 
     for (const std::string& opzione : opzioni)
         accettati += ", " + opzione;
     for (const std::string& parola : programma.remaining()) {
-        const std::string nome = parola.substr(0, parola.find('='));
         if (parola.starts_with("-"))
-            return "there is no option '" + nome + "'; " + kel::strumento::forse(nome, opzioni) + accettati;
+            return senzaOpzione(parola.substr(0, parola.find('=')), opzioni) + accettati;
         if (dynamic_cast<const CLI::ExtrasError*>(&errore) != nullptr)
-            return "'" + parola + "' is one argument too many; " + accettati;
+            return std::string("'").append(parola).append("' is one argument too many; ").append(accettati);
     }
     return std::string(errore.what()) + "; see kelsim --help";
 }
