@@ -40,7 +40,7 @@ std::map<unsigned, std::vector<std::string>> messaggi(const std::string& byte) {
             continue;
         }
         EXPECT_EQ(byte.substr(da, 2), "\xB5\x62") << "at byte " << da;
-        const std::size_t lunghezza = intero(byte, da + 4, 2);
+        const auto lunghezza = static_cast<std::size_t>(intero(byte, da + 4, 2));
         unsigned a = 0, b = 0;
         for (std::size_t i = da + 2; i < da + 6 + lunghezza; ++i) {
             a = (a + intero(byte, i, 1)) % 256;
