@@ -56,6 +56,7 @@ int avvia(const std::string& programma, std::vector<std::string>& parole, const 
     for (int i = 0; i < 3; ++i)
         posix_spawn_file_actions_adddup2(&azioni, canali[static_cast<std::size_t>(i)], i);
     std::vector<char*> argomenti;
+    argomenti.reserve(parole.size() + 1);
     for (std::string& parola : parole)
         argomenti.push_back(parola.data());
     argomenti.push_back(nullptr);
