@@ -60,13 +60,6 @@ consteval bool indice_uguale_codice() {
 }
 static_assert(indice_uguale_codice(), "row i describes sample type i");
 
-consteval bool reciproche_con_dati() {
-    for (const Formato& formato : formati)
-        if (formato.reciproca != no && !formato.usa_dati)
-            return false;
-    return true;
-}
-static_assert(reciproche_con_dati(), "set-up reads the unit's flag where there is a reciprocal form");
 static_assert(std::size(formati) == KEL_TIPO_CALCOLATO, "a computed value is not a format of samples");
 
 }  // namespace
