@@ -30,7 +30,8 @@ void scegliDecimali(Aspetto& aspetto, float valore) {
         aspetto.decimali = 0;
         return;
     }
-    const int larghezza = static_cast<int>(std::min(aspetto.larghezza, kLarghezzaMassima));
+    // The width as it was set: only the text ends after 31 characters. From 41 places on every float is small.
+    const int larghezza = static_cast<int>(std::min(aspetto.larghezza, 41U));
     const double v = static_cast<double>(valore);
     if (v < 0) {
         const double basso = -potenza10(larghezza - 2);
@@ -109,8 +110,9 @@ std::string testoNumerico(Aspetto& aspetto, float valore) {
         larghezza = decimali == 0 ? lunghezza : lunghezza - 1;
     }
     const bool negativo = valore < 0;
-    // Room for the sign is told from the decimals as they were set, also those above the three that are shown.
-    const long long davanti = static_cast<long long>(larghezza) - static_cast<long long>(aspetto.decimali);
+    // Room for the sign is told from width and decimals as they were set: also from decimals above the three that are shown, and
+    // from a width above the characters that a text has.
+    const long long davanti = static_cast<long long>(aspetto.larghezza) - static_cast<long long>(aspetto.decimali);
     unsigned ammesse = larghezza;
     if (negativo)
         ammesse = davanti > 1 ? larghezza - 1 : 0;
