@@ -59,7 +59,6 @@ consteval bool indice_uguale_codice() {
     return true;
 }
 static_assert(indice_uguale_codice(), "row i describes sample type i");
-
 static_assert(std::size(formati) == KEL_TIPO_CALCOLATO, "a computed value is not a format of samples");
 
 }  // namespace
