@@ -103,11 +103,8 @@ foreign_geographiclib() {
     find "$folder" -name libGeographicLib.a | grep . || die "there is no libGeographicLib.a in $folder"
 }
 
-# A preset and its tests, but for the tools: building them takes longer than all the rest.
-without_tools() {
-    (cd -- "$KEL_ROOT" && cmake --preset "$1" -DKEL_BUILD_TOOLS=OFF -DKEL_BUILD_EXAMPLES=OFF) >&2 && build_preset "$1" &&
-        test_preset "$1"
-}
+# Builds a preset and runs its tests.
+check_preset() { build_preset "$1" && test_preset "$1"; }
 
 # Runs the tests of a preset. Further arguments go to ctest.
 test_preset() {
