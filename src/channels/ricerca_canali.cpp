@@ -1,6 +1,6 @@
 // Which channel carries a function.
-#include "converters/sottocampi.h"
 #include "kelfunzioni.h"
+#include "packets/ricerca_sottocampi.h"
 
 #include <cstddef>
 

@@ -1,13 +1,13 @@
 // The converter record: set-up, once per channel, function and unit, and the reads that go through it.
 #include <cstring>
 
+#include "base/scrittura.h"
 #include "converters/campo_bit.h"
 #include "converters/decoder_numero_testo.h"
 #include "converters/formati.h"
-#include "converters/scrittura.h"
-#include "converters/sottocampi.h"
 #include "converters/testo_numerico.h"
 #include "kelfunzioni.h"
+#include "packets/ricerca_sottocampi.h"
 
 namespace kel {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "converters/lettura.h"
-#include "converters/scrittura.h"
-#include "converters/stato.h"
+#include "base/lettura.h"
+#include "base/scrittura.h"
+#include "base/stato.h"
 
 namespace kel {
 

@@ -2,8 +2,8 @@
 
 #include <bit>
 
-#include "converters/conversione_lineare.h"
-#include "converters/lettura.h"
+#include "base/conversione_lineare.h"
+#include "base/lettura.h"
 #include "converters/mezzo_float.h"
 
 namespace kel {

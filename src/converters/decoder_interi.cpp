@@ -1,9 +1,9 @@
 #include "converters/decoder_interi.h"
 
+#include "base/conversione_lineare.h"
+#include "base/lettura.h"
+#include "base/stato.h"
 #include "converters/campo_bit.h"
-#include "converters/conversione_lineare.h"
-#include "converters/lettura.h"
-#include "converters/stato.h"
 
 namespace kel {
 

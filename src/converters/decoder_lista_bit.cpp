@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/conversione_lineare.h"
+#include "base/lettura.h"
 #include "converters/campo_bit.h"
-#include "converters/conversione_lineare.h"
-#include "converters/lettura.h"
 
 namespace kel {
 

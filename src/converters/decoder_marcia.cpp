@@ -2,9 +2,9 @@
 
 #include <iterator>
 
-#include "aritmetica.h"
-#include "converters/lettura.h"
-#include "converters/stato.h"
+#include "base/aritmetica.h"
+#include "base/lettura.h"
+#include "base/stato.h"
 
 namespace kel {
 

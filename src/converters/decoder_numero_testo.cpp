@@ -2,9 +2,9 @@
 
 #include <cstddef>
 
-#include "aritmetica.h"
-#include "converters/lettura.h"
-#include "converters/scrittura.h"
+#include "base/aritmetica.h"
+#include "base/lettura.h"
+#include "base/scrittura.h"
 
 namespace kel {
 namespace {

@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "cifre.h"
-#include "converters/lettura.h"
-#include "converters/scrittura.h"
+#include "base/cifre.h"
+#include "base/lettura.h"
+#include "base/scrittura.h"
 
 namespace kel {
 namespace {

@@ -2,16 +2,16 @@
 
 #include <iterator>
 
+#include "base/stato.h"
 #include "converters/decoder_coordinata.h"
 #include "converters/decoder_float.h"
 #include "converters/decoder_interi.h"
 #include "converters/decoder_lista_bit.h"
 #include "converters/decoder_marcia.h"
 #include "converters/decoder_numero_testo.h"
-#include "converters/decoder_pacchetti.h"
 #include "converters/decoder_tempi.h"
-#include "converters/stato.h"
 #include "converters/testo_numerico.h"
+#include "packets/decoder_pacchetti.h"
 
 namespace kel {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <bit>
 
-#include "aritmetica.h"
+#include "base/aritmetica.h"
 #include "kelfunzioni.h"
 
 namespace kel {

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <iterator>
 
-#include "aritmetica.h"
-#include "cifre.h"
-#include "converters/scrittura.h"
+#include "base/aritmetica.h"
+#include "base/cifre.h"
+#include "base/scrittura.h"
 
 namespace kel {
 namespace {

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "cifre.h"
+#include "base/cifre.h"
 
 namespace {
 

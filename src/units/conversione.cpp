@@ -1,5 +1,5 @@
 // Conversions into a unit and between two units.
-#include "aritmetica.h"
+#include "base/aritmetica.h"
 #include "kelfunzioni.h"
 #include "units/grandezza.h"
 

@@ -9,7 +9,7 @@ from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 from pathlib import Path
 
-FOLDERS = ("tables", "units", "channels", "converters", "laptime", "camera", "catalogue", "golden")
+FOLDERS = ("tables", "units", "camera", "names", "packets", "converters", "channels", "laptime", "object", "golden")
 RECENT = 6
 MEMORY = 4 << 30  # bytes: a mutant may ask for all there is
 SLOW = 0.05  # seconds, from which a test is run for itself, after the others

@@ -8,8 +8,8 @@ def fingerprint(root):
     """Of all that an outcome depends on."""
     digest = hashlib.sha256()
     for folder in ("src", "include", "tests/mutation", "tests/golden", "tests/comune",
-                   *(f"tests/{name}" for name in ("tables", "units", "channels", "converters", "laptime", "camera",
-                                                  "catalogue"))):
+                   *(f"tests/{name}" for name in ("tables", "units", "camera", "names", "packets", "converters",
+                                                  "channels", "laptime", "object"))):
         for file in sorted((root / folder).rglob("*")):
             if file.suffix in (".h", ".cpp", ".py", ".txt"):
                 digest.update(f"{file.relative_to(root)}\0".encode() + file.read_bytes() + b"\0")

@@ -1,0 +1,52 @@
+// Default names of the channels that a packet's subfields become.
+#include "CFunzioni.h"
+#include "packets/ricerca_sottocampi.h"
+#include "tables/fid.h"
+
+namespace {
+
+using Canali = std::map<unsigned int, IFunzioni::NomiDefaultCanale>;
+
+struct NomePredefinito {
+    kel_funpos fid;
+    const char* breve;
+    const char* nome;
+};
+
+using kel::fid;
+
+// clang-format off
+constexpr NomePredefinito numero_giro = {fid(FID_PHI_NUMBER, FID_OBJ_LAP), "nLap", "Lap Number"};
+
+// The predictive time and its difference to the best lap come from no packet: the application computes them.
+constexpr NomePredefinito tempi_giro[] = {
+    {fid(FID_PHI_TIME, FID_OBJ_LAP),                     "LapT", "Lap Time"},
+    {fid(FID_PHI_TIME, FID_OBJ_RUNNING_LAP),             "RunT", "Rolling Time"},
+    {fid(FID_PHI_TIME, FID_OBJ_PREDICTIVE),              "PreT", "Predictive Time"},
+    {fid(FID_PHI_TIME, FID_OBJ_PREDICTIVE_VS_BEST_DIFF), "PT+-", "+- Best Time"},
+};
+// clang-format on
+
+// An identifier that is there already keeps its names.
+void aggiungi(Canali& canali, const NomePredefinito& canale) {
+    canali.insert({canale.fid, {canale.breve, canale.nome}});
+}
+
+}  // namespace
+
+// Rows without a name become no channels.
+void CFunzioni::getCanaliGPS(Canali& canali) const {
+    for (const s_sottocampo* riga = sottocampi_gps_kel; !kel::fine_sottocampi_qui(*riga); ++riga)
+        if (*riga->testo != '\0')
+            canali.insert({riga->fid, {ConvertiDa8(riga->breve), ConvertiDa8(riga->testo)}});
+}
+
+// Fixed texts: unlike those of the table they pass through no conversion.
+void CFunzioni::getCanaliLapNum(Canali& canali) const {
+    aggiungi(canali, numero_giro);
+}
+
+void CFunzioni::getCanaliLapTime(Canali& canali) const {
+    for (const NomePredefinito& canale : tempi_giro)
+        aggiungi(canali, canale);
+}

@@ -1,0 +1,73 @@
+// Values computed from several fields of a GPS packet.
+#include "packets/decoder_sottocampi.h"
+
+#include <cmath>
+
+#include "base/conversione_lineare.h"
+#include "base/lettura.h"
+#include "packets/geodetiche.h"
+#include "packets/navsol.h"
+
+namespace kel {
+namespace {
+
+// Length of the ECEF velocity vector, cm/s.
+float velocita_ecef(const void* payload) noexcept {
+    const auto vx = static_cast<float>(leggi<int32_t>(payload, navsol_vx));
+    const auto vy = static_cast<float>(leggi<int32_t>(payload, navsol_vy));
+    const auto vz = static_cast<float>(leggi<int32_t>(payload, navsol_vz));
+    return std::sqrt(vx * vx + vy * vy + vz * vz);
+}
+
+const void* payload_di(const void* pacchetto) noexcept {
+    return static_cast<const unsigned char*>(pacchetto) + payload_in_gps_kel;
+}
+
+// A 3D fix of four satellites or more. Without one the speed is 0, however the solution drifts.
+bool fix_utile(const void* payload) noexcept {
+    return leggi<uint8_t>(payload, navsol_fix) >= 3 && leggi<uint8_t>(payload, navsol_satelliti) >= 4;
+}
+
+float velocita_kmh(const void* payload) noexcept {
+    return velocita_ecef(payload) * 0.036f;  // 3600 / 100000: cm/s to km/h
+}
+
+}  // namespace
+
+float velocita_gps(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept {
+    const void* payload = payload_di(campione);
+    *stato = 0;
+    return fix_utile(payload) ? lineare(conv, velocita_kmh(payload)) : 0.0f;
+}
+
+float velocita_gps_reciproca(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept {
+    const void* payload = payload_di(campione);
+    *stato = 0;
+    return fix_utile(payload) ? reciproca(conv, velocita_kmh(payload)) : 0.0f;
+}
+
+// The NAV-SOL table's speed has neither the factor nor the checks of the logger's packet: it shows the raw vector.
+float velocita_navsol(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept {
+    *stato = 0;
+    return lineare(conv, velocita_ecef(campione));
+}
+
+float velocita_navsol_reciproca(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept {
+    *stato = 0;
+    return reciproca(conv, velocita_ecef(campione));
+}
+
+float latitudine_gps(const s_kel_converter*, const void* campione, uint32_t* stato) noexcept {
+    const void* payload = payload_di(campione);
+    *stato = 0;
+    return latitudine(leggi<int32_t>(payload, navsol_x), leggi<int32_t>(payload, navsol_y),
+                      leggi<int32_t>(payload, navsol_z));
+}
+
+float longitudine_gps(const s_kel_converter*, const void* campione, uint32_t* stato) noexcept {
+    const void* payload = payload_di(campione);
+    *stato = 0;
+    return longitudine(leggi<int32_t>(payload, navsol_x), leggi<int32_t>(payload, navsol_y));
+}
+
+}  // namespace kel

@@ -1,0 +1,61 @@
+// Subfields of lap packets.
+#include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
+#include "packets/tabella_sottocampi.h"
+
+namespace {
+
+using kel::fid;
+
+constexpr kel_funpos riservato = 0;
+
+}  // namespace
+
+using kel::campo_bit;
+using kel::intero;
+
+// clang-format off
+extern "C" {
+
+// Second generation, both versions: numbers, times in milliseconds, and a word of codes and flags.
+//             subfield                                    offset  bits    type                 short   name
+constexpr s_sottocampo sottocampi_lap_time_2G[] = {
+    intero   (fid(FID_PHI_NUMBER, FID_OBJ_SESSION),        0,              KEL_TIPO_UINT8,      "nRun", "Run Number"),
+    intero   (fid(FID_PHI_NUMBER, FID_OBJ_SPLIT),          1,              KEL_TIPO_UINT8,      "nSpl", "Split Number"),
+    intero   (fid(FID_PHI_NUMBER, FID_OBJ_LAP),            2,              KEL_TIPO_UINT16,     "nLap", "Lap Number"),
+    intero   (fid(FID_PHI_TIME,   FID_OBJ_LAP),            4,              KEL_TIPO_TEMPO_GIRO, "LapT", "Lap Time"),
+    intero   (fid(FID_PHI_TIME,   FID_OBJ_SPLIT),          8,              KEL_TIPO_TEMPO_GIRO, "SplT", "Split Time"),
+    intero   (fid(FID_PHI_TIME,   FID_OBJ_BEST_LAP),       12,             KEL_TIPO_TEMPO_GIRO),
+    intero   (fid(FID_PHI_TIME,   FID_OBJ_RUNNING_LAP),    16,             KEL_TIPO_TEMPO_GIRO, "RunT", "Rolling Time"),
+    intero   (riservato,                                   20,             KEL_TIPO_TEMPO_GIRO),  // a row like any other
+    campo_bit(fid(FID_PHI_CODE,   FID_OBJ_LAP),            24,     0, 8,   KEL_TIPO_UINT32),
+    campo_bit(fid(FID_PHI_CODE,   FID_OBJ_SPLIT),          24,     0, 8,   KEL_TIPO_UINT32),
+    campo_bit(fid(FID_PHI_CODE,   FID_OBJ_BEST_LAP),       24,     8, 1,   KEL_TIPO_UINT32),
+    campo_bit(fid(FID_PHI_CODE,   FID_OBJ_BEST_SPLIT),     24,     9, 1,   KEL_TIPO_UINT32),
+    kel::fine_sottocampi,
+};
+
+}  // extern "C"
+
+// First generation: one time serves as lap time and as split time. The bit fields are read through the converter's mask,
+// which selects the bit above each field: the lap number's lies above its 16-bit word, so that it always reads 0.
+//             subfield                                    offset  bits    type
+constexpr s_sottocampo kel::sottocampi_lap_time_1G[] = {
+    intero   (fid(FID_PHI_TIME,   FID_OBJ_LAP),            0,              KEL_TIPO_TEMPO_GIRO),
+    intero   (fid(FID_PHI_TIME,   FID_OBJ_SPLIT),          0,              KEL_TIPO_TEMPO_GIRO),
+    campo_bit(fid(FID_PHI_NUMBER, FID_OBJ_SPLIT),          4,      0, 12,  KEL_TIPO_UINT16),
+    campo_bit(fid(FID_PHI_NUMBER, FID_OBJ_LAP),            4,      12, 4,  KEL_TIPO_UINT16),
+    intero   (fid(FID_PHI_NUMBER, FID_OBJ_SESSION),        6,              KEL_TIPO_UINT8),
+    campo_bit(fid(FID_PHI_CODE,   FID_OBJ_LAP),            7,      0, 8,   KEL_TIPO_UINT8),
+    campo_bit(fid(FID_PHI_CODE,   FID_OBJ_SPLIT),          7,      0, 8,   KEL_TIPO_UINT8),
+    kel::fine_sottocampi,
+};
+// clang-format on
+
+namespace kel {
+
+static_assert(sottocampi_in_regola(sottocampi_lap_time_2G, 28),
+              "rows lie in the packet; the end row is last and only last");
+static_assert(sottocampi_in_regola(sottocampi_lap_time_1G, 8),
+              "rows lie in the packet; the end row is last and only last");
+
+}  // namespace kel
