@@ -26,7 +26,7 @@ endfunction()
 kel_strumenta(kelfunzioni)
 target_compile_options(kelfunzioni PRIVATE ${KEL_FUZZ_INTERI})
 target_link_options(kelfunzioni PRIVATE ${KEL_FUZZ_INTERI})
-set_property(SOURCE ${PROJECT_SOURCE_DIR}/src/laptime/formato_tempo.cpp TARGET_DIRECTORY kelfunzioni
+set_property(SOURCE ${PROJECT_SOURCE_DIR}/src/funzioni/laptime/formato_tempo.cpp TARGET_DIRECTORY kelfunzioni
   APPEND PROPERTY COMPILE_OPTIONS -fno-sanitize=implicit-integer-sign-change)
 if(TARGET kelfun_parti)
   kel_strumenta(kelfun_parti)

@@ -121,7 +121,7 @@ def pila_e_codice(cartella, emulatore, nomi):
     for riga in esegui([*shlex.split(emulatore), cartella / "bench/conti/kel_conti_pila"]).splitlines():
         nome, byte, *decodificatori = riga.split("\t")
         pila[nome] = (int(byte), decodificatori)
-    codice = Codice(cartella / "src" / LIBRERIA, "arm-linux-gnueabihf-")
+    codice = Codice(cartella / "src/funzioni" / LIBRERIA, "arm-linux-gnueabihf-")
     conti = {}
     for nome in nomi:
         byte, decodificatori = pila.get(nome, (None, []))

@@ -13,7 +13,7 @@ import subprocess
 import sys
 import tempfile
 
-LIBRERIA = "src/libkelfunzioni.so"
+LIBRERIA = "src/funzioni/libkelfunzioni.so"
 PARI = ["libgpiod.so.2", "libiio.so.0", "libexif.so.12", "libfmt.so.9", "libsigrok.so.4"]
 CARICHI = 400
 

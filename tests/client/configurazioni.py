@@ -72,7 +72,7 @@ def nuda(prova):
             pretendi(f"({pacchetto})" in detto, f"{opzione}=ON does not name {pacchetto}: {detto}")
     dove, _ = prova.configura("bare", *SENZA_INTESTAZIONI, *SENZA_GTEST, *SENZA_PYTHON)
     prova.costruisci(dove)
-    pretendi((dove / "src/libkelfunzioni.so").exists(), "no library was built")
+    pretendi((dove / "src/funzioni/libkelfunzioni.so").exists(), "no library was built")
     print(prova.esegui(dove / "examples/cruscotto").splitlines()[0])
 
 

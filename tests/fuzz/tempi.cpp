@@ -8,8 +8,8 @@
 
 #include "CLaptimeAndStrings.h"
 #include "bersaglio.h"
+#include "funzioni/laptime/modello_flusso.h"
 #include "ingredienti.h"
-#include "laptime/modello_flusso.h"
 
 namespace {
 

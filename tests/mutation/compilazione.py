@@ -32,7 +32,7 @@ class Compilation:
         self.commands = {}
         for entry in json.loads((build / "compile_commands.json").read_text()):
             file = Path(entry["file"])
-            if file.is_relative_to(root / "src"):
+            if file.is_relative_to(root / "src/funzioni"):
                 words = shlex.split(entry["command"])
                 output = words[words.index("-o") + 1]
                 self.commands[str(file.relative_to(root))] = (words[:words.index("-o")], build / output)
@@ -77,16 +77,16 @@ class Compilation:
     def command(self, source, tree, output, extra=()):
         """Compiles a source as the build does, but out of another tree of sources."""
         words, _ = self.commands[source]
-        include = f"-I{self.root / 'src'}"
+        include = f"-I{self.root / 'src/funzioni'}"
         place = words.index(include)
         file = tree / source
-        return [*words[:place], f"-I{tree / 'src'}", *words[place:], "-w", "-Wno-error", *extra, "-o", str(output), "-c",
+        return [*words[:place], f"-I{tree / 'src/funzioni'}", *words[place:], "-w", "-Wno-error", *extra, "-o", str(output), "-c",
                 str(file if file.exists() else self.root / source)]
 
     def link(self, objects, output):
         output.parent.mkdir(parents=True, exist_ok=True)
         subprocess.run([self.commands[self.sources[0]][0][0], "-shared", f"-Wl,-soname,{LIBRARY}",
-                        f"-Wl,--version-script={self.root / 'src/kelfunzioni.map'}", "-Wl,-Bsymbolic-functions",
+                        f"-Wl,--version-script={self.root / 'src/funzioni/kelfunzioni.map'}", "-Wl,-Bsymbolic-functions",
                         "-Wl,-z,relro,-z,now", *map(str, objects), "-ldl", "-o", str(output)], check=True)
 
     def instrumented(self, texts, sources):

@@ -68,7 +68,7 @@ class Run:
                         self.mutants += mutants
                         self.tables += tables
                 for name in {source, *(str(Path(path).relative_to(self.root)) for path in included
-                                       if Path(path).is_relative_to(self.root / "src"))}:
+                                       if Path(path).is_relative_to(self.root / "src/funzioni"))}:
                     self.users.setdefault(name, []).append(source)
         self.texts = {name: (self.root / name).read_text() for name in known}
         count_occurrences(self.mutants)
@@ -89,7 +89,7 @@ class Run:
             mutant.number = number
             by_file.setdefault(mutant.file, []).append(mutant)
         instrumented = {name: instrument(self.texts[name], these) for name, these in by_file.items()}
-        own_tables = {table.file for table in self.tables if not table.file.startswith("src/tables/")}
+        own_tables = {table.file for table in self.tables if not table.file.startswith("src/funzioni/tables/")}
         sources = own_tables.union(*(self.users[name] for name in instrumented))
         return self.compilation.instrumented(instrumented, sources)
 
@@ -108,7 +108,7 @@ class Run:
     def readers(self, mutant):
         """The tests that come by the one file that reads a table; all where others may read it."""
         whole = not self.options.shard and not self.options.only
-        own = whole and mutant.file.endswith(".cpp") and not mutant.file.startswith("src/tables/")
+        own = whole and mutant.file.endswith(".cpp") and not mutant.file.startswith("src/funzioni/tables/")
         if mutant.file not in self.readers_of:
             numbers = [m.number for m in self.mutants if m.number and m.file == mutant.file] if own else []
             self.readers_of[mutant.file] = self.tests.reached(numbers)

@@ -371,7 +371,7 @@ def read_unit(unit, root, known):
         if file is None:
             return None
         path = Path(file.name).resolve()
-        if not path.is_relative_to(root / "src") or str(path) in known:
+        if not path.is_relative_to(root / "src/funzioni") or str(path) in known:
             return None
         if str(path) not in readers:
             readers[str(path)] = Reader(path, str(path.relative_to(root)))

@@ -7,9 +7,7 @@ from pathlib import Path
 def fingerprint(root):
     """Of all that an outcome depends on."""
     digest = hashlib.sha256()
-    for folder in ("src", "include", "tests/mutation", "tests/golden", "tests/comune",
-                   *(f"tests/{name}" for name in ("tables", "units", "camera", "names", "packets", "converters",
-                                                  "channels", "laptime", "object"))):
+    for folder in ("src/funzioni", "include", "tests/mutation", "tests/golden", "tests/comune", "tests/funzioni"):
         for file in sorted((root / folder).rglob("*")):
             if file.suffix in (".h", ".cpp", ".py", ".txt"):
                 digest.update(f"{file.relative_to(root)}\0".encode() + file.read_bytes() + b"\0")

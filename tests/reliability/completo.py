@@ -9,7 +9,7 @@ RADICE = pathlib.Path(__file__).resolve().parents[2]
 SORGENTI = {
     "tests/digest/famiglie_flat.cpp": r'\{"(\w+)',
     "bench/conti/operazioni_flat.cpp": r'\{"(\w+)',
-    "tests/converters/allocazioni_test.cpp": r"\b(\w+)\(",
+    "tests/funzioni/converters/allocazioni_test.cpp": r"\b(\w+)\(",
     "tests/abi/first-release/client.c": r"\b(\w+)\(",
 }
 
