@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "model/tabelle.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_campi.h"
 
 namespace {
 
@@ -196,7 +196,7 @@ TEST(QuantityTexts, AreAllInTheMap) {
     std::map<GRANDEZZA_FISICA_FUNZKEL, std::string> mappa;
     catalogo->RiempiMapGrandezzaFisica(mappa);
     ASSERT_EQ(mappa.size(), 32u);
-    for (const attesi::Campo& riga : attesi::grandezza_fisica)
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("grandezza_fisica_FunzKel"))
         EXPECT_EQ(mappa[static_cast<GRANDEZZA_FISICA_FUNZKEL>(riga.valore)], riga.testo) << riga.xml;
     EXPECT_EQ(mappa[FID_PHI_UNDEFINED], "");
     EXPECT_EQ(mappa[FID_PHI_SPEED], "Speed");

@@ -8,9 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "model/unita.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_grandezze.h"
-#include "tables/attesi_udm.h"
 
 namespace {
 
@@ -398,47 +397,22 @@ TEST(ConversionBetweenUnits, HasTheBitsOfSinglePrecisionForEveryPair) {
     }
 }
 
-// The units of a quantity and object by the plain rule: the row of this object, else the quantity's row for any.
-std::vector<const attesi::Udm*> modello(unsigned grandezza, unsigned oggetto) {
-    const attesi::Grandezza* riga = nullptr;
-    for (const attesi::Grandezza& r : attesi::grandezze_uiv) {
-        if (r.grandezza != grandezza)
-            continue;
-        if (r.oggetto == 0)
-            riga = &r;
-        if (r.oggetto == oggetto) {
-            riga = &r;
-            break;
-        }
-    }
-    std::vector<const attesi::Udm*> udm;
-    for (const attesi::Udm& u : attesi::righe_udm)
-        if (riga != nullptr && std::strcmp(u.tabella, riga->nome_udm) == 0)
-            udm.push_back(&u);
-    return udm;
-}
-
-TEST(EveryQuantityAndObject, HasTheDecimalsAndConversionsOfThePlainRule) {
+TEST(EveryQuantityAndObject, HasTheDecimalsAndConversionsOfTheModel) {
     for (unsigned grandezza = 0; grandezza < 128; ++grandezza)
         for (unsigned oggetto = 0; oggetto < 256; ++oggetto) {
             const kel_funpos fid = grandezza | oggetto << 7 | (oggetto % 3 == 0 ? 0xFFFF8000u : 0u);
-            const std::vector<const attesi::Udm*> unita = modello(grandezza, oggetto);
-            const Decimali base =
-                unita.empty() ? Decimali{0, 0, 0}
-                              : Decimali{unita[0]->decimali_default, unita[0]->decimali_max, unita[0]->decimali_min};
-            ASSERT_EQ(decimali(fid, "no such unit"), base) << descrivi(fid);
-            const s_converter_data* ignota = kelFunGetConvData(fid, "no such unit");
-            ASSERT_NE(ignota, nullptr) << descrivi(fid);
-            ASSERT_STREQ(ignota->udm, unita.empty() ? "" : unita[0]->udm) << descrivi(fid);
-            for (const attesi::Udm* udm : unita) {
-                ASSERT_EQ(decimali(fid, udm->udm),
-                          (Decimali{udm->decimali_default, udm->decimali_max, udm->decimali_min}))
-                    << descrivi(fid) << " in " << udm->udm;
-                const s_converter_data* dati = &dati_di(fid, udm->udm);
-                ASSERT_STREQ(dati->udm, udm->udm) << descrivi(fid);
-                ASSERT_EQ(bit(dati->gain), udm->bit_gain) << descrivi(fid) << " in " << udm->udm;
-                ASSERT_EQ(bit(dati->offset), bit(udm->offset)) << descrivi(fid) << " in " << udm->udm;
-                ASSERT_EQ(dati->reciproco, udm->reciproco) << descrivi(fid) << " in " << udm->udm;
+            std::vector<std::string> unita = modello::unita(fid);
+            unita.push_back("no such unit");
+            for (const std::string& udm : unita) {
+                SCOPED_TRACE(descrivi(fid) + " in " + udm);
+                const modello::RigaUdm& attesa = modello::rigaConversione(fid, udm).dati();
+                ASSERT_EQ(decimali(fid, udm.c_str()),
+                          (Decimali{attesa.decimali_default, attesa.decimali_max, attesa.decimali_min}));
+                const s_converter_data& dati = dati_di(fid, udm.c_str());
+                ASSERT_EQ(dati.udm, attesa.testo);
+                ASSERT_EQ(bit(dati.gain), bit(attesa.gain));
+                ASSERT_EQ(bit(dati.offset), bit(attesa.offset));
+                ASSERT_EQ(dati.reciproco, attesa.reciproco);
             }
         }
 }
