@@ -6,6 +6,7 @@
 #include <random>
 
 #include "converters/lettura.h"
+#include "model/mezzi.h"
 
 using namespace kel_test;
 
@@ -13,46 +14,6 @@ namespace {
 
 constexpr std::uint32_t Bit(float valore) {
     return std::bit_cast<std::uint32_t>(valore);
-}
-
-// IEEE 754 binary16, slowly: the magnitude of a finite pattern, exact in a double.
-double ModelloGrandezza(unsigned mezzo) {
-    const int esponente = static_cast<int>(mezzo >> 10 & 0x1F);
-    const int frazione = static_cast<int>(mezzo & 0x3FF);
-    return esponente == 0 ? std::ldexp(frazione, -24) : std::ldexp(1024 + frazione, esponente - 25);
-}
-
-std::uint32_t ModelloEspandi(unsigned mezzo) {
-    const std::uint32_t segno = mezzo & 0x8000 ? 0x80000000u : 0u;
-    if ((mezzo & 0x7C00) == 0x7C00) {
-        return segno | 0x7F800000u | (mezzo & 0x3FFu) << 13;
-    }
-    return segno | Bit(static_cast<float>(ModelloGrandezza(mezzo & 0x7FFF)));
-}
-
-// The largest half that is not above the magnitude: truncation toward zero.
-unsigned ModelloComprimi(std::uint32_t bit) {
-    const unsigned segno = bit >> 31 ? 0x8000u : 0u;
-    const std::uint32_t grandezza = bit & 0x7FFFFFFFu;
-    if (grandezza > 0x7F800000u) {
-        const unsigned frazione = grandezza >> 13 & 0x3FFu;
-        return segno | 0x7C00u | (frazione == 0 ? 1u : frazione);  // a NaN stays a NaN
-    }
-    const double valore = static_cast<double>(std::bit_cast<float>(grandezza));
-    if (valore > 65504.0) {
-        return segno | 0x7C00u;
-    }
-    unsigned basso = 0;
-    unsigned alto = 0x7BFF;
-    while (basso < alto) {
-        const unsigned mezzo = (basso + alto + 1) / 2;
-        if (ModelloGrandezza(mezzo) <= valore) {
-            basso = mezzo;
-        } else {
-            alto = mezzo - 1;
-        }
-    }
-    return segno | basso;
 }
 
 TEST(HalfFloat, ExpandsKnownPatterns) {
@@ -106,7 +67,7 @@ TEST(HalfFloat, CompressesANanToANan) {
 
 TEST(HalfFloat, EveryPatternExpandsAsIeee754Says) {
     for (unsigned mezzo = 0; mezzo <= 0xFFFF; ++mezzo) {
-        ASSERT_EQ(kelF16decompress(mezzo), ModelloEspandi(mezzo)) << "half 0x" << std::hex << mezzo;
+        ASSERT_EQ(kelF16decompress(mezzo), modello::espandi(mezzo)) << "half 0x" << std::hex << mezzo;
     }
 }
 
@@ -118,10 +79,10 @@ TEST(HalfFloat, EveryPatternSurvivesExpandingAndCompressing) {
 
 TEST(HalfFloat, FloatsRoundEveryPatternAreTruncatedTowardZero) {
     for (unsigned mezzo = 0; mezzo <= 0xFFFF; ++mezzo) {
-        const std::uint32_t centro = ModelloEspandi(mezzo);
+        const std::uint32_t centro = modello::espandi(mezzo);
         for (int scarto : {-4097, -4096, -2, -1, 0, 1, 2, 4095, 4096, 8191}) {
             const std::uint32_t bit = centro + static_cast<std::uint32_t>(scarto);
-            ASSERT_EQ(kelF16compress(bit), ModelloComprimi(bit)) << "float bits 0x" << std::hex << bit;
+            ASSERT_EQ(kelF16compress(bit), modello::comprimi(bit)) << "float bits 0x" << std::hex << bit;
         }
     }
 }
@@ -131,7 +92,7 @@ TEST(HalfFloat, RandomFloatsAreTruncatedTowardZero) {
     std::mt19937 caso(kSeme);
     for (int i = 0; i < 200000; ++i) {
         const auto bit = static_cast<std::uint32_t>(caso());
-        ASSERT_EQ(kelF16compress(bit), ModelloComprimi(bit))
+        ASSERT_EQ(kelF16compress(bit), modello::comprimi(bit))
             << "float bits 0x" << std::hex << bit << ", seed " << kSeme;
     }
 }

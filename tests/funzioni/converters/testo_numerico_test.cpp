@@ -6,6 +6,7 @@
 #include <random>
 
 #include "converters/lettura.h"
+#include "model/testo_numerico.h"
 
 using namespace kel_test;
 
@@ -451,49 +452,7 @@ TEST(AutomaticDecimals, AreLeftAloneByBadSamplesAndValueReads) {
     EXPECT_EQ(conv.decimali, 1u);
 }
 
-// --- against a slow model -------------------------------------------------------------------------------------------
-
-std::string Modello(float valore, unsigned larghezza, unsigned decimali, eFormatoConv formato) {
-    const unsigned d = decimali > 3 ? 3 : decimali;
-    const float potenze[] = {1.0f, 10.0f, 100.0f, 1000.0f};
-    const bool negativo = valore < 0.0f;
-    unsigned ammesse = larghezza;
-    if (negativo) {
-        ammesse = static_cast<int>(larghezza) - static_cast<int>(decimali) > 1 ? larghezza - 1 : 0;
-    }
-    const float scalato = std::fabs(valore) * potenze[d];
-    const double arrotondato = static_cast<double>(scalato) + 0.5;  // exact: a double has 53 bits
-    std::string cifre;
-    if (arrotondato < 2147483648.0) {
-        cifre = std::to_string(static_cast<std::int32_t>(arrotondato));
-    }
-    const bool trattini = cifre.empty() || cifre.size() > ammesse;
-    if (trattini) {
-        cifre = std::string(larghezza, '-');
-    }
-    while (cifre.size() < larghezza) {
-        cifre.insert(cifre.begin(), '0');
-    }
-    if (d > 0) {
-        cifre.insert(cifre.size() - d, ".");
-    }
-    if (trattini) {
-        return cifre;
-    }
-    std::size_t zeri = 0;
-    while (zeri + 1 < cifre.size() && cifre[zeri] == '0' && cifre[zeri + 1] != '.') {
-        ++zeri;
-    }
-    std::string testo = cifre.substr(zeri);
-    if (negativo) {
-        testo.insert(testo.begin(), '-');
-    }
-    const std::string vuoto(cifre.size() - testo.size(), ' ');
-    if (formato == FORMATO_SINISTRA) {
-        return testo + vuoto;
-    }
-    return formato == FORMATO_COMPATTO ? testo : vuoto + testo;
-}
+// --- against the model ----------------------------------------------------------------------------------------------
 
 TEST(NumericText, AgreesWithItsModelOnRandomNumbers) {
     constexpr unsigned kSeme = 4;
@@ -508,7 +467,8 @@ TEST(NumericText, AgreesWithItsModelOnRandomNumbers) {
         const eFormatoConv formato = static_cast<eFormatoConv>(caso() % 3);
         const float mantissa = static_cast<float>(static_cast<int>(caso() % 2000001) - 1000000);
         const float valore = std::ldexp(mantissa, static_cast<int>(caso() % 40) - 28);
-        ASSERT_EQ(Testo(valore, larghezza, decimali, formato), Modello(valore, larghezza, decimali, formato))
+        modello::Aspetto aspetto{larghezza, decimali, 0, formato};
+        ASSERT_EQ(Testo(valore, larghezza, decimali, formato), modello::testoNumerico(aspetto, valore))
             << "value " << valore << ", width " << larghezza << ", decimals " << decimali << ", format " << formato
             << ", seed " << kSeme;
     }

@@ -6,9 +6,7 @@
 #include <string>
 
 #include "CLaptimeAndStrings.h"
-#include "laptime/modello_flusso.h"
-
-using namespace kel_test;
+#include "model/tempi.h"
 
 namespace {
 
@@ -90,7 +88,7 @@ TEST(LapTimeText, AgreesWithAStreamAtEveryChangeOfForm) {
             for (int segno : {1, -1}) {
                 const int tempo = static_cast<int>(static_cast<unsigned>(bordo) * static_cast<unsigned>(segno) +
                                                    static_cast<unsigned>(scarto));
-                ASSERT_EQ(CLaptimeAndStrings::LapTimeToStringa(tempo), ModelloTempo(tempo)) << tempo;
+                ASSERT_EQ(CLaptimeAndStrings::LapTimeToStringa(tempo), modello::tempo(tempo)) << tempo;
             }
         }
     }
@@ -102,8 +100,8 @@ TEST(LapTimeText, AgreesWithAStreamOnRandomTimes) {
     for (int i = 0; i < 60000; ++i) {
         const int tempo = static_cast<int>(static_cast<std::uint32_t>(caso())) >> caso() % 32;
         const int numero = static_cast<int>(static_cast<std::uint32_t>(caso())) >> caso() % 32;
-        ASSERT_EQ(CLaptimeAndStrings::LapTimeToStringa(tempo), ModelloTempo(tempo)) << tempo << ", seed " << kSeme;
-        ASSERT_EQ(CLaptimeAndStrings::LapNumAndTimeToStringa(numero, tempo), ModelloRiga(numero, tempo))
+        ASSERT_EQ(CLaptimeAndStrings::LapTimeToStringa(tempo), modello::tempo(tempo)) << tempo << ", seed " << kSeme;
+        ASSERT_EQ(CLaptimeAndStrings::LapNumAndTimeToStringa(numero, tempo), modello::rigaGiro(numero, tempo))
             << numero << ", " << tempo << ", seed " << kSeme;
     }
 }
