@@ -93,8 +93,7 @@ constexpr bool nomi_in_misura(const s_sottocampo (&tabella)[N]) {
 
 template <std::size_t N>
 constexpr bool sottocampi_in_regola(const s_sottocampo (&tabella)[N], uint32_t byte_pacchetto) {
-    return fine_per_primo_byte(tabella) && fine_solo_in_fondo(tabella, &s_sottocampo::fid) &&
-           chiavi_uniche(tabella, &s_sottocampo::fid) && chiavi_note(tabella, &s_sottocampo::fid) &&
+    return fine_per_primo_byte(tabella) && chiavi_in_regola(tabella, &s_sottocampo::fid) &&
            dentro_al_pacchetto(tabella, byte_pacchetto) && funzioni_dei_calcolati(tabella) && nomi_in_misura(tabella);
 }
 

@@ -42,56 +42,26 @@ constexpr t_SFunzioneVecchia funz_Kel[] = {
 
 namespace kel {
 
-static_assert(fine_solo_in_fondo(funz_Kel, &t_SFunzioneVecchia::fid), "the end row is last and only last");
-static_assert(chiavi_uniche(funz_Kel, &t_SFunzioneVecchia::fid), "a function stands once");
-static_assert(chiavi_note(funz_Kel, &t_SFunzioneVecchia::fid), "functions have fields with descriptors");
+static_assert(chiavi_in_regola(funz_Kel, &t_SFunzioneVecchia::fid),
+              "end row last; each function once, of fields with descriptors");
+static_assert(valori_unici(funz_Kel, &t_SFunzioneVecchia::id), "a legacy identifier stands for one function");
+static_assert(testi_entro(funz_Kel, &t_SFunzioneVecchia::breve, 4) &&
+                  testi_entro(funz_Kel, &t_SFunzioneVecchia::testo, 16) &&
+                  testi_entro(funz_Kel, &t_SFunzioneVecchia::id, 24),
+              "texts are ASCII and fit their fields");
 
-constexpr bool identificatori_unici() {
-    for (const t_SFunzioneVecchia& riga : funz_Kel)
-        for (const t_SFunzioneVecchia* altra = funz_Kel; altra != &riga; ++altra)
-            if (std::string_view(riga.id) == altra->id)
-                return false;
-    return true;
-}
-static_assert(identificatori_unici(), "a legacy identifier stands for one function");
-
-constexpr bool testi_in_misura() {
-    for (const t_SFunzioneVecchia& riga : funz_Kel)
-        if (!ascii(riga.breve, 4) || !ascii(riga.testo, 16) || !ascii(riga.id, 24))
-            return false;
-    return true;
-}
-static_assert(testi_in_misura(), "texts are ASCII and fit their fields");
-
-// --- Indexes -------------------------------------------------------------------------------------------------------
+// --- The indexes ---------------------------------------------------------------------------------------------------
 
 namespace {
 
-constexpr std::array<std::uint32_t, righe_kel> chiavi_fid() {
-    std::array<std::uint32_t, righe_kel> chiavi = {};
-    for (std::size_t i = 0; i < righe_kel; ++i)
-        chiavi[i] = funz_Kel[i].fid;
-    return chiavi;
-}
-
-constexpr std::array<std::string_view, righe_kel> testi_id() {
-    std::array<std::string_view, righe_kel> testi = {};
-    for (std::size_t i = 0; i < righe_kel; ++i)
-        testi[i] = funz_Kel[i].id;
-    return testi;
-}
+constexpr auto fid_delle_righe = raccogli<righe_kel>([](std::size_t i) { return funz_Kel[i].fid; });
+constexpr auto id_delle_righe = raccogli<righe_kel>([](std::size_t i) { return std::string_view(funz_Kel[i].id); });
 
 }  // namespace
 
-constexpr IndicePerfetto<64> indice_kel_fid = indice_perfetto<64>(chiavi_fid());
-constexpr IndiceTesti<64, righe_kel> indice_kel_id = indice_testi<64>(testi_id());
-
-constexpr bool indici_completi() {
-    for (std::size_t i = 0; i < righe_kel; ++i)
-        if (indice_kel_fid.riga(funz_Kel[i].fid) != i || indice_kel_id.riga(funz_Kel[i].id) != i)
-            return false;
-    return true;
-}
-static_assert(indici_completi(), "every row is found by its keys, which are unique");
+constexpr IndicePerfetto<64> indice_kel_fid = indice_perfetto<64>(fid_delle_righe);
+constexpr IndiceTesti<64, righe_kel> indice_kel_id = indice_testi<64>(id_delle_righe);
+static_assert(come_la_scansione(indice_kel_fid, fid_delle_righe), "every row is found by its function");
+static_assert(come_la_scansione(indice_kel_id, id_delle_righe), "every row is found by its legacy identifier");
 
 }  // namespace kel

@@ -124,15 +124,12 @@ constexpr s_grandezza_fisica_uiv uib_grandezza_fisica_uiv[] = {
 
 namespace kel {
 
-static_assert(fine_solo_in_fondo(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave),
-              "the end row is last and only last");
-static_assert(chiavi_uniche(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave), "a key selects one row");
-static_assert(chiavi_note(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave),
-              "keys have values with descriptors");
+static_assert(chiavi_in_regola(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave),
+              "end row last; each key once, of values with descriptors");
 
 constexpr bool chiavi_di_grandezza_e_oggetto() {
     for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
-        if (riga.chiave >> FID_SHIFT_POS != 0)
+        if ((riga.chiave & ~(bit_grandezza | bit_oggetto)) != 0)
             return false;
     return true;
 }
@@ -151,7 +148,7 @@ constexpr bool particolari_prima_della_generica() {
 static_assert(particolari_prima_della_generica(), "a row behind its quantity's generic row would never be found");
 
 constexpr bool generica_per_ogni_grandezza() {
-    for (unsigned grandezza = 0; grandezza <= FID_PHI_GEAR; ++grandezza) {
+    for (unsigned grandezza = 0; grandezza < FID_PHI_FINE_TABELLA; ++grandezza) {
         bool trovata = false;
         for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
             trovata = trovata || riga.chiave == grandezza;
@@ -162,13 +159,9 @@ constexpr bool generica_per_ogni_grandezza() {
 }
 static_assert(generica_per_ogni_grandezza(), "all quantities but the undefined and the custom one have a generic row");
 
-constexpr bool testi_in_misura() {
-    for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
-        if (!ascii(riga.breve, 4) || !ascii(riga.testo, 17))
-            return false;
-    return true;
-}
-static_assert(testi_in_misura(), "texts are ASCII and fit their fields");
+static_assert(testi_entro(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::breve, 4) &&
+                  testi_entro(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::testo, 17),
+              "texts are ASCII and fit their fields");
 
 // --- The rows by quantity and object -----------------------------------------------------------------------------------
 

@@ -21,8 +21,8 @@ constexpr unsigned posto_udm(const char* testo) noexcept {
     return (numero(*testo) + 3 * numero(*secondo) + numero(*terzo)) / 2 % posti_per_grandezza;
 }
 
-// For every row of the quantity table: the unit at each place. A place that units share is the first one's, and one that
-// no unit has leads to the base unit.
+// For every row of the quantity table: the unit at each place. A place that units share is the first one's, and one
+// that no unit has leads to the base unit.
 struct PostiUdm {
     std::uint8_t udm[riga_fine_grandezze][posti_per_grandezza];
 };
