@@ -123,10 +123,10 @@ double angolo(double y, double x) noexcept {
 // Two rounds are enough. From 5e8 cm of distance on, g(zz) is at most 8.6e-5 of zz, and its slope no more: so a round
 // reduces the error by that factor, and what is wrong in g counts by that factor only.
 //
-// - The first round begins with z, 8.6e-5 away from zz, and takes the root in single precision. Three roundings to 24 bits,
-//   the first of them before the root and so halved, make an error of 2.5 * 2^-24.
-// - The second round needs the root of the first one's zz. A step of Newton's from the first root gives it: an error of d
-//   becomes one of 1.5 * d^2.
+// - The first round begins with z, 8.6e-5 away from zz, and takes the root in single precision. Three roundings to 24
+//   bits, the first of them before the root and so halved, make an error of 2.5 * 2^-24.
+// - The second round needs the root of the first one's zz. A step of Newton's method from the first root gives it: an
+//   error of d becomes one of 1.5 * d^2.
 //
 // Where zz is wrong by a part of itself, the latitude is wrong by no larger part. 1e-10 is the last step of the
 // iteration, and so its error: from |z| = 1e4 on it is at most 1e-14 of zz.
