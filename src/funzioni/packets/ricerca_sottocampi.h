@@ -6,13 +6,13 @@
 
 namespace kel {
 
-// The table of a kind of packet; null when there is none.
+// The subfield table of a kind of packet; null when there is none.
 const s_sottocampo* tabella_sottocampi(unsigned dettagli, unsigned spec) noexcept;
 
 // The row of a subfield within a kind of packet; null when the packet does not have it.
 const s_sottocampo* cerca_sottocampo(unsigned dettagli, unsigned spec, kel_funpos fid) noexcept;
 
-// Whether a row ends its table: told by the low seven bits of its identifier.
+// Whether a row is the end of its table. Only the quantity of its identifier, the low seven bits, is compared.
 constexpr bool fine_sottocampi_qui(const s_sottocampo& riga) noexcept {
     return kelFidGrandezza(riga.fid) == FID_PHI_FINE_TABELLA;
 }
