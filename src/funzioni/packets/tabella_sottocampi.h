@@ -48,11 +48,11 @@ constexpr bool dentro_al_pacchetto(const s_sottocampo (&tabella)[N], uint32_t pa
     return true;
 }
 
-// A search ends at the first row with the quantity of the end marker, whatever its object is.
+// The searches compare only the quantity of the end marker: no other row may have it.
 template <std::size_t N>
-constexpr bool fine_per_primo_byte(const s_sottocampo (&tabella)[N]) {
+constexpr bool fine_per_grandezza(const s_sottocampo (&tabella)[N]) {
     for (std::size_t i = 0; i < N; ++i)
-        if ((kelFidGrandezza(tabella[i].fid) == FID_PHI_FINE_TABELLA) != (i == N - 1))
+        if (grandezza_di_fine(tabella[i].fid) != (i == N - 1))
             return false;
     return true;
 }
@@ -74,7 +74,7 @@ constexpr bool funzioni_dei_calcolati(const s_sottocampo (&tabella)[N]) {
 // `pacchetto`: the sample type of the packet.
 template <std::size_t N>
 constexpr bool sottocampi_in_regola(const s_sottocampo (&tabella)[N], uint32_t pacchetto) {
-    return fine_per_primo_byte(tabella) && chiavi_in_regola(tabella, &s_sottocampo::fid) &&
+    return fine_per_grandezza(tabella) && chiavi_in_regola(tabella, &s_sottocampo::fid) &&
            dentro_al_pacchetto(tabella, pacchetto) && funzioni_dei_calcolati(tabella) &&
            testi_entro(tabella, &s_sottocampo::breve, 4) && testi_entro(tabella, &s_sottocampo::testo, 12);
 }

@@ -1,4 +1,7 @@
 // The functions that the on-board camera can show: the basic ones, and the extended ones.
+//
+// The camera is sent whole numbers: the value in the row's unit times the scale. The library does not use the second
+// factor; programs that read the tables may.
 #include "tables/camera.h"
 
 #include <string_view>
@@ -33,7 +36,12 @@ constexpr t_SFunzioneZumikoCam funz_ZumikoCam_base[] = {
     {fine_tabella,                                                "",       1.0f,   -1,   1.0f,    "",     "",                "",                KEL_TIPO_CALCOLATO},
 };
 
-// The rows are not in order of their codes, and the rolling time has none: both are as the camera knows them.
+// The rows are not in the order of their codes, and the rolling time has no code. Programs know the rows by their
+// numbers, so they stay where they are. The camera shows only the codes that `estesa_visibile` accepts; look-ups find
+// every row.
+//
+// "deg7" is 1e-7 degree, "cs" a hundredth of a second. The rolling time is a row of `funz_Kel` too, with the same
+// identifier.
 //   function                                                             unit    scale      code    factor   short   name                legacy identifier      type
 constexpr t_SFunzioneZumikoCam funz_ZumikoCam_estese[] = {
     {fid(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_VEHICLE),          "deg7", 1.0f,      0xE001, 1.0f,    "Lat",  "Latitude",         "FV_EXT_LATITUDE",     KEL_TIPO_COORDINATA},

@@ -10,9 +10,12 @@
 
 namespace kel {
 
-// Whether the camera shows the extended function of a parameter code. Only the families 0xB0nn and 0xE0nn can be shown;
-// of these the first twenty may be hidden one by one: time, date, clock and status, predictive time, the other
-// odometers.
+// Whether the camera shows the extended function of a parameter code.
+//
+// It shows the codes 0xB0nn and 0xE0nn, but for eight numbers nn that are hidden on purpose:
+//
+//     7 time     9 master clock      11 local status       18 total odometer
+//     8 date    10 master status     17 predictive time    19 resettable odometer
 constexpr bool estesa_visibile(int codice) {
     constexpr unsigned nascoste = 1u << 7 | 1u << 8 | 1u << 9 | 1u << 10 | 1u << 11 | 1u << 17 | 1u << 18 | 1u << 19;
     const unsigned famiglia = static_cast<unsigned>(codice) & 0xFF00u;

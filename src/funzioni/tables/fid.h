@@ -54,7 +54,12 @@ static_assert(fine_tabella == 0x000B9D20, "programs recognise the end row by thi
 inline constexpr kel_funpos fine_grandezze = kelFidComponi(FID_PHI_FINE_TABELLA, FID_OBJ_FINE_TABELLA, 0);
 static_assert(fine_grandezze == 0x1D20, "programs recognise the end row by this value");
 
-// An identifier whose quantity, object and position are known, and whose unused bits are clear.
+// Some searches end at the first row with the quantity of the end marker, whatever its object and its position are.
+constexpr bool grandezza_di_fine(kel_funpos fid) {
+    return kelFidGrandezza(fid) == FID_PHI_FINE_TABELLA;
+}
+
+// An identifier whose quantity, object and position have descriptors, and whose unused bits are clear.
 constexpr bool campi_noti(kel_funpos fid) {
     return kelFidGrandezza(fid) < FID_PHI_FINE_TABELLA && kelFidOggetto(fid) < FID_OBJ_FINE_TABELLA &&
            kelFidPosizione(fid) < FID_POS_FINE_TABELLA && (fid & ~bit_identificatore) == 0;

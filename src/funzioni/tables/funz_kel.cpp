@@ -1,4 +1,5 @@
-// Legacy textual identifiers that are not rows of the camera tables. The spellings are those of old configuration files.
+// Legacy identifiers, which are texts, of the functions that are not rows of the camera tables. The spellings are those
+// of old configuration files.
 #include "tables/funz_kel.h"
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
@@ -12,13 +13,14 @@ using kel::fine_tabella;
 // clang-format off
 extern "C" {
 
-// "FG_RUNNING_LAP_TIME" is an extended camera function as well, which is found first; both stand for the same function.
+// "FG_RUNNING_LAP_TIME" is also a row of the extended camera table, which the catalogue searches first; both rows have
+// the same function. "DSG" is the number of the gear with instance number 0, which tells it from the lever position.
 //   short   name                legacy identifier          function
 constexpr t_SFunzioneVecchia funz_Kel[] = {
     {"GBxT", "Gear Box Temp",    "FG_GEAR_BOX_TEMP",        fid(FID_PHI_TEMPERATURE, FID_OBJ_GEAR, FID_POS_GEARBOX)},
     {"APPS", "Admission Pedal",  "FG_ADMISSION_PPS",        fid(FID_PHI_PERCENT, FID_OBJ_PEDAL_LOAD, FID_POS_ADMISSION)},
     {"AirT", "Admission AirTmp", "FG_ADMISSION_AIR_TEMP",   fid(FID_PHI_TEMPERATURE, FID_OBJ_AIR, FID_POS_ADMISSION)},
-    {"TurP", "Turbo Pressure",   "FG_EXHAUST_TURBO_PRESS",  fid(FID_PHI_PRESSURE, FID_OBJ_AIR, FID_POS_ADMISSION)},
+    {"TurP", "Turbo Pressure",   "FG_EXHAUST_TURBO_PRESS",  fid(FID_PHI_PRESSURE, FID_OBJ_AIR, FID_POS_ADMISSION)},  // boost pressure, in spite of "EXHAUST"
     {"FEnP", "Fuel Eng Pres",    "FG_ENGINE_FUEL_PRESS",    fid(FID_PHI_PRESSURE, FID_OBJ_FUEL, FID_POS_ENGINE)},
     {"FAdP", "Fuel Adm Pres",    "FG_ADMISSION_FUEL_PRESS", fid(FID_PHI_PRESSURE, FID_OBJ_FUEL, FID_POS_ADMISSION)},
     {"SpRL", "Speed Wheel RL",   "REF_SPEED_RL",            fid(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_WHEEL) | destra_sinistra(FID_LEFTRIGHT_LEFT) | davanti_dietro(FID_FRONTREAR_REAR)},
@@ -30,7 +32,7 @@ constexpr t_SFunzioneVecchia funz_Kel[] = {
     {"BkPR", "Brake Pres Rear",  "BRAKE_PRESS_REAR",        fid(FID_PHI_PRESSURE, FID_OBJ_BRAKE_FLUID) | davanti_dietro(FID_FRONTREAR_REAR)},
     {"TipU", "Gear Tip Up",      "GEAR_PEDAL_SHIFT_UP",     fid(FID_PHI_NUMBER, FID_OBJ_GEAR, FID_POS_GEARBOX) | alto_basso(FID_UPDOWN_UP)},
     {"TipD", "Gear Tip Down",    "GEAR_PEDAL_SHIFT_DOWN",   fid(FID_PHI_NUMBER, FID_OBJ_GEAR, FID_POS_GEARBOX) | alto_basso(FID_UPDOWN_DOWN)},
-    {"DfMp", "Diff Map",         "DIFFERENTIAL_MAP",        fid(FID_PHI_NUMBER, FID_OBJ_UNDEFINED, FID_POS_TRANSMISSION)},
+    {"DfMp", "Diff Map",         "DIFFERENTIAL_MAP",        fid(FID_PHI_NUMBER, FID_OBJ_UNDEFINED, FID_POS_TRANSMISSION)},  // not FID_POS_DIFFERENTIAL
     {"GeaP", "Gear Lever Pos",   "GEAR_LEVER_POS",          fid(FID_PHI_NUMBER, FID_OBJ_GEAR)},
     {"RolT", "Rolling Time",     "FG_RUNNING_LAP_TIME",     fid(FID_PHI_TIME, FID_OBJ_RUNNING_LAP)},
     {"DSG",  "DSG",              "DSG",                     fid(FID_PHI_NUMBER, FID_OBJ_GEAR) | kelFidIstanza(0)},

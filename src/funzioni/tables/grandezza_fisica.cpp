@@ -5,7 +5,8 @@
 // clang-format off
 extern "C" {
 
-// The repetitions (identical abbreviation and text, "rpm" for "RPM", "Vo*L") are what the user knows; they stay.
+// Some abbreviations are as long as the text, or differ from it only in capitals ("rpm", "RPM"). Users know all of
+// them, so they stay.
 //   value                       XML name                      short    text
 constexpr s_campo_fid grandezza_fisica_FunzKel[] = {
     {FID_PHI_UNDEFINED,          "FID_PHI_UNDEFINED",          "---",   ""},

@@ -13,7 +13,7 @@
 
 namespace kel {
 
-// Texts go to displays that know ASCII only, into fields of a fixed width.
+// Displays know ASCII only, and their fields have a fixed width.
 constexpr bool ascii(const char* testo, std::size_t lunghezza_max) {
     const std::string_view vista(testo);
     for (const char c : vista)

@@ -23,7 +23,7 @@ constexpr s_campo_fid leftright_FunzKel[] = {
     {FID_LEFTRIGHT_CENTER, "FID_LEFTRIGHT_CENTER", "C",   "Center"},
 };
 
-// Front/rear: the centre is "xCenter", to tell it from the other centres in a composed name.
+// Front/rear. The centre is "xCenter", which tells it from the other centres in a composed name.
 //   value                 XML name                short  text
 constexpr s_campo_fid frontrear_FunzKel[] = {
     {FID_FRONTREAR_UNDEF,  "FID_FRONTREAR_UNDEF",  "",    ""},
@@ -32,7 +32,7 @@ constexpr s_campo_fid frontrear_FunzKel[] = {
     {FID_FRONTREAR_CENTER, "FID_FRONTREAR_CENTER", "C",   "xCenter"},
 };
 
-// Up/down: the centre is "zCenter" for the same reason.
+// Up/down. The centre is "zCenter" for the same reason.
 //   value              XML name             short  text
 constexpr s_campo_fid updown_FunzKel[] = {
     {FID_UPDOWN_UNDEF,  "FID_UPDOWN_UNDEF",  "",    ""},

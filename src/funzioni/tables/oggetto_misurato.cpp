@@ -5,7 +5,7 @@
 // clang-format off
 extern "C" {
 
-// "Lambda" is the one abbreviation of six letters.
+// The abbreviations have five characters at most, except "Lambda" with six.
 //   value                             XML name                            short     text
 constexpr s_campo_fid oggetto_misurato_FunzKel[] = {
     {FID_OBJ_UNDEFINED,                "FID_OBJ_UNDEFINED",                "---",    ""},

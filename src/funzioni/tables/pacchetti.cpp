@@ -14,7 +14,7 @@ constexpr s_campo_fid dettagli_FunzKel[] = {
     {FID_DETTAGLI_GPS,      "FID_DETTAGLI_GPS",      "GPS",   "GPS"},
 };
 
-// GPS packets: the logger's own solution, or the receiver's NAV-SOL payload as it stands.
+// GPS packets: the logger's own packet, or the payload of the receiver's NAV-SOL message.
 //   value                   XML name                  short  text
 constexpr s_campo_fid specializzazione_gps_FunzKel[] = {
     {FID_SPEC_GPS_KELNAVSOL, "FID_SPEC_GPS_KELNAVSOL", "Kel", "Kel"},
