@@ -1,9 +1,9 @@
 // Which channel carries a function.
 #include <cstddef>
 
-#include "base/bit_fid.h"
 #include "kelfunzioni.h"
 #include "packets/ricerca_sottocampi.h"
+#include "tables/fid.h"
 
 namespace {
 

@@ -7,7 +7,7 @@ namespace {
 
 // The walks tell the end row by its quantity alone.
 bool fine_scansione(const t_SFunzioneZumikoCam& riga) {
-    return kelFidGrandezza(riga.fid) == FID_PHI_FINE_TABELLA;
+    return kel::grandezza_di_fine(riga.fid);
 }
 
 // The lists of all rows tell it by its whole identifier: quantity, object and position.

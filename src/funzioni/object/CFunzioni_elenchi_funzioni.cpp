@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "base/bit_fid.h"
+#include "tables/fid.h"
 
 namespace {
 
