@@ -1,9 +1,9 @@
 // Which channel carries a function.
+#include <cstddef>
+
 #include "kelfunzioni.h"
 #include "packets/ricerca_sottocampi.h"
 #include "tables/fid.h"
-
-#include <cstddef>
 
 namespace {
 
@@ -18,12 +18,12 @@ bool ha_sottocampo(kel_funpos canale, kel_funpos richiesta) noexcept {
 // Quantity, object and position.
 constexpr kel_funpos tre_campi[] = {kel::bit_grandezza, kel::bit_oggetto, kel::bit_posizione};
 
-// Bit 22 is matched as a field of one bit: a request without it accepts channels with it. The pieces of bits 23 to 28
-// are compared one by one even where they are one instance number: clients depend on what that finds.
+// Bit 22 is a field of one bit like the others: a request without it accepts channels with it. Bits 23 to 28 are
+// compared as three sides also where they are an instance number: clients depend on the channels that this finds.
 constexpr kel_funpos tutti_i_campi[] = {kel::bit_grandezza, kel::bit_oggetto,   kel::bit_posizione, kel::bit_numerato,
                                         kel::bit_inout,     kel::bit_leftright, kel::bit_frontrear, kel::bit_updown};
 
-// A request: its fields of 0 match anything, so that only the bits of the others are compared.
+// A request. A field of 0 in it accepts every value, so that only the bits of the other fields are compared.
 class Richiesta {
 public:
     template <std::size_t N>
@@ -73,7 +73,7 @@ int kelFunGetMatchChList(const s_set_canali* set, kel_funpos fid, s_kel_canale**
         if (!(pacchetto(canale) ? ha_sottocampo(canale, fid) : richiesta.accetta(canale)))
             continue;
         trovati[quanti++] = &set->canali[i];
-        // Only equality right after a store ends the walk: a capacity of 0 never does.
+        // The capacity is compared only after a channel was stored: a capacity of 0 never ends the search.
         if (quanti == *numero)
             return 1;
     }

@@ -19,9 +19,10 @@ namespace {
 
 // clang-format off
 constexpr f_valore_conv no = nullptr;
-constexpr f_stato_conv muto = nullptr;
+constexpr f_stato_conv muto = nullptr;  // no text for a status
 
-// The value of 15 becomes the digit of its text where the channel is a gear: see the converter's set-up.
+// A channel of KEL_TIPO_NUMERO_TESTO_6 whose function is a gear has another value function than the row's: set-up puts
+// `numero_o_cifra` in place of `numero`.
 //   sample type                value                     reciprocal                  bit field                   text                     status       unit data
 constexpr Formato formati[] = {
     {KEL_TIPO_INT32,            intero_lineare<int32_t>,  intero_reciproco<int32_t>,  no,                         testo_numerico,          testo_stato, true},

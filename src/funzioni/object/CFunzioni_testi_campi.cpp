@@ -1,18 +1,20 @@
-// Texts and XML names of field values, and back.
+// Texts and XML names of a field's values, and the values of XML names.
+#include "CFunzioni.h"
+
 #include <span>
 #include <string_view>
 
-#include "CFunzioni.h"
-
 namespace {
 
-// The text of a value, or "" out of the table; row i describes value i.
-const char* testo_di(std::span<const s_campo_fid> tabella, unsigned valore, const char* s_campo_fid::*colonna) {
-    return valore < tabella.size() ? tabella[valore].*colonna : "";
+using Tabella = std::span<const s_campo_fid>;
+
+// Row i describes value i. A value that has no row has no text: there is nothing to convert.
+std::string testo_di(const CFunzioni& catalogo, Tabella tabella, unsigned valore, const char* s_campo_fid::*colonna) {
+    return valore < tabella.size() ? catalogo.ConvertiDa8(tabella[valore].*colonna) : std::string();
 }
 
-// The value of an XML name, compared whole. 0 for an unknown one, which is also the undefined value.
-int valore_di(std::span<const s_campo_fid> tabella, const std::string& xml) {
+// 0 for an unknown name, which is also the undefined value.
+int valore_di(Tabella tabella, const std::string& xml) {
     for (const s_campo_fid& riga : tabella)
         if (std::string_view(xml) == riga.xml)
             return riga.valore;
@@ -22,23 +24,23 @@ int valore_di(std::span<const s_campo_fid> tabella, const std::string& xml) {
 }  // namespace
 
 std::string CFunzioni::getStrPhi(GRANDEZZA_FISICA_FUNZKEL valore) {
-    return ConvertiDa8(testo_di(grandezza_fisica_FunzKel, valore, &s_campo_fid::testo));
+    return testo_di(*this, grandezza_fisica_FunzKel, valore, &s_campo_fid::testo);
 }
 
 std::string CFunzioni::getStrObj(OGGETTO_MISURATO_FUNZKEL valore) {
-    return ConvertiDa8(testo_di(oggetto_misurato_FunzKel, valore, &s_campo_fid::testo));
+    return testo_di(*this, oggetto_misurato_FunzKel, valore, &s_campo_fid::testo);
 }
 
 std::string CFunzioni::getStrPos(POSIZIONE_FUNZKEL valore) {
-    return ConvertiDa8(testo_di(posizione_FunzKel, valore, &s_campo_fid::testo));
+    return testo_di(*this, posizione_FunzKel, valore, &s_campo_fid::testo);
 }
 
 std::string CFunzioni::getXmlStrPhi(GRANDEZZA_FISICA_FUNZKEL valore) {
-    return ConvertiDa8(testo_di(grandezza_fisica_FunzKel, valore, &s_campo_fid::xml));
+    return testo_di(*this, grandezza_fisica_FunzKel, valore, &s_campo_fid::xml);
 }
 
 std::string CFunzioni::getXmlStrObj(OGGETTO_MISURATO_FUNZKEL valore) {
-    return ConvertiDa8(testo_di(oggetto_misurato_FunzKel, valore, &s_campo_fid::xml));
+    return testo_di(*this, oggetto_misurato_FunzKel, valore, &s_campo_fid::xml);
 }
 
 int CFunzioni::getIdxPhi(const std::string& xml) {

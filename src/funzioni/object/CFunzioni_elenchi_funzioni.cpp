@@ -1,13 +1,14 @@
 // The functions that a configuration program may offer, by quantity, and the choices that make sense for each.
+#include "CFunzioni.h"
+
 #include <algorithm>
 
-#include "CFunzioni.h"
-#include "object/conversione_testi.h"
 #include "tables/fid.h"
 
 namespace {
 
-// An element of the filter without an object keeps its whole quantity, one with an object only the row of that object.
+// An element of the filter that has no object keeps all rows of its quantity, one with an object only the row of that
+// one.
 bool nel_filtro(kel_funpos chiave, const std::vector<unsigned int>& filtro) {
     return filtro.empty() || std::any_of(filtro.begin(), filtro.end(), [chiave](kel_funpos elemento) {
                return kelFidGrandezza(elemento) == kelFidGrandezza(chiave) &&
@@ -31,13 +32,13 @@ void CFunzioni::getFunzioni(std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzio
         if (!nel_filtro(riga->chiave, filtro))
             continue;
         auto& elenco = funzioni[static_cast<GRANDEZZA_FISICA_FUNZKEL>(kelFidGrandezza(riga->chiave))];
-        // The variants stand in place of a row that has them.
+        // A row that has position variants is not on offer itself: its variants are.
         if (riga->num_varianti == 0)
-            elenco.push_back({riga->chiave, kel::da_8(riga->testo)});
+            elenco.push_back({riga->chiave, ConvertiDa8(riga->testo)});
         for (int i = 0; i < riga->num_varianti; ++i) {
             const s_variante_posizione& variante = riga->varianti[i];
             const kel_funpos posizione = kelFidComponi(0, 0, variante.posizione);
-            elenco.push_back({(riga->chiave & ~kel::bit_posizione) | posizione, kel::da_8(variante.testo)});
+            elenco.push_back({(riga->chiave & ~kel::bit_posizione) | posizione, ConvertiDa8(variante.testo)});
         }
     }
 }
@@ -58,9 +59,9 @@ void CFunzioni::getFunzDettagli(kel_funpos fid, std::map<unsigned int, std::stri
     if (variante == nullptr)
         return;
     for (int i = 0; i < variante->num_lati; ++i)
-        lati.emplace(variante->lati[i].chiave, kel::da_8(variante->lati[i].testo));
+        lati.emplace(variante->lati[i].chiave, ConvertiDa8(variante->lati[i].testo));
     for (int i = 0; i < variante->num_inout; ++i)
-        inout.emplace(variante->inout[i].chiave, kel::da_8(variante->inout[i].testo));
+        inout.emplace(variante->inout[i].chiave, ConvertiDa8(variante->inout[i].testo));
     primo = variante->primo;
     ultimo = variante->ultimo;
 }
