@@ -197,7 +197,8 @@ PEZZI = ["'", "''", '"', "\\", "\\n", "`", "`touch broken`", "@", "@x", "$(touch
 
 def mostrato(nome):
     """What a picture shows of a name."""
-    return re.sub("[\x00-\x1f\x7f-\x9f\ufffe\uffff]", "?", nome)
+    nome = re.sub("[\x00-\x1f\x7f-\x9f]", lambda c: "".join(f"\\x{byte:02X}" for byte in c[0].encode()), nome)
+    return re.sub("[\ufffe\uffff]", "?", nome)
 
 
 def nomi(banco):
