@@ -20,8 +20,8 @@ TENUTI = pathlib.Path(__file__).resolve().parent.parent / "counts"
 TOLLERANZA = 0.02
 LIBRERIA = "libkelfunzioni.so"
 
-# The C library chooses functions by the extensions of the processor. With all of them switched off it chooses the same ones
-# on every machine.
+# The C library chooses functions by the extensions of the processor. With all of them switched off it chooses the same
+# ones on every machine.
 SENZA_ESTENSIONI = ",".join("-" + nome for nome in (
     "AVX", "AVX2", "AVX2_Usable", "AVX512F", "AVX512BW", "AVX512CD", "AVX512DQ", "AVX512VL", "BMI1", "BMI2", "ERMS",
     "FMA", "FMA4", "FSRM", "LZCNT", "MOVBE", "POPCNT", "RTM", "SSE3", "SSE4_1", "SSE4_2", "SSSE3"))
