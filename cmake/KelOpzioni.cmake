@@ -17,11 +17,6 @@ if(KEL_SANITIZE)
   target_link_options(kel_opzioni INTERFACE -fsanitize=${KEL_SANITIZE})
 endif()
 
-if(KEL_COVERAGE)
-  target_compile_options(kel_opzioni INTERFACE --coverage -fprofile-abs-path)
-  target_link_options(kel_opzioni INTERFACE --coverage)
-endif()
-
 # Options of tests and tools. Most of their build time is spent on optimising them, which proves nothing of the library.
 add_library(kel_opzioni_contorno INTERFACE)
 target_link_libraries(kel_opzioni_contorno INTERFACE kel_opzioni)
