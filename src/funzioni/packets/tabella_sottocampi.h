@@ -35,7 +35,7 @@ inline constexpr s_sottocampo fine_sottocampi = intero(fine_tabella, 0, KEL_TIPO
 // Samples lie within their packet, and bit fields within their samples. A computed value is of no type that has a size,
 // and lies nowhere in particular.
 template <std::size_t N>
-consteval bool dentro_al_pacchetto(const s_sottocampo (&tabella)[N], uint32_t pacchetto) {
+constexpr bool dentro_al_pacchetto(const s_sottocampo (&tabella)[N], uint32_t pacchetto) {
     for (const s_sottocampo& riga : tabella) {
         const uint32_t byte = byte_campione(riga.tipo_campione);
         if (byte == 0 && riga.tipo_campione != KEL_TIPO_CALCOLATO)
@@ -73,7 +73,7 @@ constexpr bool funzioni_dei_calcolati(const s_sottocampo (&tabella)[N]) {
 
 // `pacchetto`: the sample type of the packet.
 template <std::size_t N>
-consteval bool sottocampi_in_regola(const s_sottocampo (&tabella)[N], uint32_t pacchetto) {
+constexpr bool sottocampi_in_regola(const s_sottocampo (&tabella)[N], uint32_t pacchetto) {
     return fine_per_grandezza(tabella) && chiavi_in_regola(tabella, &s_sottocampo::fid) &&
            dentro_al_pacchetto(tabella, pacchetto) && funzioni_dei_calcolati(tabella) &&
            testi_entro(tabella, &s_sottocampo::breve, 4) && testi_entro(tabella, &s_sottocampo::testo, 12);

@@ -68,7 +68,7 @@ consteval std::array<std::uint8_t, std::size(byte_campioni)> byte_per_codice() {
 }
 
 // For the proofs of tables; 0 for a code that is no type of samples.
-consteval unsigned byte_campione(std::uint32_t tipo_campione) {
+constexpr unsigned byte_campione(std::uint32_t tipo_campione) {
     return tipo_campione < std::size(byte_campioni) ? byte_campioni[tipo_campione].byte : 0;
 }
 
