@@ -17,16 +17,7 @@ if(KEL_SANITIZE)
   target_link_options(kel_opzioni INTERFACE -fsanitize=${KEL_SANITIZE})
 endif()
 
-<<<<<<< HEAD
-if(KEL_COVERAGE)
-  target_compile_options(kel_opzioni INTERFACE --coverage -fprofile-abs-path)
-  target_link_options(kel_opzioni INTERFACE --coverage)
-endif()
-
 # Options of tests and tools. Optimising them takes most of their build time, and does not test the library any better.
-=======
-# Options of tests and tools. Most of their build time is spent on optimising them, which proves nothing of the library.
->>>>>>> h-plain
 add_library(kel_opzioni_contorno INTERFACE)
 target_link_libraries(kel_opzioni_contorno INTERFACE kel_opzioni)
 if(KEL_TEST_LEVEL)
