@@ -8,8 +8,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "model/tabelle.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_camera.h"
 
 namespace {
 
@@ -155,10 +155,11 @@ TEST(ExtendedVisibility, OfEveryRowIsAsTabled) {
     CFunzioni catalogo;
     std::size_t visibili = 0;
     for (std::size_t i = 0; i < 22; ++i) {
-        EXPECT_EQ(catalogo.is_est_valid(attesi::zumiko_estese[i].codice), attesi::zumiko_estese[i].visibile)
-            << "row " << i << " " << attesi::zumiko_estese[i].testo << ", code "
-            << esa(static_cast<std::uint32_t>(attesi::zumiko_estese[i].codice));
-        visibili += attesi::zumiko_estese[i].visibile;
+        EXPECT_EQ(catalogo.is_est_valid(modello::tabelle().camera_estese[i].codice),
+                  (modello::tabelle().camera_estese[i].visibile == "si"))
+            << "row " << i << " " << modello::tabelle().camera_estese[i].testo << ", code "
+            << esa(static_cast<std::uint32_t>(modello::tabelle().camera_estese[i].codice));
+        visibili += (modello::tabelle().camera_estese[i].visibile == "si");
     }
     EXPECT_EQ(visibili, std::size(righe_visibili));
 }
