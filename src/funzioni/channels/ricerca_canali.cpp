@@ -1,6 +1,7 @@
 // Which channel carries a function.
 #include "kelfunzioni.h"
 #include "packets/ricerca_sottocampi.h"
+#include "tables/fid.h"
 
 #include <cstddef>
 
@@ -14,22 +15,13 @@ bool ha_sottocampo(kel_funpos canale, kel_funpos richiesta) noexcept {
     return kel::cerca_sottocampo(kelFidOggetto(canale), kelFidPosizione(canale), richiesta) != nullptr;
 }
 
-constexpr kel_funpos bit_grandezza = kel_funpos{FID_MASK_PHI} << FID_SHIFT_PHI;
-constexpr kel_funpos bit_oggetto = kel_funpos{FID_MASK_OBJ} << FID_SHIFT_OBJ;
-constexpr kel_funpos bit_posizione = kel_funpos{FID_MASK_POS} << FID_SHIFT_POS;
-constexpr kel_funpos bit_inout = kel_funpos{FID_MASK_INOUT} << FID_SHIFT_INOUT;
-constexpr kel_funpos bit_numerato = kel_funpos{FID_MASK_NUMBERED} << FID_SHIFT_NUMBERED;
-constexpr kel_funpos bit_leftright = kel_funpos{FID_MASK_LEFTRIGHT} << FID_SHIFT_LEFTRIGHT;
-constexpr kel_funpos bit_frontrear = kel_funpos{FID_MASK_FRONTREAR} << FID_SHIFT_FRONTREAR;
-constexpr kel_funpos bit_updown = kel_funpos{FID_MASK_UPDOWN} << FID_SHIFT_UPDOWN;
-
 // Quantity, object and position.
-constexpr kel_funpos tre_campi[] = {bit_grandezza, bit_oggetto, bit_posizione};
+constexpr kel_funpos tre_campi[] = {kel::bit_grandezza, kel::bit_oggetto, kel::bit_posizione};
 
 // Bit 22 is matched as a field of one bit: a request without it accepts channels with it. The pieces of bits 23 to 28
 // are compared one by one even where they are one instance number: clients depend on what that finds.
-constexpr kel_funpos tutti_i_campi[] = {bit_grandezza, bit_oggetto,   bit_posizione, bit_numerato,
-                                        bit_inout,     bit_leftright, bit_frontrear, bit_updown};
+constexpr kel_funpos tutti_i_campi[] = {kel::bit_grandezza, kel::bit_oggetto,   kel::bit_posizione, kel::bit_numerato,
+                                        kel::bit_inout,     kel::bit_leftright, kel::bit_frontrear, kel::bit_updown};
 
 // A request: its fields of 0 match anything, so that only the bits of the others are compared.
 class Richiesta {

@@ -8,7 +8,6 @@ namespace kel {
 
 struct Formato {
     uint32_t tipo_campione;   // equals the row's index
-    uint32_t byte;            // size of one sample
     f_valore_conv lineare;    // value; null = none
     f_valore_conv reciproca;  // value in a unit with the reciprocal flag; null = as without
     f_valore_conv campo_bit;  // value of a bit field; null = as without

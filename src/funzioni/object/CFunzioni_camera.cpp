@@ -9,7 +9,7 @@ namespace {
 
 // The end row, as the walks know it: by the quantity alone.
 bool fine_scansione(const t_SFunzioneZumikoCam& riga) {
-    return kelFidGrandezza(riga.fid) == FID_PHI_FINE_TABELLA;
+    return kel::grandezza_di_fine(riga.fid);
 }
 
 // The whole-table selections know the end row by its whole identifier: quantity, object and position.

@@ -3,17 +3,15 @@
 
 #include "CFunzioni.h"
 #include "object/conversione_testi.h"
+#include "tables/fid.h"
 
 namespace {
-
-constexpr kel_funpos bit_oggetto = kel_funpos{FID_MASK_OBJ} << FID_SHIFT_OBJ;
-constexpr kel_funpos bit_posizione = kel_funpos{FID_MASK_POS} << FID_SHIFT_POS;
 
 // An element of the filter without an object keeps its whole quantity, one with an object only the row of that object.
 bool nel_filtro(kel_funpos chiave, const std::vector<unsigned int>& filtro) {
     return filtro.empty() || std::any_of(filtro.begin(), filtro.end(), [chiave](kel_funpos elemento) {
                return kelFidGrandezza(elemento) == kelFidGrandezza(chiave) &&
-                      ((elemento & bit_oggetto) == 0 || kelFidOggetto(elemento) == kelFidOggetto(chiave));
+                      ((elemento & kel::bit_oggetto) == 0 || kelFidOggetto(elemento) == kelFidOggetto(chiave));
            });
 }
 
@@ -39,7 +37,7 @@ void CFunzioni::getFunzioni(std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzio
         for (int i = 0; i < riga->num_varianti; ++i) {
             const s_variante_posizione& variante = riga->varianti[i];
             const kel_funpos posizione = kelFidComponi(0, 0, variante.posizione);
-            elenco.push_back({(riga->chiave & ~bit_posizione) | posizione, kel::da_8(variante.testo)});
+            elenco.push_back({(riga->chiave & ~kel::bit_posizione) | posizione, kel::da_8(variante.testo)});
         }
     }
 }
