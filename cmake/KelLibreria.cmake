@@ -39,7 +39,7 @@ function(kel_libreria libreria mappa)
   target_link_libraries(${libreria} PRIVATE m)
   set_target_properties(${libreria} PROPERTIES
     VERSION ${PROJECT_VERSION}
-    SOVERSION 0
+    SOVERSION ${KEL_SOVERSION}
     LINK_DEPENDS ${mappa})
   target_link_options(${libreria} PRIVATE
     LINKER:--version-script=${mappa}

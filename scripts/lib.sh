@@ -13,6 +13,16 @@ die() {
     exit 1
 }
 
+# Prints the help of the script that runs, which is the comment at its top, and ends.
+show_help() {
+    awk 'NR > 1 { if (!/^#/) exit; sub(/^# ?/, ""); print }' "$0"
+    exit 0
+}
+
+# The version of the project, and the number in the name of its shared library.
+project_version() { sed -nE 's/^ +VERSION ([0-9.]+)$/\1/p' "$KEL_ROOT/CMakeLists.txt"; }
+project_soversion() { sed -nE 's/^set\(KEL_SOVERSION ([0-9]+)\)$/\1/p' "$KEL_ROOT/CMakeLists.txt"; }
+
 # Packages of the sets named, one a line.
 packages_of() {
     local wanted

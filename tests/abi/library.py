@@ -17,7 +17,8 @@ QUI = pathlib.Path(__file__).resolve().parent
 SYMBOLS = QUI / "exported-symbols.txt"
 VTABLES = QUI / "vtables.txt"
 
-SONAME = "libkelfunzioni.so.0"
+SOVERSION = re.search(r"^set\(KEL_SOVERSION (\d+)\)$", (QUI.parents[1] / "CMakeLists.txt").read_text(), re.M)[1]
+SONAME = f"libkelfunzioni.so.{SOVERSION}"
 # ld-linux is the loader itself, which the linker names on some targets.
 NEEDED = re.compile(r"lib(stdc\+\+\.so\.6|m\.so\.6|gcc_s\.so\.1|c\.so\.6)|ld-linux[-a-z0-9_]*\.so\.[0-9]")
 # Newest versions that may be asked for: gcc 5, whose string type the interfaces have, and the first C library for arm64.

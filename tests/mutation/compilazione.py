@@ -11,7 +11,8 @@ from pathlib import Path
 from mutante import COMPILER, ILL, SAME
 
 HERE = Path(__file__).resolve().parent
-LIBRARY = "libkelfunzioni.so.0"
+SOVERSION = re.search(r"^set\(KEL_SOVERSION (\d+)\)$", (HERE.parents[1] / "CMakeLists.txt").read_text(), re.M)[1]
+LIBRARY = f"libkelfunzioni.so.{SOVERSION}"
 # A changed library may do what C++ leaves undefined: what leaves an array, or copies beyond the end of an object, ends
 # the program, and otherwise the compiler is not to conclude anything from it.
 DEFINED = ("-fsanitize=bounds", "-fsanitize-undefined-trap-on-error", "-fstack-protector-all", "-D_FORTIFY_SOURCE=2",

@@ -7,6 +7,7 @@ import sys
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--version", required=True)
+    parser.add_argument("--soversion", required=True)
     parser.add_argument("--debian", required=True)
     parser.add_argument("--symbols", required=True, help="list of the exported symbols")
     argomenti = parser.parse_args()
@@ -19,11 +20,12 @@ def main():
 
     with open(argomenti.symbols, encoding="ascii") as f:
         esportati = {riga.split()[-1] for riga in f if not riga.startswith("#")}
-    with open(f"{argomenti.debian}/libkelfunzioni0.symbols", encoding="ascii") as f:
+    pacchetto = f"libkelfunzioni{argomenti.soversion}"
+    with open(f"{argomenti.debian}/{pacchetto}.symbols", encoding="ascii") as f:
         righe = f.read().splitlines()
     dichiarati = {riga.split("@")[0].strip() for riga in righe if riga.startswith(" ")}
     if dichiarati != esportati or len(dichiarati) < 100:
-        errori.append(f"debian/libkelfunzioni0.symbols and {argomenti.symbols} differ: {sorted(dichiarati ^ esportati)}\n"
+        errori.append(f"debian/{pacchetto}.symbols and {argomenti.symbols} differ: {sorted(dichiarati ^ esportati)}\n"
                       "Add a line ' NAME@Base VERSION' with the version that first has it; a name that vanishes needs a new "
                       "SONAME.")
     for errore in errori:

@@ -54,6 +54,9 @@ public:
     Opzione opzione(const char* nome, std::vector<std::string>& valori, const char* aiuto);
     /// Adds an option, and what is done with its value once the whole command line has been read.
     Opzione opzione(const char* nome, std::function<void(const std::string&)> leggi, const char* aiuto);
+    /// Adds an option that takes a whole number within bounds, which the error for any other word names.
+    Opzione intero(const char* nome, std::optional<unsigned>& valore, unsigned minimo, unsigned massimo,
+                   const char* aiuto);
     /// Adds an option that no help shows; what it does is done at once.
     void nascosta(const char* nome, std::function<void(const std::string&)> leggi);
     /// Adds an option without a value.

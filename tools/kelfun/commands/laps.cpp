@@ -6,6 +6,7 @@
 
 #include "captures/file_campioni.h"
 #include "captures/vista_gps.h"
+#include "cli/compatta.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
@@ -242,8 +243,7 @@ void aggiungiLaps(CLI::App& programma) {
     comando.opzione("--min-lap", argomenti->minimo, "Shortest lap by GPS in seconds (default 10)").valore("SECONDS");
     comando.opzione("--unit", argomenti->udm, "Unit of the speeds: km/h (default) or mph").valore("UNIT");
     aggiungiTempo(comando, argomenti->tempo);
-    comando.bandiera("--packed", argomenti->compatta,
-                     "Samples lie one behind the other, as long as their types, whatever the channels say");
+    aggiungiCompatta(comando, argomenti->compatta);
     aggiungiForma(comando, argomenti->forma, {"laps"});
     aggiungiGrafico(comando, argomenti->grafico);
     comando

@@ -2,6 +2,7 @@
 #ifndef KELFUN_DOMAIN_IDENTIFICATORE_H
 #define KELFUN_DOMAIN_IDENTIFICATORE_H
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +19,7 @@ struct CampiDati {
     std::string oggetto;
     std::string posizione;
     std::string inout;
-    std::string numero;
+    std::optional<unsigned> numero;
     std::string dettagli;
     std::string specializzazione;
     std::vector<std::string> lati;
