@@ -71,6 +71,11 @@ class Tree:
                     arrows[ends].add(f"{path} includes {other}")
         return arrows
 
+    def newer(self, target, read):
+        """Whether something was changed after the compiler read it."""
+        target, files = self.build / target, [self.build / path.strip() for path in read]
+        return not target.exists() or any(not path.exists() or path.stat().st_mtime > target.stat().st_mtime for path in files)
+
     def differs_from_compiler(self):
         """Compiled files for which the compiler read others than `follow` found."""
         done = subprocess.run(["ninja", "-C", str(self.build), "-t", "deps"], capture_output=True, text=True, check=True)
@@ -79,7 +84,7 @@ class Tree:
             first, *read = step.strip().splitlines()
             files = {self.inside(self.build / path.strip()) for path in read}
             source = next((path for path in files if path in self.reached), None)
-            if source is None or not first.endswith("(VALID)"):
+            if source is None or self.newer(first.split(":")[0], read):
                 continue
             compared += 1
             files = {path for path in files if path is not None and room_of(path) is not None}
@@ -125,7 +130,6 @@ def dot(arrows):
             lines += [f'  subgraph cluster_{number} {{', f'    label="{name}"; labeljust=l; style="rounded,filled"; color="#c0c0c0"; fillcolor="{colours[name]}"']
         for room in inside:
             label = room if name not in colours else "main" if room == name + "/" else pathlib.Path(room).name
-            label = label + "*.h" if room == "include/kelregistrazioni" else label
             lines.append(f'    "{room}" [label="{label}"]')
         if name in colours:
             lines.append("  }")
