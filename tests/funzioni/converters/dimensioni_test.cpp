@@ -7,11 +7,15 @@
 
 namespace {
 
-TEST(SampleSize, IsTheTables) {
+TEST(SampleSize, OfEveryCodeIsThatOfTheTable) {
     const std::vector<unsigned>& attese = modello::tabelle().dimensioni;
     ASSERT_EQ(attese.size(), kel_test::tipi_campione);
     for (unsigned codice = 0; codice < attese.size(); ++codice)
         EXPECT_EQ(kelFunGetSamplSize(codice), attese[codice]) << "sample type " << codice;
+}
+
+TEST(SampleSize, OfTheLoggersGpsPacketIs56) {
+    EXPECT_EQ(kelFunGetSamplSize(KEL_TIPO_GPS_KEL), 56u);
 }
 
 TEST(SampleSize, OfAnyOtherCodeIsZero) {

@@ -1,4 +1,4 @@
-// The numeric text: width, decimals, alignment, signs, numbers too long, and decimals chosen by magnitude.
+// The numeric text: width, decimals, alignment, signs, numbers too long.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -194,6 +194,29 @@ TEST(NumericText, TooLongANumberIsDashesWithThePoint) {
     }
 }
 
+TEST(NumericText, OfAWidthEndsWhereRoundingAddsAFigure) {
+    float limite = 9.5f;  // rounds to 10
+    for (unsigned larghezza = 1; larghezza <= 6; ++larghezza) {
+        const std::string nove(larghezza, '9');
+        const std::string trattini(larghezza, '-');
+        EXPECT_EQ(Testo(std::nextafterf(limite, 0.0f), larghezza, 0), nove) << larghezza;
+        EXPECT_EQ(Testo(limite, larghezza, 0), trattini) << larghezza << " places, " << limite;
+        EXPECT_EQ(Testo(-limite, larghezza + 1, 0), trattini + "-") << larghezza << " places behind a minus";
+        limite = limite * 10.0f + 4.5f;
+    }
+    // From 2^23 on a float has no halves: a number shows as itself.
+    EXPECT_EQ(Testo(9999998.0f, 7, 0), "9999998");
+    EXPECT_EQ(Testo(9999999.0f, 7, 0), "9999999");
+    EXPECT_EQ(Testo(10000000.0f, 7, 0), "-------");
+    EXPECT_EQ(Testo(99999992.0f, 8, 0), "99999992");
+    EXPECT_EQ(Testo(100000000.0f, 8, 0), "--------");
+}
+
+TEST(NumericText, OfNoWidthHasOnlyThePlaceOfThePoint) {
+    EXPECT_EQ(Testo(7.0f, 0, 0), "");
+    EXPECT_EQ(Testo(7.0f, 0, 1), "0") << "no dash, no digit, and the place filled up";
+}
+
 TEST(NumericText, ANegativeNumberHasOnePlaceLess) {
     EXPECT_EQ(Testo(-999.0f, 4, 0), "-999");
     EXPECT_EQ(Testo(-1000.0f, 4, 0), "----");
@@ -297,127 +320,6 @@ TEST(NumericText, WithoutAValueFunctionIsAnError) {
     EXPECT_EQ(Leggi(conv, Le16(12)).testo, "Err");
     conv.testo_stato = nullptr;
     EXPECT_EQ(Leggi(conv, Le16(12)).testo, "?");
-}
-
-// --- automatic decimals ---------------------------------------------------------------------------------------------
-
-struct Passo {
-    float valore;
-    const char* testo;
-    std::uint32_t decimali;  // after the read
-};
-
-void Cammina(std::uint32_t larghezza, std::uint32_t decimali, const std::vector<Passo>& passi) {
-    Impostazione come;
-    come.larghezza = larghezza;
-    come.decimali = decimali;
-    come.auto_decimali = 1;
-    s_kel_converter conv = Convertitore(6, come);
-    for (const Passo& passo : passi) {
-        char testo[32];
-        ASSERT_EQ(kelConvGetString(&conv, LeFloat(passo.valore).data(), testo), 1);
-        EXPECT_STREQ(testo, passo.testo) << passo.valore;
-        EXPECT_EQ(conv.decimali, passo.decimali) << passo.valore;
-    }
-}
-
-TEST(AutomaticDecimals, HoldTheirChoiceBetweenTheTwoLimits) {
-    // clang-format off
-    Cammina(4, 0, {
-        {5.0f,    "  5.0", 1},
-        {900.0f,  "900.0", 1},
-        {900.5f,  "900.5", 1},
-        {950.0f,  "950.0", 1},
-        {999.9f,  "999.9", 1},
-        {1000.0f, "1000",  0},
-        {999.9f,  "1000",  0},   // still none: rounded to a whole number
-        {950.0f,  " 950",  0},
-        {901.0f,  " 901",  0},
-        {900.0f,  "900.0", 1},
-        {1e6f,    "----",  0},
-        {0.0f,    "  0.0", 1},
-    });
-    // clang-format on
-}
-
-TEST(AutomaticDecimals, OfANegativeValueKeepAPlaceForTheMinus) {
-    // clang-format off
-    Cammina(4, 0, {
-        {-5.0f,    " -5.0", 1},
-        {-90.0f,   "-90.0", 1},
-        {-95.0f,   "-95.0", 1},
-        {-99.9f,   "-99.9", 1},
-        {-99.96f,  "---.-", 1},  // rounds to a hundred, and the limit is not reached
-        {-100.0f,  "-100",  0},
-        {-95.0f,   " -95",  0},
-        {-90.5f,   " -91",  0},
-        {-90.0f,   "-90.0", 1},
-        {-999.0f,  "-999",  0},
-        {-1000.0f, "----",  0},
-    });
-    // clang-format on
-}
-
-TEST(AutomaticDecimals, ScaleWithTheWidth) {
-    // clang-format off
-    Cammina(3, 0, {
-        {90.0f, "90.0", 1}, {95.0f, "95.0", 1}, {100.0f, "100", 0}, {91.0f, " 91", 0}, {90.0f, "90.0", 1},
-        {-9.0f, "-9.0", 1}, {-9.5f, "-9.5", 1}, {-10.0f, "-10", 0}, {-9.5f, "-10", 0}, {-9.0f, "-9.0", 1},
-    });
-    Cammina(5, 0, {
-        {9000.0f, "9000.0", 1}, {9500.0f, "9500.0", 1}, {10000.0f, "10000", 0}, {9001.0f, " 9001", 0},
-        {-900.0f, "-900.0", 1}, {-950.0f, "-950.0", 1}, {-1000.0f, "-1000", 0}, {-901.0f, " -901", 0},
-    });
-    // clang-format on
-}
-
-TEST(AutomaticDecimals, BetweenTheLimitsKeepAnyNumberOfDecimals) {
-    Cammina(6, 2, {{95000.0f, "----.--", 2}, {5.0f, "    5.0", 1}});
-    Cammina(4, 2, {{950.0f, "--.--", 2}, {1000.0f, "1000", 0}});
-}
-
-TEST(AutomaticDecimals, AreNoneInTwoPlacesOrLess) {
-    Cammina(2, 2, {{7.0f, " 7", 0}, {99.0f, "99", 0}, {-7.0f, "-7", 0}});
-    Cammina(1, 1, {{7.0f, "7", 0}});
-    Cammina(0, 3, {{7.0f, "", 0}});
-}
-
-TEST(AutomaticDecimals, WorkInVeryWideFields) {
-    for (std::uint32_t larghezza : {31u, 40u, 100u, 0xFFFFFFFFu}) {
-        Impostazione come;
-        come.larghezza = larghezza;
-        come.auto_decimali = 1;
-        s_kel_converter conv = Convertitore(6, come);
-        EXPECT_EQ(Leggi(conv, LeFloat(5.0f)).testo, std::string(28, ' ') + "5.0") << larghezza;
-        EXPECT_EQ(conv.decimali, 1u) << larghezza;
-        EXPECT_EQ(Leggi(conv, LeFloat(-5.0f)).testo, std::string(27, ' ') + "-5.0") << larghezza;
-        EXPECT_EQ(conv.decimali, 1u) << larghezza;
-    }
-}
-
-TEST(AutomaticDecimals, AnyNonZeroFlagTurnsThemOn) {
-    for (std::uint32_t acceso : {1u, 2u, 0x80000000u, 0xFFFFFFFFu}) {
-        Impostazione come;
-        come.larghezza = 4;
-        come.auto_decimali = acceso;
-        s_kel_converter conv = Convertitore(6, come);
-        EXPECT_EQ(Leggi(conv, LeFloat(5.0f)).testo, "  5.0");
-    }
-}
-
-TEST(AutomaticDecimals, AreLeftAloneByBadSamplesAndValueReads) {
-    Impostazione come;
-    come.larghezza = 4;
-    come.decimali = 2;
-    come.auto_decimali = 1;
-    s_kel_converter conv = Convertitore(1, come);
-    EXPECT_EQ(Leggi(conv, Le16(0xCFFF)).testo, "---");
-    EXPECT_EQ(conv.decimali, 2u);
-    float valore = 0.0f;
-    kelConvGetValFloat(&conv, Le16(5).data(), &valore);
-    EXPECT_EQ(conv.decimali, 2u);
-    EXPECT_EQ(Leggi(conv, Le16(5)).testo, "  5.0");
-    EXPECT_EQ(conv.decimali, 1u);
 }
 
 // --- against the model ----------------------------------------------------------------------------------------------

@@ -70,6 +70,15 @@ TEST(FunctionFilter, OfAQuantityKeepsAllItsRows) {
                                             {0x0000000E, "Pressure"}}));
 }
 
+// Whatever bits the quantity's own number has: 3 is odd.
+TEST(FunctionFilter, OfAnOddQuantityKeepsTheRowsOfItsObjects) {
+    EXPECT_EQ(voci(funzioni({FID_PHI_ACCELERATION})), (Voci{{0x00001103, "Inline Accel"},
+                                                            {0x00001183, "Lateral Accel"},
+                                                            {0x00001203, "Vertical Accel"},
+                                                            {0x00001283, "GSum"},
+                                                            {0x00000003, "Acceleration"}}));
+}
+
 TEST(FunctionFilter, OfAnObjectKeepsItsRowOnly) {
     EXPECT_EQ(voci(funzioni({0x0B8E})), (Voci{{0x00000B8E, "Oil Pressure"}}));
     EXPECT_EQ(voci(funzioni({0x020E})), (Voci{{0x0001820E, "Brake Press"}, {0x0007020E, "Wheel Brk Pr"}}));

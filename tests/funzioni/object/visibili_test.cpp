@@ -154,12 +154,13 @@ TEST(TwoCatalogues, WalkOnTheirOwn) {
 TEST(ExtendedVisibility, OfEveryRowIsAsTabled) {
     CFunzioni catalogo;
     std::size_t visibili = 0;
-    for (std::size_t i = 0; i < 22; ++i) {
-        EXPECT_EQ(catalogo.is_est_valid(modello::tabelle().camera_estese[i].codice),
-                  (modello::tabelle().camera_estese[i].visibile == "si"))
-            << "row " << i << " " << modello::tabelle().camera_estese[i].testo << ", code "
-            << esa(static_cast<std::uint32_t>(modello::tabelle().camera_estese[i].codice));
-        visibili += (modello::tabelle().camera_estese[i].visibile == "si");
+    for (const modello::RigaCamera& riga : modello::tabelle().camera_estese) {
+        if (riga.visibile == "-")
+            continue;  // the end row
+        const bool atteso = riga.visibile == "si";
+        EXPECT_EQ(catalogo.is_est_valid(riga.codice), atteso)
+            << riga.testo << ", code " << esa(static_cast<std::uint32_t>(riga.codice));
+        visibili += atteso;
     }
     EXPECT_EQ(visibili, std::size(righe_visibili));
 }
