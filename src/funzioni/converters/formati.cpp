@@ -71,5 +71,6 @@ const Formato* formato_campione(uint32_t tipo_campione) noexcept {
 }  // namespace kel
 
 unsigned kelFunGetSamplSize(unsigned codice) noexcept {
-    return kel::byte_campione(codice);
+    static constexpr auto byte = kel::byte_per_codice();
+    return codice < byte.size() ? byte[codice] : 0;
 }

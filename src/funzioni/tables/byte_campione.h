@@ -2,6 +2,8 @@
 #ifndef KEL_TABLES_BYTE_CAMPIONE_H
 #define KEL_TABLES_BYTE_CAMPIONE_H
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <iterator>
 
@@ -58,8 +60,16 @@ constexpr bool righe_per_tipo() {
 }
 static_assert(righe_per_tipo(), "row i is of sample type i");
 
-// 0 for a code that is no type of samples.
-constexpr unsigned byte_campione(std::uint32_t tipo_campione) noexcept {
+// The numbers alone, by the code, for the look-up of programs.
+consteval std::array<std::uint8_t, std::size(byte_campioni)> byte_per_codice() {
+    std::array<std::uint8_t, std::size(byte_campioni)> byte = {};
+    for (std::size_t i = 0; i < byte.size(); ++i)
+        byte[i] = byte_campioni[i].byte;
+    return byte;
+}
+
+// For the proofs of tables; 0 for a code that is no type of samples.
+constexpr unsigned byte_campione(std::uint32_t tipo_campione) {
     return tipo_campione < std::size(byte_campioni) ? byte_campioni[tipo_campione].byte : 0;
 }
 
