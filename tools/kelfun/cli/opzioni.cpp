@@ -60,7 +60,7 @@ std::string senzaSegno(std::string parola) {
 
 namespace {
 
-// What "--" came before is taken without the mark that told so.
+// Removes the mark of the words that came after "--".
 CLI::Option* senzaSegni(CLI::Option* opzione) {
     return opzione->transform(CLI::Validator(
         [](std::string& parola) {
@@ -100,7 +100,7 @@ Opzione Comando::intero(const char* nome, std::optional<unsigned>& valore, unsig
                             std::to_string(massimo));
         valore = static_cast<unsigned>(*letto);
     };
-    // Few numbers are offered as words.
+    // A few numbers are listed, so that the completion can offer them.
     std::string pochi;
     for (unsigned n = minimo; massimo - minimo < 10 && n <= massimo; ++n)
         pochi += (pochi.empty() ? "{" : ",") + std::to_string(n);

@@ -31,8 +31,8 @@ struct Linguaggio {
 };
 constexpr Linguaggio LINGUAGGI[] = {{"c", &PROGRAMMI_C}, {"cpp", &PROGRAMMI_CPP}, {"python", &PROGRAMMI_PYTHON}};
 
-// Ends a line within a template: the template engine has rules of its own for line feeds, which leave an empty line where a
-// section is left out.
+// Ends a line within a template: the template engine has rules of its own for line feeds, which leave an empty line
+// where a section is left out.
 constexpr char FINE_RIGA = '\x1E';
 
 constexpr std::string_view INIZIO_PEZZO = "%%% ";

@@ -126,7 +126,8 @@ const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
     throw NonTrovato("there is no closed lap " + testo + "; closed are " + chiusi);
 }
 
-// The laps asked for. Without any: the best lap and the last one that counts, or the second best if the best is the last.
+// The laps asked for. Without any: the best lap and the last one that counts, or the second best if the best is the
+// last.
 std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
     std::vector<const Giro*> scelti;
     scelti.reserve(chiesti.size());

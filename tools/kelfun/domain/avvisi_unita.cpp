@@ -24,7 +24,7 @@ std::string testo(float valore, const std::string& udm) {
     return breve(valore) + " " + udm;
 }
 
-// A forecast of what is meant needs no more digits than a display has.
+// The value that is probably meant, with as many digits as a display has.
 std::string circa(float valore, const std::string& udm) {
     constexpr double CIFRE = 4;
     const double unita = std::pow(10.0, std::floor(std::log10(std::fabs(static_cast<double>(valore)))) + 1 - CIFRE);
@@ -79,7 +79,7 @@ std::optional<std::string> scambio(const IFunzioni& catalogo, kel_funpos fid, co
         return std::nullopt;
     const float dato = lineare(catalogo.getParamConv(fid, da, a), valore);
     const float vero = lineare(catalogo.getParamConv(fid, altra(da), altra(a)), valore);
-    if (dato == vero)  // nothing is nothing in all of them
+    if (dato == vero)  // as 0 is in every unit
         return std::nullopt;
     return "the catalogue's gains of HP and CV are swapped: " + testo(valore, da) + " converts into " + testo(dato, a) +
            ", but is " + testo(vero, a);

@@ -54,8 +54,8 @@ struct Vocabolario {
 /// The physical quantities.
 const Vocabolario& grandezze();
 
-/// The vocabulary of a field's option, of --specialisation that of a kind of packet. Null for options that have none, and
-/// for packets without specialisations. The sides share one option and have none: see `nomiLati`.
+/// The vocabulary of a field's option, of --specialisation that of a kind of packet. Null for options that have none,
+/// and for packets without specialisations. The sides share one option and have none: see `nomiLati`.
 const Vocabolario* vocabolario(std::string_view opzione, unsigned dettagli = 0);
 
 /// The row of a name: XML name, its words after the prefix ("speed", "angle-sec-ratio"), or the text. Capitals do not

@@ -58,7 +58,7 @@ std::string testoCsv(const Cella& cella) {
 Documento::Documento(std::FILE* file, Aspetto aspetto)
     : file_(file), forma_(aspetto.forma), colori_(aspetto.colori), scelta_(std::move(aspetto.tabella)) {}
 
-// Whether a table that begins is to be printed. Without a choice CSV takes the first that has rows of its own.
+// Whether a table that begins is to be printed. Without --table, CSV prints the first table that is not the properties.
 bool Documento::vale(std::string_view tabella) {
     viste_.emplace_back(tabella);
     if (scelta_.empty() && forma_ == Forma::csv && tabella != PROPRIETA)
@@ -206,7 +206,7 @@ void Documento::rigaJson(const std::vector<Cella>& celle) {
 
 void Documento::rigaPerPersone(const std::vector<Cella>& celle, std::string_view colore) {
     std::string riga;
-    std::size_t mancano = 0;  // blanks due before the next text, so that none ends the line
+    std::size_t mancano = 0;  // blanks to write before the next text; at the end of a line none are written
     for (std::size_t i = 0; i < celle.size(); ++i) {
         const std::string testo = perPersone(celle[i]);
         const std::size_t larga = colonneDi(testo);

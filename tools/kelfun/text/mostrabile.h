@@ -7,8 +7,9 @@
 
 namespace kel::strumento {
 
-/// A text as it is shown to people, in tables, CSV, messages and plots alike: one line without control characters, which a
-/// terminal would obey. Each byte of a control character, and each byte that is no UTF-8, is written as "\\x1B".
+/// A text as it is shown to people, in tables, CSV, messages and plots alike: one line without control characters,
+/// which a terminal would obey. Each byte of a control character, and each byte that is no UTF-8, is written as
+/// "\\x1B".
 std::string mostrabile(std::string_view testo);
 
 }  // namespace kel::strumento
