@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """The soname and the Debian package named after it bear the number of CMakeLists.txt, in every file that names them.
 
-    soname.py ROOT SOVERSION    exit status 1, and the places with another number
+    soname.py ROOT SOVERSION            exit status 1, and the places with another number
+    soname.py ROOT SOVERSION --write    gives all places this number, CMakeLists.txt too, and renames the files that bear it
 """
 
 import pathlib
@@ -23,6 +24,7 @@ PLACES = [
 # They speak of older releases, or were compiled with one.
 HISTORY = re.compile(r"CHANGELOG\.md|debian/changelog|tests/abi/(\w+\.abi|releases/.*)")
 FOLDERS = ["bench", "cmake", "completions", "debian", "docs", "examples", "include", "man", "scripts", "src", "tests", "tools"]
+SOVERSION = re.compile(r"^set\(KEL_SOVERSION (\d+)\)$", re.MULTILINE)
 NAMED = re.compile(r"\blibkelfunzioni(?:\.so\.)?(\d+)\b")
 
 
@@ -38,8 +40,24 @@ def numbers(root):
     return found
 
 
+def write(root, wanted):
+    """Every place with the wanted number in its text and in its name."""
+    cmake = root / "CMakeLists.txt"
+    text = cmake.read_text(encoding="utf-8")
+    old = SOVERSION.search(text)[1]
+    cmake.write_text(SOVERSION.sub(f"set(KEL_SOVERSION {wanted})", text), encoding="utf-8")
+    for place in PLACES:
+        path = root / place.format(old)
+        if path.is_file():
+            text = path.read_text(encoding="utf-8")
+            path.write_text(re.sub(rf"\b(libkelfunzioni(?:\.so\.)?){old}\b", rf"\g<1>{wanted}", text), encoding="utf-8")
+            path.rename(root / place.format(wanted))
+
+
 def main():
     root, wanted = pathlib.Path(sys.argv[1]), sys.argv[2]
+    if sys.argv[3:] == ["--write"]:
+        write(root, wanted)
     found = numbers(root)
     places = {place.format(wanted) for place in PLACES if (root / "debian").is_dir() or not place.startswith("debian/")}
     mistakes = [f"{name} bears {', '.join(sorted(borne - {wanted}))}, the soname {wanted}"

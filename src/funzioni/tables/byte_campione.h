@@ -47,8 +47,9 @@ inline constexpr ByteCampione byte_campioni[] = {
 };
 // clang-format on
 
-// The types of samples are those before the one that only tables have.
-static_assert(std::size(byte_campioni) == KEL_TIPO_CALCOLATO, "one row for each type of sample");
+// Derived here alone: the other tables of sample types must have as many rows.
+inline constexpr std::uint32_t tipi_campione = KEL_TIPO_DIFFERENZA_TEMPO + 1;
+static_assert(std::size(byte_campioni) == tipi_campione, "one row for each type of sample");
 
 constexpr bool righe_per_tipo() {
     std::uint32_t atteso = 0;

@@ -38,12 +38,14 @@ constexpr kel_funpos alto_basso(unsigned updown) {
     return kelFidLati(0, 0, updown);
 }
 
-// The values of the end marker are one past the last ones that have a meaning; all limits are taken from them. So a
-// new value moves its marker, and this line tells when that was forgotten.
-static_assert(std::size(grandezza_fisica_FunzKel) == FID_PHI_FINE_TABELLA &&
-                  std::size(oggetto_misurato_FunzKel) == FID_OBJ_FINE_TABELLA &&
-                  std::size(posizione_FunzKel) == FID_POS_FINE_TABELLA,
-              "the end marker is one past the last quantity, object and position");
+// How many values of a field have a meaning: all limits are taken from the tables of their texts.
+inline constexpr unsigned grandezze_note = std::size(grandezza_fisica_FunzKel);
+inline constexpr unsigned oggetti_noti = std::size(oggetto_misurato_FunzKel);
+inline constexpr unsigned posizioni_note = std::size(posizione_FunzKel);
+
+// The end marker has a quantity that no function has. Its object and position mean nothing by themselves: a new object or
+// position may take their values, and the marker stays.
+static_assert(grandezze_note <= FID_PHI_FINE_TABELLA, "the format ends here: quantity 32 is the end marker");
 
 // The key of an end row.
 inline constexpr kel_funpos fine_tabella =
@@ -61,8 +63,8 @@ constexpr bool grandezza_di_fine(kel_funpos fid) {
 
 // An identifier whose quantity, object and position have descriptors, and whose unused bits are clear.
 constexpr bool campi_noti(kel_funpos fid) {
-    return kelFidGrandezza(fid) < FID_PHI_FINE_TABELLA && kelFidOggetto(fid) < FID_OBJ_FINE_TABELLA &&
-           kelFidPosizione(fid) < FID_POS_FINE_TABELLA && (fid & ~bit_identificatore) == 0;
+    return kelFidGrandezza(fid) < grandezze_note && kelFidOggetto(fid) < oggetti_noti &&
+           kelFidPosizione(fid) < posizioni_note && (fid & ~bit_identificatore) == 0;
 }
 
 }  // namespace kel

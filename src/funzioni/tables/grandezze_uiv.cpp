@@ -148,7 +148,7 @@ constexpr bool particolari_prima_della_generica() {
 static_assert(particolari_prima_della_generica(), "a row behind its quantity's generic row would never be found");
 
 constexpr bool generica_per_ogni_grandezza() {
-    for (unsigned grandezza = 0; grandezza < FID_PHI_FINE_TABELLA; ++grandezza) {
+    for (unsigned grandezza = 0; grandezza < kel::grandezze_note; ++grandezza) {
         bool trovata = false;
         for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
             trovata = trovata || riga.chiave == grandezza;

@@ -15,8 +15,8 @@ namespace kel {
 
 // Room for every quantity and every object that has a meaning. Of objects the next power of two is taken, so that the
 // row of a quantity begins at a multiple of 64, which is a shift.
-inline constexpr unsigned grandezze_con_riga = FID_PHI_FINE_TABELLA;
-inline constexpr unsigned oggetti_con_riga = std::bit_ceil(unsigned{FID_OBJ_FINE_TABELLA});
+inline constexpr unsigned grandezze_con_riga = grandezze_note;
+inline constexpr unsigned oggetti_con_riga = std::bit_ceil(oggetti_noti);
 
 // The number of the end row: where a search stops that finds nothing.
 inline constexpr unsigned riga_fine_grandezze = std::size(uib_grandezza_fisica_uiv) - 1;

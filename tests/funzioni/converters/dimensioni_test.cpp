@@ -1,16 +1,17 @@
 // Sizes of the samples.
 #include <gtest/gtest.h>
 
+#include "comune/tipi_campione.h"
 #include "kelfunzioni.h"
 #include "model/tabelle.h"
 
 namespace {
 
 TEST(SampleSize, OfEveryCodeIsThatOfTheTable) {
-    unsigned codice = 0;
-    for (const unsigned attesa : modello::tabelle().dimensioni)
-        EXPECT_EQ(kelFunGetSamplSize(codice++), attesa) << "sample type " << codice - 1;
-    EXPECT_EQ(codice, 25u);
+    const std::vector<unsigned>& attese = modello::tabelle().dimensioni;
+    ASSERT_EQ(attese.size(), kel_test::tipi_campione);
+    for (unsigned codice = 0; codice < attese.size(); ++codice)
+        EXPECT_EQ(kelFunGetSamplSize(codice), attese[codice]) << "sample type " << codice;
 }
 
 TEST(SampleSize, OfTheLoggersGpsPacketIs56) {
@@ -18,9 +19,9 @@ TEST(SampleSize, OfTheLoggersGpsPacketIs56) {
 }
 
 TEST(SampleSize, OfAnyOtherCodeIsZero) {
-    for (unsigned codice : {25u, 26u, 32u, 255u, 256u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
+    for (unsigned codice :
+         {kel_test::tipi_campione, kel_test::tipi_campione + 1, 255u, 256u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu})
         EXPECT_EQ(kelFunGetSamplSize(codice), 0u) << "sample type " << codice;
-    }
 }
 
 }  // namespace

@@ -1,0 +1,17 @@
+// Columns read with the loops of one instruction set.
+#ifndef KEL_COLUMNS_COLONNE_H
+#define KEL_COLUMNS_COLONNE_H
+
+#include <cstddef>
+
+#include "columns/nuclei.h"
+#include "kelregistrazioni.h"
+
+namespace kel_colonne {
+
+void leggi_colonne(const Nuclei& nuclei, const void* record, std::size_t passo, std::size_t numero,
+                   const s_kel_colonna* colonne, unsigned num_colonne) noexcept;
+
+}  // namespace kel_colonne
+
+#endif
