@@ -15,7 +15,8 @@ from mutant import COMPILER, INVALID, SAME
 
 HERE = Path(__file__).resolve().parent
 FOLDER = "src/funzioni"
-NAME = "libkelfunzioni.so.0"
+SOVERSION = re.search(r"^set\(KEL_SOVERSION (\d+)\)$", (HERE.parents[1] / "CMakeLists.txt").read_text(), re.M)[1]
+NAME = f"libkelfunzioni.so.{SOVERSION}"
 MAP = "kelfunzioni.map"
 # A changed library may do what C++ leaves undefined: what leaves an array, or copies beyond the end of an object, ends
 # the program, and otherwise the compiler is not to conclude anything from it.
