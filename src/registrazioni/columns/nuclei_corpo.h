@@ -6,11 +6,14 @@
 #include <cfloat>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #ifdef __SSE2__
 #include <immintrin.h>
 #endif
 
+#include "columns/campo.h"
+#include "columns/cifre.h"
 #include "columns/nuclei.h"
 
 #if !defined(FLT_EVAL_METHOD) || FLT_EVAL_METHOD != 0
@@ -45,16 +48,17 @@ template <typename T>
 struct Intero {
     using Grezzo = T;
     static float numero(T grezzo, const Conversione&) { return static_cast<float>(grezzo); }
-    static std::uint32_t stato(T grezzo) {
+    // 0xCFFD, 0xCFFE and 0xCFFF: invalid, missing, over range; in 32 bits with ones above. In the width of the sample, as
+    // many at a time as there are samples in a vector.
+    static T stato(T grezzo) {
         if (sizeof(T) == 1)
             return 0;
-        // 0xCFFD, 0xCFFE and 0xCFFF: invalid, missing, over range; in 32 bits with ones above.
-        const auto oltre =
-            static_cast<std::uint32_t>(grezzo) - (sizeof(T) == 2 && T(-1) > T(0) ? 0xCFFDu : 0xFFFFCFFDu);
-        return oltre == 0   ? std::uint32_t{KEL_STATO_NON_VALIDO}
-               : oltre == 1 ? std::uint32_t{KEL_STATO_MANCANTE}
-               : oltre == 2 ? std::uint32_t{KEL_STATO_FUORI_SCALA}
-                            : 0u;
+        using Nudo = std::conditional_t<sizeof(T) == 2, std::uint16_t, std::uint32_t>;
+        const auto oltre = static_cast<Nudo>(static_cast<Nudo>(grezzo) - static_cast<Nudo>(0xFFFFCFFDu));
+        const T noto = oltre == 0   ? T{KEL_STATO_NON_VALIDO}
+                       : oltre == 1 ? T{KEL_STATO_MANCANTE}
+                                    : T{KEL_STATO_FUORI_SCALA};
+        return oltre < 3 ? noto : T{0};
     }
 };
 
@@ -70,11 +74,13 @@ struct CampoBit : Intero<T> {
 struct Float {
     using Grezzo = std::uint32_t;
     static float numero(std::uint32_t grezzo, const Conversione&) { return come_float(grezzo); }
+    // A NaN is no measurement, an infinity an over range. As signed numbers, which every instruction set compares.
     static std::uint32_t stato(std::uint32_t grezzo) {
-        const std::uint32_t modulo = grezzo & 0x7FFFFFFFu;
-        return modulo < 0x7F800000u    ? 0u
-               : modulo == 0x7F800000u ? std::uint32_t{KEL_STATO_FUORI_SCALA}
-                                       : std::uint32_t{KEL_STATO_NON_VALIDO};
+        constexpr std::int32_t infinito = 0x7F800000;
+        const auto modulo = static_cast<std::int32_t>(grezzo & 0x7FFFFFFFu);
+        const std::uint32_t noto =
+            modulo == infinito ? std::uint32_t{KEL_STATO_FUORI_SCALA} : std::uint32_t{KEL_STATO_NON_VALIDO};
+        return modulo >= infinito ? noto : std::uint32_t{0};
     }
 };
 
@@ -89,10 +95,10 @@ struct Mezzo {
         const std::uint32_t normale = (modulo + (modulo >= 0x7C00u ? 0x38000u : 0x1C000u)) << 13;
         return come_float(segno | (modulo < 0x400u ? piccolo : normale));
     }
-    static std::uint32_t stato(std::uint16_t grezzo) {
-        return grezzo == 0x7C00u   ? std::uint32_t{KEL_STATO_FUORI_SCALA | KEL_STATO_NON_VALIDO}
-               : grezzo == 0xFC00u ? std::uint32_t{KEL_STATO_MANCANTE}
-                                   : 0u;
+    static std::uint16_t stato(std::uint16_t grezzo) {
+        return grezzo == 0x7C00u   ? std::uint16_t{KEL_STATO_FUORI_SCALA | KEL_STATO_NON_VALIDO}
+               : grezzo == 0xFC00u ? std::uint16_t{KEL_STATO_MANCANTE}
+                                   : std::uint16_t{0};
     }
 };
 
@@ -128,11 +134,48 @@ void reciproci(const unsigned char* campioni, std::size_t, std::size_t numero, c
     }
 }
 
+// Whether all are good, which most are: then the statuses are not worked out one by one.
 template <typename Formato>
-void stati_di(const unsigned char* campioni, std::size_t numero, unsigned char* __restrict stati) {
+bool tutti_buoni(const unsigned char* campioni, std::size_t numero) {
     using Grezzo = typename Formato::Grezzo;
+    Grezzo cattivi = 0;
+    for (std::size_t i = 0; i < numero; ++i)
+        cattivi = static_cast<Grezzo>(cattivi | Formato::stato(leggi<Grezzo>(campioni + i * sizeof(Grezzo))));
+    return cattivi == 0;
+}
+
+template <typename Formato>
+bool stati_di(const unsigned char* campioni, std::size_t numero, unsigned char* __restrict stati) {
+    using Grezzo = typename Formato::Grezzo;
+    if (tutti_buoni<Formato>(campioni, numero))
+        return true;
     for (std::size_t i = 0; i < numero; ++i)
         stati[i] = static_cast<unsigned char>(Formato::stato(leggi<Grezzo>(campioni + i * sizeof(Grezzo))));
+    return false;
+}
+
+// 16-bit floats with the processor's own conversion where it has one. It makes a NaN quiet, as the product would.
+template <bool Reciproca>
+void mezzi(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
+           float* __restrict valori) {
+#ifdef __F16C__
+    const Conversione c = conversione;
+    const std::size_t interi = numero / 8 * 8;
+    for (std::size_t i = 0; i < interi; i += 8)
+        _mm256_storeu_ps(valori + i,
+                         _mm256_cvtph_ps(_mm_loadu_si128(reinterpret_cast<const __m128i*>(campioni + 2 * i))));
+    for (std::size_t i = 0; i < interi; ++i) {
+        const float valore = Reciproca ? reciproca(valori[i], c) : valori[i] * c.gain + c.offset;
+        valori[i] = Mezzo::stato(leggi<std::uint16_t>(campioni + 2 * i)) != 0 ? 0.0f : valore;
+    }
+    campioni += 2 * interi;
+    valori += interi;
+    numero -= interi;
+#endif
+    if (Reciproca)
+        reciproci<Mezzo>(campioni, passo, numero, conversione, valori);
+    else
+        lineari<Mezzo>(campioni, passo, numero, conversione, valori);
 }
 
 // A gear: no lower than -8, which is also what a reserved pattern shows.
@@ -183,6 +226,10 @@ struct ListaBitMascherata : Intero<std::uint8_t> {
 // --- GPS packets --------------------------------------------------------------------------------------------------------
 
 #include "columns/nuclei_gps.h"
+
+// --- Texts --------------------------------------------------------------------------------------------------------------
+
+#include "columns/nuclei_testi.h"
 
 // --- What goes with them -----------------------------------------------------------------------------------------------
 
@@ -242,10 +289,17 @@ void bit_validi(const unsigned char* stati, std::size_t numero, unsigned char* v
 #ifdef __SSE2__
 void copia_oltre(const float* da, std::size_t numero, float* a) {
     std::size_t i = 0;
-    for (; i < numero && reinterpret_cast<std::uintptr_t>(a + i) % 16 != 0; ++i)
+    for (; i < numero && reinterpret_cast<std::uintptr_t>(a + i) % 64 != 0; ++i)
         a[i] = da[i];
+#ifdef __AVX2__
+    for (; i + 16 <= numero; i += 16) {
+        _mm256_stream_ps(a + i, _mm256_loadu_ps(da + i));
+        _mm256_stream_ps(a + i + 8, _mm256_loadu_ps(da + i + 8));
+    }
+#else
     for (; i + 4 <= numero; i += 4)
         _mm_stream_ps(a + i, _mm_loadu_ps(da + i));
+#endif
     for (; i < numero; ++i)
         a[i] = da[i];
 }
@@ -266,7 +320,7 @@ const Nuclei KEL_NUCLEI = {
         {1, lineari<Intero<std::uint8_t>>, nullptr},
         {4, lineari<Intero<std::int32_t>>, stati_di<Intero<std::int32_t>>},
         {4, lineari<Intero<std::uint32_t>>, stati_di<Intero<std::uint32_t>>},
-        {2, lineari<Mezzo>, stati_di<Mezzo>},
+        {2, mezzi<false>, stati_di<Mezzo>},
         {2, marce, stati_di<Intero<std::int16_t>>},
         {2, numeri, nullptr},
         {0, zeri, nullptr},
@@ -281,7 +335,7 @@ const Nuclei KEL_NUCLEI = {
         {1, reciproci<Intero<std::uint8_t>>, nullptr},
         {4, reciproci<Intero<std::int32_t>>, stati_di<Intero<std::int32_t>>},
         {4, reciproci<Intero<std::uint32_t>>, stati_di<Intero<std::uint32_t>>},
-        {2, reciproci<Mezzo>, stati_di<Mezzo>},
+        {2, mezzi<true>, stati_di<Mezzo>},
         {0, latitudini, nullptr},
         {0, longitudini, nullptr},
         {0, velocita<Gps, false>, nullptr},
@@ -291,6 +345,8 @@ const Nuclei KEL_NUCLEI = {
     },
     raccogli,
     bit_validi,
+    numeri_in_parole,
+    tempi_in_parole,
 #ifdef __SSE2__
     copia_oltre,
     fine_oltre,

@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <cstring>
 
-#include "columns/testi.h"
-
 namespace kel_colonne {
 namespace {
 
@@ -18,6 +16,15 @@ void senza_decoder(std::size_t numero, const s_kel_colonna& colonna, std::size_t
         std::memset(colonna.validi + primo / 8, 0, (numero + 7) / 8);
 }
 
+// Values alone, the most frequent wish.
+void soli_valori(const unsigned char* campioni, std::size_t passo, std::size_t numero, const s_kel_converter& conv,
+                 float* valori) noexcept {
+    const f_valore_conv valore = conv.valore;
+    std::uint32_t stato = 0;
+    for (std::size_t i = 0; i < numero; ++i, campioni += passo)
+        valori[i] = valore(&conv, campioni, &stato);
+}
+
 }  // namespace
 
 void leggi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size_t numero, const s_kel_colonna& colonna,
@@ -25,6 +32,11 @@ void leggi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size
     const s_kel_converter& conv = *colonna.conv;
     if (conv.valore == nullptr) {
         senza_decoder(numero, colonna, primo);
+        return;
+    }
+    if (colonna.stati == nullptr && colonna.validi == nullptr) {
+        if (colonna.valori != nullptr)
+            soli_valori(campioni, passo, numero, conv, colonna.valori + primo);
         return;
     }
     const f_valore_conv valore = conv.valore;
@@ -46,14 +58,13 @@ void leggi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size
     }
 }
 
-void scrivi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size_t numero,
-                      const s_kel_colonna& colonna, std::size_t primo) noexcept {
-    s_kel_converter& conv = *colonna.conv;
-    char* testo = colonna.testi + primo * byte_testo;
-    for (std::size_t i = 0; i < numero; ++i, campioni += passo, testo += byte_testo) {
+void scrivi_uno_a_uno(s_kel_converter& conv, const BloccoTesti& blocco) noexcept {
+    const unsigned char* campione = blocco.campioni;
+    char* testo = blocco.testi;
+    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += byte_testo) {
         std::memset(testo, 0, byte_testo);
         if (conv.testo != nullptr)
-            conv.testo(&conv, campioni, testo);
+            conv.testo(&conv, campione, testo);
         else
             std::memcpy(testo, "- -", 3);
     }
