@@ -150,7 +150,16 @@ void leggi_poche(const void* record, std::size_t passo, std::size_t numero, cons
     if (numero == 0)
         return;
     for (const s_kel_colonna* colonna = colonne; colonna != colonne + num_colonne; ++colonna) {
-        const unsigned char* campioni = primo + colonna->conv->offset_campione;
+        const s_kel_converter* conv = colonna->conv;
+        const unsigned char* campioni = primo + conv->offset_campione;
+        const bool soli_valori = colonna->stati == nullptr && colonna->validi == nullptr && colonna->testi == nullptr;
+        if (soli_valori && colonna->valori != nullptr && conv->valore != nullptr) {
+            // As short as can be: so few that the way here counts.
+            std::uint32_t stato = 0;
+            for (std::size_t i = 0; i < numero; ++i, campioni += passo)
+                colonna->valori[i] = conv->valore(conv, campioni, &stato);
+            continue;
+        }
         leggi_uno_a_uno(campioni, passo, numero, *colonna, 0);
         if (colonna->testi != nullptr)
             scrivi_uno_a_uno(*colonna->conv, {campioni, passo, numero, colonna->testi});

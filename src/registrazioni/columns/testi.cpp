@@ -31,13 +31,26 @@ void a_gruppi(const BloccoTesti& blocco, Scrivi scrivi) noexcept {
 
 // A text of one word, in 32 bytes.
 void scrivi_parola(char* testo, std::uint64_t parola) noexcept {
-    const std::uint64_t byte[byte_testo / 8] = {parola, 0, 0, 0};
-    std::memcpy(testo, byte, sizeof byte);
+    std::memset(testo, 0, byte_testo);
+    std::memcpy(testo, &parola, sizeof parola);
 }
 
 // --- Lap times and packets -----------------------------------------------------------------------------------------------
 
-// Times below an hour, word by word; others through the converter's own function. `coda`: what follows the eighth character.
+// "HH:MM:SS" of an hour or more, of which the last two digits of the hours are shown.
+void scrivi_ore(char* testo, std::int32_t millisecondi) noexcept {
+    const auto secondi = static_cast<std::uint32_t>(millisecondi) / 1000;
+    const std::uint32_t ore = secondi / 3600 % 100;
+    const std::uint64_t cifre = otto_cifre(ore * 10000 + secondi / 60 % 60 * 100 + secondi % 60);  // "00HHMMSS"
+    std::uint64_t parola = (cifre >> 16 & 0xFFFF) | std::uint64_t{':'} << 16 | (cifre >> 32 & 0xFFFF) << 24 |
+                           std::uint64_t{':'} << 40 | cifre >> 48 << 48;
+    if (ore < 10)
+        parola ^= '0' ^ ' ';
+    scrivi_parola(testo, parola);
+}
+
+// Times below an hour, word by word; negative ones and rare forms through the converter's own function. `coda`: what follows
+// the eighth character.
 void scrivi_tempi(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti& blocco, std::size_t offset,
                   bool compatto, bool decimi, char coda) noexcept {
     a_gruppi(blocco, [&](const BloccoTesti& questi, std::size_t) {
@@ -51,6 +64,8 @@ void scrivi_tempi(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti
             scrivi_parola(testo, entrano[i] != 0 ? parole[i] : 0);
             if (entrano[i] != 0)
                 testo[8] = coda;
+            else if (tempi[i] >= 0 && !compatto && !decimi)
+                scrivi_ore(testo, tempi[i]);
             else
                 conv.testo(&conv, questi.campioni + i * questi.passo, testo);
         }
@@ -104,6 +119,7 @@ private:
 // Degrees and fraction, each with its own sign; nothing for a sample that carries no measurement.
 void scrivi_coordinata(char* testo, std::int32_t grezzo) noexcept {
     constexpr std::uint32_t unita_per_grado = 10000000;
+    std::memset(testo, 0, byte_testo);
     const auto bit = static_cast<std::uint32_t>(grezzo);
     if (bit - 0xFFFFCFFDu < 3)
         return;
@@ -128,6 +144,7 @@ void scrivi_coordinata(char* testo, std::int32_t grezzo) noexcept {
 // The state of the receiver.
 void scrivi_gps(char* testo, unsigned fix, unsigned satelliti) noexcept {
     constexpr unsigned oltre = 249;
+    std::memset(testo, 0, byte_testo);
     Riga riga(testo);
     if (fix > oltre && satelliti > oltre) {
         riga.testo("No GPS");
@@ -143,11 +160,24 @@ void scrivi_gps(char* testo, unsigned fix, unsigned satelliti) noexcept {
     }
 }
 
-// The text behind a number, up to its NUL or to the end of the sample.
-template <std::size_t Byte>
-void scrivi_copia(char* testo, const unsigned char* campione) noexcept {
+// The text behind a number, up to its NUL or to the end of the sample: of six bytes, in one word.
+void scrivi_copia_6(char* testo, const unsigned char* campione) noexcept {
+    std::uint32_t quattro;
+    std::uint16_t due;
+    std::memcpy(&quattro, campione + 2, sizeof quattro);
+    std::memcpy(&due, campione + 6, sizeof due);
+    const std::uint64_t parola = quattro | std::uint64_t{due} << 32;
+    // The top bit of the first byte that is 0; those above it do not matter. The two bytes behind the text are 0.
+    const std::uint64_t zeri = (parola - ogni_byte) & ~parola & (ogni_byte << 7);
+    const std::uint64_t primo = zeri & (~zeri + 1);
+    scrivi_parola(testo, parola & ((primo >> 7) - 1));
+}
+
+// Of thirty bytes.
+void scrivi_copia_30(char* testo, const unsigned char* campione) noexcept {
     const auto* sorgente = reinterpret_cast<const char*>(campione) + 2;
-    std::memcpy(testo, sorgente, strnlen(sorgente, Byte));
+    std::memset(testo, 0, byte_testo);
+    std::memcpy(testo, sorgente, strnlen(sorgente, 30));
 }
 
 // The text of any sample: the same for all.
@@ -158,15 +188,13 @@ void scrivi_fisso(s_kel_converter& conv, const BloccoTesti& blocco) noexcept {
         std::memcpy(blocco.testi + i * byte_testo, fisso, sizeof fisso);
 }
 
-// One text after the other into zeroed bytes.
+// One text after the other.
 template <typename Scrivi>
 void uno_a_uno(const BloccoTesti& blocco, Scrivi scrivi) noexcept {
     const unsigned char* campione = blocco.campioni;
     char* testo = blocco.testi;
-    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += byte_testo) {
-        std::memset(testo, 0, byte_testo);
+    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += byte_testo)
         scrivi(testo, campione);
-    }
 }
 
 // --- Numbers with automatic decimals -------------------------------------------------------------------------------------
@@ -306,10 +334,10 @@ void scrivi_testi(const Nuclei& nuclei, Scrittura scrittura, s_kel_converter& co
             });
             break;
         case Scrittura::copia_6:
-            uno_a_uno(blocco, [](char* testo, const unsigned char* campione) { scrivi_copia<6>(testo, campione); });
+            uno_a_uno(blocco, scrivi_copia_6);
             break;
         case Scrittura::copia_30:
-            uno_a_uno(blocco, [](char* testo, const unsigned char* campione) { scrivi_copia<30>(testo, campione); });
+            uno_a_uno(blocco, scrivi_copia_30);
             break;
         case Scrittura::data_ora:
         case Scrittura::lap_1g:

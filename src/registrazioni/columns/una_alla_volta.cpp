@@ -16,15 +16,6 @@ void senza_decoder(std::size_t numero, const s_kel_colonna& colonna, std::size_t
         std::memset(colonna.validi + primo / 8, 0, (numero + 7) / 8);
 }
 
-// Values alone, the most frequent wish.
-void soli_valori(const unsigned char* campioni, std::size_t passo, std::size_t numero, const s_kel_converter& conv,
-                 float* valori) noexcept {
-    const f_valore_conv valore = conv.valore;
-    std::uint32_t stato = 0;
-    for (std::size_t i = 0; i < numero; ++i, campioni += passo)
-        valori[i] = valore(&conv, campioni, &stato);
-}
-
 }  // namespace
 
 void leggi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size_t numero, const s_kel_colonna& colonna,
@@ -32,11 +23,6 @@ void leggi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size
     const s_kel_converter& conv = *colonna.conv;
     if (conv.valore == nullptr) {
         senza_decoder(numero, colonna, primo);
-        return;
-    }
-    if (colonna.stati == nullptr && colonna.validi == nullptr) {
-        if (colonna.valori != nullptr)
-            soli_valori(campioni, passo, numero, conv, colonna.valori + primo);
         return;
     }
     const f_valore_conv valore = conv.valore;
