@@ -15,7 +15,7 @@ namespace {
 
 using Riga = const t_SFunzioneZumikoCam*;
 
-// One multiplication and one comparison: a multiplier is looked for with which no two rows share a place.
+// One multiplication and one comparison. At the start a multiplier is searched with which no two rows share a place.
 class TabellaPerfetta {
 public:
     explicit TabellaPerfetta(const std::vector<Riga>& righe) {
@@ -32,7 +32,7 @@ public:
     }
 
     Riga cerca(kel_funpos fid) const {
-        // A mask in place of a decision that could not be foretold.
+        // A mask, and not a branch that the processor could not predict.
         const std::size_t posto = dove(fid);
         const std::uintptr_t uguale = std::uintptr_t{0} - (chiavi_[posto] == fid ? 1 : 0);
         return reinterpret_cast<Riga>(reinterpret_cast<std::uintptr_t>(posti_[posto]) & uguale);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr unsigned quanti_canali = 10000;
 constexpr unsigned anticipo = 16;               // records
-constexpr std::uint32_t oggetti_richiesti = 8;  // the last objects: asked for, but carried by no channel
+constexpr std::uint32_t oggetti_richiesti = 8;  // the last objects: requested, but carried by no channel
 constexpr kel_funpos tre_campi = 0x000FFFFF;
 constexpr kel_funpos tutti_i_campi = 0x1FFFFFFF;
 
@@ -43,7 +43,7 @@ kel_funpos mai_portata(Casuale& casuale) {
            kelFidLati(sotto(casuale, 4), sotto(casuale, 4), 0);
 }
 
-// One pass over the identifiers, without an early end and without a decision inside.
+// One pass over the identifiers, without an early end and without a branch in the loop.
 template <kel_funpos Maschera>
 unsigned passata(kel_funpos richiesta) {
     unsigned quanti = 0;
@@ -53,7 +53,7 @@ unsigned passata(kel_funpos richiesta) {
     return quanti;
 }
 
-// The same with the records asked for ahead of time: as fast as they come.
+// The same with the records prefetched: the limit is the speed of the memory.
 template <kel_funpos Maschera>
 unsigned passata_anticipata(kel_funpos richiesta) {
     unsigned quanti = 0;

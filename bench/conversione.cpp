@@ -51,7 +51,7 @@ struct Risultato {
     double intercetta;
 };
 
-// Slope and intercept of a conversion, which is what a caller keeps.
+// Gain and offset of a conversion, which is what a program keeps.
 Risultato retta(ut_unit* da, ut_unit* a) {
     cv_converter* const conversione = ut_get_converter(da, a);
     const double zero = cv_convert_double(conversione, 0.0);

@@ -76,7 +76,7 @@ float arco(double y, double x) {
     const double basse = (a[0] + a[1] * t2) + (a[2] + a[3] * t2) * t4;
     const double alte = (a[4] + a[5] * t2) + (a[6] + a[7] * t2 + a[8] * t4) * t4;
     const double primo = t * (basse + alte * (t4 * t4));
-    // Signs in place of decisions: the octants cannot be foretold.
+    // Signs, and not branches: the processor cannot predict the octant.
     const double secondo = pi / 4 - std::copysign(pi / 4 - primo, ax - ay);
     const double intero = pi / 2 - std::copysign(pi / 2 - secondo, x);
     return static_cast<float>(std::copysign(intero, y) * (180.0 / pi));
@@ -129,7 +129,7 @@ void righe_coordinate() {
           });
     serie(riga, Ruolo::limite, "closed form", pacchetti, bowring);
 #ifdef KEL_PARI_GEOGRAPHICLIB
-    // The yardstick is as exact as a float can tell.
+    // The limit is as exact as a float can be.
     concordi(riga, pacchetti, geographiclib, [](const Pacchetto& ingresso) {
         const Posizione esatta = geographiclib(ingresso);
         const Posizione sua = bowring(ingresso);

@@ -42,7 +42,7 @@ void nomi(const Catalogo& catalogo) {
         [testo](kel_funpos fid) { return testo(ciclo::nome_breve(fid)); });
 }
 
-// What the lists say, for comparison.
+// The contents of the lists as one text, for comparison.
 struct Elenco {
     ciclo::Funzioni funzioni;
 

@@ -17,7 +17,7 @@ using namespace prova;
 
 namespace {
 
-// Texts of which every fourth is unknown, though it looks like the others.
+// Every fourth text is unknown, but similar to the others.
 Ingressi<std::string> testi(const std::vector<std::string>& noti) {
     return genera([&](Casuale& casuale) {
         std::string testo = uno_di(casuale, noti);

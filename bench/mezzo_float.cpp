@@ -17,7 +17,7 @@ using namespace prova;
 
 namespace {
 
-// The compiler's own conversions: calls into its support library, unless it is told that the machine has them.
+// The compiler's own conversions: calls into its support library, as it is not told that the machine has F16C.
 #ifdef __FLT16_MAX__
 __attribute__((noinline)) std::uint32_t espandi_compilatore(std::uint16_t mezzo) {
     return std::bit_cast<std::uint32_t>(static_cast<float>(std::bit_cast<_Float16>(mezzo)));
@@ -40,7 +40,7 @@ __attribute__((noinline, target("f16c"))) std::uint16_t comprimi_macchina(std::u
 
 void espansione() {
     const std::string riga = "half to float";
-    // Every pattern: with zeros, subnormal numbers, infinities and NaNs as often as they stand in the format.
+    // Every bit pattern of the format once, so also zeros, subnormal numbers, infinities and NaNs.
     const auto mezzi = genera([](Casuale& casuale) { return static_cast<std::uint16_t>(sotto(casuale, 65536)); });
     serie(riga, Ruolo::nostro, "kelF16decompress", mezzi, [](std::uint16_t mezzo) { return kelF16decompress(mezzo); });
 #ifdef KEL_PARI_FP16

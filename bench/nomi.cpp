@@ -1,4 +1,4 @@
-// Short and long names of functions that the tables name.
+// Short and long names of functions that have them in a table.
 #include <cstring>
 #include <string>
 #include <string_view>

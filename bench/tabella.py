@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The table of a benchmark run: each row beside its best peer, its limit and what it is held to.
+"""The table of a benchmark run: each row with its best peer, its limit and its target.
 
   tabella.py RESULTS.json [--targets FILE]
 

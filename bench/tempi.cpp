@@ -170,7 +170,7 @@ unsigned con_flusso(const std::string& ingresso) {
     return somma(ingresso.find('.') != std::string::npos, campo);
 }
 
-// One pass over the characters: a digit goes on with its field, anything else begins the next.
+// One pass over the characters: a digit belongs to the current field, any other character begins the next.
 unsigned letto_a_mano(const std::string& ingresso) {
     unsigned campo[3] = {};
     unsigned quale = 0;

@@ -32,7 +32,7 @@ float letto_float(const float& campione) {
     return valore * gain + offset;
 }
 
-// One form; the peers know it when they are compiled, where they can.
+// One form. Peers that can do so know it when they are compiled.
 template <unsigned Larghezza, unsigned Decimali>
 void float_in_forma() {
     constexpr Forma forma = {Larghezza, Decimali};

@@ -36,7 +36,7 @@ std::int16_t grezzo(const Frame& frame) {
     return valore;
 }
 
-// A decoder as generators of CAN code and data bases of signals have it: one function for any signal.
+// A decoder as CAN libraries have it: one function for any signal, described by a record.
 struct Segnale {
     unsigned primo_bit;
     unsigned numero_bit;

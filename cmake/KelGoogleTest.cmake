@@ -1,5 +1,6 @@
-# Gives GTest::gtest: the installed library, or, for another target than this machine and for containers of another layout,
-# one built from the sources that Debian's libgtest-dev brings along. Nothing is fetched. KEL_GTEST says whether it is here.
+# Gives the target GTest::gtest: the installed library; or, when cross-compiling and with the standard library's debug
+# mode (whose containers have another layout), one built from the sources in Debian's libgtest-dev. Nothing is
+# downloaded. KEL_GTEST says whether there is one.
 
 if(CMAKE_CROSSCOMPILING OR CMAKE_CXX_FLAGS MATCHES "-D_GLIBCXX_DEBUG")
   set(KEL_GTEST_SORGENTI /usr/src/googletest/googletest CACHE PATH "GoogleTest's sources, where its library does not serve")

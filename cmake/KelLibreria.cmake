@@ -1,7 +1,8 @@
 # What the project's libraries have in common: how they are compiled, what they show and how they are linked.
 
-# The addresses in the tables as one bit each in place of a record each, where linker and C library know how.
-# GNU ld of the other machines accepts the option, and only says that it ignores it.
+# The loader has to correct each address in the tables. A packed list takes one bit for each of them, the usual one 24
+# bytes (8 on 32-bit machines). Linker and C library must both know the packed form. On some machines GNU ld accepts the
+# option but ignores it with a warning, so the check fails when it sees that warning.
 include(CheckCXXSourceCompiles)
 set(CMAKE_REQUIRED_LINK_OPTIONS LINKER:-z,pack-relative-relocs)
 check_cxx_source_compiles("int main() {}" KEL_LINKER_RELR FAIL_REGEX "pack-relative-relocs ignored")
@@ -10,7 +11,8 @@ unset(CMAKE_REQUIRED_LINK_OPTIONS)
 # How sources of a library are compiled.
 function(kel_compila libreria)
   target_link_libraries(${libreria} PRIVATE $<BUILD_INTERFACE:kel_opzioni>)
-  # Nobody looks at errno: a square root is one instruction, and not also a call.
+  # A square root becomes one instruction. Without this option the compiler adds a call of the C library for negative
+  # numbers, whose only effect is to set errno, which no function of the libraries reads or promises.
   target_compile_options(${libreria} PRIVATE -fno-math-errno)
   if(NOT KEL_CONDIVISA)
     # A program's linker may leave out what it does not use (--gc-sections).
@@ -37,17 +39,17 @@ function(kel_libreria libreria mappa)
   target_link_libraries(${libreria} PRIVATE m)
   set_target_properties(${libreria} PROPERTIES
     VERSION ${PROJECT_VERSION}
-    SOVERSION 0
+    SOVERSION ${KEL_SOVERSION}
     LINK_DEPENDS ${mappa})
   target_link_options(${libreria} PRIVATE
     LINKER:--version-script=${mappa}
     LINKER:--no-undefined-version
     LINKER:-z,relro,-z,now
     LINKER:--gc-sections
-    # The library's own calls go straight to its functions. Data stay as they are: a program linked without PIE holds copies
-    # of the tables, and the rows that it is handed must lie in them.
+    # Calls within a library go straight to the functions. For data there must be no such option: a program linked
+    # without PIE has copies of the exported tables, and the rows that functions return must lie in these copies.
     LINKER:-Bsymbolic-functions
-    # Code and constants on the same pages: three pages fewer to map, and no gaps between them in the file.
+    # Code and constants share pages: three pages fewer to map, and no gaps in the file.
     LINKER:-z,noseparate-code)
   if(KEL_LINKER_RELR)
     target_link_options(${libreria} PRIVATE LINKER:-z,pack-relative-relocs)

@@ -1,5 +1,5 @@
 # A locale that groups digits and writes a decimal comma, for a second run of every test. KEL_LOCALE_QUI says whether it
-# is here; a target that is emulated goes without.
+# could be made. Tests in an emulator do not use it.
 set(KEL_LOCALE it_IT.UTF-8)
 set(KEL_LOCPATH ${PROJECT_BINARY_DIR}/tests/locale)
 set(KEL_LOCALE_QUI ON)

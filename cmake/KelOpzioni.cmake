@@ -17,22 +17,17 @@ if(KEL_SANITIZE)
   target_link_options(kel_opzioni INTERFACE -fsanitize=${KEL_SANITIZE})
 endif()
 
-if(KEL_COVERAGE)
-  target_compile_options(kel_opzioni INTERFACE --coverage -fprofile-abs-path)
-  target_link_options(kel_opzioni INTERFACE --coverage)
-endif()
-
-# Options of tests and tools. Most of their build time is spent on optimising them, which proves nothing of the library.
+# Options of tests and tools. Optimising them takes most of their build time, and does not test the library any better.
 add_library(kel_opzioni_contorno INTERFACE)
 target_link_libraries(kel_opzioni_contorno INTERFACE kel_opzioni)
 if(KEL_TEST_LEVEL)
-  # Half optimised, gcc takes an empty std::optional for one that may be read.
+  # At -O1 gcc warns of an empty std::optional as if its value could be read.
   target_compile_options(kel_opzioni_contorno INTERFACE ${KEL_TEST_LEVEL}
     $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
 option(KEL_FUZZ "Build the fuzzers of tests/fuzz as such, not only what runs their kept inputs" OFF)
 
-# Programs that are run where they were built find the library relative to themselves: the place of the build would leave
-# its length in the installed ones.
+# Programs in the build folder find the library by a path relative to themselves. The absolute path of the build folder
+# would leave a gap of its length in the installed programs, and two builds would not give the same bytes.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)

@@ -1,7 +1,8 @@
-# Parts of the project that need more than the compilers. Each is ON, OFF or AUTO. AUTO, the choice of whoever chooses
-# nothing, builds the part when all that it needs is here, and says in one line what it was left out for. ON stops there.
+# Parts of the project that need more than the compilers. Each is ON, OFF or AUTO, the default. AUTO builds the part
+# when all that it needs is installed; else it leaves the part out and names what is missing. ON makes a missing need an
+# error.
 #
-# Another need of a part is one more line with kel_serve or kel_serve_intestazione, before kel_decidi.
+# A need is declared with kel_serve or kel_serve_intestazione, after kel_parte and before kel_decidi.
 
 # Declares a part.
 function(kel_parte opzione descrizione)
@@ -14,22 +15,22 @@ function(kel_parte opzione descrizione)
   set_property(GLOBAL PROPERTY KEL_MANCA_${opzione} "")
 endfunction()
 
-# A part needs something: what, the Debian package that brings it, and the variable that says whether it is here.
+# Declares a need of a part: what, the Debian package that has it, and the variable that says whether it is installed.
 function(kel_serve opzione cosa pacchetto variabile)
   if(NOT ${variabile})
     set_property(GLOBAL APPEND PROPERTY KEL_MANCA_${opzione} "${cosa} (${pacchetto})")
   endif()
 endfunction()
 
-# A part needs a header. Its folder goes into the variable. Headers alone are for any machine: those of this one serve when
-# cross-compiling.
+# Declares that a part needs a header, and stores its folder in the variable. Header-only libraries are the same for
+# every target, so those of this machine are used when cross-compiling, too.
 function(kel_serve_intestazione opzione intestazione pacchetto variabile)
   find_path(${variabile} ${intestazione} NO_CMAKE_FIND_ROOT_PATH)
   mark_as_advanced(${variabile})
   kel_serve(${opzione} "the header ${intestazione}" ${pacchetto} ${variabile})
 endfunction()
 
-# Decides on a part, of which all needs are known: its variable is ON or OFF from here on.
+# Sets the variable of a part to ON or OFF, when all its needs have been declared.
 function(kel_decidi opzione parte)
   get_property(manca GLOBAL PROPERTY KEL_MANCA_${opzione})
   list(JOIN manca ", " manca)
@@ -41,7 +42,7 @@ function(kel_decidi opzione parte)
       message(STATUS "Left out: ${parte}, for want of ${manca}")
     endif()
   elseif(si AND manca)
-    message(FATAL_ERROR "${parte}: missing ${manca}. Bring what is in brackets, or configure with -D${opzione}=OFF.")
+    message(FATAL_ERROR "${parte}: missing ${manca}. Install the package in brackets, or configure with -D${opzione}=OFF.")
   endif()
   set(${opzione} ${si} PARENT_SCOPE)
 endfunction()

@@ -125,14 +125,15 @@ KEL_API const char* kelFunGetUnitaBase(kel_funpos fid) KEL_NOEXCEPT;
 
 /// Text of a unit code.
 ///
-/// @return the text; null when `codice` is above 32.
+/// @return the text; null when `codice` is not in the table.
 /// @since 0.1.0
 KEL_API const char* kelFunGetUdmTxt(unsigned codice) KEL_NOEXCEPT;
 
-/// Code of a unit text. Some of the texts that have codes ("a/f", "lambda") are not those of the unit tables.
+/// Code of a unit text. The texts are those of `udm_codici`, some of which ("a/f", "lambda", "m/s2", "mA") are in no
+/// unit table.
 ///
 /// @param testo  never null.
-/// @return 0 to 32; -1 when there is no such text.
+/// @return the code; -1 when there is no such text.
 /// @since 0.1.0
 KEL_API int kelFunGetUdmCode(const char* testo) KEL_NOEXCEPT;
 
@@ -222,7 +223,8 @@ KEL_API unsigned getFunzVisEstSize(void) KEL_NOEXCEPT;
 
 /// Size of one sample of a sample type, bytes.
 ///
-/// @return 1 to 64; 0 for the types without a sample (14, 23) and for codes above 24.
+/// @return 1 to 64; 0 for the types without a sample (`KEL_TIPO_NESSUNO`, `KEL_TIPO_NESSUNO_2`) and for a code that is
+///         no sample type.
 /// @since 0.1.0
 KEL_API unsigned kelFunGetSamplSize(unsigned codice) KEL_NOEXCEPT;
 
@@ -248,17 +250,17 @@ KEL_API unsigned kelF16decompress(unsigned mezzo) KEL_NOEXCEPT;
 
 /// Sets a converter record up for one function of one channel in one unit.
 ///
-/// Set `larghezza`, `decimali`, `auto_decimali` and `formato` of the record yourself, before or after: they are left
-/// alone here; the record's other bytes need not be cleared. A set-up that finds no decoder (an unknown sample type, a subfield that the packet does not have, no
-/// unit data for a format that needs them) leaves a record that reads no value and shows "- -".
+/// Set `larghezza`, `decimali`, `auto_decimali` and `formato` of the record yourself, before or after; this function
+/// does not change them. The record's other bytes need not be cleared. When there is no decoder (an unknown sample
+/// type, a subfield that the packet does not have, no unit data for a format that needs them), the record reads no
+/// value and shows "- -".
 ///
 /// @param conv              the record to fill; never null.
 /// @param canale            the channel, at any address; read only during the call; never null.
 /// @param fid               the channel's own function, or that of one subfield of a packet channel.
-/// @param dati              the unit, as `kelFunGetConvData` gives it; must outlive the record; null leaves the
-///                          record's pointer as it was. That one is looked through only for sample types that have a
-///                          reciprocal form (0 to 6, 20, 21) and for computed subfields: all others are set up without a
-///                          unit, whatever the record holds.
+/// @param dati              the unit, as `kelFunGetConvData` gives it; must exist longer than the record. Null leaves
+///                          the record's pointer as it was; set-up then reads through that pointer only for sample
+///                          types that have a reciprocal form (0 to 6, 20, 21) and for computed subfields.
 /// @param pos_bit           first bit of a bit field, 0 when there is none.
 /// @param num_bit           width of the bit field, 0 for the whole value.
 /// @param campione_in_testa not 0: the reads are given the sample itself; 0: they are given a record of all samples,

@@ -62,7 +62,8 @@ typedef enum GRANDEZZA_FISICA_FUNZKEL KEL_ENUM {
     FID_PHI_GEAR               = 31
 } GRANDEZZA_FISICA_FUNZKEL;
 
-/// Measured object: bits 7 to 14. Of their 256 values, 0 to 57 have a meaning.
+/// Measured object: bits 7 to 14. Of their 256 values, 0 to 57 have a meaning. 58 to 255 are objects too, without a
+/// name: the field is as wide as it is in recordings.
 typedef enum OGGETTO_MISURATO_FUNZKEL KEL_ENUM {
     FID_OBJ_UNDEFINED                = 0,
     FID_OBJ_AIR                      = 1,

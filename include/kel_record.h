@@ -92,7 +92,7 @@ typedef struct KEL_COMPATTO s_kel_canale {
     uint8_t riservato1[10];    ///< byte 2
     kel_funpos fid;            ///< byte 12: the function: what the channel measures
     uint8_t riservato2[4];     ///< byte 16
-    uint32_t tipo_campione;    ///< byte 20: sample type code, 0 to 24
+    uint32_t tipo_campione;    ///< byte 20: sample type code, `KEL_TIPO_INT32` to `KEL_TIPO_DIFFERENZA_TEMPO`
     char breve[8];             ///< byte 24: short name, NUL-terminated
     char nome[36];             ///< byte 32: name, NUL-terminated
     uint32_t offset_campione;  ///< byte 68: offset of the channel's sample in a record of all samples, bytes

@@ -102,9 +102,9 @@ def lista(voci):
 
 
 def stati(testo):
-    """EXIT STATUS from a line "0 fine, 1 no such thing"."""
+    """EXIT STATUS from a line "0 success; 1 no such thing, bad data; 2 wrong usage.\""""
     uscita = [".Sh EXIT STATUS", ".Bl -tag -width Ds"]
-    for numero, significato in re.findall(r"(\d) ([^,.]+)", testo):
+    for numero, significato in re.findall(r"(\d) ([^;.]+)", testo):
         uscita += [f".It {numero}", *roff.paragrafi([significato[0].upper() + significato[1:] + "."])]
     return uscita + [".El"]
 

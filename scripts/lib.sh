@@ -13,6 +13,16 @@ die() {
     exit 1
 }
 
+# Prints the help of the script that runs, which is the comment at its top, and ends.
+show_help() {
+    awk 'NR > 1 { if (!/^#/) exit; sub(/^# ?/, ""); print }' "$0"
+    exit 0
+}
+
+# The version of the project, and the number in the name of its shared library.
+project_version() { sed -nE 's/^ +VERSION ([0-9.]+)$/\1/p' "$KEL_ROOT/CMakeLists.txt"; }
+project_soversion() { sed -nE 's/^set\(KEL_SOVERSION ([0-9]+)\)$/\1/p' "$KEL_ROOT/CMakeLists.txt"; }
+
 # Packages of the sets named, one a line.
 packages_of() {
     local wanted
@@ -68,7 +78,7 @@ As root: apt-get update && apt-get install --no-install-recommends ${missing[*]}
 build_preset() {
     local preset=$1 cache=$KEL_ROOT/build/$1/CMakeCache.txt targets=()
     shift
-    # A build folder that came along with a copied tree belongs to the place that it was copied from.
+    # A build folder that was copied with its tree still refers to the folder that it was made in.
     if [[ -f $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$KEL_ROOT" "$cache"; then
         say "build/$preset was made for another folder; starting afresh"
         rm -rf -- "${KEL_ROOT:?}/build/$preset"
@@ -79,8 +89,9 @@ build_preset() {
     ) >&2
 }
 
-# GeographicLib for another architecture, which the tools are linked with: the path of its static library. Debian's package
-# is fetched and unpacked under build: nothing of another architecture is installed, and apt's own lists stay as they are.
+# Prints the path of the static GeographicLib for another architecture, which the tools are linked with. Debian's
+# package is downloaded and unpacked below build/: nothing of another architecture is installed, and apt's own lists do
+# not change.
 foreign_geographiclib() {
     local architecture=$1 version folder work apt
     # shellcheck disable=SC2016  # dpkg-query expands its own words
@@ -113,13 +124,13 @@ test_preset() {
     (cd -- "$KEL_ROOT" && ctest --preset "$preset" -j "$KEL_JOBS" "$@")
 }
 
-# Where apt of this machine has its packages from: the source of a fresh root's base system, unless KEL_MIRROR names one.
+# The address that a fresh root's base system is downloaded from: KEL_MIRROR, or the one that apt of this machine uses.
 mirror() {
     # shellcheck disable=SC2016  # apt-get expands its own words
     echo "${KEL_MIRROR:-$(apt-get indextargets --format '$(CODENAME) $(REPO_URI)' | awk '$1 == "bookworm" { print $2; exit }')}"
 }
 
-# Puts the text of a file between the two marks of a name in docs/reliability.md.
+# Replaces the text between the two marks of a name in docs/reliability.md by that of a file.
 write_section() {
     local page=$KEL_ROOT/docs/reliability.md new
     new=$(awk -v name="$1" -v table="$2" '

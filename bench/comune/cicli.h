@@ -1,4 +1,4 @@
-// Operations of the catalogue as plain loops over its tables: what a program that had only the tables would write.
+// Operations of the catalogue as plain loops over its tables, as a program that has only the tables would write them.
 #ifndef KEL_BENCH_CICLI_H
 #define KEL_BENCH_CICLI_H
 

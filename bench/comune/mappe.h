@@ -1,4 +1,4 @@
-// Look-ups in general-purpose hash maps: what a user would pick for a table of his own.
+// Look-ups in general-purpose hash maps: what a program would use for a table of its own.
 #ifndef KEL_BENCH_MAPPE_H
 #define KEL_BENCH_MAPPE_H
 

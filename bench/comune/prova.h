@@ -17,13 +17,13 @@
 
 namespace prova {
 
-/// What a series stands for in its row of the table: this library, what a user would otherwise pick, or a hand-written
-/// yardstick of what the machine can do.
+/// What a series is in its row of the table: this library, a peer (what a program would otherwise use), or the limit
+/// (code written by hand for this row alone).
 enum class Ruolo { nostro, pari, limite };
 
 inline constexpr std::size_t quanti_ingressi = 4096;
 
-/// Places of the inputs in random order; the order is longer than what a branch predictor remembers.
+/// Indexes of the inputs in random order. The order is longer than what a branch predictor remembers.
 const std::vector<std::uint16_t>& ordine();
 
 /// The same numbers on every machine and in every run.
@@ -74,12 +74,12 @@ void serie(const std::string& riga, Ruolo ruolo, const std::string& nome, const 
                                  });
 }
 
-/// Stops the program when two ways of an operation do not give the same answers: they would not be comparable.
+/// Stops the program when two series of a row give different answers: their times could not be compared.
 template <typename Ingresso, typename Una, typename Altra>
 void concordi(const std::string& riga, const Ingressi<Ingresso>& ingressi, Una una, Altra altra) {
     for (std::size_t i = 0; i < ingressi->size(); ++i)
         if (!(una((*ingressi)[i]) == altra((*ingressi)[i]))) {
-            std::fprintf(stderr, "%s: input %zu is answered differently by the yardstick\n", riga.c_str(), i);
+            std::fprintf(stderr, "%s: the two series give different answers for input %zu\n", riga.c_str(), i);
             std::exit(1);
         }
 }

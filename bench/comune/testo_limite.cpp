@@ -11,8 +11,8 @@ namespace {
 
 static_assert(std::endian::native == std::endian::little, "the first character lies in the lowest byte");
 
-// Eight decimal digits of a number below 10^8, one a byte, the first in the lowest byte: pairs of numbers side by side
-// are divided by one multiplication each.
+// Eight decimal digits of a number below 10^8, one in each byte, the first in the lowest byte. The number is split into
+// halves, quarters and digits; one multiplication divides all parts of a step, which lie side by side in the register.
 constexpr std::uint64_t otto_cifre(std::uint32_t numero) {
     std::uint64_t x = numero / 10000 | std::uint64_t{numero % 10000} << 32;
     std::uint64_t q = (x * 10486 >> 20) & 0x0000007F0000007F;
@@ -22,14 +22,14 @@ constexpr std::uint64_t otto_cifre(std::uint32_t numero) {
 }
 static_assert(otto_cifre(12345678) == 0x0807060504030201);
 
-// What depends on the decimals alone.
+// Constants for each number of decimals.
 struct Punto {
     float scala;
-    std::uint64_t interi;     // bytes of the digits before the point, once they have moved to make room for it
+    std::uint64_t interi;     // bytes of the digits before the point, after they have been shifted to make room for it
     std::uint64_t frazione;   // bytes of the digits after it
-    std::uint64_t caratteri;  // what makes characters of digits and puts the point
-    unsigned ultimo_intero;   // byte of the digit that stays though it is zero
-    unsigned spinta;          // bits that the digits before the point move
+    std::uint64_t caratteri;  // added to the digits: makes them characters, and inserts the point
+    unsigned ultimo_intero;   // byte of the digit before the point, which is written even if it is zero
+    unsigned spinta;          // bits by which the digits before the point are shifted
 };
 
 constexpr Punto punto(unsigned decimali, float scala) {
@@ -50,7 +50,8 @@ void testo_limite(char* testo, float valore, const Forma& forma) {
     const Punto& p = punti[std::min(forma.decimali, 3u)];
     const unsigned negativo = valore < 0.0f ? 1 : 0;
     const unsigned lunghezza = forma.larghezza + p.spinta / 8;
-    // The converters' rule: halves up, exactly. With the float just below 0.5 the cut sum is right for every float.
+    // The converters round halves up, exactly. Adding 0.5 would round some sums up; adding the float just below 0.5 and
+    // truncating is right for every float.
     constexpr float quasi_mezzo = 0x1.fffffep-2f;
     const auto numero = static_cast<std::uint32_t>(std::fabs(valore) * p.scala + quasi_mezzo);
     std::memset(testo, 0, 32);

@@ -20,7 +20,8 @@ TENUTI = pathlib.Path(__file__).resolve().parent.parent / "counts"
 TOLLERANZA = 0.02
 LIBRERIA = "libkelfunzioni.so"
 
-# The C library picks its functions by what the processor can do. With none of that it picks the same everywhere.
+# The C library chooses functions by the extensions of the processor. With all of them switched off it chooses the same
+# ones on every machine.
 SENZA_ESTENSIONI = ",".join("-" + nome for nome in (
     "AVX", "AVX2", "AVX2_Usable", "AVX512F", "AVX512BW", "AVX512CD", "AVX512DQ", "AVX512VL", "BMI1", "BMI2", "ERMS",
     "FMA", "FMA4", "FSRM", "LZCNT", "MOVBE", "POPCNT", "RTM", "SSE3", "SSE4_1", "SSE4_2", "SSSE3"))
@@ -39,7 +40,7 @@ def costi_propri(percorso):
         elif linea.startswith("ob="):
             oggetto = linea[3:]
         elif linea.startswith("calls="):
-            salta = True  # the next line is what the call cost: it is counted where it was spent
+            salta = True  # the next line is the cost of the call, which is counted in the function that was called
         elif linea[:1].isdigit():
             if not salta:
                 costi[oggetto] = costi.get(oggetto, 0) + int(linea.split()[1])

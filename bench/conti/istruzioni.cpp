@@ -10,7 +10,7 @@
 int main() {
     for (const auto operazioni : {conti::operazioni_flat(), conti::operazioni_oggetti()})
         for (const conti::Operazione& operazione : operazioni) {
-            // The first run meets cold things of others: the heap's first block, a function not bound yet.
+            // The first run is not counted: it includes work that is done once, as for the first block of the heap.
             operazione.esegui();
             CALLGRIND_ZERO_STATS;
             CALLGRIND_TOGGLE_COLLECT;

@@ -1,4 +1,4 @@
-// Every operation on fixed inputs: what instructions, stack and code are counted of.
+// Every operation on fixed inputs. Their instructions, stack and code are counted.
 #ifndef KEL_BENCH_CONTI_OPERAZIONI_H
 #define KEL_BENCH_CONTI_OPERAZIONI_H
 
@@ -18,7 +18,7 @@ struct Operazione {
 std::span<const Operazione> operazioni_flat();
 std::span<const Operazione> operazioni_oggetti();
 
-/// Makes the compiler believe that a value is looked at.
+/// Makes the compiler take a value for used, so that it does not remove the call that made it.
 template <typename T>
 void usa(const T& valore) {
     asm volatile("" : : "r"(&valore) : "memory");

@@ -20,7 +20,8 @@ constexpr kel_funpos latitudine = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LATI
 constexpr kel_funpos longitudine = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
 constexpr kel_funpos velocita_gps = kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS);
 
-// What names, rows and units are asked of: a camera function, a legacy one, a generic row, a composed name, an unknown one.
+// Identifiers for names, rows and units: a camera function, a legacy one, a generic row, a composed name, an unknown
+// one.
 constexpr kel_funpos funzioni[] = {acqua, 0x00048611, 0x00001203, velocita_ruota, sconosciuta};
 
 struct UnitaChiesta {
@@ -40,7 +41,7 @@ char testo[32];
 s_nome_breve nome;
 s_converter_data dati;
 
-// A hundred channels of which the last but ten is the one looked for; a lap packet among them.
+// A hundred channels, a lap packet among them. The one that is searched is ten before the last.
 bool prepara_canali() {
     for (unsigned i = 0; i < quanti_canali; ++i) {
         canali[i] = {};

@@ -1,4 +1,4 @@
-// Measures the stack that each flat function takes, those that it calls included, and says where its decoders lie.
+// Measures the stack that each flat function uses, with all functions that it calls, and prints where its decoders are.
 //
 // One line per operation: name, bytes, offsets of the decoders from the library's start (hexadecimal), by tabs.
 #include <dlfcn.h>
@@ -12,14 +12,14 @@
 
 namespace {
 
-// The calls run on a stack of their own that is filled with a pattern: what has changed has been used.
+// The calls run on a stack of their own that is filled with a pattern: bytes that have changed were used.
 constexpr unsigned char segno = 0xA5;
 std::array<unsigned char, 65536> pila;
 ucontext_t ritorno;
 const conti::Operazione* in_esame;
 long usati;
 
-// Looks for the deepest byte without calling anything: that, and the way back, would use the stack as well.
+// Finds the deepest byte that has changed. It calls no function, because a call would use the stack as well.
 void sulla_pila() {
     in_esame->esegui();
     const volatile unsigned char* ultimo = pila.data();

@@ -2,7 +2,7 @@
 //
 //   kel_impronta_carico TIMES LIBRARY...
 //
-// The program itself needs the C++ library: no library pays for loading that.
+// The program itself needs the C++ library, so that the times do not include loading it.
 #include <dlfcn.h>
 
 #include <algorithm>
@@ -21,7 +21,7 @@ struct Libreria {
     bool resta = false;  // it cannot be unloaded
 };
 
-// Loads and unloads once; says whether that worked.
+// Loads and unloads once. Returns whether that worked.
 bool carica(Libreria& libreria) {
     using Orologio = std::chrono::steady_clock;
     const auto inizio = Orologio::now();

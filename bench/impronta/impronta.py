@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What the library takes up: size, relocations, exports, initialisers, writable data, load time; beside other libraries.
+"""The footprint of the library beside other libraries: size, relocations, exports, initialisers, writable data, load time.
 
   impronta.py --native DIR [--armhf DIR]
 
@@ -17,7 +17,7 @@ LIBRERIA = "src/funzioni/libkelfunzioni.so"
 PARI = ["libgpiod.so.2", "libiio.so.0", "libexif.so.12", "libfmt.so.9", "libsigrok.so.4"]
 CARICHI = 400
 
-# What a library has in its writable sections without any doing of its own: the runtime's of C and of exceptions.
+# What the C runtime and gcc's exception handling put into the writable sections of every library.
 DEL_RUNTIME = {"__dso_handle", "__TMC_END__", "completed.0", "DW.ref.__gxx_personality_v0"}
 
 
@@ -67,7 +67,7 @@ class Elf:
         return self.dimensione(".data") + self.dimensione(".bss")
 
     def scrivibili_propri(self):
-        """The same without the runtime's. Needs the library's symbols."""
+        """The same without those of the runtime. Needs the library's symbols."""
         zone = [self.sezioni[nome] for nome in (".data", ".bss") if nome in self.sezioni]
         return sum(byte for posto, byte, _, _, tipo, nome in self.simboli("-s")
                    if tipo == "OBJECT" and nome not in DEL_RUNTIME and any(a <= posto < a + n for a, n in zone))

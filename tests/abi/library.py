@@ -16,6 +16,7 @@ import sys
 QUI = pathlib.Path(__file__).resolve().parent
 VTABLES = QUI / "vtables.txt"
 
+SOVERSION = re.search(r"^set\(KEL_SOVERSION (\d+)\)$", (QUI.parents[1] / "CMakeLists.txt").read_text(), re.M)[1]
 # ld-linux is the loader itself, which the linker names on some targets.
 SYSTEM = re.compile(r"lib(stdc\+\+\.so\.6|m\.so\.6|gcc_s\.so\.1|c\.so\.6)|ld-linux[-a-z0-9_]*\.so\.[0-9]")
 # Newest versions that may be asked for: gcc 5, whose string type the interfaces have, and the first C library for arm64.
@@ -32,11 +33,11 @@ class Promise:
 
 
 PROMISES = {
-    "libkelfunzioni": Promise("libkelfunzioni.so.0", "exported-symbols.txt", ("libstdc++.so.6", "libc.so.6"), NEWEST,
+    "libkelfunzioni": Promise(f"libkelfunzioni.so.{SOVERSION}", "exported-symbols.txt", ("libstdc++.so.6", "libc.so.6"), NEWEST,
                               ("IFunzioni", "CFunzioni", "IConverter", "CConverter")),
     # The C library that tells which instructions a PC's processor has.
-    "libkelregistrazioni": Promise("libkelregistrazioni.so.0", "exported-symbols-registrazioni.txt",
-                                   ("libkelfunzioni.so.0", "libc.so.6"), dict(NEWEST, GLIBC=(2, 33))),
+    "libkelregistrazioni": Promise(f"libkelregistrazioni.so.{SOVERSION}", "exported-symbols-registrazioni.txt",
+                                   (f"libkelfunzioni.so.{SOVERSION}", "libc.so.6"), dict(NEWEST, GLIBC=(2, 33))),
 }
 
 

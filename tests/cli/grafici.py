@@ -197,7 +197,8 @@ PEZZI = ["'", "''", '"', "\\", "\\n", "`", "`touch broken`", "@", "@x", "$(touch
 
 def mostrato(nome):
     """What a picture shows of a name."""
-    return re.sub("[\x00-\x1f\x7f-\x9f\ufffe\uffff]", "?", nome)
+    nome = re.sub("[\x00-\x1f\x7f-\x9f]", lambda c: "".join(f"\\x{byte:02X}" for byte in c[0].encode()), nome)
+    return re.sub("[\ufffe\uffff]", "?", nome)
 
 
 def nomi(banco):
@@ -258,7 +259,7 @@ def ostili(banco):
     banco.scrivi("c2", canale(OSTILE))
     banco.scrivi("s2", struct.pack("<3H", 1, 2, 3))
     banco.kelfun("record", "c2", "s2", "--plot", "hostile.svg", errore="^3 records")
-    atteso = OSTILE.decode().replace("\n", "?") + " C"
+    atteso = OSTILE.decode().replace("\n", "\\x0A") + " C"
     banco.pretendi(atteso in banco.testi("hostile.svg"), f"no {atteso!r} in {banco.testi('hostile.svg')}")
     banco.pretendi(not os.path.exists(banco.percorso("broken")), "a channel's name was run as a command")
     # No value, nothing but NaN, the greatest and the least of floats, the two smallest.

@@ -1,5 +1,6 @@
 // The object face from a program compiled on its own: every operation is called through its slot, and known by what it
-// answers, so that a slot which moved is noticed. Compiled as C++11 and as C++20.
+// answers, so that a slot which moved is noticed. Compiled as C++11 and as C++20. scripts/keep-release keeps a copy, to be
+// run with the libraries that follow.
 #include <CConverter.h>
 #include <CFunzioni.h>
 #include <CLaptimeAndStrings.h>

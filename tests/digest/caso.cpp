@@ -1,6 +1,7 @@
 #include "caso.h"
 
 #include <iterator>
+#include <utility>
 
 namespace digest {
 
@@ -22,9 +23,92 @@ std::size_t lunghezza(const char* testo) {
     return n;
 }
 
+// Runs `scegli` untold, then tells what came out.
+template <typename Scegli, typename Di>
+auto una(Racconto*& racconto, Scegli scegli, Di di) {
+    Racconto* const ascolta = std::exchange(racconto, nullptr);
+    const auto valore = scegli();
+    racconto = ascolta;
+    if (ascolta != nullptr)
+        di(*ascolta, valore);
+    return valore;
+}
+
+void diNumero(Racconto& racconto, std::uint32_t valore) {
+    racconto.numero(valore);
+}
+void diEsadecimale(Racconto& racconto, std::uint32_t valore) {
+    racconto.esadecimale(valore);
+}
+void diTesto(Racconto& racconto, const char* testo) {
+    racconto.testo(testo);
+}
+
 }  // namespace
 
+std::uint32_t Caso::grandezze() {
+    return una(
+        racconto_, [this] { return scegliGrandezze(); }, diNumero);
+}
 std::uint32_t Caso::bitReale() {
+    return una(
+        racconto_, [this] { return scegliBitReale(); }, diEsadecimale);
+}
+kel_funpos Caso::fid() {
+    return una(
+        racconto_, [this] { return scegliFid(); }, diEsadecimale);
+}
+kel_funpos Caso::pacchetto() {
+    return una(
+        racconto_, [this] { return scegliPacchetto(); }, diEsadecimale);
+}
+kel_funpos Caso::sottocampo() {
+    return una(
+        racconto_, [this] { return scegliSottocampo(); }, diEsadecimale);
+}
+void Caso::campione(std::span<unsigned char> byte) {
+    una(
+        racconto_,
+        [&] {
+            scegliCampione(byte);
+            return byte;
+        },
+        [](Racconto& racconto, std::span<unsigned char> scelti) { racconto.byte(scelti.data(), scelti.size()); });
+}
+void Caso::testo(char* dove, std::size_t spazio) {
+    una(
+        racconto_,
+        [&] {
+            scegliTesto(dove, spazio);
+            return dove;
+        },
+        diTesto);
+}
+void Caso::unita(kel_funpos fid, char* dove, std::size_t spazio) {
+    una(
+        racconto_,
+        [&] {
+            scegliUnita(fid, dove, spazio);
+            return dove;
+        },
+        diTesto);
+}
+void Caso::tempo(char* dove, std::size_t spazio) {
+    una(
+        racconto_,
+        [&] {
+            scegliTempo(dove, spazio);
+            return dove;
+        },
+        diTesto);
+}
+
+std::uint32_t Caso::scegliGrandezze() {
+    const std::uint32_t tutti = u32();
+    return tutti >> sotto(32);
+}
+
+std::uint32_t Caso::scegliBitReale() {
     if (uno_su(4))
         return u32();
     // Sign, an exponent round that of 1, any fraction.
@@ -32,12 +116,12 @@ std::uint32_t Caso::bitReale() {
     return resto | (107U + sotto(50)) << 23;
 }
 
-kel_funpos Caso::pacchetto() {
+kel_funpos Caso::scegliPacchetto() {
     constexpr kel_funpos noti[] = {0x1A, 0x9A, 0x809A, 0x1009A, 0x11A, 0x19A, 0x819A, 0x1019A, 0x21A};
     return noti[sotto(std::size(noti))];
 }
 
-kel_funpos Caso::sottocampo() {
+kel_funpos Caso::scegliSottocampo() {
     const s_sottocampo* tabella = nullptr;
     while (tabella == nullptr) {
         const std::uint32_t dettagli = 1 + sotto(3);
@@ -49,7 +133,7 @@ kel_funpos Caso::sottocampo() {
     return tabella[sotto(righe + 1)].fid;
 }
 
-kel_funpos Caso::fid() {
+kel_funpos Caso::scegliFid() {
     switch (sotto(8)) {
         case 0:
             return u32();
@@ -71,7 +155,7 @@ kel_funpos Caso::fid() {
     }
 }
 
-void Caso::campione(std::span<unsigned char> byte) {
+void Caso::scegliCampione(std::span<unsigned char> byte) {
     const std::uint32_t come = sotto(6);
     for (std::size_t i = 0; i < byte.size(); i++)
         byte[i] = come == 0 ? (i % 2 == 0 ? 0xFF : 0x7F) : come == 1 ? 0 : u8();
@@ -108,7 +192,7 @@ const char* Caso::testoDiTabella() {
     }
 }
 
-void Caso::testo(char* dove, std::size_t spazio) {
+void Caso::scegliTesto(char* dove, std::size_t spazio) {
     if (uno_su(4)) {
         const std::size_t n = sotto(static_cast<std::uint32_t>(spazio));
         for (std::size_t i = 0; i < n; i++)
@@ -124,14 +208,14 @@ void Caso::testo(char* dove, std::size_t spazio) {
     }
 }
 
-void Caso::unita(kel_funpos fid, char* dove, std::size_t spazio) {
+void Caso::scegliUnita(kel_funpos fid, char* dove, std::size_t spazio) {
     const s_grandezza_fisica_uiv* riga = kelFunGetUIVs(uno_su(4) ? this->fid() : fid);
     if (riga == nullptr || riga->num_udm < 1 || uno_su(8))
-        return testo(dove, spazio);
+        return scegliTesto(dove, spazio);
     copia(dove, spazio, riga->udm[sotto(static_cast<std::uint32_t>(riga->num_udm))].dati.udm);
 }
 
-void Caso::tempo(char* dove, std::size_t spazio) {
+void Caso::scegliTempo(char* dove, std::size_t spazio) {
     constexpr char caratteri[] = "0123456789012345678901234567890123456789:::...  +-\t\nxabe";
     const std::size_t n = sotto(static_cast<std::uint32_t>(spazio));
     for (std::size_t i = 0; i < n; i++)

@@ -10,12 +10,13 @@
 #include <span>
 
 #include "kelfunzioni.h"
+#include "racconto.h"
 
 namespace digest {
 
 class Caso {
 public:
-    explicit Caso(std::uint64_t seme) : stato_(seme) {}
+    explicit Caso(std::uint64_t seme, Racconto* racconto = nullptr) : stato_(seme), racconto_(racconto) {}
 
     // SplitMix64 (Steele, Lea, Flood 2014).
     std::uint64_t u64() {
@@ -25,20 +26,22 @@ public:
         z = (z ^ z >> 27) * 0x94D049BB133111EBU;
         return z ^ z >> 31;
     }
-    std::uint32_t u32() { return static_cast<std::uint32_t>(u64() >> 32); }
+    std::uint32_t u32() { return numero(static_cast<std::uint32_t>(u64() >> 32)); }
     std::int32_t i32() { return static_cast<std::int32_t>(u32()); }
-    std::uint16_t u16() { return static_cast<std::uint16_t>(u32() >> 16); }
-    std::uint8_t u8() { return static_cast<std::uint8_t>(u32() >> 24); }
+    std::uint16_t u16() { return numero(static_cast<std::uint16_t>(u64() >> 48)); }
+    std::uint8_t u8() { return numero(static_cast<std::uint8_t>(u64() >> 56)); }
     std::uint32_t sotto(std::uint32_t limite) {
-        return static_cast<std::uint32_t>(std::uint64_t{u32()} * limite >> 32);
+        return numero(static_cast<std::uint32_t>((u64() >> 32) * limite >> 32));
     }
-    bool uno_su(std::uint32_t quanti) { return sotto(quanti) == 0; }
+    bool uno_su(std::uint32_t quanti) {
+        const bool si = (u64() >> 32) * quanti >> 32 == 0;
+        if (racconto_ != nullptr)
+            racconto_->voce(si ? "yes" : "no");
+        return si;
+    }
 
     // Small and large numbers alike: any number of bits.
-    std::uint32_t grandezze() {
-        const std::uint32_t tutti = u32();
-        return tutti >> sotto(32);
-    }
+    std::uint32_t grandezze();
 
     // The bits of a float: any, or one of a size that shows in a text. A float itself would not come back unchanged: a
     // 32-bit x86 returns it through a register that alters some NaNs.
@@ -62,9 +65,27 @@ public:
     void tempo(char* dove, std::size_t spazio);
 
 private:
+    // The parts of which the arguments above are made. Those tell their result once, not the draws that led to it.
+    std::uint32_t scegliGrandezze();
+    std::uint32_t scegliBitReale();
+    kel_funpos scegliFid();
+    kel_funpos scegliPacchetto();
+    kel_funpos scegliSottocampo();
+    void scegliCampione(std::span<unsigned char> byte);
+    void scegliTesto(char* dove, std::size_t spazio);
+    void scegliUnita(kel_funpos fid, char* dove, std::size_t spazio);
+    void scegliTempo(char* dove, std::size_t spazio);
     const char* testoDiTabella();
 
+    template <typename Numero>
+    Numero numero(Numero valore) {
+        if (racconto_ != nullptr)
+            racconto_->numero(valore);
+        return valore;
+    }
+
     std::uint64_t stato_;
+    Racconto* racconto_;
 };
 
 }  // namespace digest

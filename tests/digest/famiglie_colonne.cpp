@@ -111,16 +111,12 @@ void colonne(Caso& caso, Impronta& impronta) {
     impronta.numero(diverse);
 }
 
-constexpr Famiglia famiglie[] = {{"kelColLeggi", 1, colonne}};
+constexpr Famiglia famiglie[] = {{"kelColLeggi", 16, colonne}};
 
 }  // namespace
 
-// The families of this program, in the place of those of the first library.
-std::span<const Famiglia> famiglieFlat() {
+std::span<const Famiglia> famiglieColonne() {
     return famiglie;
-}
-std::span<const Famiglia> famiglieOggetti() {
-    return {};
 }
 
 }  // namespace digest

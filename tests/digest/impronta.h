@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "kelfunzioni.h"
+#include "racconto.h"
 
 #if defined(__has_feature)
 #if __has_feature(memory_sanitizer)
@@ -20,44 +21,43 @@ namespace digest {
 
 class Impronta {
 public:
+    explicit Impronta(Racconto* racconto = nullptr) : racconto_(racconto) {}
+
     void numero(std::uint64_t valore) {
-#ifdef KEL_CON_MSAN
-        __msan_check_mem_is_initialized(&valore, sizeof valore);
-#endif
-        // Multiplications by odd constants (those of xxHash), in two lanes that nothing joins.
-        alto_ = mescola(alto_ ^ valore, 0x9E3779B185EBCA87U);
-        basso_ = mescola(basso_ + valore, 0xC2B2AE3D27D4EB4FU);
+        if (racconto_ != nullptr)
+            racconto_->numero(valore);
+        entra(valore);
     }
     void segno(std::int64_t valore) {
-        numero(static_cast<std::uint64_t>(valore));
+        if (racconto_ != nullptr)
+            racconto_->segno(valore);
+        entra(static_cast<std::uint64_t>(valore));
     }
 
     // All NaNs count as one: which of them an operation gives is the processor's choice.
     void reale(float valore) {
-        numero(valore == valore ? std::bit_cast<std::uint32_t>(valore) : 0x7FC00000U);
+        if (racconto_ != nullptr)
+            racconto_->reale(valore);
+        entra(valore == valore ? std::bit_cast<std::uint32_t>(valore) : 0x7FC00000U);
     }
 
     void byte(const void* dove, std::size_t quanti) {
-        numero(quanti);
-        const auto* uno = static_cast<const unsigned char*>(dove);
-        while (quanti > 0) {
-            const std::size_t ora = quanti < 8 ? quanti : 8;
-            std::uint64_t parola = 0;
-            for (std::size_t i = 0; i < ora; i++)
-                parola |= std::uint64_t{uno[i]} << (8 * i);
-            numero(parola);
-            uno += ora;
-            quanti -= ora;
-        }
+        if (racconto_ != nullptr)
+            racconto_->byte(dove, quanti);
+        entrano(dove, quanti);
     }
     void testo(std::string_view testo) {
-        byte(testo.data(), testo.size());
+        if (racconto_ != nullptr)
+            racconto_->testo(testo);
+        entrano(testo.data(), testo.size());
     }
     // Null is not the same as "".
     void testo(const char* testo) {
-        numero(testo == nullptr ? 0 : 1);
+        entra(testo == nullptr ? 0 : 1);
         if (testo != nullptr)
             this->testo(std::string_view(testo));
+        else if (racconto_ != nullptr)
+            racconto_->voce("null");
     }
 
     // Rows of tables by what they hold.
@@ -68,14 +68,33 @@ public:
     // All rows of a table of subfields, the end row included.
     void sottocampi(const s_sottocampo* tabella);
 
-    std::uint64_t alto() const {
-        return alto_;
-    }
-    std::uint64_t basso() const {
-        return basso_;
-    }
+    std::uint64_t alto() const { return alto_; }
+    std::uint64_t basso() const { return basso_; }
 
 private:
+    void entra(std::uint64_t valore) {
+#ifdef KEL_CON_MSAN
+        __msan_check_mem_is_initialized(&valore, sizeof valore);
+#endif
+        // Multiplications by odd constants (those of xxHash), in two lanes that nothing joins.
+        alto_ = mescola(alto_ ^ valore, 0x9E3779B185EBCA87U);
+        basso_ = mescola(basso_ + valore, 0xC2B2AE3D27D4EB4FU);
+    }
+
+    void entrano(const void* dove, std::size_t quanti) {
+        entra(quanti);
+        const auto* uno = static_cast<const unsigned char*>(dove);
+        while (quanti > 0) {
+            const std::size_t ora = quanti < 8 ? quanti : 8;
+            std::uint64_t parola = 0;
+            for (std::size_t i = 0; i < ora; i++)
+                parola |= std::uint64_t{uno[i]} << (8 * i);
+            entra(parola);
+            uno += ora;
+            quanti -= ora;
+        }
+    }
+
     static std::uint64_t mescola(std::uint64_t stato, std::uint64_t fattore) {
         stato *= fattore;
         return stato ^ stato >> 29;
@@ -83,6 +102,7 @@ private:
 
     std::uint64_t alto_ = 0x27D4EB2F165667C5U;
     std::uint64_t basso_ = 0x165667B19E3779F9U;
+    Racconto* racconto_;
 };
 
 }  // namespace digest

@@ -1,32 +1,20 @@
-// The library's tables and rows by name, and shared ways to ask it.
+// The library's rows that the model names, and shared ways to ask it.
 #ifndef KEL_ESAUSTIVO_LIBRERIA_H
 #define KEL_ESAUSTIVO_LIBRERIA_H
 
-#include <cstddef>
 #include <string>
 
 #include "IFunzioni.h"
 #include "kelfunzioni.h"
 #include "model/canali.h"
 #include "model/tabelle.h"
+#include "model/unita.h"
 
 namespace esaustivo {
 
-// Rows of a table of the library; none for the name "-".
-template <typename Riga>
-struct Righe {
-    const Riga* prima = nullptr;
-    std::size_t righe = 0;
-};
-using Campi = Righe<s_campo_fid>;
-using Unita = Righe<s_udm_associata>;
-using Varianti = Righe<s_variante_posizione>;
-using Scelte = Righe<s_scelta_fid>;
-
-Campi campiDi(const std::string& nome);
-Unita unitaDi(const std::string& nome);
-Varianti variantiDi(const std::string& nome);
-Scelte scelteDi(const std::string& nome);
+// The library's row that the model found.
+const s_udm_associata& rigaUnita(const modello::RigaTrovata& riga);
+// A subfield table by the model's name of it.
 const s_sottocampo* sottocampiDi(const std::string& nome);
 
 // A unit row of the model as the library takes it.

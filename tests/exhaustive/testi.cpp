@@ -58,7 +58,7 @@ void unita(Conta& conta, const std::string& testo) {
     const auto chiedi = [](Fid fid, const std::string& udm) {
         const modello::RigaTrovata riga = modello::rigaConversione(fid, udm);
         return Attesa{riga, modello::decimaliDefault(fid, udm), modello::decimaliMax(fid, udm),
-                      modello::decimaliMin(fid, udm), &(unitaDi(riga.tabella).prima + riga.riga)->dati};
+                      modello::decimaliMin(fid, udm), &rigaUnita(riga).dati};
     };
     static const std::vector<Attesa> sconosciute = [&] {
         std::vector<Attesa> attese;

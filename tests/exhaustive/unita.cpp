@@ -35,7 +35,7 @@ void decimali(unsigned parte, Conta& conta) {
             conta.numeri(kelFunGetNumDecimaliDefault(fid, testo), modello::decimaliDefault(fid, udm), dove);
             conta.numeri(kelFunGetNumDecimaliMax(fid, testo), modello::decimaliMax(fid, udm), dove);
             conta.numeri(kelFunGetNumDecimaliMin(fid, testo), modello::decimaliMin(fid, udm), dove);
-            const s_converter_data* attesa = &(unitaDi(riga.tabella).prima + riga.riga)->dati;
+            const s_converter_data* attesa = &rigaUnita(riga).dati;
             conta.caso(kelFunGetConvData(fid, testo) == attesa && funzioni.getParamConv(fid, udm) == attesa &&
                            funzioni.getNumDecimaliDefault(fid, udm) == kelFunGetNumDecimaliDefault(fid, testo) &&
                            funzioni.getNumDecimaliMax(fid, udm) == kelFunGetNumDecimaliMax(fid, testo) &&

@@ -29,7 +29,7 @@ void unita(modello::Fid fid, const TestoEsatto& esatto) {
     pretendi(kelFunGetNumDecimaliMax(fid, esatto.c_str()) == modello::decimaliMax(fid, udm), "most decimals", dove);
     pretendi(kelFunGetNumDecimaliMin(fid, esatto.c_str()) == modello::decimaliMin(fid, udm), "fewest decimals", dove);
     const auto riga = modello::rigaConversione(fid, udm);
-    const s_converter_data* attesa = &(esaustivo::unitaDi(riga.tabella).prima + riga.riga)->dati;
+    const s_converter_data* attesa = &esaustivo::rigaUnita(riga).dati;
     pretendi(kelFunGetConvData(fid, esatto.c_str()) == attesa, "the row of a unit", dove);
     pretendi(catalogo.getParamConv(fid, udm) == attesa, "the row of a unit, of the catalogue", dove);
     pretendi(catalogo.getNumDecimaliDefault(fid, udm) == modello::decimaliDefault(fid, udm), "catalogue decimals");

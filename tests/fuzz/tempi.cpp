@@ -8,15 +8,15 @@
 
 #include "CLaptimeAndStrings.h"
 #include "bersaglio.h"
-#include "funzioni/laptime/modello_flusso.h"
 #include "ingredienti.h"
+#include "model/tempi.h"
 
 namespace {
 
 using fuzz::pretendi;
 
 void leggi(const std::string& testo) {
-    pretendi(CLaptimeAndStrings::StringaToLapTime(testo) == kel_test::ModelloLeggiTempo(testo),
+    pretendi(CLaptimeAndStrings::StringaToLapTime(testo) == modello::leggiTempo(testo),
              "a time is read as a stream reads it", [&] { return "'" + testo + "'"; });
     int numero = 12345;
     int tempo = 67890;
@@ -26,17 +26,18 @@ void leggi(const std::string& testo) {
     } catch (const std::out_of_range&) {
         corto = true;
     }
-    pretendi(corto == (testo.size() < 6), "a line of fewer than 6 characters throws");
-    pretendi(numero == kel_test::ModelloLeggiNumero(testo), "a number is read as a stream reads it");
-    pretendi(tempo == (corto ? 67890 : kel_test::ModelloLeggiTempo(testo.substr(6))), "the time of a line is read");
+    const modello::Giro giro = modello::leggiGiro(testo);
+    pretendi(corto == !giro.tempo, "a line of fewer than 6 characters throws");
+    pretendi(numero == giro.numero, "a number is read as a stream reads it");
+    pretendi(tempo == giro.tempo.value_or(67890), "the time of a line is read");
 }
 
 void scrivi(int numero, int tempo) {
     const std::string testo = CLaptimeAndStrings::LapTimeToStringa(tempo);
     const std::string riga = CLaptimeAndStrings::LapNumAndTimeToStringa(numero, tempo);
-    pretendi(testo == kel_test::ModelloTempo(tempo), "a time is written as a stream writes it",
+    pretendi(testo == modello::tempo(tempo), "a time is written as a stream writes it",
              [&] { return "'" + testo + "'"; });
-    pretendi(riga == kel_test::ModelloRiga(numero, tempo), "a line is written as a stream writes it");
+    pretendi(riga == modello::rigaGiro(numero, tempo), "a line is written as a stream writes it");
     if (tempo >= 0)  // from an hour on the milliseconds are cut
         pretendi(CLaptimeAndStrings::StringaToLapTime(testo) == (tempo < 3600000 ? tempo : tempo / 1000 * 1000),
                  "what was written reads back", [&] { return "'" + testo + "'"; });

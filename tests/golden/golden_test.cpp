@@ -25,6 +25,7 @@
 
 #include "CLaptimeAndStrings.h"
 #include "IFunzioni.h"
+#include "comune/tipi_campione.h"
 #include "kelfunzioni.h"
 
 namespace {
@@ -469,7 +470,7 @@ TEST(GoldenFiles, CoverEverySampleTypeAndFormat) {
         tipi.insert(caso.tipo);
         formati.insert(caso.formato);
     }
-    for (unsigned tipo = 0; tipo <= 24; ++tipo) {
+    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
         EXPECT_TRUE(tipi.count(tipo)) << "no case of sample type " << tipo;
     }
     for (unsigned formato = 0; formato <= 2; ++formato) {

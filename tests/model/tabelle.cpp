@@ -26,7 +26,7 @@ std::vector<std::string> dividi(const std::string& linea) {
     return celle;
 }
 
-std::vector<Riga> leggi(const std::string& nome, std::size_t attese) {
+std::vector<Riga> leggi(const std::string& nome) {
     const std::string percorso = std::string(KEL_MODELLO_TABELLE) + "/" + nome + ".tsv";
     std::ifstream file(percorso);
     if (!file)
@@ -49,8 +49,8 @@ std::vector<Riga> leggi(const std::string& nome, std::size_t attese) {
             riga[colonne[i]] = celle[i];
         righe.push_back(riga);
     }
-    if (righe.size() != attese)
-        rinuncia(percorso, std::to_string(righe.size()) + " rows");
+    if (righe.empty())
+        rinuncia(percorso, "no rows");
     return righe;
 }
 
@@ -89,47 +89,69 @@ unsigned nat(const Riga& riga, const std::string& colonna) {
     return static_cast<unsigned>(intero(riga, colonna));
 }
 
+// A cell that is known from others, there for the reader: it must be right all the same.
+void deve(const Riga& riga, const std::string& colonna, std::size_t valore) {
+    if (nat(riga, colonna) != valore)
+        rinuncia(colonna, riga.at(colonna) + " in place of " + std::to_string(valore));
+}
+
 void leggiCampi(Tabelle& t) {
-    for (const Riga& r : leggi("campi_fid", 138))
+    for (const Riga& r : leggi("campi_fid"))
         t.campi[r.at("tabella")].push_back({num(r, "valore"), testo(r, "xml"), testo(r, "breve"), testo(r, "testo")});
 }
 
 void leggiUnita(Tabelle& t) {
-    for (const Riga& r : leggi("grandezze", 66))
+    for (const Riga& r : leggi("grandezze")) {
+        deve(r, "chiave", nat(r, "grandezza") | nat(r, "oggetto") << 7U);
         t.grandezze.push_back({nat(r, "chiave"), testo(r, "breve"), testo(r, "testo"), num(r, "num_udm"), r.at("udm"),
                                num(r, "num_varianti"), r.at("varianti")});
-    for (const Riga& r : leggi("udm", 90))
+    }
+    for (const Riga& r : leggi("udm")) {
+        deve(r, "riga", t.udm[r.at("tabella")].size());
         t.udm[r.at("tabella")].push_back({testo(r, "testo"), reale(r, "offset"), reale(r, "gain"), num(r, "reciproco"),
                                           num(r, "default"), num(r, "max"), num(r, "min")});
-    for (const Riga& r : leggi("codici_udm", 33))
+    }
+    for (const Riga& r : leggi("codici_udm")) {
+        deve(r, "codice", t.codici_udm.size());
         t.codici_udm.push_back(testo(r, "testo"));
-    for (const Riga& r : leggi("varianti", 7))
+    }
+    for (const Riga& r : leggi("varianti"))
         t.varianti[r.at("tabella")].push_back({nat(r, "posizione"), testo(r, "breve"), testo(r, "testo"), r.at("inout"),
                                                num(r, "primo"), num(r, "ultimo"), r.at("lati")});
-    for (const Riga& r : leggi("scelte", 13))
+    for (const Riga& r : leggi("scelte"))
         t.scelte[r.at("tabella")].push_back({nat(r, "chiave"), testo(r, "breve"), testo(r, "testo")});
 }
 
 void leggiPacchetti(Tabelle& t) {
-    for (const Riga& r : leggi("sottocampi", 37))
+    for (const Riga& r : leggi("sottocampi"))
         t.sottocampi[r.at("tabella")].push_back({nat(r, "fid"), nat(r, "offset"), nat(r, "pos_bit"), nat(r, "num_bit"),
                                                  nat(r, "tipo"), r.at("valore"), r.at("valore_reciproco"),
                                                  testo(r, "breve"), testo(r, "testo")});
-    for (const Riga& r : leggi("campioni", 25))
+    for (const Riga& r : leggi("campioni")) {
+        deve(r, "codice", t.dimensioni.size());
         t.dimensioni.push_back(nat(r, "dimensione"));
-    for (const Riga& r : leggi("nomi_canali", 5))
+    }
+    for (const Riga& r : leggi("nomi_canali"))
         t.nomi_canali[r.at("pacchetto")].push_back({nat(r, "fid"), testo(r, "breve"), testo(r, "testo")});
 }
 
 void leggiCamera(Tabelle& t) {
-    for (const Riga& r : leggi("camera", 43)) {
+    for (const Riga& r : leggi("camera")) {
         const RigaCamera riga{nat(r, "fid"),       testo(r, "udm"),   reale(r, "scala"), num(r, "codice"),
                               reale(r, "fattore"), testo(r, "breve"), testo(r, "testo"), testo(r, "id"),
                               num(r, "tipo"),      r.at("visibile")};
-        (r.at("tabella") == "base" ? t.camera_base : t.camera_estese).push_back(riga);
+        if (riga.visibile != "si" && riga.visibile != "no" && riga.visibile != "-")
+            rinuncia("visibile", "not si, no or -: " + riga.visibile);
+        if (r.at("tabella") != "base" && r.at("tabella") != "estese")
+            rinuncia("camera", "no table " + r.at("tabella"));
+        std::vector<RigaCamera>& tabella = r.at("tabella") == "base" ? t.camera_base : t.camera_estese;
+        deve(r, "riga", tabella.size());
+        tabella.push_back(riga);
     }
-    for (const Riga& r : leggi("funz_kel", 20))
+    for (const Riga& r : leggi("funz_kel")) {
+        deve(r, "riga", t.funz_kel.size());
         t.funz_kel.push_back({testo(r, "breve"), testo(r, "testo"), testo(r, "id"), nat(r, "fid")});
+    }
 }
 
 Tabelle leggiTutto() {

@@ -178,7 +178,7 @@ def registrazione(banco):
     ostile = os.path.join(banco.dove, "hostile")
     with open(canali, "rb") as letti, open(ostile, "wb") as f:
         f.write(letti.read(32) + b"a\nb\x1b[31m\0".ljust(36, b"\0") + letti.read()[36:])
-    pretendi(banco.offre("record", ostile, campioni, "--only", "").get("Speed") == "a?b?[31m",
+    pretendi(banco.offre("record", ostile, campioni, "--only", "").get("Speed") == "a\\x0Ab\\x1B[31m",
              "a channel's name with control characters reaches a terminal")
     casa = subprocess.run([banco.kelfun, "__complete", "record", "~/dir/kart", "s", "--only", "RP"], capture_output=True,
                           text=True, env=banco.ambiente, check=False)

@@ -46,6 +46,12 @@ def contenuto(pagine, kelfun, kelsim, intestazione):
             pretendi(f"Fl {opzione}" in testo, f"{nome} does not tell of -{opzione}")
         for esempio in suo.split("Examples:\n")[1].splitlines():
             pretendi(" ".join(esempio.split()).replace('"', "") in testo, f"{nome} does not show: {esempio.strip()}")
+    for nome, suo in (("kelfun.1", aiuto(kelfun)), ("kelsim.1", aiuto(kelsim))):
+        testo = semplice(leggi(f"{pagine}/man1/{nome}"))
+        stati = re.findall(r"\d ([^;.]+)", suo.split("Exit status:")[1].split("\n")[0])
+        pretendi(len(stati) == 3, f"{nome}: --help names {len(stati)} exit statuses")
+        for stato in stati:
+            pretendi(f"{stato[0].upper()}{stato[1:]}." in testo, f"{nome} does not name the exit status: {stato}")
 
     dichiarate = re.findall(r"^KEL_API [^;]*?(\w+)\(", leggi(intestazione), re.M)
     attese = {"libkelfunzioni.3", *(f"{funzione}.3" for funzione in dichiarate)}

@@ -10,7 +10,7 @@ SORGENTI = {
     "tests/digest/famiglie_flat.cpp": r'\{"(\w+)',
     "bench/conti/operazioni_flat.cpp": r'\{"(\w+)',
     "tests/funzioni/converters/allocazioni_test.cpp": r"\b(\w+)\(",
-    "tests/abi/first-release/client.c": r"\b(\w+)\(",
+    "tests/client/c99.c": r"\b(\w+)\(",
 }
 
 

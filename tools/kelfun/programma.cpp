@@ -48,7 +48,7 @@ std::vector<std::string> parole(const CLI::App& comando, bool comandi) {
     return tutte;
 }
 
-// An option before the command: of those that only commands have it is said that they stand behind it.
+// The error for an option before the command. If a command has it, the error says where such options stand.
 std::string primaDelComando(const CLI::App& programma, const std::string& nome) {
     for (const CLI::App* sotto : programma.get_subcommands([](const CLI::App*) { return true; }))
         if (sotto->get_option_no_throw(nome) != nullptr)
@@ -65,8 +65,8 @@ std::string diTroppo(const CLI::App& comando, const std::string& parola) {
            "accepted: " + accettati(comando);
 }
 
-// The command line for the parser, which takes it backwards. After "--" every word is an argument; of a command that
-// comes after it the name is none.
+// The words of the command line in reverse order, as the parser takes them. After "--" every word is an argument; only
+// when "--" comes first is the next word still the command.
 std::vector<std::string> perParser(int argc, char** argv) {
     std::vector<std::string> tutte(argv + 1, argv + argc);
     const auto fine = std::find(tutte.begin(), tutte.end(), "--");
@@ -122,14 +122,14 @@ int esegui(int argc, char** argv) {
     programma.footer(
         esempi("kelfun COMMAND --help tells more and gives examples.\n"
                "Tables have colours on a terminal only, and none where NO_COLOR is set or TERM is dumb.\n"
-               "Exit status: 0 fine, 1 no such thing, bad data, or it cannot be read or written, 2 wrong argument.",
+               "Exit status: 0 success; 1 no such thing, bad data, or it cannot be read or written; 2 wrong usage.",
                "kelfun find wheel front left", "kelfun fid REF_SPEED_FL",
                "kelfun decode REF_SPEED_FL --type int16 --unit mph 7B00"));
 
     std::string chi = "kelfun";
     const CLI::App* comando = &programma;
     try {
-        // For the completion of shells, which pass it half a command line; not for people, and in no help.
+        // The completion scripts of the shells call this with half a command line. No help shows it.
         if (argc > 1 && std::strcmp(argv[1], "__complete") == 0) {
             completa(programma, {argv + 2, argv + argc});
             return USCITA_BENE;
@@ -160,7 +160,7 @@ int esegui(int argc, char** argv) {
         scriviUscita(testo.str());
         return USCITA_BENE;
     } catch (const CLI::ParseError& e) {
-        // A mistyped option is the reason, whatever the parser misses without it.
+        // A mistyped option is reported first: what else the parser misses may be its consequence.
         for (const std::string& parola : comando->remaining())
             if (parola.starts_with("-") || dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr)
                 return errore(*comando, chi, diTroppo(*comando, parola), USCITA_USO);

@@ -6,7 +6,7 @@ namespace kel::strumento {
 
 /// Reads the arguments as main gets them, runs the command and reports what went wrong on standard error.
 ///
-/// @returns 0 fine, 1 no such thing or it cannot be read or written, 2 wrong argument.
+/// @returns 0 success; 1 no such thing, bad data, or it cannot be read or written; 2 wrong usage.
 int kelfun(int argc, char** argv);
 
 }  // namespace kel::strumento

@@ -13,13 +13,13 @@ namespace {
 
 constexpr double G = 9.80665;               // m/s2, standard gravity
 constexpr double KMH = 3.6;                 // km/h in a m/s
-constexpr double REGIME_MASSIMO = 14000;    // rpm at which the next gear is due
+constexpr double REGIME_MASSIMO = 14000;    // rpm at which the next gear is engaged
 constexpr double REGIME_MINIMO = 2500;      // rpm, clutch slipping
 constexpr double ACQUA_CALDA = 52;          // degrees Celsius at full pace
 constexpr double TEMPO_ACQUA = 90;          // s over which it warms up
 constexpr double ACCENSIONE_SONDA = 3;      // s before the water's sensor gives its first value
 constexpr std::uint16_t MANCANTE = 0xCFFE;  // the sample of a value that is missing
-// Speed at which each gear is spent, m/s.
+// Speed at which each gear is at its maximum engine speed, m/s.
 constexpr double FINE_MARCIA[] = {9, 13, 16.5, 20, 23, 27};
 
 template <typename Intero>
@@ -51,7 +51,7 @@ Centralina::Centralina(double giro_m) : giro_m_(giro_m) {
                      "GPS packet");
 }
 
-// Behind the channels that are there, its sample behind their samples.
+// The channel follows those that are there, and its sample follows theirs.
 const s_kel_canale& Centralina::aggiungi(kel_funpos fid, std::uint32_t tipo, const char* breve, const char* nome) {
     const std::uint32_t offset = kelFunGetSizeBufferValori(&set_);
     s_kel_canale& canale = *kelFunGetFreeCh(&set_);  // cleared; there is one for each of the calls above
@@ -113,8 +113,8 @@ void Centralina::misura(const Istante& istante) {
     acqua_c_ += (ACQUA_CALDA - acqua_c_) * dt / TEMPO_ACQUA;
 }
 
-// The line is crossed between two solutions; the crossing's time is in proportion to the way on either side of it. The
-// first crossing only begins the first lap.
+// The line is crossed between two solutions. The time of the crossing divides their interval as the line divides the
+// way between them. The first crossing only begins the first lap.
 void Centralina::cronometra(const Istante& istante) {
     const double traguardo = passaggi_ * giro_m_;
     if (istante.distanza < traguardo)

@@ -18,8 +18,9 @@ struct Vertice {
     double est, nord;
 };
 
-// Control points of a closed uniform cubic B-spline: its curvature is continuous, as a driven line's is. A straight along
-// the south, a corner in two pieces, an S, a hairpin in the north-east, a chicane and two left-handers back to the line.
+// Control points of a closed uniform cubic B-spline: its curvature is continuous, as a driven line's is. A straight
+// along the south, a corner in two pieces, an S, a hairpin in the north-east, a chicane and two left-handers back to
+// the line.
 constexpr Vertice VERTICI[] = {
     {0, 0},     {60, 0},    {120, 0},   {180, 0},   {240, 0},   {262, 14},  {262, 44},
     {240, 62},  {200, 66},  {172, 84},  {170, 114}, {196, 136}, {228, 160}, {232, 192},
@@ -89,8 +90,8 @@ Circuito::Circuito() : lunghezza_(LUNGHEZZA) {
     profiloVelocita();
 }
 
-// The grip in the corners bounds the speed; engine and brakes bound its change along the way. Two rounds, since the
-// circuit has no end.
+// The grip in the corners limits the speed; engine and brakes limit its change along the way. Two rounds are computed,
+// because the speed at the end of a lap is that at its beginning.
 void Circuito::profiloVelocita() {
     const std::size_t n = punti_.size();
     const double passo = lunghezza_ / static_cast<double>(n);

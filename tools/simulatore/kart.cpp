@@ -48,8 +48,8 @@ Kart::Kart(unsigned giri, unsigned frequenza, std::uint64_t seme)
       perdita_da_(meta_del_giro_di_mezzo(giri) * circuito_.lunghezza()),
       distanza_(-RINCORSA) {}
 
-// Nearly normal, mean 0 and deviation 1: the sum of twelve uniform numbers of splitmix64. No function of the
-// mathematics library takes part, so that every machine draws the same.
+// Nearly normal, mean 0 and deviation 1: the sum of twelve uniform numbers of splitmix64, less 6. It uses no function
+// of the mathematics library, so that every machine gets the same numbers.
 double Kart::rumore() {
     double somma = -6.0;
     for (int i = 0; i < 12; ++i) {
@@ -59,8 +59,8 @@ double Kart::rumore() {
     return somma;
 }
 
-// How much of what the circuit allows the driver takes: more from lap to lap, now here, now there a little less. The
-// pace of each stretch is a number of its own; between the stretches it changes evenly.
+// The part of the possible speed that the driver uses: more from lap to lap, and a little more or less from stretch to
+// stretch. Each stretch has a random number of its own; between the stretches the pace changes evenly.
 double Kart::passo() const {
     const double tratti = (distanza_ + RINCORSA) / TRATTO;
     const double intero = std::floor(tratti);
@@ -97,7 +97,7 @@ bool Kart::prossimo(Istante& istante) {
         perdita_s_ = 0;
     ricezione(istante);
 
-    // On to the next one: as fast as the circuit allows, from rest.
+    // To the next solution: as fast as the circuit allows, from a standing start.
     ++passi_;
     velocita_ = std::min(punto.velocita * passo(), velocita_ + ACCELERAZIONE_PARTENZA * dt);
     distanza_ += std::max(velocita_, 0.5) * dt;
@@ -106,7 +106,7 @@ bool Kart::prossimo(Istante& istante) {
     return true;
 }
 
-// Half-way through the middle lap the kart passes below trees: satellites go, then the fix; they come back later.
+// Half-way through the middle lap the kart passes below trees: satellites are lost, then the fix; both come back later.
 void Kart::ricezione(Istante& istante) {
     struct Fase {
         double fino_a;  // s since the loss began

@@ -1,4 +1,4 @@
-// kelsim: writes what the GPS receiver and the data logger of a kart give that drives laps of a small circuit.
+// kelsim: simulates a kart on a small circuit, and writes what its GPS receiver and its data logger record.
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <charconv>
@@ -49,7 +49,7 @@ const std::map<std::string, kel::simulatore::Soluzioni> SOLUZIONI = {
     {"both", kel::simulatore::Soluzioni::ENTRAMBE},
 };
 
-// What stands below the options.
+// The text below the options.
 std::string note() {
     return "The kart starts before the finish line and stops recording behind it. Half-way through\n"
            "the middle lap the fix is lost for some seconds. The same arguments write the same bytes.\n\n"
@@ -59,7 +59,7 @@ std::string note() {
            "Lateral acceleration (LatA) is positive in left-hand corners: the axes of ISO 8855.\n\n"
            "Each record of samples begins with its time, 32 bits, in ms; kelfun finds that by itself.\n"
            "Its GPS packet holds NAV-SOL, whatever --messages says: that is for the capture.\n\n"
-           "Exit status: 0 fine, 1 it cannot be written, 2 wrong argument\n\n"
+           "Exit status: 0 success; 1 it cannot be written; 2 wrong usage\n\n"
            "Examples:\n  kelsim --messages both --laps 20 --rate 25 capture.ubx\n"
            "  kelsim --channels session.channels --samples session.samples --rate 5\n"
            "  kelsim --laps 1 - | kelfun ubx -";
@@ -102,7 +102,8 @@ std::string senzaOpzione(const std::string& nome, const std::vector<std::string>
     return "there is no option '" + nome + "'; " + kel::strumento::forse(nome, opzioni);
 }
 
-// What is wrong with the command line. A mistyped option is the reason, whatever the parser misses without it.
+// What is wrong with the command line. A mistyped option is reported first: what else the parser misses may be its
+// consequence.
 std::string sbagliato(const CLI::App& programma, const CLI::ParseError& errore) {
     std::vector<std::string> opzioni;
     for (const CLI::Option* opzione : programma.get_options())

@@ -10,9 +10,10 @@
 
 namespace kel::simulatore {
 
-// What all messages of a solution agree on.
+// Values that are the same in all messages of a solution.
 constexpr double GEOIDE = 42.0;  ///< height of the sea above the ellipsoid, m
-/// Millimetres of accuracy in the plane and in height to a centimetre of accuracy in space: 6, 8 and 10 make a right angle.
+/// Accuracy in the plane and in height, mm, for each cm of accuracy in space: 6, 8 and 10 are the sides of a
+/// right-angled triangle.
 constexpr unsigned PIANO_MM = 6;
 constexpr unsigned QUOTA_MM = 8;
 
@@ -23,7 +24,8 @@ double rotta(const Vettore& velocita);
 /// Position DOP in hundredths.
 unsigned dop(const Istante& istante);
 
-/// Appends the geodetic position as NAV-POSLLH and NAV-PVT have it, 24 bytes: longitude, latitude, both heights, accuracies.
+/// Appends the geodetic position as NAV-POSLLH and NAV-PVT have it, 24 bytes: longitude, latitude, both heights,
+/// accuracies.
 void aggiungiPosizione(std::string& dati, const Istante& istante, const PianoLocale& piano);
 
 /// Payload of NAV-SOL, 52 bytes: position in cm and velocity in cm/s, both ECEF.
@@ -42,8 +44,8 @@ std::string gga(const Istante& istante, const PianoLocale& piano);
 /// Which messages carry the solutions: NAV-SOL of older receivers, NAV-PVT of newer ones, or both.
 enum class Soluzioni { SOL, PVT, ENTRAMBE };
 
-/// A whole capture, handed over piece by piece: the solutions among other messages, once a second NAV-STATUS and GGA too.
-/// The first arguments are those of `Kart`.
+/// A whole capture, handed over piece by piece: the solutions among other messages, once a second NAV-STATUS and GGA
+/// too. The first arguments are those of `Kart`.
 void registrazione(unsigned giri, unsigned frequenza, std::uint64_t seme,
                    const std::function<void(const std::string&)>& uscita, Soluzioni soluzioni = Soluzioni::SOL);
 

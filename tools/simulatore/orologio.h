@@ -1,4 +1,4 @@
-// Time of the GPS system, and what a clock on the wall shows.
+// GPS time and UTC.
 #ifndef KELSIM_OROLOGIO_H
 #define KELSIM_OROLOGIO_H
 

@@ -1,4 +1,4 @@
-// Between a plane on the ground and the earth-centred frame of GPS.
+// Conversion between a plane on the ground and the earth-centred frame of GPS.
 #ifndef KELSIM_WGS84_H
 #define KELSIM_WGS84_H
 

@@ -1,5 +1,8 @@
-// Values have the same bits on every target: single precision is single precision, and nothing is fused.
-// Included by every file that computes a value.
+// What the arithmetic needs of the compiler, so that values have the same bits on every machine: intermediate results
+// are no more precise than their type, and the rules of IEEE 754 hold. (Multiplications and additions are not fused
+// either: the build passes -ffp-contract=off.)
+//
+// Every file that computes a value includes this one.
 #ifndef KEL_BASE_ARITMETICA_H
 #define KEL_BASE_ARITMETICA_H
 

@@ -1,4 +1,4 @@
-// The decimal digits of a number as text, eight at once.
+// The decimal digits of a number as text, eight at a time.
 #ifndef KEL_BASE_CIFRE_H
 #define KEL_BASE_CIFRE_H
 
@@ -6,15 +6,40 @@
 
 namespace kel {
 
+// Times a character: that character in all eight bytes of a word.
 inline constexpr std::uint64_t ogni_byte = 0x0101010101010101;
 
-// The eight digits of a number below 10^8, the first in the lowest byte: as the bytes of a text lie in a word. Halves, pairs
-// and digits are parted side by side, by multiplications with 1/100 and 1/10 that are exact for the numbers that occur.
+// A division by multiplication: numero / divisore == numero * fattore >> bit, for numbers up to `massimo`.
+struct Divisione {
+    std::uint32_t divisore, fattore, bit, massimo;
+};
+inline constexpr Divisione per_cento = {100, 5243, 19, 9999};
+inline constexpr Divisione per_dieci = {10, 103, 10, 99};
+
+// Whether it is exact for all of them, and whether the products leave the numbers beside them alone, `corsia` bits
+// further up in the same word.
+constexpr bool esatta(const Divisione& d, unsigned corsia) {
+    for (std::uint32_t numero = 0; numero <= d.massimo; ++numero)
+        if ((numero * d.fattore >> d.bit) != numero / d.divisore)
+            return false;
+    return std::uint64_t{d.massimo} * d.fattore >> corsia == 0;
+}
+static_assert(esatta(per_cento, 32) && esatta(per_dieci, 16));
+
+// The eight digits of a number below 10^8 as characters, the first in the lowest byte, as a text lies in a
+// little-endian word. Three divisions, each of all parts at once, take the place of seven one after the other:
+//
+//     byte       0     1     2     3     4     5     6     7
+//     meta       1234                    5678                     12345678 in two halves
+//     coppie     12          34          56          78           each divided by 100, the remainders behind
+//     result     '1'   '2'   '3'   '4'   '5'   '6'   '7'   '8'    each divided by 10, the remainders behind
+//
+// The masks cut off what the shift brings down from the number above: a quotient by 100 has 7 bits, one by 10 has 4.
 constexpr std::uint64_t otto_cifre(std::uint32_t numero) noexcept {
     const std::uint64_t meta = numero / 10000 | std::uint64_t{numero % 10000} << 32;
-    const std::uint64_t centinaia = meta * 5243 >> 19 & 0x0000007F0000007F;
+    const std::uint64_t centinaia = meta * per_cento.fattore >> per_cento.bit & 0x0000007F0000007F;
     const std::uint64_t coppie = centinaia | (meta - centinaia * 100) << 16;
-    const std::uint64_t decine = coppie * 103 >> 10 & 0x000F000F000F000F;
+    const std::uint64_t decine = coppie * per_dieci.fattore >> per_dieci.bit & 0x000F000F000F000F;
     return (decine | (coppie - decine * 10) << 8) + '0' * ogni_byte;
 }
 static_assert(otto_cifre(12345678) == 0x3837363534333231 && otto_cifre(99999999) == 0x3939393939393939);

@@ -11,7 +11,8 @@ inline float lineare(const s_kel_converter* conv, float x) noexcept {
     return x * conv->dati->gain + conv->dati->offset;
 }
 
-// A quantity carried as its reciprocal. A raw zero shows as 0, without the offset: clients rely on it.
+// In a unit that shows the quantity as its reciprocal. A zero sample has no reciprocal; its value is 0, without the
+// offset. Programs depend on that.
 inline float reciproca(const s_kel_converter* conv, float x) noexcept {
     return x == 0.0f ? 0.0f : lineare(conv, 1.0f / x);
 }

@@ -1,4 +1,4 @@
-// The byte layout of the records, proved: clients are compiled against it.
+// The byte layout of the records, proved. Programs are compiled against it, so no byte may move.
 #include <bit>
 #include <cstddef>
 
@@ -6,7 +6,7 @@
 
 namespace {
 
-// The device's layouts hold where pointers are 32 bits wide; elsewhere only the order of the members is fixed.
+// Where pointers are 32 bits wide, as on the device, every byte is fixed; elsewhere only the order of the members is.
 constexpr bool puntatori_larghi = sizeof(void*) != 4;
 
 template <typename Record>
@@ -23,13 +23,13 @@ constexpr bool sul_dispositivo(std::size_t offset, std::size_t atteso) {
 static_assert(std::endian::native == std::endian::little,
               "channel records and samples are little-endian, read in place");
 static_assert(sizeof(kel_funpos) == 4 && sizeof(float) == 4 && sizeof(unsigned) == 4 && sizeof(unsigned short) == 2,
-              "the flat face is made of 32-bit integers and floats");
+              "arguments and results of the flat functions are 32 bits wide");
 static_assert(sizeof(eFormatoConv) == 4 && sizeof(GRANDEZZA_FISICA_FUNZKEL) == 4 &&
                   sizeof(OGGETTO_MISURATO_FUNZKEL) == 4 && sizeof(POSIZIONE_FUNZKEL) == 4,
               "enumerations are 32 bits wide");
 
 // The channel record: the same 112 bytes everywhere.
-static_assert(sizeof(s_kel_canale) == 112 && alignof(s_kel_canale) == 1, "clients keep arrays of these");
+static_assert(sizeof(s_kel_canale) == 112 && alignof(s_kel_canale) == 1, "programs keep arrays of these");
 static_assert(offsetof(s_kel_canale, indice) == 0, "fixed byte");
 static_assert(offsetof(s_kel_canale, riservato1) == 2, "fixed byte");
 static_assert(offsetof(s_kel_canale, fid) == 12, "fixed byte");

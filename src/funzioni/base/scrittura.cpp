@@ -3,7 +3,8 @@
 namespace kel {
 namespace {
 
-// The decimal digits of a number's magnitude, which for the most negative one has no positive int.
+// The decimal digits of a number without its sign. Computed as unsigned, because 2147483648, the magnitude of the most
+// negative int, is no int.
 class Cifre {
 public:
     explicit Cifre(int numero) noexcept {

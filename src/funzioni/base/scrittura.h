@@ -1,4 +1,5 @@
-// Texts of fixed width, in the manner of printf but without a locale, into the 32 zeroed bytes that a text function is given.
+// Texts of fixed width, as printf writes them but without a locale, in the 32 zeroed bytes that a text function is
+// given.
 #ifndef KEL_BASE_SCRITTURA_H
 #define KEL_BASE_SCRITTURA_H
 
@@ -6,11 +7,11 @@
 
 namespace kel {
 
-inline constexpr unsigned byte_testo = 32;                   // the caller's buffer
-inline constexpr unsigned caratteri_testo = byte_testo - 1;  // and the NUL
+inline constexpr unsigned byte_testo = 32;                   // of the caller's buffer
+inline constexpr unsigned caratteri_testo = byte_testo - 1;  // of the longest text: one byte is the NUL's
 
-// Appends to a text. Nothing has to be cut: the fixed texts, the widths and the most digits of an int give 20 characters at
-// most, "Date and Time Packet". The buffer's own zeros end it.
+// Appends to a text. It checks no limit, because no text comes near one: the longest, "Date and Time Packet", has 20
+// characters. It writes no NUL, because the buffer's zeros end the text.
 class Scrittore {
 public:
     explicit Scrittore(char* testo) noexcept : prossimo_(testo) {}

@@ -9,10 +9,13 @@
 
 namespace kel {
 
-// Status-text function of the formats that report a status.
+// Writes the text of a status; nothing for status 0. The formats whose samples have a status use it.
 void testo_stato(uint32_t stato, char* testo) noexcept;
 
-// Status of a raw 16- or 32-bit sample: three bit patterns carry no measurement, in signed formats too.
+// Status of a 16- or 32-bit integer sample. Three bit patterns are reserved and carry no measurement: 0xCFFF, 0xCFFE
+// and 0xCFFD, in 32 bits with 0xFFFF before them. They are reserved in signed and in unsigned formats, so a signed
+// sample of
+// -12289, -12290 or -12291 is no value either.
 template <typename T>
 constexpr uint32_t stato_riservato(T grezzo) noexcept {
     switch (static_cast<uint32_t>(static_cast<int32_t>(static_cast<std::make_signed_t<T>>(grezzo)))) {
@@ -27,7 +30,7 @@ constexpr uint32_t stato_riservato(T grezzo) noexcept {
     }
 }
 
-// 8 bits leave no room for reserved values.
+// 8-bit formats have no reserved patterns: all 256 are values.
 constexpr uint32_t stato_riservato(uint8_t) noexcept {
     return 0;
 }

@@ -1,6 +1,7 @@
-// Camera rows by identifier and by legacy textual identifier.
+// Camera rows by function, and by legacy identifier, which is a text.
 //
-// End rows take part in the searches: the end marker finds the base table's end row, and so does the empty text.
+// The end rows are found like the others: the end marker and the empty text find the end row of the basic table.
+// Programs may depend on that, so it stays.
 #include <string_view>
 
 #include "kelfunzioni.h"

@@ -1,8 +1,9 @@
 // Which channel carries a function.
+#include <cstddef>
+
 #include "kelfunzioni.h"
 #include "packets/ricerca_sottocampi.h"
-
-#include <cstddef>
+#include "tables/fid.h"
 
 namespace {
 
@@ -14,24 +15,15 @@ bool ha_sottocampo(kel_funpos canale, kel_funpos richiesta) noexcept {
     return kel::cerca_sottocampo(kelFidOggetto(canale), kelFidPosizione(canale), richiesta) != nullptr;
 }
 
-constexpr kel_funpos bit_grandezza = kel_funpos{FID_MASK_PHI} << FID_SHIFT_PHI;
-constexpr kel_funpos bit_oggetto = kel_funpos{FID_MASK_OBJ} << FID_SHIFT_OBJ;
-constexpr kel_funpos bit_posizione = kel_funpos{FID_MASK_POS} << FID_SHIFT_POS;
-constexpr kel_funpos bit_inout = kel_funpos{FID_MASK_INOUT} << FID_SHIFT_INOUT;
-constexpr kel_funpos bit_numerato = kel_funpos{FID_MASK_NUMBERED} << FID_SHIFT_NUMBERED;
-constexpr kel_funpos bit_leftright = kel_funpos{FID_MASK_LEFTRIGHT} << FID_SHIFT_LEFTRIGHT;
-constexpr kel_funpos bit_frontrear = kel_funpos{FID_MASK_FRONTREAR} << FID_SHIFT_FRONTREAR;
-constexpr kel_funpos bit_updown = kel_funpos{FID_MASK_UPDOWN} << FID_SHIFT_UPDOWN;
-
 // Quantity, object and position.
-constexpr kel_funpos tre_campi[] = {bit_grandezza, bit_oggetto, bit_posizione};
+constexpr kel_funpos tre_campi[] = {kel::bit_grandezza, kel::bit_oggetto, kel::bit_posizione};
 
-// Bit 22 is matched as a field of one bit: a request without it accepts channels with it. The pieces of bits 23 to 28
-// are compared one by one even where they are one instance number: clients depend on what that finds.
-constexpr kel_funpos tutti_i_campi[] = {bit_grandezza, bit_oggetto,   bit_posizione, bit_numerato,
-                                        bit_inout,     bit_leftright, bit_frontrear, bit_updown};
+// Bit 22 is a field of one bit like the others: a request without it accepts channels with it. Bits 23 to 28 are
+// compared as three sides also where they are an instance number: clients depend on the channels that this finds.
+constexpr kel_funpos tutti_i_campi[] = {kel::bit_grandezza, kel::bit_oggetto,   kel::bit_posizione, kel::bit_numerato,
+                                        kel::bit_inout,     kel::bit_leftright, kel::bit_frontrear, kel::bit_updown};
 
-// A request: its fields of 0 match anything, so that only the bits of the others are compared.
+// A request. A field of 0 in it accepts every value, so that only the bits of the other fields are compared.
 class Richiesta {
 public:
     template <std::size_t N>
@@ -81,7 +73,7 @@ int kelFunGetMatchChList(const s_set_canali* set, kel_funpos fid, s_kel_canale**
         if (!(pacchetto(canale) ? ha_sottocampo(canale, fid) : richiesta.accetta(canale)))
             continue;
         trovati[quanti++] = &set->canali[i];
-        // Only equality right after a store ends the walk: a capacity of 0 never does.
+        // The capacity is compared only after a channel was stored: a capacity of 0 never ends the search.
         if (quanti == *numero)
             return 1;
     }

@@ -1,6 +1,6 @@
 // The channel set: the caller's array of channel records.
 //
-// The bounds of the indices differ from function to function. Clients depend on each of them.
+// Which indices are accepted differs from function to function. Clients depend on each of these bounds.
 #include <cstddef>
 #include <cstdint>
 
@@ -8,7 +8,8 @@
 
 namespace {
 
-// The address of a field of a record, by the layout alone: also where there is no array, and one record past the used.
+// The address of a name, computed from the layout of the records without reading any: clients get one also for the
+// record right after those in use, and for a set without an array.
 const char* testo_del_canale(const s_set_canali* set, unsigned indice, std::size_t campo) noexcept {
     if (indice > set->totale || indice > set->usati)
         return nullptr;

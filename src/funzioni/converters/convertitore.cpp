@@ -1,4 +1,4 @@
-// The converter record: set-up, once per channel, function and unit, and the reads that go through it.
+// The converter record: its set-up, once for a channel, function and unit, and the reads of samples through it.
 #include <cstring>
 
 #include "base/scrittura.h"
@@ -12,17 +12,18 @@
 namespace kel {
 namespace {
 
-// Functions whose text sample shows the gear itself.
+// Whether a function is a gear: its samples of number and text then begin their text with the gear's digit.
 bool funzione_marcia(kel_funpos fid) noexcept {
     const unsigned grandezza = kelFidGrandezza(fid);
     return grandezza == FID_PHI_GEAR || (grandezza == FID_PHI_CODE && kelFidOggetto(fid) == FID_OBJ_GEAR);
 }
 
-// A value computed from the packet comes with its own functions, and shows as a number.
+// A value that is computed from several fields of a packet: its row names the functions, and its text is the numeric
+// one.
 void imposta_calcolato(s_kel_converter& conv, const s_sottocampo& riga) noexcept {
-    conv.maschera = riga.maschera;
+    conv.maschera = 0;  // it has no bit field
     if (riga.valore_reciproco != nullptr && conv.dati == nullptr)
-        return;  // a row with a reciprocal form converts with the unit's data, which are missing
+        return;  // no value: only speeds have a reciprocal form, and they need the data of their unit
     conv.valore = conv.dati != nullptr && conv.dati->reciproco != 0 ? riga.valore_reciproco : riga.valore;
     conv.testo = testo_numerico;
 }
@@ -32,7 +33,8 @@ void imposta_formato(s_kel_converter& conv, uint32_t tipo_campione, kel_funpos c
     if (formato == nullptr)
         return;
     const bool senza_dati = formato->usa_dati && conv.dati == nullptr;
-    // A numeric text would show the value that cannot be computed; other texts stand without it.
+    // Without the unit's data there is no value, and so no numeric text. Times and coordinates have texts without a
+    // unit.
     if (senza_dati && formato->testo == testo_numerico)
         return;
     conv.testo = formato->testo;
@@ -40,8 +42,8 @@ void imposta_formato(s_kel_converter& conv, uint32_t tipo_campione, kel_funpos c
     if (senza_dati)
         return;
     conv.valore = formato->lineare;
-    // Only a format with a reciprocal form looks through the pointer: where the caller has given no unit, it may lead
-    // anywhere.
+    // The unit's data are read only of a format with a reciprocal form. Other formats do without a unit: in the
+    // caller's record the pointer may then be anything.
     if (formato->reciproca != nullptr && conv.dati->reciproco != 0)
         conv.valore = formato->reciproca;
     else if (conv.maschera != 0 && formato->campo_bit != nullptr)

@@ -8,7 +8,7 @@
 
 namespace kel {
 
-// Degrees and fraction are printed each with its own sign: -12.3456789 shows as "-12.-3456789". Clients parse it so.
+// Degrees and fraction are each printed with their sign: -12.3456789 shows as "-12.-3456789". Clients parse that form.
 void testo_coordinata(s_kel_converter*, const void* campione, char* testo) noexcept {
     constexpr int unita_per_grado = 10000000;
     const auto grezzo = leggi<int32_t>(campione);

@@ -9,7 +9,7 @@
 namespace kel {
 namespace {
 
-// A NaN is no measurement, an infinity of either sign an over range.
+// A NaN is an invalid value, an infinity of either sign one over the range.
 uint32_t stato_float(uint32_t bit_float) noexcept {
     constexpr uint32_t infinito = 0x7F800000;
     const uint32_t modulo = bit_float & 0x7FFFFFFF;
@@ -18,12 +18,12 @@ uint32_t stato_float(uint32_t bit_float) noexcept {
     return modulo == infinito ? KEL_STATO_FUORI_SCALA : KEL_STATO_NON_VALIDO;
 }
 
-// Only the infinities are told apart; NaNs go on as values.
+// Of 16-bit floats only the infinities have a status; a NaN is passed on as a value.
 uint32_t stato_mezzo(uint16_t mezzo) noexcept {
     switch (mezzo) {
-        case 0x7C00:
+        case 0x7C00:  // +infinity
             return KEL_STATO_FUORI_SCALA | KEL_STATO_NON_VALIDO;
-        case 0xFC00:
+        case 0xFC00:  // -infinity
             return KEL_STATO_MANCANTE;
         default:
             return 0;

@@ -8,7 +8,8 @@
 
 namespace kel {
 
-// A decimal number whose digits are the set bits, counted from 1, the highest in the units place: 0x81 is 18.
+// The set bits as the digits of a decimal number. Bits are counted from 1, and the highest stands in the units place:
+// of 0x81 bits 1 and 8 are set, which is 18.
 float lista_bit(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept {
     const unsigned bit = leggi<uint8_t>(campione);
     unsigned elenco = 0;
@@ -22,10 +23,11 @@ float lista_bit(const s_kel_converter* conv, const void* campione, uint32_t* sta
     return lineare(conv, static_cast<float>(elenco));
 }
 
-// Unlike the whole byte's list, bits are counted from 0 and each has its own decimal place, set or not.
+// Unlike in the whole byte's list, bits are counted from 0, and each has its decimal place whether it is set or not: of
+// a field with bits 1 and 3 set it is 3010.
 float lista_bit_mascherata(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept {
     const unsigned bit = campo_bit(conv, leggi<uint8_t>(campione));
-    const unsigned quanti = std::min<unsigned>(conv->num_bit, 8);  // a byte has no bit above its eighth
+    const unsigned quanti = std::min<unsigned>(conv->num_bit, 8);  // a sample has no more bits
     unsigned elenco = 0;
     unsigned peso = 1;
     for (unsigned numero = 0; numero < quanti; ++numero) {

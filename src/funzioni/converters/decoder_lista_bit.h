@@ -1,4 +1,4 @@
-// Decoders of a byte shown as the list of its set bits.
+// Decoders of a byte that is shown as the list of its set bits.
 #ifndef KEL_CONVERTERS_DECODER_LISTA_BIT_H
 #define KEL_CONVERTERS_DECODER_LISTA_BIT_H
 

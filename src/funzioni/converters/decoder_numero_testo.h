@@ -10,10 +10,10 @@ namespace kel {
 
 // The number, without the unit's conversion.
 float numero(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept;
-// The digit that the text begins with, else the number: of a gear, whose text says more than its number.
+// Of a gear: the digit 1 to 9 that the text begins with, or the number where it begins with another character.
 float numero_o_cifra(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept;
 
-// The text, which ends with its NUL or with the sample.
+// The text, up to its NUL or to the end of the sample.
 void testo_copia_6(s_kel_converter* conv, const void* campione, char* testo) noexcept;
 void testo_copia_30(s_kel_converter* conv, const void* campione, char* testo) noexcept;
 

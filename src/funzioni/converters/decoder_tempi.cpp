@@ -11,7 +11,8 @@
 namespace kel {
 namespace {
 
-// A time split for display. The parts of a negative time are negative.
+// A time split for display. The parts of a negative time are negative. Three texts need its divisions, which are kept
+// once: no text of a usual lap time takes this way.
 struct Tempo {
     int ore = 0;
     int minuti;
@@ -41,7 +42,7 @@ void minuti_e_decimi(Scrittore& testo, const Tempo& tempo) noexcept {
     testo.con_spazi(tempo.minuti, 2).testo(":").con_zeri(tempo.secondi, 2).testo(".").con_spazi(tempo.centesimi / 10);
 }
 
-// " 1:02:03"; but for the tenths form, hours keep their last two digits only.
+// " 1:02:03". The form with tenths shows all digits of the hours, the others the last two: its callers say which.
 void ore_minuti_secondi(Scrittore& testo, const Tempo& tempo, int ore) noexcept {
     testo.con_spazi(ore, 2).testo(":").con_zeri(tempo.minuti, 2).testo(":").con_zeri(tempo.secondi, 2);
 }
@@ -55,7 +56,7 @@ void tempo_normale(Scrittore& testo, const Tempo& tempo, bool decimi) noexcept {
         testo.con_spazi(tempo.minuti, 2).testo(":").con_zeri(tempo.secondi, 2).testo(".").con_zeri(tempo.centesimi, 2);
 }
 
-// As many figures as five places hold; from one hour on a point stands before the seconds.
+// For a width of five: "1:02.03" from one hour on, with a point before the seconds, and " 10:02" from ten hours on.
 void tempo_compatto(Scrittore& testo, const Tempo& tempo, bool decimi) noexcept {
     if (tempo.ore > 9)
         testo.con_spazi(tempo.ore, 3).testo(":").con_zeri(tempo.minuti, 2);
@@ -77,16 +78,22 @@ void tempo_compatto(Scrittore& testo, const Tempo& tempo, bool decimi) noexcept 
         tempo_normale(scrittore, tempo, decimi);
 }
 
-// " 1:23.45", the time of most laps, made in one word: each form is it, or lacks its first or last character.
+// Times below an hour, those of nearly all laps: the whole text is one 64-bit word, its first character the lowest
+// byte.
+//
+//   digits     "00MMSSCC"   minutes, seconds, hundredths
+//   word       "MM:SS.CC"   " 1:23.45": below ten minutes the first digit is a blank
+//   decimi     "MM:SS.C"    " 1:23.4": the word without its last character
+//   compatto   "M:SS.CC"    "1:23.45": the word without its first one; from ten minutes on as `decimi`, "12:34.5"
 void tempo_di_minuti(char* testo, uint32_t millisecondi, bool compatto, bool decimi) noexcept {
     const uint32_t minuti = millisecondi / 60000;
     const uint64_t cifre = otto_cifre(minuti * 10000 + millisecondi % 60000 / 10);  // "00MMSSCC"
     uint64_t parola = (cifre >> 16 & 0xFFFF) | uint64_t{':'} << 16 | (cifre >> 32 & 0xFFFF) << 24 |
                       uint64_t{'.'} << 40 | cifre >> 48 << 48;
     if (minuti < 10)
-        parola ^= '0' ^ ' ';
+        parola ^= '0' ^ ' ';  // the lowest byte, '0', becomes ' '
     if (decimi || (compatto && minuti > 9))
-        parola = parola << 8 >> 8;
+        parola = parola << 8 >> 8;  // the highest byte becomes the text's NUL
     else if (compatto)
         parola >>= 8;
     std::memcpy(testo, &parola, sizeof parola);
@@ -104,7 +111,7 @@ void testo_tempo_giro(s_kel_converter* conv, const void* campione, char* testo) 
         altri_tempi(testo, millisecondi, compatto(conv), ai_decimi(conv));
 }
 
-// Only seconds and hundredths: a difference of a minute or more has no meaning on a lap.
+// Seconds and hundredths. Minutes are not shown: two laps of a track differ by seconds.
 void testo_differenza_tempo(s_kel_converter* conv, const void* campione, char* testo) noexcept {
     const auto millisecondi = leggi<int32_t>(campione);
     const Tempo tempo(millisecondi);

@@ -12,42 +12,44 @@
 #include "converters/decoder_tempi.h"
 #include "converters/testo_numerico.h"
 #include "packets/decoder_pacchetti.h"
+#include "tables/byte_campione.h"
 
 namespace kel {
 namespace {
 
 // clang-format off
 constexpr f_valore_conv no = nullptr;
-constexpr f_stato_conv muto = nullptr;
+constexpr f_stato_conv muto = nullptr;  // no text for a status
 
-// The value of 15 becomes the digit of its text where the channel is a gear: see the converter's set-up.
-//   sample type                bytes  value                     reciprocal                  bit field                   text                     status       unit data
+// A channel of KEL_TIPO_NUMERO_TESTO_6 whose function is a gear has another value function than the row's: set-up puts
+// `numero_o_cifra` in place of `numero`.
+//   sample type                value                     reciprocal                  bit field                   text                     status       unit data
 constexpr Formato formati[] = {
-    {KEL_TIPO_INT32,            4,     intero_lineare<int32_t>,  intero_reciproco<int32_t>,  no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_INT16,            2,     intero_lineare<int16_t>,  intero_reciproco<int16_t>,  no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_UINT8_INTERO,     1,     intero_lineare<uint8_t>,  intero_reciproco<uint8_t>,  no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_UINT32,           4,     intero_lineare<uint32_t>, intero_reciproco<uint32_t>, intero_campo_bit<uint32_t>, testo_numerico,          testo_stato, true},
-    {KEL_TIPO_UINT16,           2,     intero_lineare<uint16_t>, intero_reciproco<uint16_t>, intero_campo_bit<uint16_t>, testo_numerico,          testo_stato, true},
-    {KEL_TIPO_UINT8,            1,     intero_lineare<uint8_t>,  intero_reciproco<uint8_t>,  intero_campo_bit<uint8_t>,  testo_numerico,          testo_stato, true},
-    {KEL_TIPO_FLOAT,            4,     float_lineare,            float_reciproco,            no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_LAP_2G,           28,    pacchetto_senza_valore,   no,                         no,                         testo_tempo_pacchetto,   muto,        false},
-    {KEL_TIPO_GPS_KEL,          56,    pacchetto_senza_valore,   no,                         no,                         testo_gps_kel,           muto,        false},
-    {KEL_TIPO_GPS_NAVSOL,       52,    pacchetto_senza_valore,   no,                         no,                         testo_gps_navsol,        muto,        false},
-    {KEL_TIPO_DATA_ORA,         44,    pacchetto_senza_valore,   no,                         no,                         testo_data_ora,          muto,        false},
-    {KEL_TIPO_MARCIA,           2,     marcia,                   no,                         no,                         testo_marcia,            muto,        false},
-    {KEL_TIPO_TEMPO_GIRO,       4,     intero_lineare<int32_t>,  no,                         no,                         testo_tempo_giro,        muto,        true},
-    {KEL_TIPO_LISTA_BIT,        1,     lista_bit,                no,                         lista_bit_mascherata,       testo_numerico,          muto,        true},
-    {KEL_TIPO_NESSUNO,          0,     no,                       no,                         no,                         testo_assente,           muto,        false},
-    {KEL_TIPO_NUMERO_TESTO_6,   8,     numero,                   no,                         no,                         testo_copia_6,           muto,        false},
-    {KEL_TIPO_NUMERO_TESTO_30,  32,    numero,                   no,                         no,                         testo_copia_30,          muto,        false},
-    {KEL_TIPO_LAP_1G,           8,     pacchetto_senza_valore,   no,                         no,                         testo_lap_1g,            muto,        false},
-    {KEL_TIPO_GPS_SATELLITI,    64,    pacchetto_senza_valore,   no,                         no,                         testo_gps_satelliti,     muto,        false},
-    {KEL_TIPO_OTTO_BYTE,        8,     no,                       no,                         no,                         testo_assente,           muto,        false},
-    {KEL_TIPO_MEZZO_FLOAT,      2,     mezzo_lineare,            mezzo_reciproco,            no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_COORDINATA,       4,     intero_lineare<int32_t>,  intero_reciproco<int32_t>,  no,                         testo_coordinata,        testo_stato, true},
-    {KEL_TIPO_TEMPO_PACCHETTO,  32,    pacchetto_senza_valore,   no,                         no,                         testo_tempo_pacchetto,   muto,        false},
-    {KEL_TIPO_NESSUNO_2,        0,     no,                       no,                         no,                         testo_assente,           muto,        false},
-    {KEL_TIPO_DIFFERENZA_TEMPO, 4,     intero_lineare<int32_t>,  no,                         no,                         testo_differenza_tempo,  muto,        true},
+    {KEL_TIPO_INT32,            intero_lineare<int32_t>,  intero_reciproco<int32_t>,  no,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_INT16,            intero_lineare<int16_t>,  intero_reciproco<int16_t>,  no,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_UINT8_INTERO,     intero_lineare<uint8_t>,  intero_reciproco<uint8_t>,  no,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_UINT32,           intero_lineare<uint32_t>, intero_reciproco<uint32_t>, intero_campo_bit<uint32_t>, testo_numerico,          testo_stato, true},
+    {KEL_TIPO_UINT16,           intero_lineare<uint16_t>, intero_reciproco<uint16_t>, intero_campo_bit<uint16_t>, testo_numerico,          testo_stato, true},
+    {KEL_TIPO_UINT8,            intero_lineare<uint8_t>,  intero_reciproco<uint8_t>,  intero_campo_bit<uint8_t>,  testo_numerico,          testo_stato, true},
+    {KEL_TIPO_FLOAT,            float_lineare,            float_reciproco,            no,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_LAP_2G,           pacchetto_senza_valore,   no,                         no,                         testo_tempo_pacchetto,   muto,        false},
+    {KEL_TIPO_GPS_KEL,          pacchetto_senza_valore,   no,                         no,                         testo_gps_kel,           muto,        false},
+    {KEL_TIPO_GPS_NAVSOL,       pacchetto_senza_valore,   no,                         no,                         testo_gps_navsol,        muto,        false},
+    {KEL_TIPO_DATA_ORA,         pacchetto_senza_valore,   no,                         no,                         testo_data_ora,          muto,        false},
+    {KEL_TIPO_MARCIA,           marcia,                   no,                         no,                         testo_marcia,            muto,        false},
+    {KEL_TIPO_TEMPO_GIRO,       intero_lineare<int32_t>,  no,                         no,                         testo_tempo_giro,        muto,        true},
+    {KEL_TIPO_LISTA_BIT,        lista_bit,                no,                         lista_bit_mascherata,       testo_numerico,          muto,        true},
+    {KEL_TIPO_NESSUNO,          no,                       no,                         no,                         testo_assente,           muto,        false},
+    {KEL_TIPO_NUMERO_TESTO_6,   numero,                   no,                         no,                         testo_copia_6,           muto,        false},
+    {KEL_TIPO_NUMERO_TESTO_30,  numero,                   no,                         no,                         testo_copia_30,          muto,        false},
+    {KEL_TIPO_LAP_1G,           pacchetto_senza_valore,   no,                         no,                         testo_lap_1g,            muto,        false},
+    {KEL_TIPO_GPS_SATELLITI,    pacchetto_senza_valore,   no,                         no,                         testo_gps_satelliti,     muto,        false},
+    {KEL_TIPO_OTTO_BYTE,        no,                       no,                         no,                         testo_assente,           muto,        false},
+    {KEL_TIPO_MEZZO_FLOAT,      mezzo_lineare,            mezzo_reciproco,            no,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_COORDINATA,       intero_lineare<int32_t>,  intero_reciproco<int32_t>,  no,                         testo_coordinata,        testo_stato, true},
+    {KEL_TIPO_TEMPO_PACCHETTO,  pacchetto_senza_valore,   no,                         no,                         testo_tempo_pacchetto,   muto,        false},
+    {KEL_TIPO_NESSUNO_2,        no,                       no,                         no,                         testo_assente,           muto,        false},
+    {KEL_TIPO_DIFFERENZA_TEMPO, intero_lineare<int32_t>,  no,                         no,                         testo_differenza_tempo,  muto,        true},
 };
 // clang-format on
 
@@ -59,7 +61,7 @@ consteval bool indice_uguale_codice() {
     return true;
 }
 static_assert(indice_uguale_codice(), "row i describes sample type i");
-static_assert(std::size(formati) == KEL_TIPO_CALCOLATO, "a computed value is not a format of samples");
+static_assert(std::size(formati) == std::size(byte_campioni), "one row for each type of sample");
 
 }  // namespace
 
@@ -70,6 +72,6 @@ const Formato* formato_campione(uint32_t tipo_campione) noexcept {
 }  // namespace kel
 
 unsigned kelFunGetSamplSize(unsigned codice) noexcept {
-    const kel::Formato* formato = kel::formato_campione(codice);
-    return formato != nullptr ? formato->byte : 0;
+    static constexpr auto byte = kel::byte_per_codice();
+    return codice < byte.size() ? byte[codice] : 0;
 }

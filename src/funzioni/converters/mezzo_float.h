@@ -9,7 +9,7 @@ namespace kel {
 // Bits of the float equal to a 16-bit float.
 uint32_t espandi_mezzo(uint32_t mezzo) noexcept;
 
-// Bits of the 16-bit float next to a float toward zero.
+// Bits of the 16-bit float for a float: its fraction is cut, not rounded.
 uint32_t comprimi_mezzo(uint32_t bit_float) noexcept;
 
 }  // namespace kel

@@ -14,8 +14,9 @@
 namespace kel {
 namespace {
 
-// Decimals between 0 and 1 chosen by magnitude: one decimal as long as the number fits the width with it. Between the
-// two limits the last choice stays, so that a value on the edge does not flicker.
+// Automatic decimals: one as long as the number fits the width with it, else none. Between the two limits the last
+// choice stays, so that the text does not change its form with every sample there. In a width of 4 there is one decimal
+// up to 900 and none from 1000 on.
 uint32_t decimali_automatici(float valore, uint32_t larghezza, uint32_t decimali) noexcept {
     static constexpr double potenze[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10,
                                          1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21,
@@ -23,7 +24,7 @@ uint32_t decimali_automatici(float valore, uint32_t larghezza, uint32_t decimali
                                          1e33, 1e34, 1e35, 1e36, 1e37, 1e38, 1e39, 1e40};
     if (larghezza <= 2)
         return 0;
-    // From 41 places on the limits lie beyond every finite float.
+    // In 41 places and more every finite float fits.
     const uint32_t w = std::min<uint32_t>(larghezza, std::size(potenze));
     if (valore < 0.0f) {
         const double basso = -potenze[w - 2];
@@ -37,24 +38,24 @@ uint32_t decimali_automatici(float valore, uint32_t larghezza, uint32_t decimali
 
 constexpr float scale[] = {1.0f, 10.0f, 100.0f, 1000.0f};
 
-// What is added before the fraction is cut, to round halves up: the float just below 0.5. With 0.5 itself the sum would
-// be rounded to a float first, and show 0.49999997 as 1 and 8388609 as 8388610. With this one it is right for every
-// float:
-// - of a fraction of a half the sum falls short of the next whole number by 2^-25, which is rounded up to it;
-// - of a smaller fraction it stays below;
-// - from 2^23 on there are no fractions, and what is added is less than half a step: it is rounded away.
+// Rounds halves up: it is added before the fraction is cut. It is not 0.5 but the largest float below it, because the
+// sum is rounded to a float first: with 0.5, 0.49999997 would show as 1 and 8388609 as 8388610. With this number the
+// result is right for every float:
+// - of a fraction of one half, the sum is 2^-25 below the next whole number, and is rounded up to it;
+// - of a smaller fraction, the sum stays below the next whole number;
+// - from 2^23 on floats have no fraction, and less than half their step is added: the sum is rounded back.
 constexpr float quasi_mezzo = 0x1.fffffep-2f;
 
 uint32_t decimali_mostrati(const s_kel_converter& conv) noexcept {
     return std::min<uint32_t>(conv.decimali, std::size(scale) - 1);
 }
 
-// The digits of a number from the right, zeros once they are used up. A number too long is dashes instead.
+// The digits of a number from the right, and zeros before its first one. A number with too many digits gives dashes.
 class CifreDaDestra {
 public:
     // `permesse`: digits that the number may have; `larghezza`: dashes shown when it has more.
     CifreDaDestra(float numero, uint32_t permesse, uint32_t larghezza) noexcept : trattini_(larghezza) {
-        // Compared before it is converted: what does not fit an int has no conversion. A NaN fails the comparison too.
+        // Compared first: to convert what does not fit an int is undefined. A NaN fails the comparison too.
         constexpr float oltre_int = 2147483648.0f;
         if (numero < oltre_int) {
             resto_ = static_cast<uint32_t>(numero);
@@ -83,7 +84,8 @@ private:
     bool troppo_lungo_ = true;
 };
 
-// Removes or blanks the zeros before the first figure, and puts the sign before it. A zero before the point stays.
+// Removes or blanks the zeros before the first digit that is none, and puts the sign there. A zero before the point
+// stays.
 void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv formato) noexcept {
     uint32_t prima = 0;  // the first character that stays
     while (prima + 1 < lunghezza && testo[prima] == '0' && testo[prima + 1] != '.')
@@ -104,8 +106,9 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
 [[gnu::cold]] void testo_lungo(char* testo, float numero, const s_kel_converter& conv, bool negativo) noexcept {
     const uint32_t larghezza = conv.larghezza;
     const uint32_t decimali = decimali_mostrati(conv);
-    // One place of a negative number is kept for its sign, where two or more stand before the point: told from the
-    // decimals as they are recorded, also from those that are not shown.
+    // A negative number keeps one place for its sign if the width leaves two or more places before the point; if not,
+    // it may have no digits, and shows as dashes. The record's decimals count here, also those above 3, which are not
+    // shown.
     const bool posto_segno = int64_t{larghezza} - conv.decimali > 1;
     const uint32_t permesse = !negativo ? larghezza : posto_segno ? larghezza - 1 : 0;
     CifreDaDestra cifre(numero, permesse, larghezza);
@@ -120,30 +123,40 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
     togli_zeri(testo, lunghezza, negativo, conv.formato);
 }
 
-// --- Short texts: at most eight characters in one 64-bit word, the first in the lowest byte ----------------------------
+// --- Short texts: at most eight characters in one 64-bit word, the first in the lowest byte --------------------------
 
 constexpr uint32_t cifre_parola = 8;
 
-// 10 to the power of the places, below which a number fits them. 0 for none: nothing fits.
+// A number below potenze_10[n] fits n places; none fits 0 places.
 constexpr float potenze_10[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
 static_assert(std::size(potenze_10) == cifre_parola + 1);
 
-// The first bits of a word, up to 63.
+// A word whose lowest bits are set, up to 63 of them.
 constexpr uint64_t primi(uint32_t bit) noexcept {
     return (uint64_t{1} << bit) - 1;
 }
 
-// A number that fits its field, and the field a word. `segno`: 1 for a negative number, else 0. Which numbers are negative
-// or short cannot be foretold: no branch depends on it.
+// A number that fits its field, in a field that fits a word. `segno`: 1 for a negative number, else 0. A word's
+// characters for -1.2 in a width of 4 with 1 decimal, where the number is 12:
+//
+//   digits of the number                   "0012"
+//   blanks before the first one            "  12"   a zero right before the point would stay: 0.2 is "  02" here
+//   the sign in the last blank             " -12"
+//   the point                              " -1.2"
+//   FORMATO_COMPATTO: without blanks       "-1.2"
+//   FORMATO_SINISTRA: they go to the end   "-1.2 "
+//
+// No branch depends on the sign or on the number of digits. They change from sample to sample: a processor would often
+// predict such a branch wrongly, which costs some 15 cycles each time.
 void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t decimali, uint32_t segno,
                  eFormatoConv formato) noexcept {
     constexpr uint64_t spazi = ' ' * ogni_byte;
     const uint32_t interi = 8 * (larghezza - decimali);  // bits of the places before the point
     uint64_t parola = otto_cifre(numero) >> 8 * (cifre_parola - larghezza);
 
-    // Zeros before the first figure become blanks, but for the one before the point; the last blank is the sign's.
+    // The lowest byte that is no '0', or that stands right before the point, is the first to stay.
     const uint64_t figure = (parola ^ '0' * ogni_byte) | uint64_t{1} << (interi - 8);
-    const uint32_t prima = static_cast<uint32_t>(std::countr_zero(figure)) & 56;  // bits of the places before it
+    const uint32_t prima = static_cast<uint32_t>(std::countr_zero(figure)) & 56;  // bits of the characters before it
     parola = (parola & ~primi(prima)) | (spazi & primi(prima));
     parola ^= (uint64_t{segno} * (' ' ^ '-') << prima) >> 8;
 
@@ -177,7 +190,7 @@ void testo_numerico(s_kel_converter* conv, const void* campione, char* testo) no
     if (conv->auto_decimali != 0)
         conv->decimali = decimali_automatici(valore, conv->larghezza, conv->decimali);
 
-    // The product is a float: 123.45 to one decimal is 1234.5, and shows as 123.5.
+    // The product is rounded to a float: 123.45 with one decimal is 1234.5, and shows as 123.5.
     const uint32_t decimali = decimali_mostrati(*conv);
     const float numero = std::fabs(valore) * scale[decimali] + quasi_mezzo;
     const bool negativo = valore < 0.0f;

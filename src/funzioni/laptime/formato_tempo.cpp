@@ -1,6 +1,7 @@
 // Lap times and lap numbers as text.
 //
-// Every number is written as unsigned, so that negative times give the large numbers that clients compare with.
+// Every number of a time is written as unsigned: -1 ms is "71582:47.295". Clients compare with the texts of negative
+// times.
 #include "CLaptimeAndStrings.h"
 
 #include <charconv>
@@ -26,13 +27,16 @@ template <typename Numero>
 
 constexpr int byte_tempo = 10 + 1 + 10 + 1 + 2;  // "4294967295:4294967295:59": more than any time needs
 
-// "1:23.456", "12:34.567": below an hour, all digits at once.
+// Times below an hour: eight characters are one 64-bit word, the first of them the lowest byte.
+//
+//   digits   "0MMSSmmm"   minutes, seconds, milliseconds
+//   word     "M:SS.mmm"   "1:23.456"; from ten minutes on behind the tens of the minutes, "12:34.567"
 char* scrivi_minuti(char* dove, std::uint32_t millisecondi) {
     const std::uint32_t minuti = millisecondi / 60000;
-    const std::uint64_t cifre = kel::otto_cifre(minuti * 100000 + millisecondi % 60000);  // "0MMSSmmm"
+    const std::uint64_t cifre = kel::otto_cifre(minuti * 100000 + millisecondi % 60000);
     const std::uint64_t parola = (cifre >> 16 & 0xFF) | std::uint64_t{':'} << 8 | (cifre >> 24 & 0xFFFF) << 16 |
                                  std::uint64_t{'.'} << 32 | cifre >> 40 << 40;
-    *dove = static_cast<char>(cifre >> 8);  // overwritten where it is a zero
+    *dove = static_cast<char>(cifre >> 8);  // the tens of the minutes; below ten minutes the word is stored over it
     dove += minuti >= 10 ? 1 : 0;
     std::memcpy(dove, &parola, sizeof parola);
     return dove + sizeof parola;

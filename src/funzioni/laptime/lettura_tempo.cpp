@@ -1,4 +1,4 @@
-// Lap times and lap numbers from text, by the rules of a stream in the classic locale.
+// Lap times and lap numbers from text, read as a standard stream in the classic locale reads numbers.
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -17,13 +17,14 @@ constexpr bool cifra(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Reads numbers off a text as a stream does: white space, a sign, digits. After a failure nothing is read any more, and
-// a number that nothing was read for keeps its value.
+// Reads numbers off a text as a stream does: white space, a sign, digits. After a failure nothing more is read, and the
+// variables of the numbers that follow keep their values.
 class Lettore {
 public:
     explicit Lettore(std::string_view testo) : resto_(testo) {}
 
-    // A number that does not fit is the nearest that does, and a failure; without digits it is 0, and a failure.
+    // Two failures give a value too: a number that does not fit is the nearest one that does, and one without digits is
+    // 0.
     template <typename Numero>
     void numero(Numero& valore) {
         if (fallito_)
@@ -48,7 +49,7 @@ public:
         assegna(valore, modulo, negativo);
     }
 
-    // Passes over one character of any kind; at the end of the text that fails.
+    // Passes over one character of any kind. At the end of the text there is none, which is a failure.
     void salta() {
         if (resto_.empty())
             fallito_ = true;
@@ -58,13 +59,14 @@ public:
         resto_.remove_prefix(1);
     }
 
-    // Whether the text has a point anywhere: passed over, or in what was not read.
+    // Whether the text has a point anywhere: among the characters passed over, or in the rest.
     bool punto() const { return punto_ || resto_.find('.') != std::string_view::npos; }
 
 private:
-    static constexpr std::uint64_t smisurato = std::uint64_t{1} << 40;  // does not fit, nor does any further digit
+    // Stands for every number that is too large; further digits leave it there.
+    static constexpr std::uint64_t smisurato = std::uint64_t{1} << 40;
 
-    // An unsigned number is negated modulo 2^32, but too large a one is the largest whatever its sign.
+    // An unsigned number with a minus is negated modulo 2^32; one too large is the largest, whatever its sign.
     void assegna(std::uint32_t& valore, std::uint64_t modulo, bool negativo) {
         constexpr std::uint32_t massimo = std::numeric_limits<std::uint32_t>::max();
         fallito_ = modulo > massimo;
@@ -90,7 +92,15 @@ private:
 
 constexpr int altra_forma = -1;
 
-// "1:23.456" or "12:34.567", as the library writes them: read in one word. -1 for every other text.
+// "1:23.456" and "12:34.567", as the library writes times below an hour: the last eight characters are read as one
+// 64-bit word, the first of them the lowest byte. -1 for every other text.
+//
+//   parola                   "1:23.456"
+//   forma                    "0:00.000"
+//   cifre = parola ^ forma    10230456    values of digits from 0 to 9; 0 where a separator is what it must be
+//
+// Of a byte that is none of these, `cifre` or the sum with `limiti` has a bit in the upper half: the sum of the largest
+// value that is good, 9 or 0, is 15.
 int leggi_minuti(std::string_view testo) {
     constexpr std::size_t n = sizeof(std::uint64_t);
     if (testo.size() != n && testo.size() != n + 1)
@@ -98,9 +108,8 @@ int leggi_minuti(std::string_view testo) {
     const auto decine = testo.size() == n ? 0u : static_cast<std::uint32_t>(testo.front()) - '0';
     std::uint64_t parola = 0;
     std::memcpy(&parola, testo.data() + testo.size() - n, n);
-    // What is left of each byte: the digit's value, 0 of a separator. Anything else reaches the upper half of some byte.
-    constexpr std::uint64_t forma = 0x3030302E30303A30;   // "0:00.000"
-    constexpr std::uint64_t limiti = 0x0606060F06060F06;  // to 15 from the largest value allowed
+    constexpr std::uint64_t forma = 0x3030302E30303A30;
+    constexpr std::uint64_t limiti = 0x0606060F06060F06;
     const std::uint64_t cifre = parola ^ forma;
     if (((cifre | (cifre + limiti)) & 0xF0F0F0F0F0F0F0F0) != 0 || decine > 9)
         return altra_forma;

@@ -1,10 +1,10 @@
-// Functions of legacy textual identifiers.
+// The function of a legacy identifier, which is a text.
 #include <string_view>
 
 #include "kelfunzioni.h"
 #include "tables/funz_kel.h"
 
-// The empty text, which is that of the end row, is not found.
+// The index leaves the end row out, so the empty text is not found.
 kel_funpos kelFunGetFidDaID(const char* id) noexcept {
     if (id == nullptr)
         return 0;

@@ -10,7 +10,7 @@ IConverter::~IConverter() = default;
 CConverter::CConverter(const s_kel_canale* ch, kel_funpos fid, const s_converter_data* data, bool sampleAtStart,
                        unsigned int numDec, eFormatoConv format, unsigned int width)
     : conv_() {
-    conv_.dati = &NULL_udm_associate[0].dati;  // stays where `data` is null: no conversion
+    conv_.dati = &NULL_udm_associate[0].dati;  // set-up keeps it where `data` is null: values as they are in the sample
     conv_.larghezza = width;
     conv_.decimali = numDec;
     conv_.formato = format;
@@ -26,8 +26,10 @@ bool CConverter::GetVal(const void* buffer, float* value) {
 bool CConverter::GetString(const void* buffer, std::string& text) {
     text.clear();
     char testo[kel::byte_testo];
-    const bool letto = kelConvGetString(&conv_, buffer, testo) != 0;  // always: set-up leaves no record without a text
-    // The NUL is part of the string: clients compare and print texts with it.
+    // Always true: set-up gives every record a text function.
+    const bool letto = kelConvGetString(&conv_, buffer, testo) != 0;
+    // A value's text is none of the tables': it is handed out as it stands. Its NUL is part of the string: clients
+    // compare and print texts with it.
     text.assign(testo, std::strlen(testo) + 1);
     return letto;
 }

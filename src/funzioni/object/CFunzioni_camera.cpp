@@ -1,18 +1,16 @@
-// The catalogue's walks over the camera's functions, and its legacy identifiers.
-#include <iterator>
-
+// The camera's functions: the walks over those that it shows, the lists of all, and a function's parameters.
 #include "CFunzioni.h"
 #include "tables/camera.h"
 #include "tables/fid.h"
 
 namespace {
 
-// The end row, as the walks know it: by the quantity alone.
+// The walks tell the end row by its quantity alone.
 bool fine_scansione(const t_SFunzioneZumikoCam& riga) {
-    return kelFidGrandezza(riga.fid) == FID_PHI_FINE_TABELLA;
+    return kel::grandezza_di_fine(riga.fid);
 }
 
-// The whole-table selections know the end row by its whole identifier: quantity, object and position.
+// The lists of all rows tell it by its whole identifier: quantity, object and position.
 void aggiungi_tutte(const t_SFunzioneZumikoCam* tabella, std::vector<const t_SFunzioneZumikoCam*>& funzioni) {
     for (; tabella->fid != kel::fine_tabella; ++tabella)
         funzioni.push_back(tabella);
@@ -20,14 +18,14 @@ void aggiungi_tutte(const t_SFunzioneZumikoCam* tabella, std::vector<const t_SFu
 
 }  // namespace
 
-// Not const, nor is is_est_valid: programs look for the names without it.
+// Not const, like is_est_valid below: programs are linked against the names that these members have without it.
 // NOLINTNEXTLINE(readability-make-member-function-const)
 const t_SFunzioneZumikoCam* CFunzioni::get_funz_vis_zumiko_cam() {
     const t_SFunzioneZumikoCam* riga = &funz_ZumikoCam_base[cursore_base_];
     return fine_scansione(*riga) ? nullptr : riga;
 }
 
-// The end row stops the skipping: nothing else bounds the cursor.
+// Hidden rows are skipped up to the end row at the latest: nothing else bounds the cursor.
 const t_SFunzioneZumikoCam* CFunzioni::get_funz_vis_zumiko_cam_estese() {
     for (;; ++cursore_estese_) {
         const t_SFunzioneZumikoCam* riga = &funz_ZumikoCam_estese[cursore_estese_];
@@ -84,23 +82,8 @@ bool CFunzioni::FunGetParamZumikoCam(int fid, int& codice, float& scala, std::st
     if (riga == nullptr)
         return false;
     codice = riga->codice;
-    scala = riga->scala;  // every row has one
+    scala = riga->scala;  // above 0 in every row
     if (*riga->udm != '\0')
-        udm = riga->udm;
+        udm = ConvertiDa8(riga->udm);
     return true;
-}
-
-const t_SFunzioneZumikoCam* CFunzioni::getFunVecchiaZumikoDaFID(kel_funpos fid) {
-    return kelFunGetFunVecchiaZumikoDaFID(fid);
-}
-
-const t_SFunzioneZumikoCam* CFunzioni::getFunVecchiaZumikoDaID(const std::string& id) {
-    return kelFunGetFunVecchiaZumikoDaID(ConvertiIn8(id).c_str());
-}
-
-// Through the interface: a derived catalogue's own camera rows are found by this search too.
-kel_funpos CFunzioni::getFidDaID(const std::string& id) {
-    if (const t_SFunzioneZumikoCam* riga = getFunVecchiaZumikoDaID(id))
-        return riga->fid;
-    return kelFunGetFidDaID(ConvertiIn8(id).c_str());
 }

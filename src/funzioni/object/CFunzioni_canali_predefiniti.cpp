@@ -1,4 +1,4 @@
-// Default names of the channels that a packet's subfields become.
+// Default names of the channels in which a program shows the subfields of a packet.
 #include "CFunzioni.h"
 #include "packets/ricerca_sottocampi.h"
 #include "tables/fid.h"
@@ -18,7 +18,7 @@ using kel::fid;
 // clang-format off
 constexpr NomePredefinito numero_giro = {fid(FID_PHI_NUMBER, FID_OBJ_LAP), "nLap", "Lap Number"};
 
-// The predictive time and its difference to the best lap come from no packet: the application computes them.
+// The predictive time and its difference to the best lap are no subfields: the application computes them.
 constexpr NomePredefinito tempi_giro[] = {
     {fid(FID_PHI_TIME, FID_OBJ_LAP),                     "LapT", "Lap Time"},
     {fid(FID_PHI_TIME, FID_OBJ_RUNNING_LAP),             "RunT", "Rolling Time"},
@@ -27,21 +27,21 @@ constexpr NomePredefinito tempi_giro[] = {
 };
 // clang-format on
 
-// An identifier that is there already keeps its names.
+// An identifier that the caller has names for already keeps them. These texts are fixed, and no table's: they are
+// handed out as they stand.
 void aggiungi(Canali& canali, const NomePredefinito& canale) {
     canali.insert({canale.fid, {canale.breve, canale.nome}});
 }
 
 }  // namespace
 
-// Rows without a name become no channels.
+// Rows without a name are not shown as channels.
 void CFunzioni::getCanaliGPS(Canali& canali) const {
     for (const s_sottocampo* riga = sottocampi_gps_kel; !kel::fine_sottocampi_qui(*riga); ++riga)
         if (*riga->testo != '\0')
             canali.insert({riga->fid, {ConvertiDa8(riga->breve), ConvertiDa8(riga->testo)}});
 }
 
-// Fixed texts: unlike those of the table they pass through no conversion.
 void CFunzioni::getCanaliLapNum(Canali& canali) const {
     aggiungi(canali, numero_giro);
 }

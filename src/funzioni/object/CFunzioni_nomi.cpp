@@ -1,27 +1,30 @@
-// The catalogue's names of a function. The long one is from the first table that knows it, or composed from its fields.
+// Long and short names of a function. The long one is that of the first table that has one, or is composed from the
+// identifier's fields.
+#include "CFunzioni.h"
+
 #include <cstring>
 
-#include "CFunzioni.h"
 #include "object/nome_composto.h"
 #include "tables/camera.h"
 #include "tables/funz_kel.h"
 
 namespace {
 
-// The name of the quantity's row. A position variant counts only where the object is exactly the row's: a generic row
-// names every other object of its quantity, at any position.
+// The name in the quantity table. Position variants are those of the row's own object only: a generic row names the
+// other objects of its quantity at every position.
 const char* nome_della_grandezza(kel_funpos fid) {
     const s_grandezza_fisica_uiv* riga = kelFunGetUIVs(fid);
     if (riga == nullptr)
         return nullptr;
-    for (int i = 0; i < riga->num_varianti; ++i)  // few rows have any: asked for first
+    for (int i = 0; i < riga->num_varianti; ++i)  // few rows have any
         if (riga->varianti[i].posizione == kelFidPosizione(fid) && kelFidOggetto(riga->chiave) == kelFidOggetto(fid))
             return riga->varianti[i].testo;
     return riga->testo;
 }
 
-// The first table that knows the function names it: the camera's, the legacy one, the quantity table. Which one does cannot be
-// foretold, so all three are asked, the last one first. End markers are no functions.
+// The name of the first table that has the function: the camera's, the legacy one, the quantity table. Null where none
+// has it, and for the end marker of the tables. All three are asked, the last one first, and conditional moves choose
+// the name: in a list of mixed functions a branch on which table has one would be unpredictable.
 const char* nome_nelle_tabelle(kel_funpos fid) {
     if (kelFidFineTabella(fid) != 0)
         return nullptr;
@@ -38,11 +41,11 @@ const char* nome_nelle_tabelle(kel_funpos fid) {
 
 std::string CFunzioni::getNomeFunzione(kel_funpos fid, bool tutti) const {
     if (const char* nome = nome_nelle_tabelle(fid))
-        return nome;  // as it stands, without a conversion
-    return kel::nome_composto(fid, tutti);
+        return nome;  // the tables' whole names are handed out unchanged, unlike the texts that a name is composed of
+    return kel::nome_composto(*this, fid, tutti);
 }
 
-// The NUL is part of the string: clients compare and print short names with it.
+// The flat face's text unchanged, its NUL included: clients compare and print short names with it.
 std::string CFunzioni::getNomeFunzioneShort(kel_funpos fid) const {
     const s_nome_breve nome = kelFunGetNomeFunzioneShort(&set_, fid);
     return std::string(nome.testo, std::strlen(nome.testo) + 1);

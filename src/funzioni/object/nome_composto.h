@@ -4,12 +4,13 @@
 
 #include <string>
 
-#include "kelfunzioni.h"
+#include "CFunzioni.h"
 
 namespace kel {
 
-// The texts of the identifier's fields, through the character conversion; undefined fields only with `tutti`.
-std::string nome_composto(kel_funpos fid, bool tutti);
+// The texts of the identifier's fields as a phrase, each through the catalogue's character conversion. `tutti`: also
+// those of fields without a value.
+std::string nome_composto(const CFunzioni& catalogo, kel_funpos fid, bool tutti);
 
 }  // namespace kel
 

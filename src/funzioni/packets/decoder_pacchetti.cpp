@@ -8,11 +8,11 @@ namespace kel {
 namespace {
 
 void testo_stato_gps(const void* campione, std::size_t payload, char* testo) noexcept {
-    constexpr int oltre = 249;  // a logger without a receiver fills its packets with larger numbers
+    constexpr int senza_ricevitore = 250;  // and above: a logger without a receiver fills its packets with such numbers
     const int fix = leggi<uint8_t>(campione, payload + navsol_fix);
     const int satelliti = leggi<uint8_t>(campione, payload + navsol_satelliti);
     Scrittore scrittore(testo);
-    if (fix > oltre && satelliti > oltre)
+    if (fix >= senza_ricevitore && satelliti >= senza_ricevitore)
         scrittore.testo("No GPS");
     else if (fix < 2)
         scrittore.testo("GPS fix missing");

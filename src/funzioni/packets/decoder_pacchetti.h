@@ -8,7 +8,7 @@
 
 namespace kel {
 
-// A packet has no value of its own: 0, status 0.
+// A packet has no value of its own. Gives 0 with status 0.
 float pacchetto_senza_valore(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept;
 
 void testo_gps_kel(s_kel_converter* conv, const void* campione, char* testo) noexcept;

@@ -23,13 +23,13 @@ const void* payload_di(const void* pacchetto) noexcept {
     return static_cast<const unsigned char*>(pacchetto) + payload_in_gps_kel;
 }
 
-// A 3D fix of four satellites or more. Without one the speed is 0, however the solution drifts.
+// A 3D fix of four satellites or more. Without one the receiver's solution drifts, and the speed is shown as 0.
 bool fix_utile(const void* payload) noexcept {
     return leggi<uint8_t>(payload, navsol_fix) >= 3 && leggi<uint8_t>(payload, navsol_satelliti) >= 4;
 }
 
 float velocita_kmh(const void* payload) noexcept {
-    return velocita_ecef(payload) * 0.036f;  // 3600 / 100000: cm/s to km/h
+    return velocita_ecef(payload) * 0.036f;  // cm/s to km/h: 3600 s/h over 100000 cm/km
 }
 
 }  // namespace
@@ -46,7 +46,8 @@ float velocita_gps_reciproca(const s_kel_converter* conv, const void* campione, 
     return fix_utile(payload) ? reciproca(conv, velocita_kmh(payload)) : 0.0f;
 }
 
-// The NAV-SOL table's speed has neither the factor nor the checks of the logger's packet: it shows the raw vector.
+// The speed of a NAV-SOL payload is in cm/s and not in km/h, and is given without a fix too. It stays so, because
+// displays must show the same for a recording in every release.
 float velocita_navsol(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept {
     *stato = 0;
     return lineare(conv, velocita_ecef(campione));

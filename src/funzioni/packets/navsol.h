@@ -1,22 +1,29 @@
-// Layout of the u-blox UBX-NAV-SOL payload, bytes.
+// Layout of the payload of a u-blox UBX-NAV-SOL message: offsets in bytes. Source: NAV-SOL in the
+// protocol descriptions of the u-blox receivers.
 #ifndef KEL_PACKETS_NAVSOL_H
 #define KEL_PACKETS_NAVSOL_H
 
-#include <cstddef>
+#include <cstdint>
+
+#include "kelfunzioni.h"
+#include "tables/byte_campione.h"
 
 namespace kel {
 
-inline constexpr std::size_t navsol_fix = 10;        // u8: 0 none, 2 2D, 3 3D
-inline constexpr std::size_t navsol_x = 12;          // i32, cm, ECEF
-inline constexpr std::size_t navsol_y = 16;          // i32, cm
-inline constexpr std::size_t navsol_z = 20;          // i32, cm
-inline constexpr std::size_t navsol_vx = 28;         // i32, cm/s, ECEF
-inline constexpr std::size_t navsol_vy = 32;         // i32, cm/s
-inline constexpr std::size_t navsol_vz = 36;         // i32, cm/s
-inline constexpr std::size_t navsol_satelliti = 47;  // u8: satellites used
+inline constexpr uint32_t navsol_fix = 10;                    // u8: 0 none, 2 2D, 3 3D
+inline constexpr uint32_t navsol_x = 12;                      // i32, cm, ECEF
+inline constexpr uint32_t navsol_y = 16;                      // i32, cm
+inline constexpr uint32_t navsol_z = 20;                      // i32, cm
+inline constexpr uint32_t navsol_accuratezza_posizione = 24;  // u32, cm
+inline constexpr uint32_t navsol_vx = 28;                     // i32, cm/s, ECEF
+inline constexpr uint32_t navsol_vy = 32;                     // i32, cm/s
+inline constexpr uint32_t navsol_vz = 36;                     // i32, cm/s
+inline constexpr uint32_t navsol_accuratezza_velocita = 40;   // u32, cm/s
+inline constexpr uint32_t navsol_satelliti = 47;              // u8: satellites used
 
 // The logger's GPS packet is a 32-bit time and then the payload.
-inline constexpr std::size_t payload_in_gps_kel = 4;
+inline constexpr uint32_t payload_in_gps_kel = 4;
+static_assert(byte_campione(KEL_TIPO_GPS_KEL) == payload_in_gps_kel + byte_campione(KEL_TIPO_GPS_NAVSOL));
 
 }  // namespace kel
 

@@ -28,7 +28,7 @@ const s_sottocampo* tabella_lap_time(unsigned spec) noexcept {
     }
 }
 
-// A row whose identifier is the one asked for, before the end row. No table has none.
+// The first row with an identifier, before the end row. Null when there is none, or no table.
 const s_sottocampo* riga_sottocampo(const s_sottocampo* tabella, kel_funpos fid) noexcept {
     if (tabella == nullptr)
         return nullptr;
@@ -67,7 +67,6 @@ const s_sottocampo* getDettagliSottocampo(const s_sottocampo* tabella, kel_funpo
     return kel::riga_sottocampo(tabella, fid);
 }
 
-// A packet has at most 257 subfields in the clients' eyes; the longest table here has 13 rows.
 int kelConvMatchSottocampo(unsigned dettagli, unsigned spec, kel_funpos fid) noexcept {
     return kel::cerca_sottocampo(dettagli, spec, fid) != nullptr ? 1 : 0;
 }

@@ -1,9 +1,10 @@
-// Subfields of GPS packets.
+// Subfields of GPS packets: the logger's own, and the payload of a u-blox UBX-NAV-SOL message.
 //
-// The payload is that of u-blox UBX-NAV-SOL: fix type at byte 10, ECEF position at 12, its accuracy at 24, ECEF velocity
-// at 28, its accuracy at 40, satellites at 47. The accuracies are 32-bit words of which only the low byte is read.
+// The accuracies of position and velocity are 32-bit numbers, of which the rows read only the low byte: 300 cm shows as
+// 44. They stay so, because displays must show the same for a recording in every release.
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "packets/decoder_sottocampi.h"
+#include "packets/navsol.h"
 #include "packets/tabella_sottocampi.h"
 
 namespace {
@@ -19,6 +20,8 @@ constexpr kel_funpos velocita = fid(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GP
 constexpr kel_funpos latitudine = fid(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS);
 constexpr kel_funpos longitudine = fid(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
 
+constexpr uint32_t payload = kel::payload_in_gps_kel;
+
 }  // namespace
 
 using kel::calcolato;
@@ -27,14 +30,14 @@ using kel::intero;
 // clang-format off
 extern "C" {
 
-// The logger's packet: a 32-bit time, then the payload, whose fields thus lie four bytes later.
-//            subfield                offset  type               short   name
+// The logger's packet: a 32-bit time, and then the payload. The numbers of the comments are bytes of the packet.
+//            subfield                offset                                        type               short   name
 constexpr s_sottocampo sottocampi_gps_kel[] = {
-    intero   (tempo,                  0,      KEL_TIPO_UINT32),
-    intero   (tipo_fix,               14,     KEL_TIPO_UINT8),
-    intero   (accuratezza_posizione,  28,     KEL_TIPO_UINT8),
-    intero   (accuratezza_velocita,   44,     KEL_TIPO_UINT8),
-    intero   (satelliti,              51,     KEL_TIPO_UINT8,    "nSV",  "Sats Number"),
+    intero   (tempo,                  0,                                            KEL_TIPO_UINT32),
+    intero   (tipo_fix,               payload + kel::navsol_fix,                    KEL_TIPO_UINT8),  // 14
+    intero   (accuratezza_posizione,  payload + kel::navsol_accuratezza_posizione,  KEL_TIPO_UINT8),  // 28, low byte
+    intero   (accuratezza_velocita,   payload + kel::navsol_accuratezza_velocita,   KEL_TIPO_UINT8),  // 44, low byte
+    intero   (satelliti,              payload + kel::navsol_satelliti,              KEL_TIPO_UINT8,    "nSV",  "Sats Number"),  // 51
     calcolato(velocita,     kel::velocita_gps,    kel::velocita_gps_reciproca, "Spd", "GPS Speed"),
     calcolato(latitudine,   kel::latitudine_gps,  nullptr,                     "Lat", "Latitude"),
     calcolato(longitudine,  kel::longitudine_gps, nullptr,                     "Lon", "Longitude"),
@@ -43,13 +46,14 @@ constexpr s_sottocampo sottocampi_gps_kel[] = {
 
 }  // extern "C"
 
-// The payload as it stands: no time, no coordinates, no names.
-//            subfield                offset  type
+// The payload alone. It has no time; this table offers no coordinates and no names. Its speed is in cm/s and not in
+// km/h, see `velocita_navsol`.
+//            subfield                offset                              type
 constexpr s_sottocampo kel::sottocampi_gps_navsol[] = {
-    intero   (tipo_fix,               10,     KEL_TIPO_UINT8),
-    intero   (accuratezza_posizione,  24,     KEL_TIPO_UINT8),
-    intero   (accuratezza_velocita,   40,     KEL_TIPO_UINT8),
-    intero   (satelliti,              47,     KEL_TIPO_UINT8),
+    intero   (tipo_fix,               kel::navsol_fix,                    KEL_TIPO_UINT8),  // 10
+    intero   (accuratezza_posizione,  kel::navsol_accuratezza_posizione,  KEL_TIPO_UINT8),  // 24, low byte
+    intero   (accuratezza_velocita,   kel::navsol_accuratezza_velocita,   KEL_TIPO_UINT8),  // 40, low byte
+    intero   (satelliti,              kel::navsol_satelliti,              KEL_TIPO_UINT8),  // 47
     calcolato(velocita,     kel::velocita_navsol, kel::velocita_navsol_reciproca),
     kel::fine_sottocampi,
 };
@@ -57,9 +61,9 @@ constexpr s_sottocampo kel::sottocampi_gps_navsol[] = {
 
 namespace kel {
 
-static_assert(sottocampi_in_regola(sottocampi_gps_kel, 56),
+static_assert(sottocampi_in_regola(sottocampi_gps_kel, KEL_TIPO_GPS_KEL),
               "rows lie in the packet; the end row is last and only last");
-static_assert(sottocampi_in_regola(sottocampi_gps_navsol, 52),
+static_assert(sottocampi_in_regola(sottocampi_gps_navsol, KEL_TIPO_GPS_NAVSOL),
               "rows lie in the payload; the end row is last and only last");
 
 }  // namespace kel

@@ -6,6 +6,8 @@ namespace {
 
 using kel::fid;
 
+// The word at byte 20 of the packet is reserved: it has no function. Its row is one like any other all the same: it is
+// listed among the subfields, and a request for identifier 0 finds it.
 constexpr kel_funpos riservato = 0;
 
 }  // namespace
@@ -16,7 +18,9 @@ using kel::intero;
 // clang-format off
 extern "C" {
 
-// Second generation, both versions: numbers, times in milliseconds, and a word of codes and flags.
+// Second generation, both versions: numbers, times in milliseconds, and a 32-bit word of codes and flags. The bits are
+// read through the converter's mask, see `maschera_campo_bit`: it selects the bit above each field, so the codes of lap
+// and split are bit 8 (0 or 256), "best lap" is bit 9 and "best split" bit 10 (0 or 2).
 //             subfield                                    offset  bits    type                 short   name
 constexpr s_sottocampo sottocampi_lap_time_2G[] = {
     intero   (fid(FID_PHI_NUMBER, FID_OBJ_SESSION),        0,              KEL_TIPO_UINT8,      "nRun", "Run Number"),
@@ -26,7 +30,7 @@ constexpr s_sottocampo sottocampi_lap_time_2G[] = {
     intero   (fid(FID_PHI_TIME,   FID_OBJ_SPLIT),          8,              KEL_TIPO_TEMPO_GIRO, "SplT", "Split Time"),
     intero   (fid(FID_PHI_TIME,   FID_OBJ_BEST_LAP),       12,             KEL_TIPO_TEMPO_GIRO),
     intero   (fid(FID_PHI_TIME,   FID_OBJ_RUNNING_LAP),    16,             KEL_TIPO_TEMPO_GIRO, "RunT", "Rolling Time"),
-    intero   (riservato,                                   20,             KEL_TIPO_TEMPO_GIRO),  // a row like any other
+    intero   (riservato,                                   20,             KEL_TIPO_TEMPO_GIRO),
     campo_bit(fid(FID_PHI_CODE,   FID_OBJ_LAP),            24,     0, 8,   KEL_TIPO_UINT32),
     campo_bit(fid(FID_PHI_CODE,   FID_OBJ_SPLIT),          24,     0, 8,   KEL_TIPO_UINT32),
     campo_bit(fid(FID_PHI_CODE,   FID_OBJ_BEST_LAP),       24,     8, 1,   KEL_TIPO_UINT32),
@@ -36,8 +40,9 @@ constexpr s_sottocampo sottocampi_lap_time_2G[] = {
 
 }  // extern "C"
 
-// First generation: one time serves as lap time and as split time. The bit fields are read through the converter's mask,
-// which selects the bit above each field: the lap number's lies above its 16-bit word, so that it always reads 0.
+// First generation: one time serves as lap time and as split time. The converter's mask selects the bit above each
+// field. For the split number that is the lowest bit of the lap number (0 or 4096); for the lap number and the codes it
+// lies beyond the sample, so these always read 0.
 //             subfield                                    offset  bits    type
 constexpr s_sottocampo kel::sottocampi_lap_time_1G[] = {
     intero   (fid(FID_PHI_TIME,   FID_OBJ_LAP),            0,              KEL_TIPO_TEMPO_GIRO),
@@ -53,9 +58,9 @@ constexpr s_sottocampo kel::sottocampi_lap_time_1G[] = {
 
 namespace kel {
 
-static_assert(sottocampi_in_regola(sottocampi_lap_time_2G, 28),
+static_assert(sottocampi_in_regola(sottocampi_lap_time_2G, KEL_TIPO_LAP_2G),
               "rows lie in the packet; the end row is last and only last");
-static_assert(sottocampi_in_regola(sottocampi_lap_time_1G, 8),
+static_assert(sottocampi_in_regola(sottocampi_lap_time_1G, KEL_TIPO_LAP_1G),
               "rows lie in the packet; the end row is last and only last");
 
 }  // namespace kel

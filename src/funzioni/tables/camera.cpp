@@ -1,4 +1,7 @@
 // The functions that the on-board camera can show: the basic ones, and the extended ones.
+//
+// The camera is sent whole numbers: the value in the row's unit times the scale. The library does not use the second
+// factor; programs that read the tables may.
 #include "tables/camera.h"
 
 #include <string_view>
@@ -33,7 +36,12 @@ constexpr t_SFunzioneZumikoCam funz_ZumikoCam_base[] = {
     {fine_tabella,                                                "",       1.0f,   -1,   1.0f,    "",     "",                "",                KEL_TIPO_CALCOLATO},
 };
 
-// The rows are not in order of their codes, and the rolling time has none: both are as the camera knows them.
+// The rows are not in the order of their codes, and the rolling time has no code. Programs know the rows by their
+// numbers, so they stay where they are. The camera shows only the codes that `estesa_visibile` accepts; look-ups find
+// every row.
+//
+// "deg7" is 1e-7 degree, "cs" a hundredth of a second. The rolling time is a row of `funz_Kel` too, with the same
+// identifier.
 //   function                                                             unit    scale      code    factor   short   name                legacy identifier      type
 constexpr t_SFunzioneZumikoCam funz_ZumikoCam_estese[] = {
     {fid(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_VEHICLE),          "deg7", 1.0f,      0xE001, 1.0f,    "Lat",  "Latitude",         "FV_EXT_LATITUDE",     KEL_TIPO_COORDINATA},
@@ -66,14 +74,10 @@ constexpr t_SFunzioneZumikoCam funz_ZumikoCam_estese[] = {
 
 namespace kel {
 
-// --- Basic functions -----------------------------------------------------------------------------------------------
-
-static_assert(fine_solo_in_fondo(funz_ZumikoCam_base, &t_SFunzioneZumikoCam::fid), "the end row is last and only last");
-static_assert(chiavi_uniche(funz_ZumikoCam_base, &t_SFunzioneZumikoCam::fid), "a function stands once");
-static_assert(chiavi_note(funz_ZumikoCam_base, &t_SFunzioneZumikoCam::fid), "functions have fields with descriptors");
-static_assert(codici_unici(funz_ZumikoCam_base), "a camera code stands for one function");
-static_assert(testi_in_misura(funz_ZumikoCam_base), "texts are ASCII and fit their fields");
-static_assert(scale_positive(funz_ZumikoCam_base), "every function has a scale");
+static_assert(camera_in_regola(funz_ZumikoCam_base),
+              "end row last; each function and each code once; texts ASCII and in measure; scales above 0");
+static_assert(camera_in_regola(funz_ZumikoCam_estese),
+              "end row last; each function and each code once; texts ASCII and in measure; scales above 0");
 
 constexpr bool codici_in_fila() {
     for (std::size_t i = 0; i + 1 < std::size(funz_ZumikoCam_base); ++i)
@@ -83,17 +87,7 @@ constexpr bool codici_in_fila() {
 }
 static_assert(codici_in_fila(), "the camera counts its basic functions from 1, without a gap");
 
-// --- Extended functions --------------------------------------------------------------------------------------------
-
-static_assert(fine_solo_in_fondo(funz_ZumikoCam_estese, &t_SFunzioneZumikoCam::fid),
-              "the end row is last and only last");
-static_assert(chiavi_uniche(funz_ZumikoCam_estese, &t_SFunzioneZumikoCam::fid), "a function stands once");
-static_assert(chiavi_note(funz_ZumikoCam_estese, &t_SFunzioneZumikoCam::fid), "functions have fields with descriptors");
-static_assert(codici_unici(funz_ZumikoCam_estese), "a camera code stands for one function");
-static_assert(testi_in_misura(funz_ZumikoCam_estese), "texts are ASCII and fit their fields");
-static_assert(scale_positive(funz_ZumikoCam_estese), "every function has a scale");
-
-// The walk over the visible functions shows the rows that `estesa_visibile` accepts.
+// The rows that the camera shows are those that `estesa_visibile` accepts.
 constexpr bool visibili_come_sulla_camera() {
     constexpr std::size_t visibili[] = {0, 1, 2, 3, 4, 10, 13, 14, 20};
     std::size_t prossima = 0;
@@ -108,7 +102,7 @@ constexpr bool visibili_come_sulla_camera() {
 static_assert(visibili_come_sulla_camera(),
               "position, heading, odometer, satellites, distance and recording time show");
 
-// --- Indexes over both, the basic functions first ------------------------------------------------------------------
+// --- The indexes over both tables, the basic functions first -------------------------------------------------------
 
 namespace {
 
@@ -118,39 +112,15 @@ constexpr const t_SFunzioneZumikoCam& riga_numero(std::size_t numero) {
     return numero < righe_base ? funz_ZumikoCam_base[numero] : funz_ZumikoCam_estese[numero - righe_base];
 }
 
-constexpr std::array<std::uint32_t, righe_tutte> chiavi_fid() {
-    std::array<std::uint32_t, righe_tutte> chiavi = {};
-    for (std::size_t i = 0; i < righe_tutte; ++i)
-        chiavi[i] = riga_numero(i).fid;
-    return chiavi;
-}
-
-constexpr std::array<std::string_view, righe_tutte> testi_id() {
-    std::array<std::string_view, righe_tutte> testi = {};
-    for (std::size_t i = 0; i < righe_tutte; ++i)
-        testi[i] = riga_numero(i).id;
-    return testi;
-}
+constexpr auto fid_delle_righe = raccogli<righe_tutte>([](std::size_t i) { return riga_numero(i).fid; });
+constexpr auto id_delle_righe =
+    raccogli<righe_tutte>([](std::size_t i) { return std::string_view(riga_numero(i).id); });
 
 }  // namespace
 
-constexpr IndicePerfetto<128> indice_camera_fid = indice_perfetto<128>(chiavi_fid());
-constexpr IndiceTesti<128, righe_tutte> indice_camera_id = indice_testi<128>(testi_id());
-
-// Each row is found by its own keys, unless an earlier row has the same.
-constexpr bool indici_uguali_scansione() {
-    for (std::size_t i = 0; i < righe_tutte; ++i) {
-        std::size_t per_fid = 0;
-        while (riga_numero(per_fid).fid != riga_numero(i).fid)
-            ++per_fid;
-        std::size_t per_id = 0;
-        while (std::string_view(riga_numero(per_id).id) != riga_numero(i).id)
-            ++per_id;
-        if (indice_camera_fid.riga(riga_numero(i).fid) != per_fid || indice_camera_id.riga(riga_numero(i).id) != per_id)
-            return false;
-    }
-    return true;
-}
-static_assert(indici_uguali_scansione(), "the indexes answer as a walk over both tables would");
+constexpr IndicePerfetto<128> indice_camera_fid = indice_perfetto<128>(fid_delle_righe);
+constexpr IndiceTesti<128, righe_tutte> indice_camera_id = indice_testi<128>(id_delle_righe);
+static_assert(come_la_scansione(indice_camera_fid, fid_delle_righe), "every row is found by its function");
+static_assert(come_la_scansione(indice_camera_id, id_delle_righe), "every row is found by its legacy identifier");
 
 }  // namespace kel

@@ -10,8 +10,12 @@
 
 namespace kel {
 
-// Whether the camera shows the extended function of a parameter code. Only the families 0xB0nn and 0xE0nn can be shown;
-// of these the first twenty may be hidden one by one: time, date, clock and status, predictive time, the other odometers.
+// Whether the camera shows the extended function of a parameter code.
+//
+// It shows the codes 0xB0nn and 0xE0nn, but for eight numbers nn that are hidden on purpose:
+//
+//     7 time     9 master clock      11 local status       18 total odometer
+//     8 date    10 master status     17 predictive time    19 resettable odometer
 constexpr bool estesa_visibile(int codice) {
     constexpr unsigned nascoste = 1u << 7 | 1u << 8 | 1u << 9 | 1u << 10 | 1u << 11 | 1u << 17 | 1u << 18 | 1u << 19;
     const unsigned famiglia = static_cast<unsigned>(codice) & 0xFF00u;
@@ -21,7 +25,7 @@ constexpr bool estesa_visibile(int codice) {
     return numero >= 20 || (nascoste >> numero & 1u) == 0;
 }
 
-// -1 is no code, and may stand more than once.
+// -1 says that the camera has no code for a row, so several rows may have it.
 template <std::size_t N>
 constexpr bool codici_unici(const t_SFunzioneZumikoCam (&tabella)[N]) {
     for (std::size_t i = 0; i < N; ++i)
@@ -31,15 +35,8 @@ constexpr bool codici_unici(const t_SFunzioneZumikoCam (&tabella)[N]) {
     return true;
 }
 
-template <std::size_t N>
-constexpr bool testi_in_misura(const t_SFunzioneZumikoCam (&tabella)[N]) {
-    for (const t_SFunzioneZumikoCam& riga : tabella)
-        if (!ascii(riga.udm, 6) || !ascii(riga.breve, 4) || !ascii(riga.testo, 16) || !ascii(riga.id, 24))
-            return false;
-    return true;
-}
-
-// A parameter's value is the function's times the scale: a row without one would say nothing.
+// Where the scale is not above 0, the parameter look-up leaves the caller's scale as it was: such a row would have
+// none.
 template <std::size_t N>
 constexpr bool scale_positive(const t_SFunzioneZumikoCam (&tabella)[N]) {
     for (const t_SFunzioneZumikoCam& riga : tabella)
@@ -48,14 +45,24 @@ constexpr bool scale_positive(const t_SFunzioneZumikoCam (&tabella)[N]) {
     return true;
 }
 
-// Rows are counted through both tables, the basic functions first, end rows included: the end marker finds the first end
-// row, and so does the empty text.
+template <std::size_t N>
+constexpr bool camera_in_regola(const t_SFunzioneZumikoCam (&tabella)[N]) {
+    return chiavi_in_regola(tabella, &t_SFunzioneZumikoCam::fid) && codici_unici(tabella) && scale_positive(tabella) &&
+           testi_entro(tabella, &t_SFunzioneZumikoCam::udm, 6) &&
+           testi_entro(tabella, &t_SFunzioneZumikoCam::breve, 4) &&
+           testi_entro(tabella, &t_SFunzioneZumikoCam::testo, 16) &&
+           testi_entro(tabella, &t_SFunzioneZumikoCam::id, 24);
+}
+
+// The rows of both tables are numbered together, the basic functions first. The end rows are numbered too, because the
+// look-ups find them: the end marker and the empty text lead to the end row of the basic table.
 inline constexpr std::size_t righe_base = std::size(funz_ZumikoCam_base);
 inline constexpr std::size_t righe_estese = std::size(funz_ZumikoCam_estese);
 extern const IndicePerfetto<128> indice_camera_fid;
 extern const IndiceTesti<128, righe_base + righe_estese> indice_camera_id;
 
-// The row of a number. The table is chosen by an index, not by a branch: which one a request falls into cannot be foretold.
+// The row of a number. The table is chosen by an index and not by a branch: requests fall into either table in no order
+// that a processor could predict, and a mispredicted branch costs it ten cycles and more.
 inline const t_SFunzioneZumikoCam& riga_camera(std::size_t numero) noexcept {
     static constexpr struct {
         const t_SFunzioneZumikoCam* righe;

@@ -1,5 +1,7 @@
-// Unit codes: a compact number for the common units. Their vocabulary ("a/f", "lambda", "m/s2", "mA") is older than that
-// of the unit tables, and external programs know it.
+// Unit codes: a number for each of the common units, for programs outside the library.
+//
+// The texts are not those of the unit tables. Four of them ("lambda", "m/s2", "a/f", "mA") stand in no unit table, and some
+// units of the tables have no code. Programs know these texts and numbers, so they stay as they are.
 #include "tables/codici_udm.h"
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
@@ -22,9 +24,9 @@ constexpr s_codice_udm udm_codici[] = {
     {"bar",    10},
     {"psi",    11},
     {"%",      12},
-    {"lambda", 13},
+    {"lambda", 13},  // "#" in the unit tables
     {"g",      14},
-    {"m/s2",   15},
+    {"m/s2",   15},  // in no unit table: accelerations are in "g"
     {"V",      16},
     {"%/s",    17},
     {"m",      18},
@@ -32,14 +34,14 @@ constexpr s_codice_udm udm_codici[] = {
     {"deg",    20},
     {"km",     21},
     {"mi",     22},
-    {"a/f",    23},
+    {"a/f",    23},  // "AFR" in the unit tables
     {"deg/s",  24},
     {"Hz",     25},
     {"kW",     26},
     {"s",      27},
     {"Nm",     28},
     {"l",      29},
-    {"mA",     30},
+    {"mA",     30},  // in no unit table: currents are in "A"
     {"A",      31},
     {"mV",     32},
 };
@@ -49,45 +51,20 @@ constexpr s_codice_udm udm_codici[] = {
 
 namespace kel {
 
-constexpr bool codici_in_ordine() {
-    int atteso = 0;
-    for (const s_codice_udm& riga : udm_codici)
-        if (riga.codice != atteso++ || !ascii(riga.testo, 6))
-            return false;
-    return true;
-}
-static_assert(codici_in_ordine(), "row i has code i; texts are ASCII and fit their field");
-
-constexpr bool testi_unici() {
-    for (const s_codice_udm& riga : udm_codici)
-        for (const s_codice_udm* altra = udm_codici; altra != &riga; ++altra)
-            if (std::string_view(riga.testo) == altra->testo)
-                return false;
-    return true;
-}
-static_assert(testi_unici(), "a text stands for one code");
+static_assert(indice_uguale_valore(udm_codici, &s_codice_udm::codice), "row i has code i");
+static_assert(valori_unici(udm_codici, &s_codice_udm::testo), "a text has one code");
+static_assert(testi_entro(udm_codici, &s_codice_udm::testo, 6), "texts are ASCII and fit their field");
 
 // --- The index -----------------------------------------------------------------------------------------------------
 
 namespace {
 
-constexpr std::array<std::string_view, std::size(udm_codici)> testi() {
-    std::array<std::string_view, std::size(udm_codici)> testi = {};
-    for (std::size_t i = 0; i < testi.size(); ++i)
-        testi[i] = udm_codici[i].testo;
-    return testi;
-}
+constexpr auto testi =
+    raccogli<std::size(udm_codici)>([](std::size_t i) { return std::string_view(udm_codici[i].testo); });
 
 }  // namespace
 
-constexpr IndiceTesti<128, std::size(udm_codici)> indice_codici_udm = indice_testi<128>(testi());
-
-constexpr bool indice_completo() {
-    for (std::size_t i = 0; i < std::size(udm_codici); ++i)
-        if (indice_codici_udm.riga(udm_codici[i].testo) != i)
-            return false;
-    return true;
-}
-static_assert(indice_completo(), "every row is found by its text, which is unique");
+constexpr IndiceTesti<128, std::size(udm_codici)> indice_codici_udm = indice_testi<128>(testi);
+static_assert(come_la_scansione(indice_codici_udm, testi), "every code is found by its text");
 
 }  // namespace kel

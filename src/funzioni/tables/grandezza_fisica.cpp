@@ -5,7 +5,8 @@
 // clang-format off
 extern "C" {
 
-// The repetitions (identical abbreviation and text, "rpm" for "RPM", "Vo*L") are what the user knows; they stay.
+// Some abbreviations are as long as the text, or differ from it only in capitals ("rpm", "RPM"). Users know all of
+// them, so they stay.
 //   value                       XML name                      short    text
 constexpr s_campo_fid grandezza_fisica_FunzKel[] = {
     {FID_PHI_UNDEFINED,          "FID_PHI_UNDEFINED",          "---",   ""},
@@ -47,8 +48,7 @@ constexpr s_campo_fid grandezza_fisica_FunzKel[] = {
 
 namespace kel {
 
-static_assert(indice_uguale_valore(grandezza_fisica_FunzKel), "row i describes value i");
-static_assert(xml_unici(grandezza_fisica_FunzKel, "FID_PHI_"), "an XML name stands for one value");
-static_assert(testi_in_misura(grandezza_fisica_FunzKel), "texts are ASCII and fit their fields");
+static_assert(campo_in_regola(grandezza_fisica_FunzKel, "FID_PHI_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
 
 }  // namespace kel

@@ -1,9 +1,9 @@
-// The quantity table: for each quantity, and for the objects that differ from the rest of it, the names, the units and the
-// position variants.
+// The quantity table: for each quantity, and for the objects that differ from the rest of it, the names, the units and
+// the position variants.
 //
-// A look-up takes the first row of the quantity that has the object or no object, so the rows of particular objects stand
-// before the generic row of their quantity. The diagnostic number of lambda stands apart from the other row of its
-// quantity: rows of one quantity are not always neighbours.
+// A look-up takes the first row that has the identifier's quantity, and its object or no object. So the rows for
+// objects stand before the row of the quantity that has no object. The rows of a quantity need not be neighbours:
+// FID_PHI_NUMBER has one among the codes, for the diagnosis of lambda.
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
 #include "tables/invarianti.h"
 #include "tables/posti_udm.h"
@@ -26,7 +26,7 @@
 namespace kel {
 namespace {
 
-// The counts are taken from the arrays.
+// The compiler counts the units and the variants.
 template <std::size_t NumUdm>
 constexpr s_grandezza_fisica_uiv riga(kel_funpos chiave, const char* breve, const char* testo,
                                       const s_udm_associata (&udm)[NumUdm]) {
@@ -124,15 +124,12 @@ constexpr s_grandezza_fisica_uiv uib_grandezza_fisica_uiv[] = {
 
 namespace kel {
 
-static_assert(fine_solo_in_fondo(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave),
-              "the end row is last and only last");
-static_assert(chiavi_uniche(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave), "a key selects one row");
-static_assert(chiavi_note(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave),
-              "keys have values with descriptors");
+static_assert(chiavi_in_regola(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::chiave),
+              "end row last; each key once, of values with descriptors");
 
 constexpr bool chiavi_di_grandezza_e_oggetto() {
     for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
-        if (riga.chiave >> FID_SHIFT_POS != 0)
+        if ((riga.chiave & ~(bit_grandezza | bit_oggetto)) != 0)
             return false;
     return true;
 }
@@ -151,7 +148,7 @@ constexpr bool particolari_prima_della_generica() {
 static_assert(particolari_prima_della_generica(), "a row behind its quantity's generic row would never be found");
 
 constexpr bool generica_per_ogni_grandezza() {
-    for (unsigned grandezza = 0; grandezza <= FID_PHI_GEAR; ++grandezza) {
+    for (unsigned grandezza = 0; grandezza < kel::grandezze_note; ++grandezza) {
         bool trovata = false;
         for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
             trovata = trovata || riga.chiave == grandezza;
@@ -162,17 +159,13 @@ constexpr bool generica_per_ogni_grandezza() {
 }
 static_assert(generica_per_ogni_grandezza(), "all quantities but the undefined and the custom one have a generic row");
 
-constexpr bool testi_in_misura() {
-    for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
-        if (!ascii(riga.breve, 4) || !ascii(riga.testo, 17))
-            return false;
-    return true;
-}
-static_assert(testi_in_misura(), "texts are ASCII and fit their fields");
+static_assert(testi_entro(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::breve, 4) &&
+                  testi_entro(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::testo, 17),
+              "texts are ASCII and fit their fields");
 
 // --- The rows by quantity and object -----------------------------------------------------------------------------------
 
-// The rule: the first row of the quantity that has the object or no object.
+// The row that a look-up takes, by searching row by row.
 constexpr unsigned prima_riga(unsigned grandezza, unsigned oggetto) {
     unsigned numero = 0;
     for (; numero < riga_fine_grandezze; ++numero) {
@@ -193,7 +186,7 @@ constexpr RigheGrandezze scandisci() {
 
 constexpr RigheGrandezze righe_grandezze = scandisci();
 
-// One quantity and one object more than there is room for stand for all beyond.
+// Of the quantities and objects beyond the table's room one of each is tried: the others take the same way.
 constexpr bool come_la_scansione() {
     for (unsigned grandezza = 0; grandezza <= grandezze_con_riga; ++grandezza)
         for (unsigned oggetto = 0; oggetto <= oggetti_con_riga; ++oggetto)
@@ -201,7 +194,7 @@ constexpr bool come_la_scansione() {
                 return false;
     return true;
 }
-static_assert(come_la_scansione(), "the row of an identifier is where a walk over the table stops");
+static_assert(come_la_scansione(), "the row of an identifier is the one that a search row by row finds");
 
 constexpr bool chiavi_in_misura() {
     for (const s_grandezza_fisica_uiv* riga = uib_grandezza_fisica_uiv; riga->chiave != fine_grandezze; ++riga)
@@ -215,7 +208,7 @@ static_assert(prima_riga(FID_PHI_PACKAGE, 0) != riga_fine_grandezze,
 
 // --- The units by text -------------------------------------------------------------------------------------------------
 
-// From the last unit to the first: of those that share a place the first one's stays.
+// The units go from the last to the first, so that the first of those with the same place stays.
 constexpr PostiUdm trova_posti() {
     PostiUdm posti = {};
     for (unsigned riga = 0; riga < riga_fine_grandezze; ++riga) {
@@ -228,7 +221,8 @@ constexpr PostiUdm trova_posti() {
 
 constexpr PostiUdm posti_udm = trova_posti();
 
-// Units whose place is another's, and where that other one does not stand before them.
+// The number of units at whose place stands another one; or only those where that one stands behind them, so that a
+// search from there would miss them.
 constexpr unsigned fuori_posto(bool solo_dietro) {
     unsigned quante = 0;
     for (unsigned riga = 0; riga < riga_fine_grandezze; ++riga) {

@@ -1,7 +1,13 @@
-// Which row of a table has a key, in two loads: a perfect hash, computed from the table when it is compiled.
+// Which row of a table has a key: a perfect hash, which the compiler computes from the table.
 //
-// A key times an odd number, of which the upper bits are the place of the row's number. The factor is the first of a random
-// sequence for which no two keys of the table share a place. Any other key leads to some row too: the caller compares.
+// The key is multiplied by an odd number, modulo 2^32. The upper bits of the product are a place in the index, and
+// there stands the number of the row. For 128 places:
+//
+//     key * factor:   bits 31..25 place | bits 24..0 not used
+//
+// The factor is the first of a pseudo-random sequence for which no two keys of the table have the same place. A look-up
+// is so two loads and one comparison, where a search compares with up to 43 rows. A key that is not in the table has a
+// place too, and leads to some row: so the caller compares the key with that row's.
 #ifndef KEL_TABLES_INDICE_PERFETTO_H
 #define KEL_TABLES_INDICE_PERFETTO_H
 
@@ -27,7 +33,8 @@ struct IndicePerfetto {
     constexpr std::size_t riga(std::uint32_t chiave) const noexcept { return righe[posto(chiave)]; }
 };
 
-// Whether the keys find a place each. From the last to the first: of equal keys the first row's stays, as in a walk.
+// Gives every key its place; false when two different keys have the same. The rows go from the last to the first, so
+// that of equal keys the first row's number stays: the one that a search row by row finds.
 template <std::size_t Posti, std::size_t N>
 consteval bool riempi(IndicePerfetto<Posti>& indice, const std::array<std::uint32_t, N>& chiavi) {
     bool occupati[Posti] = {};
@@ -51,7 +58,11 @@ consteval IndicePerfetto<Posti> indice_perfetto(const std::array<std::uint32_t, 
     }
 }
 
-// The key of a text: its length and four of its characters, which tell legacy identifiers and units apart.
+// The key of a text: 32 bits made of its length and four of its characters. That is enough to give the texts of every
+// table different keys. If it ever is not, there is no factor to find, and the compiler gives up the search with an
+// error.
+//
+//     bits 31..24 middle | 23..16 last but one | 15..8 last | 7..0 first, plus the length
 constexpr std::uint32_t chiave_testo(std::string_view testo) noexcept {
     const std::size_t n = testo.size();
     if (n == 0)
@@ -61,16 +72,17 @@ constexpr std::uint32_t chiave_testo(std::string_view testo) noexcept {
            byte(n / 2) << 24;
 }
 
-// Which row of a table has a text. Lengths are kept, so that of texts that differ in length no character is compared.
+// Which row of a table has a text. The lengths of the rows' texts are kept, so that the characters are compared only
+// where the lengths are equal.
 template <std::size_t Posti, std::size_t Righe>
 struct IndiceTesti {
     IndicePerfetto<Posti> chiavi;
     std::uint8_t lunghezze[Righe] = {};
 
-    // The only row that may have the text.
+    // The only row that can have the text.
     constexpr std::size_t riga(std::string_view testo) const noexcept { return chiavi.riga(chiave_testo(testo)); }
 
-    // Whether it has: `della_riga` is the row's text.
+    // Whether that row has it. `della_riga`: the row's text.
     bool uguale(std::size_t riga, const char* della_riga, std::string_view testo) const noexcept {
         return testo.size() == lunghezze[riga] && std::memcmp(testo.data(), della_riga, testo.size()) == 0;
     }
@@ -86,6 +98,28 @@ consteval IndiceTesti<Posti, N> indice_testi(const std::array<std::string_view, 
     }
     indice.chiavi = indice_perfetto<Posti>(chiavi);
     return indice;
+}
+
+// The keys of all rows, in the order of the rows. `chiave`: the key of the row of a number.
+template <std::size_t N, typename Chiave>
+consteval auto raccogli(Chiave chiave) {
+    std::array<decltype(chiave(std::size_t{})), N> chiavi = {};
+    for (std::size_t i = 0; i < N; ++i)
+        chiavi[i] = chiave(i);
+    return chiavi;
+}
+
+// Whether an index finds for each key the first row that has it, as a search row by row does.
+template <typename Indice, typename Chiave, std::size_t N>
+consteval bool come_la_scansione(const Indice& indice, const std::array<Chiave, N>& chiavi) {
+    for (const Chiave& chiave : chiavi) {
+        std::size_t prima = 0;
+        while (chiavi[prima] != chiave)
+            ++prima;
+        if (indice.riga(chiave) != prima)
+            return false;
+    }
+    return true;
 }
 
 }  // namespace kel

@@ -23,7 +23,7 @@ constexpr s_campo_fid leftright_FunzKel[] = {
     {FID_LEFTRIGHT_CENTER, "FID_LEFTRIGHT_CENTER", "C",   "Center"},
 };
 
-// Front/rear: the centre is "xCenter", to tell it from the other centres in a composed name.
+// Front/rear. The centre is "xCenter", which tells it from the other centres in a composed name.
 //   value                 XML name                short  text
 constexpr s_campo_fid frontrear_FunzKel[] = {
     {FID_FRONTREAR_UNDEF,  "FID_FRONTREAR_UNDEF",  "",    ""},
@@ -32,7 +32,7 @@ constexpr s_campo_fid frontrear_FunzKel[] = {
     {FID_FRONTREAR_CENTER, "FID_FRONTREAR_CENTER", "C",   "xCenter"},
 };
 
-// Up/down: the centre is "zCenter" for the same reason.
+// Up/down. The centre is "zCenter" for the same reason.
 //   value              XML name             short  text
 constexpr s_campo_fid updown_FunzKel[] = {
     {FID_UPDOWN_UNDEF,  "FID_UPDOWN_UNDEF",  "",    ""},
@@ -46,20 +46,13 @@ constexpr s_campo_fid updown_FunzKel[] = {
 
 namespace kel {
 
-static_assert(indice_uguale_valore(inout_FunzKel), "row i describes value i");
-static_assert(xml_unici(inout_FunzKel, "FID_INOUT_"), "an XML name stands for one value");
-static_assert(testi_in_misura(inout_FunzKel), "texts are ASCII and fit their fields");
-
-static_assert(indice_uguale_valore(leftright_FunzKel), "row i describes value i");
-static_assert(xml_unici(leftright_FunzKel, "FID_LEFTRIGHT_"), "an XML name stands for one value");
-static_assert(testi_in_misura(leftright_FunzKel), "texts are ASCII and fit their fields");
-
-static_assert(indice_uguale_valore(frontrear_FunzKel), "row i describes value i");
-static_assert(xml_unici(frontrear_FunzKel, "FID_FRONTREAR_"), "an XML name stands for one value");
-static_assert(testi_in_misura(frontrear_FunzKel), "texts are ASCII and fit their fields");
-
-static_assert(indice_uguale_valore(updown_FunzKel), "row i describes value i");
-static_assert(xml_unici(updown_FunzKel, "FID_UPDOWN_"), "an XML name stands for one value");
-static_assert(testi_in_misura(updown_FunzKel), "texts are ASCII and fit their fields");
+static_assert(campo_in_regola(inout_FunzKel, "FID_INOUT_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
+static_assert(campo_in_regola(leftright_FunzKel, "FID_LEFTRIGHT_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
+static_assert(campo_in_regola(frontrear_FunzKel, "FID_FRONTREAR_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
+static_assert(campo_in_regola(updown_FunzKel, "FID_UPDOWN_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
 
 }  // namespace kel

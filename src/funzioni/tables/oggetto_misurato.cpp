@@ -5,7 +5,7 @@
 // clang-format off
 extern "C" {
 
-// "Lambda" is the one abbreviation of six letters.
+// The abbreviations have five characters at most, except "Lambda" with six.
 //   value                             XML name                            short     text
 constexpr s_campo_fid oggetto_misurato_FunzKel[] = {
     {FID_OBJ_UNDEFINED,                "FID_OBJ_UNDEFINED",                "---",    ""},
@@ -73,8 +73,7 @@ constexpr s_campo_fid oggetto_misurato_FunzKel[] = {
 
 namespace kel {
 
-static_assert(indice_uguale_valore(oggetto_misurato_FunzKel), "row i describes value i");
-static_assert(xml_unici(oggetto_misurato_FunzKel, "FID_OBJ_"), "an XML name stands for one value");
-static_assert(testi_in_misura(oggetto_misurato_FunzKel), "texts are ASCII and fit their fields");
+static_assert(campo_in_regola(oggetto_misurato_FunzKel, "FID_OBJ_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
 
 }  // namespace kel

@@ -14,7 +14,7 @@ constexpr s_campo_fid dettagli_FunzKel[] = {
     {FID_DETTAGLI_GPS,      "FID_DETTAGLI_GPS",      "GPS",   "GPS"},
 };
 
-// GPS packets: the logger's own solution, or the receiver's NAV-SOL payload as it stands.
+// GPS packets: the logger's own packet, or the payload of the receiver's NAV-SOL message.
 //   value                   XML name                  short  text
 constexpr s_campo_fid specializzazione_gps_FunzKel[] = {
     {FID_SPEC_GPS_KELNAVSOL, "FID_SPEC_GPS_KELNAVSOL", "Kel", "Kel"},
@@ -34,16 +34,11 @@ constexpr s_campo_fid specializzazione_laptime_FunzKel[] = {
 
 namespace kel {
 
-static_assert(indice_uguale_valore(dettagli_FunzKel), "row i describes value i");
-static_assert(xml_unici(dettagli_FunzKel, "FID_DETTAGLI_"), "an XML name stands for one value");
-static_assert(testi_in_misura(dettagli_FunzKel), "texts are ASCII and fit their fields");
-
-static_assert(indice_uguale_valore(specializzazione_gps_FunzKel), "row i describes value i");
-static_assert(xml_unici(specializzazione_gps_FunzKel, "FID_SPEC_GPS_"), "an XML name stands for one value");
-static_assert(testi_in_misura(specializzazione_gps_FunzKel), "texts are ASCII and fit their fields");
-
-static_assert(indice_uguale_valore(specializzazione_laptime_FunzKel), "row i describes value i");
-static_assert(xml_unici(specializzazione_laptime_FunzKel, "FID_SPEC_LAPTIME_"), "an XML name stands for one value");
-static_assert(testi_in_misura(specializzazione_laptime_FunzKel), "texts are ASCII and fit their fields");
+static_assert(campo_in_regola(dettagli_FunzKel, "FID_DETTAGLI_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
+static_assert(campo_in_regola(specializzazione_gps_FunzKel, "FID_SPEC_GPS_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
+static_assert(campo_in_regola(specializzazione_laptime_FunzKel, "FID_SPEC_LAPTIME_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
 
 }  // namespace kel

@@ -38,8 +38,7 @@ constexpr s_campo_fid posizione_FunzKel[] = {
 
 namespace kel {
 
-static_assert(indice_uguale_valore(posizione_FunzKel), "row i describes value i");
-static_assert(xml_unici(posizione_FunzKel, "FID_POS_"), "an XML name stands for one value");
-static_assert(testi_in_misura(posizione_FunzKel), "texts are ASCII and fit their fields");
+static_assert(campo_in_regola(posizione_FunzKel, "FID_POS_"),
+              "row i describes value i; XML names unique; texts ASCII and in measure");
 
 }  // namespace kel

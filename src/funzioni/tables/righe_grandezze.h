@@ -1,9 +1,11 @@
-// Which row of the quantity table an identifier falls under, in one load: a walk's answer for every quantity and object.
+// Which row of the quantity table an identifier falls under: the row's number for every quantity and object, in 2 KB.
 //
-// The answers are computed by the walk when the table is compiled.
+// The compiler fills the table by searching the quantity table row by row. A look-up is then one load, where the search
+// compares up to 65 keys.
 #ifndef KEL_TABLES_RIGHE_GRANDEZZE_H
 #define KEL_TABLES_RIGHE_GRANDEZZE_H
 
+#include <bit>
 #include <cstdint>
 #include <iterator>
 
@@ -11,17 +13,18 @@
 
 namespace kel {
 
-// Powers of two, and room for all rows: no row has a quantity or an object beyond them.
-inline constexpr unsigned grandezze_con_riga = 32;
-inline constexpr unsigned oggetti_con_riga = 64;
+// Room for every quantity and every object that has a meaning. Of objects the next power of two is taken, so that the
+// row of a quantity begins at a multiple of 64, which is a shift.
+inline constexpr unsigned grandezze_con_riga = grandezze_note;
+inline constexpr unsigned oggetti_con_riga = std::bit_ceil(oggetti_noti);
 
-// Where a walk stops that finds nothing.
+// The number of the end row: where a search stops that finds nothing.
 inline constexpr unsigned riga_fine_grandezze = std::size(uib_grandezza_fisica_uiv) - 1;
 
 struct RigheGrandezze {
     std::uint8_t numeri[grandezze_con_riga][oggetti_con_riga];
 
-    // The number of the row; that of the end row when the quantity has none.
+    // The number of the identifier's row; that of the end row when its quantity has none.
     constexpr unsigned riga(kel_funpos fid) const noexcept {
         const unsigned grandezza = kelFidGrandezza(fid);
         const unsigned oggetto = kelFidOggetto(fid);
@@ -32,7 +35,8 @@ struct RigheGrandezze {
     }
 };
 
-// Not exported, and said so where it is used: its address is then known without a load.
+// Declared hidden, so that code in other files knows that the address is fixed within the library, and does not load it
+// from the table of exported addresses first.
 [[gnu::visibility("hidden")]] extern const RigheGrandezze righe_grandezze;
 
 }  // namespace kel

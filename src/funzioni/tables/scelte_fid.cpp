@@ -14,8 +14,8 @@ constexpr uint32_t destra = kel::destra_sinistra(FID_LEFTRIGHT_RIGHT);
 // clang-format off
 extern "C" {
 
-// In/out: the key is the field's value. This list counts In as 1 and Out as 2, unlike the field itself and the list
-// below; nothing in the library refers to it, and the programs that read it know its numbers.
+// In/out: the key is the field's value. In this list In is 1 and Out is 2; in an identifier, and in the list below, it
+// is the other way round. The library does not use this list. It stays so, because programs may read it.
 //   key  short text
 constexpr s_scelta_fid ios_completo[] = {
     {1,   "I",  "In"},
@@ -29,7 +29,7 @@ constexpr s_scelta_fid ios_solo_inout[] = {
     {FID_INOUT_IN,   "I",  "In"},
 };
 
-// Sides: the key holds the bits to set in the identifier. Nothing in the library refers to the first list.
+// Sides: the key is the bits to set in the identifier. The library does not use the first list; programs may read it.
 //   key       short  text
 constexpr s_scelta_fid udfrlrs_solo_fr[] = {
     {davanti,  "Fr",  "Front"},

@@ -1,11 +1,12 @@
 // Units of acceleration: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_ACCELERAZIONE_H
 #define KEL_TABLES_UDM_ACCELERAZIONE_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
@@ -21,9 +22,8 @@ constexpr s_udm_associata g_udm_associate[] = {
 
 namespace kel {
 
-static_assert(base_per_prima(g_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(g_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(g_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(g_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
 }  // namespace kel
 

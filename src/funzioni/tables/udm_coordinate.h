@@ -1,11 +1,13 @@
 // Units of coordinates: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_COORDINATE_H
 #define KEL_TABLES_UDM_COORDINATE_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/misure.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
@@ -17,13 +19,14 @@ constexpr s_udm_associata coord_alt_udm_associate[] = {
     {{"ft", 0.0f,   3.28084f, 0},    2,       2,   0},
 };
 
-// Latitude (base unit: deg).
+// Latitude (base unit: deg). Five decimals are offered, which is a metre. The numeric text shows three at most, so that
+// many are seen, except for samples of the type coordinate: these have a text of their own, with seven.
 //    unit   offset  gain  recip  default  max  min  decimals
 constexpr s_udm_associata coord_lat_udm_associate[] = {
     {{"deg", 0.0f,   1.0f, 0},    5,       5,   0},
 };
 
-// Longitude (base unit: deg).
+// Longitude (base unit: deg). Decimals as for the latitude.
 //    unit   offset  gain  recip  default  max  min  decimals
 constexpr s_udm_associata coord_lon_udm_associate[] = {
     {{"deg", 0.0f,   1.0f, 0},    5,       5,   0},
@@ -38,24 +41,17 @@ constexpr s_udm_associata coord_udm_associate[] = {
 }  // extern "C"
 // clang-format on
 
-namespace kel {
+namespace kel::misure {
 
-static_assert(base_per_prima(coord_alt_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(coord_alt_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(coord_alt_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(coord_alt_udm_associate, {1, metro / piede}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(coord_lat_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(coord_lon_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(coord_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
-static_assert(base_per_prima(coord_lat_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(coord_lat_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(coord_lat_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(coord_lon_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(coord_lon_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(coord_lon_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(coord_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(coord_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(coord_udm_associate), "min <= default <= max in every row");
-
-}  // namespace kel
+}  // namespace kel::misure
 
 #endif

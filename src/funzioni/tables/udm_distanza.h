@@ -1,16 +1,18 @@
 // Units of length: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_DISTANZA_H
 #define KEL_TABLES_UDM_DISTANZA_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/misure.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
 
-// Long distance (base unit: km). No row of the quantity table uses it; client programs read it.
+// Long distance (base unit: km). No row of the quantity table uses it; it is there for programs that read it.
 //    unit  offset  gain        recip  default  max  min  decimals
 constexpr s_udm_associata km_udm_associate[] = {
     {{"km", 0.0f,   1.0f,       0},    1,       1,   0},
@@ -31,8 +33,8 @@ constexpr s_udm_associata m_udm_associate[] = {
     {{"ft", 0.0f,   3.28084f,     0},    0,       0,   0},
 };
 
-// Position of a moving part: the value recorded is in metres, of which the table shows only multiples;
-// "mm" is reported as the base unit all the same.
+// Position of a moving part. Values are recorded in metres, which no row shows: so the first row, which the library
+// reports as the base unit, has a gain that is not 1.
 //    unit  offset  gain      recip  default  max  min  decimals
 constexpr s_udm_associata pos_udm_associate[] = {
     {{"mm", 0.0f,   1000.0f,  0},    0,       0,   0},
@@ -42,19 +44,17 @@ constexpr s_udm_associata pos_udm_associate[] = {
 }  // extern "C"
 // clang-format on
 
-namespace kel {
+namespace kel::misure {
 
-static_assert(base_per_prima(km_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(km_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(km_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(km_udm_associate,
+                              {1, chilometro / miglio, chilometro / metro, chilometro / piede, chilometro / centimetro,
+                               chilometro / pollice, chilometro / millimetro}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(m_udm_associate, {1, metro / chilometro, metro / miglio, metro / piede}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(pos_udm_associate, {metro / millimetro, metro / pollice}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
-static_assert(base_per_prima(m_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(m_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(m_udm_associate), "min <= default <= max in every row");
-
-static_assert(unita_distinte(pos_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(pos_udm_associate), "min <= default <= max in every row");
-
-}  // namespace kel
+}  // namespace kel::misure
 
 #endif

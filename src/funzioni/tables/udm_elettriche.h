@@ -1,11 +1,12 @@
 // Electrical units: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_ELETTRICHE_H
 #define KEL_TABLES_UDM_ELETTRICHE_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
@@ -17,8 +18,8 @@ constexpr s_udm_associata mV_udm_associate[] = {
     {{"V",  0.0f,   0.001f, 0},    3,       3,   0},
 };
 
-// Battery voltage: the value recorded is in millivolts, shown in volts with at least one decimal;
-// "V" is reported as the base unit all the same.
+// Battery voltage. Values are recorded in millivolts and shown in volts, with at least one decimal: so the first row,
+// which the library reports as the base unit, has a gain that is not 1.
 //    unit offset  gain    recip  default  max  min  decimals
 constexpr s_udm_associata battery_udm_associate[] = {
     {{"V", 0.0f,   0.001f, 0},    1,       1,   1},
@@ -35,16 +36,12 @@ constexpr s_udm_associata A_udm_associate[] = {
 
 namespace kel {
 
-static_assert(base_per_prima(mV_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(mV_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(mV_udm_associate), "min <= default <= max in every row");
-
-static_assert(unita_distinte(battery_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(battery_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(A_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(A_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(A_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(mV_udm_associate, {1, 1e-3}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(battery_udm_associate, {1e-3}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(A_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
 }  // namespace kel
 

@@ -1,11 +1,13 @@
 // Units of volume and flow: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_FLUIDI_H
 #define KEL_TABLES_UDM_FLUIDI_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/misure.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
@@ -17,7 +19,8 @@ constexpr s_udm_associata l_udm_associate[] = {
     {{"gal", 0.0f,   0.264172f, 0},    0,       0,   0},
 };
 
-// Volume flow (base unit: l/s).
+// Volume flow (base unit: l/s). The gain of gal/h is 3600 times that of gal/s as it is written here, with six figures;
+// from the gallon itself it would be 951.0194.
 //    unit     offset  gain       recip  default  max  min  decimals
 constexpr s_udm_associata l_sec_udm_associate[] = {
     {{"l/s",   0.0f,   1.0f,      0},    0,       0,   0},
@@ -41,24 +44,17 @@ constexpr s_udm_associata kg_sec_udm_associate[] = {
 }  // extern "C"
 // clang-format on
 
-namespace kel {
+namespace kel::misure {
 
-static_assert(base_per_prima(l_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(l_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(l_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(l_udm_associate, {1, litro / gallone}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(l_sec_udm_associate, {1, litro / gallone, ora / secondo, 3600 * 0.264172}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(l_lap_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(kg_sec_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
-static_assert(base_per_prima(l_sec_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(l_sec_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(l_sec_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(l_lap_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(l_lap_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(l_lap_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(kg_sec_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(kg_sec_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(kg_sec_udm_associate), "min <= default <= max in every row");
-
-}  // namespace kel
+}  // namespace kel::misure
 
 #endif

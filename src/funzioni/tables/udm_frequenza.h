@@ -1,11 +1,12 @@
 // Units of frequency: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_FREQUENZA_H
 #define KEL_TABLES_UDM_FREQUENZA_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
@@ -22,9 +23,8 @@ constexpr s_udm_associata Hz_udm_associate[] = {
 
 namespace kel {
 
-static_assert(base_per_prima(Hz_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(Hz_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(Hz_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(Hz_udm_associate, {1, 1e-3}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
 }  // namespace kel
 

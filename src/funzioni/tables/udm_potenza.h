@@ -1,21 +1,26 @@
 // Units of power and torque: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_POTENZA_H
 #define KEL_TABLES_UDM_POTENZA_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/misure.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
 
 // Power (base unit: kW).
+//
+// The gains of HP and CV are swapped: 1.35962 is that of the metric horsepower, the Italian CV, and 1.34102 that of the
+// imperial one. They stay swapped, because displays must show the same for a recording in every release.
 //    unit  offset  gain      recip  default  max  min  decimals
 constexpr s_udm_associata kW_sec_udm_associate[] = {
     {{"kW", 0.0f,   1.0f,     0},    2,       2,   0},
-    {{"HP", 0.0f,   1.35962f, 0},    2,       2,   0},
-    {{"CV", 0.0f,   1.34102f, 0},    2,       2,   0},
+    {{"HP", 0.0f,   1.35962f, 0},    2,       2,   0},  // the gain of CV
+    {{"CV", 0.0f,   1.34102f, 0},    2,       2,   0},  // the gain of HP
     {{"W",  0.0f,   1000.0f,  0},    0,       0,   0},
 };
 
@@ -28,16 +33,14 @@ constexpr s_udm_associata Nm_udm_associate[] = {
 }  // extern "C"
 // clang-format on
 
-namespace kel {
+namespace kel::misure {
 
-static_assert(base_per_prima(kW_sec_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(kW_sec_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(kW_sec_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(kW_sec_udm_associate,
+                              {1, chilowatt / cavallo_metrico, chilowatt / cavallo_imperiale, chilowatt / watt}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(Nm_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
-static_assert(base_per_prima(Nm_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(Nm_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(Nm_udm_associate), "min <= default <= max in every row");
-
-}  // namespace kel
+}  // namespace kel::misure
 
 #endif

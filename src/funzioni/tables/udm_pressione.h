@@ -1,11 +1,13 @@
 // Units of pressure: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_PRESSIONE_H
 #define KEL_TABLES_UDM_PRESSIONE_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/misure.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
@@ -28,7 +30,7 @@ constexpr s_udm_associata bar_oil_udm_associate[] = {
     {{"kPa", 0.0f,   100.0f,   0},    0,       0,   0},
 };
 
-// Brake circuits (base unit: bar), two digits more on the left than other pressures.
+// Brake circuits (base unit: bar). Their pressures are tens of times those of oil or air, so one decimal less is shown.
 //    unit   offset  gain      recip  default  max  min  decimals
 constexpr s_udm_associata bar_brake_udm_associate[] = {
     {{"bar", 0.0f,   1.0f,     0},    1,       1,   0},
@@ -38,20 +40,16 @@ constexpr s_udm_associata bar_brake_udm_associate[] = {
 }  // extern "C"
 // clang-format on
 
-namespace kel {
+namespace kel::misure {
 
-static_assert(base_per_prima(bar_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(bar_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(bar_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(bar_udm_associate,
+                              {1, bar / psi, bar / chilopascal, bar / millibar, bar / pollice_mercurio}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(bar_oil_udm_associate, {1, bar / psi, bar / chilopascal}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(bar_brake_udm_associate, {1, bar / psi}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
-static_assert(base_per_prima(bar_oil_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(bar_oil_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(bar_oil_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(bar_brake_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(bar_brake_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(bar_brake_udm_associate), "min <= default <= max in every row");
-
-}  // namespace kel
+}  // namespace kel::misure
 
 #endif

@@ -1,11 +1,13 @@
 // Units of angles and rotation: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_ROTAZIONE_H
 #define KEL_TABLES_UDM_ROTAZIONE_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/misure.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
@@ -18,13 +20,16 @@ constexpr s_udm_associata deg_udm_associate[] = {
 };
 
 // Angular velocity (base unit: deg/s).
+//
+// The gain of rps is ten times that of revolutions per second: 1/36, where a revolution has 360 degrees. 360 deg/s show
+// as 10 rps. It stays, because displays must show the same for a recording in every release.
 //    unit       offset  gain         recip  default  max  min  decimals
 constexpr s_udm_associata deg_sec_udm_associate[] = {
     {{"deg/s",   0.0f,   1.0f,        0},    0,       0,   0},
     {{"rad/s",   0.0f,   0.0174533f,  0},    0,       0,   0},
     {{"rpm",     0.0f,   0.166667f,   0},    0,       0,   0},
-    {{"rpm/100", 0.0f,   0.00166667f, 0},    0,       0,   0},
-    {{"rps",     0.0f,   0.0277778f,  0},    0,       0,   0},
+    {{"rpm/100", 0.0f,   0.00166667f, 0},    0,       0,   0},  // hundreds of rpm
+    {{"rps",     0.0f,   0.0277778f,  0},    0,       0,   0},  // 0.00277778 would be revolutions per second
 };
 
 // Roll, pitch and yaw rate (base unit: deg/s).
@@ -48,28 +53,20 @@ constexpr s_udm_associata rpm_s_udm_associate[] = {
 }  // extern "C"
 // clang-format on
 
-namespace kel {
+namespace kel::misure {
 
-static_assert(base_per_prima(deg_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(deg_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(deg_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(deg_udm_associate, {1, grado / radiante}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(deg_sec_udm_associate, {1, grado / radiante, grado / (giro / minuto),
+                                                      grado / (giro / minuto) / 100, 10 * grado / giro}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(gyro_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(rpm_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(rpm_s_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
-static_assert(base_per_prima(deg_sec_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(deg_sec_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(deg_sec_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(gyro_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(gyro_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(gyro_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(rpm_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(rpm_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(rpm_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(rpm_s_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(rpm_s_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(rpm_s_udm_associate), "min <= default <= max in every row");
-
-}  // namespace kel
+}  // namespace kel::misure
 
 #endif

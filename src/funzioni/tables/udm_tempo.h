@@ -1,11 +1,13 @@
 // Units of time: value in the unit = value in the base unit * gain + offset.
 //
-// Defined here, and included once, where the quantity table needs the texts.
+// The tables are defined in this header because the quantity table computes its index from their texts. No other file
+// may include it.
 #ifndef KEL_TABLES_UDM_TEMPO_H
 #define KEL_TABLES_UDM_TEMPO_H
 
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
-#include "tables/invarianti.h"
+#include "tables/misure.h"
+#include "tables/unita_in_regola.h"
 
 // clang-format off
 extern "C" {
@@ -20,7 +22,7 @@ constexpr s_udm_associata ms_udm_associate[] = {
     {{"h",   0.0f,   2.77778e-07f, 0},    0,       0,   0},
 };
 
-// Time spent switched off (base unit: s). Whole seconds unless the user asks for more: default 0, maximum 3.
+// Time spent switched off (base unit: s). Shown in whole seconds; the user may ask for up to three decimals.
 //    unit   offset  gain          recip  default  max  min  decimals
 constexpr s_udm_associata s_udm_associate[] = {
     {{"s",   0.0f,   1.0f,         0},    0,       3,   0},
@@ -29,7 +31,7 @@ constexpr s_udm_associata s_udm_associate[] = {
     {{"h",   0.0f,   0.000277778f, 0},    0,       0,   0},
 };
 
-// Lap times, which have a text form of their own.
+// Lap times, which show as minutes, seconds and hundredths.
 //    unit    offset  gain  recip  default  max  min  decimals
 constexpr s_udm_associata time_udm_associate[] = {
     {{"time", 0.0f,   1.0f, 0},    0,       0,   0},
@@ -44,24 +46,18 @@ constexpr s_udm_associata date_udm_associate[] = {
 }  // extern "C"
 // clang-format on
 
-namespace kel {
+namespace kel::misure {
 
-static_assert(base_per_prima(ms_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(ms_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(ms_udm_associate), "min <= default <= max in every row");
+static_assert(unita_in_regola(ms_udm_associate, {1, millisecondo / secondo, millisecondo / minuto,
+                                                 millisecondo / microsecondo, millisecondo / ora}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(s_udm_associate, {1, secondo / millisecondo, secondo / minuto, secondo / ora}),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(time_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
+static_assert(unita_in_regola(date_udm_associate),
+              "base unit first, each unit once, gains as derived, min <= default <= max");
 
-static_assert(base_per_prima(s_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(s_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(s_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(time_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(time_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(time_udm_associate), "min <= default <= max in every row");
-
-static_assert(base_per_prima(date_udm_associate), "row 0 is the base unit");
-static_assert(unita_distinte(date_udm_associate), "each unit stands once, with a gain that can be divided by");
-static_assert(decimali_ordinati(date_udm_associate), "min <= default <= max in every row");
-
-}  // namespace kel
+}  // namespace kel::misure
 
 #endif

@@ -1,5 +1,6 @@
 // Position variants: functions that have a name, and choices, of their own at one position of the vehicle.
 #include "kelfunzioni.h"  // first: its extern declarations give the arrays their linkage
+#include "tables/fid.h"
 #include "tables/invarianti.h"
 
 namespace kel {
@@ -66,12 +67,12 @@ constexpr s_variante_posizione z4_speed[] = {
 
 namespace kel {
 
-// Counts and lists belong together by construction: both come from one array.
+// The counts need no check: `con_inout` and `con_lati` take them from the lists.
 template <std::size_t N>
 constexpr bool varianti_distinte(const s_variante_posizione (&tabella)[N]) {
     for (std::size_t i = 0; i < N; ++i) {
         const s_variante_posizione& riga = tabella[i];
-        if (riga.posizione == FID_POS_UNDEFINED || riga.posizione > FID_POS_DIFFERENTIAL)
+        if (riga.posizione == FID_POS_UNDEFINED || riga.posizione >= posizioni_note)
             return false;
         if (!ascii(riga.breve, 4) || !ascii(riga.testo, 15))
             return false;

@@ -1,4 +1,4 @@
-// Unit texts and unit codes.
+// From a unit code to its text, and back.
 #include "tables/codici_udm.h"
 
 const char* kelFunGetUdmTxt(unsigned codice) noexcept {

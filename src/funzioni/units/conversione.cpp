@@ -21,7 +21,7 @@ s_converter_data kelFunGetConvDatas(kel_funpos fid, const char* udmDa, const cha
     if (da == a || da == nullptr || a == nullptr)
         return identita;
 
-    // The result carries no reciprocal flag: between a speed and a pace it is the plain linear conversion.
+    // The result has no reciprocal flag, so between a speed and a pace it is no more than value * gain + offset.
     const float gain = a->dati.gain / da->dati.gain;
     const float offset = a->dati.offset - (a->dati.gain * da->dati.offset) / da->dati.gain;
     return {"", offset, gain, 0};

@@ -1,10 +1,11 @@
-// Decimals of a function in a unit.
+// How many decimals a function has in a unit.
 #include "kelfunzioni.h"
 #include "units/grandezza.h"
 
 namespace {
 
-// An unknown unit has the decimals of the base unit, an identifier without units those of no unit: 0.
+// The row that has the decimals. For an unknown unit it is the base unit's row, for an identifier without units the row
+// of no unit, with 0 decimals.
 const s_udm_associata& riga_decimali(kel_funpos fid, const char* udm) noexcept {
     const s_grandezza_fisica_uiv* grandezza = kel::cerca_grandezza(fid);
     if (grandezza == nullptr)

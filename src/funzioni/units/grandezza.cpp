@@ -16,7 +16,7 @@ const s_grandezza_fisica_uiv* cerca_grandezza(kel_funpos fid) noexcept {
 const s_udm_associata* cerca_udm(const s_grandezza_fisica_uiv& grandezza, const char* udm) noexcept {
     const std::ptrdiff_t riga = &grandezza - uib_grandezza_fisica_uiv;
     const s_udm_associata* const fine = grandezza.udm + grandezza.num_udm;
-    // Nearly always the first comparison is the last.
+    // From the place of the text on; two units (gal/h, rpm/100) need a second comparison.
     const s_udm_associata* trovata = &grandezza.udm[posti_udm.udm[riga][posto_udm(udm)]];
     do {
         if (std::strcmp(trovata->dati.udm, udm) == 0)

@@ -1,4 +1,4 @@
-// The row of the quantity table that an identifier falls under.
+// Look-ups in the quantity table and in its unit tables.
 #ifndef KEL_UNITS_GRANDEZZA_H
 #define KEL_UNITS_GRANDEZZA_H
 
@@ -6,10 +6,10 @@
 
 namespace kel {
 
-// The first row of the identifier's quantity whose object is the identifier's or none; null when there is no such row.
+// The first row with the identifier's quantity, and with its object or no object; null when there is none.
 const s_grandezza_fisica_uiv* cerca_grandezza(kel_funpos fid) noexcept;
 
-// The unit row of a text within a quantity row; null when there is none.
+// The row of a unit in the unit table of a quantity row; null when the quantity does not have the unit.
 const s_udm_associata* cerca_udm(const s_grandezza_fisica_uiv& grandezza, const char* udm) noexcept;
 
 }  // namespace kel

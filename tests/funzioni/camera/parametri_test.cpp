@@ -7,8 +7,8 @@
 #include <set>
 #include <string>
 
+#include "model/tabelle.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_camera.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ using attesi::descrivi;
 TEST(CameraRow, IsFoundForEveryIdentifierOfTheTables) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     for (std::size_t i = 0; i < 19; ++i) {
-        const kel_funpos fid = attesi::zumiko_base[i].fid;
+        const kel_funpos fid = modello::tabelle().camera_base[i].fid;
         SCOPED_TRACE(attesi::riga("basic", i) + ", " + descrivi(fid));
         EXPECT_EQ(kelFunGetParamZumikoCam(fid), &funz_ZumikoCam_base[i]);
         EXPECT_EQ(kelFunGetFunVecchiaZumikoDaFID(fid), &funz_ZumikoCam_base[i]);
@@ -26,7 +26,7 @@ TEST(CameraRow, IsFoundForEveryIdentifierOfTheTables) {
         EXPECT_EQ(catalogo->getFunVecchiaZumikoDaFID(fid), &funz_ZumikoCam_base[i]);
     }
     for (std::size_t i = 0; i < 22; ++i) {
-        const kel_funpos fid = attesi::zumiko_estese[i].fid;
+        const kel_funpos fid = modello::tabelle().camera_estese[i].fid;
         SCOPED_TRACE(attesi::riga("extended", i) + ", " + descrivi(fid));
         EXPECT_EQ(kelFunGetParamZumikoCam(fid), &funz_ZumikoCam_estese[i]);
         EXPECT_EQ(kelFunGetFunVecchiaZumikoDaFID(fid), &funz_ZumikoCam_estese[i]);
@@ -72,9 +72,9 @@ TEST(CameraRow, IsNullForOtherIdentifiers) {
 
 TEST(EveryQuantityObjectAndPosition, HasACameraRowOnlyWhenATableHasIt) {
     std::set<kel_funpos> tabelle;
-    for (const attesi::Zumiko& riga : attesi::zumiko_base)
+    for (const modello::RigaCamera& riga : modello::tabelle().camera_base)
         tabelle.insert(riga.fid);
-    for (const attesi::Zumiko& riga : attesi::zumiko_estese)
+    for (const modello::RigaCamera& riga : modello::tabelle().camera_estese)
         tabelle.insert(riga.fid);
     EXPECT_EQ(tabelle.size(), 19u + 22u + 1u);
     std::size_t trovate = 0;
@@ -107,17 +107,17 @@ TEST(CameraParameters, OfTheVideoTimeAreStored) {
 
 TEST(CameraParameters, OfEveryRowAreStored) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const auto prova = [&](const attesi::Zumiko& riga) {
+    const auto prova = [&](const modello::RigaCamera& riga) {
         SCOPED_TRACE(descrivi(riga.fid) + " " + riga.testo);
         Parametri p;
         EXPECT_TRUE(catalogo->FunGetParamZumikoCam(static_cast<int>(riga.fid), p.codice, p.scala, p.udm));
         EXPECT_EQ(p.codice, riga.codice);
-        EXPECT_EQ(bit(p.scala), riga.bit_scala);
-        EXPECT_EQ(p.udm, *riga.udm == '\0' ? "old unit" : riga.udm);
+        EXPECT_EQ(bit(p.scala), bit(riga.scala));
+        EXPECT_EQ(p.udm, riga.udm.empty() ? "old unit" : riga.udm);
     };
-    for (const attesi::Zumiko& riga : attesi::zumiko_base)
+    for (const modello::RigaCamera& riga : modello::tabelle().camera_base)
         prova(riga);
-    for (const attesi::Zumiko& riga : attesi::zumiko_estese)
+    for (const modello::RigaCamera& riga : modello::tabelle().camera_estese)
         prova(riga);
 }
 

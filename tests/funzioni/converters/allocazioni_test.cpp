@@ -13,6 +13,7 @@
 #include "CConverter.h"
 #include "CLaptimeAndStrings.h"
 #include "IFunzioni.h"
+#include "comune/tipi_campione.h"
 #include "converters/lettura.h"
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -267,7 +268,7 @@ TEST(FlatFace, ConverterFunctionsAllocateNothing) {
 }
 
 TEST(ObjectFace, ValueReadsAllocateNothing) {
-    for (unsigned tipo = 0; tipo <= 24; ++tipo) {
+    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
         const s_kel_canale canale = Canale(kFid, tipo);
         CConverter conv(&canale, kFid, &kIdentita, true, 1, FORMATO_DESTRA, 8);
         const Byte campione(64, 0x31);

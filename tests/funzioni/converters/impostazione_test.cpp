@@ -1,6 +1,7 @@
 // Setting a converter record up, and the flat reads of it.
 #include <gtest/gtest.h>
 
+#include "comune/tipi_campione.h"
 #include "converters/lettura.h"
 
 using namespace kel_test;
@@ -290,7 +291,7 @@ TEST(ConverterRead, BadSampleIsAValueOfZeroThatWasRead) {
 }
 
 TEST(ConverterRead, DoesNotChangeTheRecord) {
-    for (unsigned tipo = 0; tipo <= 24; ++tipo) {
+    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
         s_kel_converter conv = Convertitore(tipo, {});
         const s_kel_converter prima = conv;
         Leggi(conv, Byte(64, 3));

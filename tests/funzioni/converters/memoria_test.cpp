@@ -8,6 +8,7 @@
 
 #include "CConverter.h"
 #include "comune/recinto.h"
+#include "comune/tipi_campione.h"
 #include "converters/lettura.h"
 
 using namespace kel_test;
@@ -51,7 +52,7 @@ Esito LeggiDa(s_kel_converter conv, const unsigned char* campione) {
 // Every converter of a packet or plain sample type that reads `byte` bytes, one after the other.
 template <typename Funzione>
 void PerOgniConvertitore(Funzione&& fai) {
-    for (unsigned tipo = 0; tipo <= 24; ++tipo) {
+    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
         const std::size_t byte = kelFunGetSamplSize(tipo);
         for (const s_converter_data* dati : kDati) {
             for (unsigned short num_bit : {static_cast<unsigned short>(0), static_cast<unsigned short>(3)}) {
@@ -125,7 +126,7 @@ TEST_F(GuardPages, BytesRoundASampleDoNotChangeItsReading) {
 }
 
 TEST_F(GuardPages, ASampleInARecordIsReadInItsPlaceOnly) {
-    for (unsigned tipo = 0; tipo <= 24; ++tipo) {
+    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
         const unsigned byte = kelFunGetSamplSize(tipo);
         const s_kel_canale canale = Canale(kFid, tipo, 200);
         s_kel_converter conv{};

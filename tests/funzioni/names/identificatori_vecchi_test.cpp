@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
+#include "model/tabelle.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_camera.h"
 
 namespace {
 
@@ -16,17 +16,17 @@ using attesi::esa;
 TEST(LegacyIdentifier, OfEveryCameraRowGivesTheRowAndItsFunction) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     for (std::size_t i = 0; i < 19; ++i) {
-        const attesi::Zumiko& attesa = attesi::zumiko_base[i];
+        const modello::RigaCamera& attesa = modello::tabelle().camera_base[i];
         SCOPED_TRACE(attesa.id);
-        EXPECT_EQ(kelFunGetFunVecchiaZumikoDaID(attesa.id), &funz_ZumikoCam_base[i]);
+        EXPECT_EQ(kelFunGetFunVecchiaZumikoDaID(attesa.id.c_str()), &funz_ZumikoCam_base[i]);
         EXPECT_EQ(catalogo->getFunVecchiaZumikoDaID(attesa.id), &funz_ZumikoCam_base[i]);
         EXPECT_EQ(catalogo->getFidDaID(attesa.id), attesa.fid) << esa(attesa.fid);
-        EXPECT_EQ(kelFunGetFidDaID(attesa.id), 0u) << "the camera tables are not searched here";
+        EXPECT_EQ(kelFunGetFidDaID(attesa.id.c_str()), 0u) << "the camera tables are not searched here";
     }
     for (std::size_t i = 0; i < 22; ++i) {
-        const attesi::Zumiko& attesa = attesi::zumiko_estese[i];
+        const modello::RigaCamera& attesa = modello::tabelle().camera_estese[i];
         SCOPED_TRACE(attesa.id);
-        EXPECT_EQ(kelFunGetFunVecchiaZumikoDaID(attesa.id), &funz_ZumikoCam_estese[i]);
+        EXPECT_EQ(kelFunGetFunVecchiaZumikoDaID(attesa.id.c_str()), &funz_ZumikoCam_estese[i]);
         EXPECT_EQ(catalogo->getFunVecchiaZumikoDaID(attesa.id), &funz_ZumikoCam_estese[i]);
         EXPECT_EQ(catalogo->getFidDaID(attesa.id), attesa.fid) << esa(attesa.fid);
     }
@@ -35,13 +35,13 @@ TEST(LegacyIdentifier, OfEveryCameraRowGivesTheRowAndItsFunction) {
 TEST(LegacyIdentifier, OfEveryLegacyRowGivesItsFunction) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     for (std::size_t i = 0; i < 19; ++i) {
-        const attesi::Vecchia& attesa = attesi::vecchie[i];
+        const modello::RigaVecchia& attesa = modello::tabelle().funz_kel[i];
         SCOPED_TRACE(attesa.id);
-        EXPECT_EQ(kelFunGetFidDaID(attesa.id), attesa.fid) << esa(attesa.fid);
+        EXPECT_EQ(kelFunGetFidDaID(attesa.id.c_str()), attesa.fid) << esa(attesa.fid);
         EXPECT_EQ(catalogo->getFidDaID(attesa.id), attesa.fid) << esa(attesa.fid);
         // The rolling time is a camera row too.
         const t_SFunzioneZumikoCam* riga = i == 17 ? &funz_ZumikoCam_estese[21] : nullptr;
-        EXPECT_EQ(kelFunGetFunVecchiaZumikoDaID(attesa.id), riga);
+        EXPECT_EQ(kelFunGetFunVecchiaZumikoDaID(attesa.id.c_str()), riga);
         EXPECT_EQ(catalogo->getFunVecchiaZumikoDaID(attesa.id), riga);
     }
 }

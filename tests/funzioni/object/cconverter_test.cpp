@@ -179,6 +179,13 @@ TEST_F(ObjectConverter, CanBeMadeDirectly) {
     EXPECT_EQ(Testo(record, Byte{9, 9, 4, 0}), std::string("13\0", 3));
 }
 
+TEST_F(ObjectConverter, MadeWithoutUnitDataShowsTheSampleItself) {
+    const s_kel_canale canale = Canale(kFid, KEL_TIPO_INT16);
+    CConverter conv(&canale, kFid, nullptr, true, 1, FORMATO_DESTRA, 5);
+    EXPECT_EQ(Valore(conv, Le16(1234)), 1234.0f);
+    EXPECT_EQ(Testo(conv, Le16(1234)), std::string("1234.0\0", 7));
+}
+
 TEST_F(ObjectConverter, UsesNoBitFieldOfItsOwn) {
     const s_kel_canale canale = Canale(kFid, 3);
     CConverter conv(&canale, kFid, &kIdentita, true, 0, FORMATO_DESTRA, 8);

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "model/elenchi.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_campi.h"
 
 namespace {
 
@@ -43,104 +43,12 @@ Voci voci(const Funzioni& funzioni) {
     return tutte;
 }
 
-struct Offerta {
-    unsigned grandezza;
-    kel_funpos fid;
-    const char* nome;
-};
-
-// What is offered without a filter, in table order.
-// clang-format off
-constexpr Offerta offerte[] = {
-    {1,  0x00000281, "Pct Brake Load"},
-    {1,  0x00000401, "Pct Engine Load"},
-    {1,  0x00000E81, "Pct Throttle Load"},
-    {1,  0x00000001, "Percent"},
-    {2,  0x00000282, "Rate Brake Load"},
-    {2,  0x00000402, "Rate Engine Load"},
-    {2,  0x00000E82, "Rate Thrtle Load"},
-    {2,  0x00000002, "Rate"},
-    {3,  0x00001103, "Inline Accel"},
-    {3,  0x00001183, "Lateral Accel"},
-    {3,  0x00001203, "Vertical Accel"},
-    {3,  0x00001283, "GSum"},
-    {3,  0x00000003, "Acceleration"},
-    {4,  0x00000004, "Angle"},
-    {5,  0x00001105, "Roll Rate"},
-    {5,  0x00001185, "Pitch Rate"},
-    {5,  0x00001205, "Yaw Rate"},
-    {5,  0x00000005, "Ang Velocity"},
-    {6,  0x00000606, "Gear"},
-    {6,  0x00000506, "Error Code"},
-    {6,  0x00000006, "Code"},
-    {11, 0x0000090B, "Lambda Diagn"},
-    {7,  0x00000A07, "Latitude"},
-    {7,  0x00000A87, "Longitude"},
-    {7,  0x00000107, "Altitude"},
-    {7,  0x00000007, "Coordinate"},
-    {8,  0x00000008, "Distance"},
-    {9,  0x00000009, "Frequency"},
-    {10, 0x0000008A, "Air Mass Flow"},
-    {10, 0x0000000A, "Mass Flow"},
-    {11, 0x0000000B, "Number"},
-    {12, 0x0000000C, "Position"},
-    {13, 0x0000000D, "Power"},
-    {14, 0x00000B8E, "Oil Pressure"},
-    {14, 0x0001820E, "Brake Press"},
-    {14, 0x0007020E, "Wheel Brk Pr"},
-    {14, 0x0000000E, "Pressure"},
-    {15, 0x0000000F, "RPM"},
-    {16, 0x00068010, "Vehicle Spd"},
-    {16, 0x00070010, "Wheel Spd"},
-    {17, 0x00000011, "Temperature"},
-    {18, 0x00000992, "Lap Time"},
-    {18, 0x00031B12, "Engine Off Time"},
-    {18, 0x00001712, "Time"},
-    {18, 0x00001392, "Time"},
-    {18, 0x00001B92, "Time"},
-    {18, 0x00001C12, "Time"},
-    {18, 0x00001C92, "Time"},
-    {18, 0x00000012, "Time"},
-    {19, 0x00000013, "Torque"},
-    {20, 0x00058014, "Susp Velocity"},
-    {21, 0x00000195, "Battery Voltage"},
-    {21, 0x00000015, "Voltage"},
-    {22, 0x00000596, "Fuel Level"},
-    {22, 0x00000016, "Volume"},
-    {23, 0x00000017, "Volume in lap"},
-    {24, 0x00000018, "Volume Flow"},
-    {25, 0x00000019, "Date"},
-    {26, 0x0000001A, "Pckg"},
-    {27, 0x0000001B, "Current"},
-    {29, 0x0000001D, "RPM on sec"},
-    {30, 0x0000049E, "Lambda"},
-    {30, 0x0000091E, "Lambda"},
-    {30, 0x00040C9E, "Lambda"},
-    {30, 0x0000001E, "Lambda"},
-    {31, 0x0000061F, "Gear"},
-    {31, 0x0000001F, "Generic Gear"},
-};
-// clang-format on
-
 TEST(FunctionList, WithoutFilterOffersEveryFunctionInTableOrder) {
-    std::map<unsigned, Voci> attese;
-    for (const Offerta& offerta : offerte)
-        attese[offerta.grandezza].emplace_back(offerta.fid, offerta.nome);
-    const Funzioni trovate = funzioni({});
-    EXPECT_EQ(trovate.size(), attese.size());
-    for (const auto& [grandezza, lista] : attese) {
-        SCOPED_TRACE(descrivi(grandezza));
-        const auto trovata = trovate.find(static_cast<GRANDEZZA_FISICA_FUNZKEL>(grandezza));
-        ASSERT_NE(trovata, trovate.end());
-        ASSERT_EQ(trovata->second.size(), lista.size());
-        std::size_t i = 0;
-        for (const SFunzionePerGF& funzione : trovata->second) {
-            EXPECT_EQ(funzione.funpos, lista[i].first)
-                << "entry " << i << ": " << descrivi(funzione.funpos) << " instead of " << descrivi(lista[i].first);
-            EXPECT_EQ(funzione.nome, lista[i].second) << "entry " << i;
-            ++i;
-        }
-    }
+    Voci attese;
+    for (const auto& [grandezza, lista] : modello::funzioni({}))
+        attese.insert(attese.end(), lista.begin(), lista.end());
+    EXPECT_EQ(attese.size(), 67u);
+    EXPECT_EQ(voci(funzioni({})), attese);
 }
 
 TEST(FunctionList, HasNoUndefinedAndNoCustomQuantity) {
@@ -160,6 +68,15 @@ TEST(FunctionFilter, OfAQuantityKeepsAllItsRows) {
                                             {0x0001820E, "Brake Press"},
                                             {0x0007020E, "Wheel Brk Pr"},
                                             {0x0000000E, "Pressure"}}));
+}
+
+// Whatever bits the quantity's own number has: 3 is odd.
+TEST(FunctionFilter, OfAnOddQuantityKeepsTheRowsOfItsObjects) {
+    EXPECT_EQ(voci(funzioni({FID_PHI_ACCELERATION})), (Voci{{0x00001103, "Inline Accel"},
+                                                            {0x00001183, "Lateral Accel"},
+                                                            {0x00001203, "Vertical Accel"},
+                                                            {0x00001283, "GSum"},
+                                                            {0x00000003, "Acceleration"}}));
 }
 
 TEST(FunctionFilter, OfAnObjectKeepsItsRowOnly) {
@@ -196,7 +113,7 @@ TEST(QuantityTexts, AreAllInTheMap) {
     std::map<GRANDEZZA_FISICA_FUNZKEL, std::string> mappa;
     catalogo->RiempiMapGrandezzaFisica(mappa);
     ASSERT_EQ(mappa.size(), 32u);
-    for (const attesi::Campo& riga : attesi::grandezza_fisica)
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("grandezza_fisica_FunzKel"))
         EXPECT_EQ(mappa[static_cast<GRANDEZZA_FISICA_FUNZKEL>(riga.valore)], riga.testo) << riga.xml;
     EXPECT_EQ(mappa[FID_PHI_UNDEFINED], "");
     EXPECT_EQ(mappa[FID_PHI_SPEED], "Speed");

@@ -8,11 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "model/nomi.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_camera.h"
-#include "tables/attesi_campi.h"
-#include "tables/attesi_grandezze.h"
-#include "tables/attesi_varianti.h"
 
 namespace {
 
@@ -48,22 +45,15 @@ void prova_brevi(std::initializer_list<Nome> nomi) {
         EXPECT_EQ(breve(n.fid), n.nome) << descrivi(n.fid) << ": " << n.perche;
 }
 
-TEST(LongName, OfEveryCameraRowIsItsLongName) {
-    for (std::size_t i = 0; i < 19; ++i)
-        for (const bool tutti : {false, true})
-            EXPECT_EQ(lungo(attesi::zumiko_base[i].fid, tutti), attesi::zumiko_base[i].testo)
-                << descrivi(attesi::zumiko_base[i].fid);
-    for (std::size_t i = 0; i < 22; ++i)
-        for (const bool tutti : {false, true})
-            EXPECT_EQ(lungo(attesi::zumiko_estese[i].fid, tutti), attesi::zumiko_estese[i].testo)
-                << descrivi(attesi::zumiko_estese[i].fid);
-}
-
-TEST(LongName, OfEveryLegacyRowIsItsLongName) {
-    for (std::size_t i = 0; i < 19; ++i)
-        for (const bool tutti : {false, true})
-            EXPECT_EQ(lungo(attesi::vecchie[i].fid, tutti), attesi::vecchie[i].testo)
-                << descrivi(attesi::vecchie[i].fid);
+TEST(LongName, OfEveryRowOfTheCameraAndLegacyTablesIsItsLongName) {
+    const auto prova = [](const auto& tabella) {
+        for (std::size_t i = 0; i + 1 < std::size(tabella); ++i)
+            for (const bool tutti : {false, true})
+                EXPECT_EQ(lungo(tabella[i].fid, tutti), tabella[i].testo) << descrivi(tabella[i].fid);
+    };
+    prova(funz_ZumikoCam_base);
+    prova(funz_ZumikoCam_estese);
+    prova(funz_Kel);
 }
 
 TEST(LongName, ComesFromTheFirstTableThatKnowsTheFunction) {
@@ -210,12 +200,10 @@ TEST(LongName, OfTheEndMarkerIsComposed) {
 }
 
 TEST(ShortName, OfEveryCameraRowIsItsShortName) {
-    for (std::size_t i = 0; i < 20; ++i)
-        EXPECT_EQ(breve(attesi::zumiko_base[i].fid), attesi::zumiko_base[i].breve)
-            << descrivi(attesi::zumiko_base[i].fid);
-    for (std::size_t i = 0; i < 22; ++i)
-        EXPECT_EQ(breve(attesi::zumiko_estese[i].fid), attesi::zumiko_estese[i].breve)
-            << descrivi(attesi::zumiko_estese[i].fid);
+    for (const t_SFunzioneZumikoCam& riga : funz_ZumikoCam_base)
+        EXPECT_EQ(breve(riga.fid), riga.breve) << descrivi(riga.fid);
+    for (const t_SFunzioneZumikoCam& riga : funz_ZumikoCam_estese)
+        EXPECT_EQ(breve(riga.fid), riga.breve) << descrivi(riga.fid);
 }
 
 TEST(ShortName, OfLegacyFunctionsIsComposed) {
@@ -321,104 +309,19 @@ TEST(ShortNameOfTheCatalogue, IsTheSameWithChannels) {
     EXPECT_EQ(catalogo->getNomeFunzioneShort(0x00048611), std::string("TemperatureGear\0", 16));
 }
 
-// The naming rules, slow and obvious.
-struct Campi {
-    explicit Campi(kel_funpos fid)
-        : q(fid % 128),
-          o(fid / 128 % 256),
-          p(fid / 32768 % 32),
-          io(fid / 0x100000 % 4),
-          numerato(fid / 0x400000 % 2 == 1),
-          n(fid / 0x800000 % 64),
-          lr(n % 4),
-          fr(n / 4 % 4),
-          ud(n / 16) {}
-    unsigned q, o, p, io;
-    bool numerato;
-    unsigned n, lr, fr, ud;
-};
-
-std::string modello_lungo(kel_funpos fid, bool tutti) {
-    for (std::size_t i = 0; i < 19; ++i)
-        if (attesi::zumiko_base[i].fid == fid)
-            return attesi::zumiko_base[i].testo;
-    for (std::size_t i = 0; i < 22; ++i)
-        if (attesi::zumiko_estese[i].fid == fid)
-            return attesi::zumiko_estese[i].testo;
-    for (std::size_t i = 0; i < 19; ++i)
-        if (attesi::vecchie[i].fid == fid)
-            return attesi::vecchie[i].testo;
-    const Campi c(fid);
-    const attesi::Grandezza* generica = nullptr;
-    for (const attesi::Grandezza& riga : attesi::grandezze_uiv) {
-        if (riga.grandezza == c.q && riga.oggetto == c.o) {
-            for (const attesi::Variante& variante : attesi::varianti)
-                if (std::strcmp(variante.tabella, riga.nome_varianti) == 0 && variante.posizione == c.p)
-                    return variante.testo;
-            return riga.testo;
-        }
-        if (riga.grandezza == c.q && riga.oggetto == 0)
-            generica = &riga;
-    }
-    if (generica != nullptr)
-        return generica->testo;
-
-    std::string nome;
-    if (c.q < 32)
-        nome += std::string(attesi::grandezza_fisica[c.q].testo) + " ";
-    if (c.o != 0 ? c.o <= 57 : tutti)
-        nome += std::string(attesi::oggetto_misurato[c.o].testo) + " ";
-    if (c.io != 0 || tutti)
-        nome += std::string(attesi::inout[c.io].testo) + " ";
-    if (c.numerato)
-        nome += std::to_string(c.n) + " ";
-    else
-        nome += std::string(attesi::leftright[c.lr].testo) + attesi::frontrear[c.fr].testo +
-                attesi::updown[c.ud].testo + " ";
-    const std::size_t ultimo = nome.find_last_not_of(' ');
-    return ultimo == std::string::npos ? nome : nome.substr(0, ultimo + 1);
-}
-
-std::string modello_breve(kel_funpos fid) {
-    for (const attesi::Zumiko& riga : attesi::zumiko_base)
-        if (riga.fid == fid)
-            return riga.breve;
-    for (const attesi::Zumiko& riga : attesi::zumiko_estese)
-        if (riga.fid == fid)
-            return riga.breve;
-    const Campi c(fid);
-    std::string nome;
-    if (c.q < 32)
-        nome += attesi::grandezza_fisica[c.q].testo;
-    if (c.q == 26) {
-        if (c.o < 4)
-            nome += attesi::dettagli[c.o].testo;
-        if (c.p < 23)
-            nome += attesi::posizione[c.p].testo;
-    } else if (c.o < 58) {
-        nome += attesi::oggetto_misurato[c.o].testo;
-    }
-    nome += attesi::inout[c.io].testo;
-    if (c.numerato)
-        nome += std::to_string(c.n);
-    else
-        nome += std::string(attesi::leftright[c.lr].testo) + attesi::frontrear[c.fr].testo + attesi::updown[c.ud].testo;
-    return nome.substr(0, 31);
-}
-
 class EveryName : public ::testing::Test {
 protected:
     // Stops at the first difference: what is wrong for one is wrong for thousands.
     bool confronta(kel_funpos fid) {
         for (const bool tutti : {false, true}) {
             const std::string nome = catalogo->getNomeFunzione(fid, tutti);
-            if (nome != modello_lungo(fid, tutti)) {
+            if (nome != modello::nomeLungo(fid, tutti)) {
                 ADD_FAILURE() << "long name of " << descrivi(fid) << (tutti ? ", all fields" : "") << " is \"" << nome
-                              << "\" instead of \"" << modello_lungo(fid, tutti) << '"';
+                              << "\" instead of \"" << modello::nomeLungo(fid, tutti) << '"';
                 return false;
             }
         }
-        std::string atteso = modello_breve(fid);
+        std::string atteso = modello::nomeBreve(fid);
         const s_nome_breve piatto = kelFunGetNomeFunzioneShort(nullptr, fid);
         char byte[32] = {};
         std::memcpy(byte, atteso.data(), atteso.size());
@@ -440,14 +343,14 @@ protected:
     std::unique_ptr<IFunzioni> catalogo{IFunzioni::CreateMe()};
 };
 
-TEST_F(EveryName, OfEveryQuantityAndObjectFollowsThePlainRules) {
+TEST_F(EveryName, OfEveryQuantityAndObjectIsTheModels) {
     for (kel_funpos fid = 0; fid < 0x8000; ++fid)
         for (const kel_funpos altro : {0x00000000u, 0x04870000u, 0x12D00000u})
             if (!confronta(fid | altro))
                 return;
 }
 
-TEST_F(EveryName, OfEveryPositionSideAndNumberFollowsThePlainRules) {
+TEST_F(EveryName, OfEveryPositionSideAndNumberIsTheModels) {
     // Oil pressure, speed, gear temperature, custom oil, nothing, packets, end marker, no quantity, the longest texts.
     for (const kel_funpos base : {0x0B8Eu, 0x0010u, 0x0611u, 0x0B9Cu, 0x0000u, 0x019Au, 0x1D20u, 0x0BA0u, 0x1B97u})
         for (kel_funpos alto = 0; alto < 0x4000; ++alto)

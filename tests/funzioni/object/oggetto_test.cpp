@@ -54,6 +54,17 @@ TEST(CatalogueWithoutChannels, HasNoChannelNames) {
     }
 }
 
+// A string built from a null pointer.
+TEST(CatalogueWithoutChannels, SaysOfAMissingNameWhatTheStandardLibrarySays) {
+    const Catalogo catalogo(IFunzioni::CreateMe());
+    try {
+        catalogo->getNomeCanale(0);
+        FAIL() << "there is no channel";
+    } catch (const std::logic_error& errore) {
+        EXPECT_STREQ(errore.what(), "basic_string: construction from null is not valid");
+    }
+}
+
 TEST_F(CatalogueWithChannels, CountsThemAllAsUsed) {
     EXPECT_EQ(catalogo->getNumChUsed(), 8u);
     EXPECT_EQ(catalogo->getFreeCh(), nullptr) << "the total is 8 too";

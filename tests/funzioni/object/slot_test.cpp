@@ -321,6 +321,17 @@ TEST(Destructor, StandsInTheFirstTwoEntries) {
     EXPECT_TRUE(distrutto) << "entry 1 destroys and frees";
 }
 
+// Programs read what lists and maps hold in place. The listings of the ABI do not show it: they leave out the types of
+// the standard library, and with them what those are made of.
+TEST(ListEntries, HaveTheirMembersInOrder) {
+    EXPECT_EQ(offsetof(SFunzionePerGF, funpos), 0u);
+    EXPECT_EQ(offsetof(SFunzionePerGF, nome), sizeof(void*));
+    EXPECT_EQ(sizeof(SFunzionePerGF), sizeof(void*) + sizeof(std::string));
+    EXPECT_EQ(offsetof(IFunzioni::NomiDefaultCanale, breve), 0u);
+    EXPECT_EQ(offsetof(IFunzioni::NomiDefaultCanale, nome), sizeof(std::string));
+    EXPECT_EQ(sizeof(IFunzioni::NomiDefaultCanale), 2 * sizeof(std::string));
+}
+
 // One table pointer, the channel set, two cursors, two sizes.
 TEST(Object, HoldsItsTableFirstAndNoSecondOne) {
     EXPECT_EQ(sizeof(IFunzioni), sizeof(void*));

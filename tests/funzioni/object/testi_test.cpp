@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "tables/attesi_campi.h"
+#include "model/tabelle.h"
 
 namespace {
 
@@ -58,26 +58,26 @@ TEST_F(FieldTexts, OutOfRangeAreEmpty) {
 }
 
 TEST_F(FieldTexts, OfEveryValueAreThoseOfItsRow) {
-    for (const attesi::Campo& riga : attesi::grandezza_fisica) {
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("grandezza_fisica_FunzKel")) {
         EXPECT_EQ(phi(riga.valore), riga.testo) << riga.xml;
         EXPECT_EQ(xml_phi(riga.valore), riga.xml);
     }
-    for (const attesi::Campo& riga : attesi::oggetto_misurato) {
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("oggetto_misurato_FunzKel")) {
         EXPECT_EQ(obj(riga.valore), riga.testo) << riga.xml;
         EXPECT_EQ(xml_obj(riga.valore), riga.xml);
     }
-    for (const attesi::Campo& riga : attesi::posizione)
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("posizione_FunzKel"))
         EXPECT_EQ(pos(riga.valore), riga.testo) << riga.xml;
 }
 
 TEST_F(FieldTexts, AreFoundByXmlName) {
-    for (const attesi::Campo& riga : attesi::grandezza_fisica)
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("grandezza_fisica_FunzKel"))
         EXPECT_EQ(catalogo->getIdxPhi(riga.xml), riga.valore) << riga.xml;
-    for (const attesi::Campo& riga : attesi::oggetto_misurato)
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("oggetto_misurato_FunzKel"))
         EXPECT_EQ(catalogo->getIdxObj(riga.xml), riga.valore) << riga.xml;
-    for (const attesi::Campo& riga : attesi::posizione)
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("posizione_FunzKel"))
         EXPECT_EQ(catalogo->getIdxPos(riga.xml), riga.valore) << riga.xml;
-    for (const attesi::Campo& riga : attesi::frontrear)
+    for (const modello::RigaCampo& riga : modello::tabelle().campi.at("frontrear_FunzKel"))
         EXPECT_EQ(catalogo->getIdxFrontRear(riga.xml), riga.valore) << riga.xml;
 }
 

@@ -5,11 +5,12 @@
 
 #include <array>
 #include <list>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "tables/attesi_campi.h"
+#include "model/tabelle.h"
 
 namespace {
 
@@ -32,28 +33,21 @@ TEST(FieldValueLists, HaveTheirLengths) {
 TEST(FieldValueLists, HoldTheXmlNamesInValueOrder) {
     Liste liste;
     riempi(liste);
-    struct Lista {
-        std::size_t numero;
-        const attesi::Campo* inizio;
-        std::size_t righe;
-    };
-    const Lista attese[] = {
-        {1, attesi::grandezza_fisica, std::size(attesi::grandezza_fisica)},
-        {2, attesi::oggetto_misurato, std::size(attesi::oggetto_misurato)},
-        {3, attesi::posizione, std::size(attesi::posizione)},
-        {4, attesi::dettagli, std::size(attesi::dettagli)},
-        {5, attesi::specializzazione_gps, std::size(attesi::specializzazione_gps)},
-        {6, attesi::specializzazione_laptime, std::size(attesi::specializzazione_laptime)},
-        {8, attesi::inout, std::size(attesi::inout)},
-        {9, attesi::leftright, std::size(attesi::leftright)},
-        {10, attesi::frontrear, std::size(attesi::frontrear)},
-        {11, attesi::updown, std::size(attesi::updown)},
-    };
-    for (const Lista& attesa : attese) {
+    const std::map<std::size_t, const char*> tabelle = {{1, "grandezza_fisica_FunzKel"},
+                                                        {2, "oggetto_misurato_FunzKel"},
+                                                        {3, "posizione_FunzKel"},
+                                                        {4, "dettagli_FunzKel"},
+                                                        {5, "specializzazione_gps_FunzKel"},
+                                                        {6, "specializzazione_laptime_FunzKel"},
+                                                        {8, "inout_FunzKel"},
+                                                        {9, "leftright_FunzKel"},
+                                                        {10, "frontrear_FunzKel"},
+                                                        {11, "updown_FunzKel"}};
+    for (const auto& [numero, tabella] : tabelle) {
         std::list<std::string> nomi;
-        for (std::size_t i = 0; i < attesa.righe; ++i)
-            nomi.push_back(attesa.inizio[i].xml);
-        EXPECT_EQ(liste[attesa.numero - 1], nomi) << "list " << attesa.numero;
+        for (const modello::RigaCampo& riga : modello::tabelle().campi.at(tabella))
+            nomi.push_back(riga.xml);
+        EXPECT_EQ(liste[numero - 1], nomi) << "list " << numero;
     }
 }
 

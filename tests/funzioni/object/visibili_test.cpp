@@ -8,8 +8,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "model/tabelle.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_camera.h"
 
 namespace {
 
@@ -154,11 +154,13 @@ TEST(TwoCatalogues, WalkOnTheirOwn) {
 TEST(ExtendedVisibility, OfEveryRowIsAsTabled) {
     CFunzioni catalogo;
     std::size_t visibili = 0;
-    for (std::size_t i = 0; i < 22; ++i) {
-        EXPECT_EQ(catalogo.is_est_valid(attesi::zumiko_estese[i].codice), attesi::zumiko_estese[i].visibile)
-            << "row " << i << " " << attesi::zumiko_estese[i].testo << ", code "
-            << esa(static_cast<std::uint32_t>(attesi::zumiko_estese[i].codice));
-        visibili += attesi::zumiko_estese[i].visibile;
+    for (const modello::RigaCamera& riga : modello::tabelle().camera_estese) {
+        if (riga.visibile == "-")
+            continue;  // the end row
+        const bool atteso = riga.visibile == "si";
+        EXPECT_EQ(catalogo.is_est_valid(riga.codice), atteso)
+            << riga.testo << ", code " << esa(static_cast<std::uint32_t>(riga.codice));
+        visibili += atteso;
     }
     EXPECT_EQ(visibili, std::size(righe_visibili));
 }

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "converters/lettura.h"
+#include "model/campioni.h"
 
 using namespace kel_test;
 
@@ -191,41 +192,8 @@ TEST(Latitude, FollowsItsIterationOnTheNumbersAsTheyAre) {
     // clang-format on
 }
 
-// The latitude's iteration, written from its description alone.
-double ModelloLatitudine(double x, double y, double z) {
-    const double e2 = 0.00669437999014133;
-    const double p2 = x * x + y * y;
-    double dz = z * e2;
-    double zz = 0.0;
-    for (int volta = 1; volta <= 50; ++volta) {
-        zz = z + dz;
-        const double r = std::sqrt(zz * zz + p2);
-        if (r < 1e-10) {
-            return 0.0;
-        }
-        const double s = zz / r;
-        const double t = 1.0 - e2 * s * s;
-        if (t < 1e-10) {
-            return 0.0;
-        }
-        if (volta == 50) {
-            break;
-        }
-        const double nuovo = e2 * s * (6378137.0 / std::sqrt(t));
-        const double cambio = std::fabs(nuovo - dz);
-        dz = nuovo;
-        if (!(cambio > 1e-10)) {
-            break;
-        }
-    }
-    if (p2 >= 1e-10) {
-        return std::atan2(zz, std::sqrt(p2)) * 180.0 / 3.141592653589793;
-    }
-    return z > 0 ? 90.0 : -90.0;
-}
-
-double ModelloLongitudine(double x, double y) {
-    return x == 0.0 && y == 0.0 ? 0.0 : std::atan2(y, x) * 180.0 / 3.141592653589793;
+float Modello(modello::Valore quale, const Byte& pacchetto) {
+    return modello::leggiValore(quale, false, {"", 0, 1, 0, 0, 0, 0}, {}, pacchetto.data()).valore;
 }
 
 // The same float, to the last bit: recorded data are compared by it.
@@ -240,8 +208,8 @@ void ConfrontaConIlModello(int punti, Genera genera) {
         float lon = -1.0f;
         kelConvGetValFloat(&latitudine, pacchetto.data(), &lat);
         kelConvGetValFloat(&longitudine, pacchetto.data(), &lon);
-        ASSERT_EQ(lat, static_cast<float>(ModelloLatitudine(s.x, s.y, s.z))) << s.x << ' ' << s.y << ' ' << s.z;
-        ASSERT_EQ(lon, static_cast<float>(ModelloLongitudine(s.x, s.y))) << s.x << ' ' << s.y;
+        ASSERT_EQ(lat, Modello(modello::Valore::latitudine, pacchetto)) << s.x << ' ' << s.y << ' ' << s.z;
+        ASSERT_EQ(lon, Modello(modello::Valore::longitudine, pacchetto)) << s.x << ' ' << s.y;
     }
 }
 

@@ -1,5 +1,7 @@
-// Subfield tables and their look-ups, and every subfield read through a converter of its packet.
+// The look-ups of subfield tables and rows, and every subfield read through a converter of its packet.
 #include <gtest/gtest.h>
+
+#include <span>
 
 #include "converters/lettura.h"
 
@@ -7,121 +9,20 @@ using namespace kel_test;
 
 namespace {
 
-struct Riga {
-    kel_funpos fid;
-    std::uint32_t offset;
-    unsigned pos_bit, num_bit;
-    std::uint32_t tipo;
-    const char* breve;
-    const char* testo;
-};
-
-// clang-format off
-const Riga kGps[] = {
-    {0xA9512, 0,  0, 0, 3,  "",    ""},
-    {0xA9986, 14, 0, 0, 5,  "",    ""},
-    {0xA998C, 28, 0, 0, 5,  "",    ""},
-    {0xA9994, 44, 0, 0, 5,  "",    ""},
-    {0xA940B, 51, 0, 0, 5,  "nSV", "Sats Number"},
-    {0xA8010, 0,  0, 0, 25, "Spd", "GPS Speed"},
-    {0xA8A07, 0,  0, 0, 25, "Lat", "Latitude"},
-    {0xA8A87, 0,  0, 0, 25, "Lon", "Longitude"},
-};
-const Riga kUbx[] = {
-    {0xA9986, 10, 0, 0, 5,  "", ""},
-    {0xA998C, 24, 0, 0, 5,  "", ""},
-    {0xA9994, 40, 0, 0, 5,  "", ""},
-    {0xA940B, 47, 0, 0, 5,  "", ""},
-    {0xA8010, 0,  0, 0, 25, "", ""},
-};
-const Riga kGiro2G[] = {
-    {0x190B, 0,  0, 0, 5,  "nRun", "Run Number"},
-    {0x178B, 1,  0, 0, 5,  "nSpl", "Split Number"},
-    {0x98B,  2,  0, 0, 4,  "nLap", "Lap Number"},
-    {0x992,  4,  0, 0, 12, "LapT", "Lap Time"},
-    {0x1792, 8,  0, 0, 12, "SplT", "Split Time"},
-    {0x1312, 12, 0, 0, 12, "",     ""},
-    {0x1712, 16, 0, 0, 12, "RunT", "Rolling Time"},
-    {0x0,    20, 0, 0, 12, "",     ""},
-    {0x986,  24, 0, 8, 3,  "",     ""},
-    {0x1786, 24, 0, 8, 3,  "",     ""},
-    {0x1306, 24, 8, 1, 3,  "",     ""},
-    {0x1806, 24, 9, 1, 3,  "",     ""},
-};
-const Riga kGiro1G[] = {
-    {0x992,  0, 0,  0,  12, "", ""},
-    {0x1792, 0, 0,  0,  12, "", ""},
-    {0x178B, 4, 0,  12, 4,  "", ""},
-    {0x98B,  4, 12, 4,  4,  "", ""},
-    {0x190B, 6, 0,  0,  5,  "", ""},
-    {0x986,  7, 0,  8,  5,  "", ""},
-    {0x1786, 7, 0,  8,  5,  "", ""},
-};
-// clang-format on
-
-template <std::size_t N>
-void Controlla(const s_sottocampo* tabella, const Riga (&attese)[N]) {
-    ASSERT_NE(tabella, nullptr);
-    for (std::size_t i = 0; i < N; ++i) {
-        SCOPED_TRACE("row " + std::to_string(i));
-        EXPECT_EQ(tabella[i].fid, attese[i].fid);
-        EXPECT_EQ(tabella[i].offset, attese[i].offset);
-        EXPECT_EQ(tabella[i].pos_bit, attese[i].pos_bit);
-        EXPECT_EQ(tabella[i].num_bit, attese[i].num_bit);
-        EXPECT_EQ(tabella[i].maschera, 0u);
-        EXPECT_EQ(tabella[i].tipo_campione, attese[i].tipo);
-        EXPECT_EQ(tabella[i].conv_testo, nullptr);
-        EXPECT_STREQ(tabella[i].breve, attese[i].breve);
-        EXPECT_STREQ(tabella[i].testo, attese[i].testo);
-        const bool velocita = attese[i].fid == 0xA8010;
-        EXPECT_EQ(tabella[i].valore != nullptr, attese[i].tipo == 25) << "only computed rows name a function";
-        EXPECT_EQ(tabella[i].valore_reciproco != nullptr, velocita) << "only the speed has a reciprocal";
-    }
-    const s_sottocampo& fine = tabella[N];
-    EXPECT_EQ(fine.fid, 0xB9D20u);
-    EXPECT_EQ(fine.offset, 0u);
-    EXPECT_EQ(fine.pos_bit, 0u);
-    EXPECT_EQ(fine.num_bit, 0u);
-    EXPECT_EQ(fine.maschera, 0u);
-    EXPECT_EQ(fine.tipo_campione, 25u);
-    EXPECT_EQ(fine.valore, nullptr);
-    EXPECT_EQ(fine.valore_reciproco, nullptr);
-    EXPECT_EQ(fine.conv_testo, nullptr);
-    EXPECT_STREQ(fine.breve, "");
-    EXPECT_STREQ(fine.testo, "");
-}
-
-TEST(SubfieldTable, OfTheLoggersGpsPacket) {
-    static_assert(sizeof sottocampi_gps_kel / sizeof *sottocampi_gps_kel == 9, "eight rows and the end row");
-    Controlla(sottocampi_gps_kel, kGps);
-}
-
-TEST(SubfieldTable, OfTheNavSolPayload) {
-    Controlla(search_sottocampi_struct(3, 1), kUbx);
-}
-
-TEST(SubfieldTable, OfTheSecondGenerationLapPacket) {
-    static_assert(sizeof sottocampi_lap_time_2G / sizeof *sottocampi_lap_time_2G == 13, "twelve rows and the end row");
-    Controlla(sottocampi_lap_time_2G, kGiro2G);
-}
-
-TEST(SubfieldTable, OfTheFirstGenerationLapPacket) {
-    Controlla(search_sottocampi_struct(1, 1), kGiro1G);
-}
-
-TEST(SubfieldTable, OfDateAndTimeHoldsOnlyTheEndRow) {
-    const s_sottocampo* tabella = search_sottocampi_struct(2, 0);
-    ASSERT_NE(tabella, nullptr);
-    EXPECT_EQ(tabella->fid, 0xB9D20u);
-    EXPECT_EQ(tabella->tipo_campione, 25u);
-}
-
+// The two packets hold their velocities at different places and in different units.
 TEST(SubfieldTable, SpeedFunctionsDifferBetweenTheTwoGpsPackets) {
     const s_sottocampo* kel = getDettagliSottocampo(sottocampi_gps_kel, 0xA8010);
     const s_sottocampo* ubx = getDettagliSottocampo(search_sottocampi_struct(3, 1), 0xA8010);
     ASSERT_TRUE(kel && ubx);
     EXPECT_NE(kel->valore, ubx->valore);
     EXPECT_NE(kel->valore_reciproco, ubx->valore_reciproco);
+    EXPECT_NE(kel->valore, kel->valore_reciproco);
+    EXPECT_NE(ubx->valore, ubx->valore_reciproco);
+}
+
+TEST(SubfieldTable, LatitudeAndLongitudeHaveAFunctionEach) {
+    EXPECT_NE(getDettagliSottocampo(sottocampi_gps_kel, 0xA8A07)->valore,
+              getDettagliSottocampo(sottocampi_gps_kel, 0xA8A87)->valore);
 }
 
 TEST(SubfieldSearch, FindsTheTableOfDetailsAndSpecialisation) {
@@ -132,6 +33,7 @@ TEST(SubfieldSearch, FindsTheTableOfDetailsAndSpecialisation) {
     EXPECT_EQ(search_sottocampi_struct(1, 2), sottocampi_lap_time_2G);
     EXPECT_NE(search_sottocampi_struct(1, 1), nullptr);
     EXPECT_NE(search_sottocampi_struct(1, 1), sottocampi_lap_time_2G);
+    EXPECT_NE(search_sottocampi_struct(1, 1), search_sottocampi_struct(3, 1));
     const s_sottocampo* data_ora = search_sottocampi_struct(2, 0);
     for (unsigned spec : {0u, 1u, 2u, 31u, 32u, 0xFFFFFFFFu}) {
         EXPECT_EQ(search_sottocampi_struct(2, spec), data_ora) << "any specialisation of date and time";
@@ -172,7 +74,7 @@ TEST(SubfieldSearch, ByIdentifierLooksAtTheSpecialisationAlone) {
 }
 
 TEST(SubfieldRow, IsFoundByItsWholeIdentifier) {
-    for (const Riga& riga : kGps) {
+    for (const s_sottocampo& riga : std::span(sottocampi_gps_kel).first<8>()) {
         const s_sottocampo* trovata = getDettagliSottocampo(sottocampi_gps_kel, riga.fid);
         ASSERT_NE(trovata, nullptr) << std::hex << riga.fid;
         EXPECT_EQ(trovata->fid, riga.fid);
@@ -186,7 +88,8 @@ TEST(SubfieldRow, StopsAtTheEndRow) {
     EXPECT_EQ(getDettagliSottocampo(sottocampi_gps_kel, 0xB9D20), nullptr);
     EXPECT_EQ(getDettagliSottocampo(sottocampi_gps_kel, 0x98B), nullptr);
     EXPECT_EQ(getDettagliSottocampo(sottocampi_gps_kel, 0), nullptr);
-    EXPECT_EQ(getDettagliSottocampo(search_sottocampi_struct(2, 0), 0xA940B), nullptr);
+    for (kel_funpos fid : {0u, 0xA940Bu, 0xB9D20u})
+        EXPECT_EQ(getDettagliSottocampo(search_sottocampi_struct(2, 0), fid), nullptr) << "no row but the end row";
 }
 
 TEST(SubfieldRow, OfNoTableIsNone) {
@@ -230,7 +133,7 @@ TEST(SubfieldMatch, TellsWhetherAPacketHoldsAFunction) {
 }
 
 TEST(SubfieldMatch, FindsNothingInDateAndTime) {
-    for (const Riga& riga : kGps) {
+    for (const s_sottocampo& riga : std::span(sottocampi_gps_kel).first<8>()) {
         EXPECT_EQ(kelConvMatchSottocampo(2, 0, riga.fid), 0);
     }
     for (kel_funpos fid : {0u, 0xB9D20u, 0x98Bu, 0xFFFFFFFFu}) {

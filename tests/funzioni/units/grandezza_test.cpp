@@ -8,9 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "model/unita.h"
 #include "tables/aiuti.h"
-#include "tables/attesi_grandezze.h"
-#include "tables/attesi_udm.h"
 
 namespace {
 
@@ -142,37 +141,17 @@ TEST(UnitList, IsEmptiedEvenForAnUnknownQuantity) {
     EXPECT_EQ(unita(0xFFFFFFFF), Testi{});
 }
 
-// The plain rule: the row of the quantity and object, else the quantity's row for any object, else none. Written
-// without regard to the order of the rows.
-const attesi::Grandezza* modello(unsigned grandezza, unsigned oggetto) {
-    const attesi::Grandezza* generica = nullptr;
-    for (const attesi::Grandezza& riga : attesi::grandezze_uiv) {
-        if (riga.grandezza == grandezza && riga.oggetto == oggetto)
-            return &riga;
-        if (riga.grandezza == grandezza && riga.oggetto == 0)
-            generica = &riga;
-    }
-    return generica;
-}
-
-Testi unita_attese(const attesi::Grandezza* riga) {
-    Testi testi;
-    for (const attesi::Udm& udm : attesi::righe_udm)
-        if (riga != nullptr && std::string(riga->nome_udm) == udm.tabella)
-            testi.push_back(udm.udm);
-    return testi;
-}
-
-TEST(EveryQuantityAndObject, HasTheRowAndUnitsOfThePlainRule) {
+TEST(EveryQuantityAndObject, HasTheRowAndUnitsOfTheModel) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     // Position, sides, number and the unused bits: none of them counts.
     const std::vector<kel_funpos> altri = {0, 0x00048000, 0x000F8000, 0x00300000, 0x1FC00000, 0xE0000000, 0xFFFF8000};
     for (unsigned grandezza = 0; grandezza < 128; ++grandezza)
         for (unsigned oggetto = 0; oggetto < 256; ++oggetto) {
-            const attesi::Grandezza* attesa = modello(grandezza, oggetto);
+            const modello::RigaGrandezza* attesa = modello::rigaGrandezza(grandezza | oggetto << 7);
             const s_grandezza_fisica_uiv* riga =
-                attesa == nullptr ? nullptr : &uib_grandezza_fisica_uiv[attesa - attesi::grandezze_uiv];
-            const Testi testi = unita_attese(attesa);
+                attesa == nullptr ? nullptr : &uib_grandezza_fisica_uiv[attesa - modello::tabelle().grandezze.data()];
+            const std::vector<std::string> nomi = modello::unita(grandezza | oggetto << 7);
+            const Testi testi(nomi.begin(), nomi.end());
             const std::string base = attesa == nullptr ? "" : testi.front();
             for (const kel_funpos bit : altri) {
                 const kel_funpos fid = grandezza | oggetto << 7 | bit;

@@ -16,6 +16,7 @@
 #include "columns/nuclei.h"
 #include "columns/riconoscimento.h"
 #include "comune/recinto.h"
+#include "comune/tipi_campione.h"
 #include "kelregistrazioni.h"
 
 namespace {
@@ -270,7 +271,7 @@ TEST(Columns, OfOneCallAreReadEachAsIfAlone) {
 // behind the last sample.
 TEST(Columns, EndWhereTheSamplesEnd) {
     for (const Nuclei* nuclei : insiemi())
-        for (unsigned tipo = 0; tipo <= KEL_TIPO_DIFFERENZA_TEMPO; ++tipo) {
+        for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
             s_converter_data dati = {"", 1.5f, 0.25f, 0};
             s_kel_canale canale = {};
             canale.tipo_campione = tipo;
@@ -309,7 +310,7 @@ TEST(Columns, ReadNothingBesideTheSamples) {
     ASSERT_TRUE(recinto.pronto());
     constexpr std::size_t pagina = 4096;
     for (const Nuclei* nuclei : insiemi())
-        for (unsigned tipo = 0; tipo <= KEL_TIPO_DIFFERENZA_TEMPO; ++tipo)
+        for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo)
             for (const int reciproco : {0, 1})
                 for (const unsigned short num_bit : {std::uint16_t{0}, std::uint16_t{3}}) {
                     const std::size_t byte = kelFunGetSamplSize(tipo);

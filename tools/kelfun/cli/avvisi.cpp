@@ -11,7 +11,7 @@ void Avvisi::pretendi(const std::optional<std::string>& avviso) const {
 }
 
 void Avvisi::di(const std::optional<std::string>& avviso) {
-    constexpr std::size_t MASSIMO = 1000;  // lines of standard input may go on for ever
+    constexpr std::size_t MASSIMO = 1000;  // remarks that are remembered: standard input may have no end
     if (detti_.size() == MASSIMO)
         detti_.clear();
     if (avviso && detti_.insert(*avviso).second)

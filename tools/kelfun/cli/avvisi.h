@@ -13,10 +13,10 @@ namespace kel::strumento {
 /// Lines on standard error that say so, none twice. With --strict they are errors: the answer is not given.
 class Avvisi {
 public:
-    /// Refuses an answer that calls for a remark, where --strict was given.
+    /// With --strict, refuses an answer that has a remark.
     /// @throws NonTrovato  with the remark.
     void pretendi(const std::optional<std::string>& avviso) const;
-    /// Makes the remark, if there is one, beside an answer that was not refused.
+    /// Prints the remark, if there is one, for an answer that was not refused.
     void di(const std::optional<std::string>& avviso);
     /// Both: for what is known before anything is printed.
     void subito(const std::optional<std::string>& avviso);

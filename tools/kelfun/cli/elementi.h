@@ -15,9 +15,9 @@
 
 namespace kel::strumento {
 
-/// Arguments of a command that are read and answered in their order. A wrong argument ends the command before anything is
-/// printed. A line of standard input is answered before the next one is awaited; a wrong one is reported with its number
-/// and left out.
+/// Arguments of a command that are read and answered in their order. A wrong argument ends the command before anything
+/// is printed. A line of standard input is answered before the next one is awaited; a wrong one is reported with its
+/// number and left out.
 class Elementi {
 public:
     Elementi(std::string comando, std::vector<std::string> testi)
@@ -26,7 +26,8 @@ public:
     /// Whether lines are awaited: what is printed must not wait for all of them.
     bool conRighe() const { return std::find(testi_.begin(), testi_.end(), "-") != testi_.end(); }
 
-    /// @param leggi   makes a value of a text; throws ErroreUso or NonTrovato for a wrong one. Arguments are read first.
+    /// @param leggi   makes a value of a text; throws ErroreUso or NonTrovato for a wrong one. Arguments are read
+    ///               first.
     /// @param inizia  called once, before the first answer or when the first line has come.
     /// @param mostra  answers a value.
     /// @returns whether there was anything to answer, right or wrong.

@@ -21,10 +21,11 @@ struct SceltaForma {
     /// How standard output is written.
     Aspetto forma() const;
 };
-/// @param tabelle  the keys of the tables that the command can print, the main one first; without any there is no --table.
+/// @param tabelle  the keys of the tables that the command can print, the main one first; without any there is no
+///                 --table.
 void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std::string>& tabelle = {});
 
-/// Makes an option go not together with --json, --ndjson, --csv and --table, where the command has them.
+/// Makes an option exclude --json, --ndjson, --csv and --table, as far as the command has them.
 void escludiForma(const Comando& comando, Opzione opzione);
 
 }  // namespace kel::strumento

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "text/errori.h"
+#include "text/numeri.h"
 #include "text/parole.h"
 #include "text/vicini.h"
 
@@ -59,7 +60,7 @@ std::string senzaSegno(std::string parola) {
 
 namespace {
 
-// What "--" came before is taken without the mark that told so.
+// Removes the mark of the words that came after "--".
 CLI::Option* senzaSegni(CLI::Option* opzione) {
     return opzione->transform(CLI::Validator(
         [](std::string& parola) {
@@ -88,6 +89,22 @@ Opzione Comando::opzione(const char* nome, std::vector<std::string>& valori, con
 
 Opzione Comando::opzione(const char* nome, std::function<void(const std::string&)> leggi, const char* aiuto) {
     return Opzione(senzaSegni(comando_->add_option_function(nome, leggi, aiuto)));
+}
+
+Opzione Comando::intero(const char* nome, std::optional<unsigned>& valore, unsigned minimo, unsigned massimo,
+                        const char* aiuto) {
+    const auto leggi = [nome = std::string(nome), &valore, minimo, massimo](const std::string& testo) {
+        const auto letto = leggiIntero(testo, minimo, massimo);
+        if (!letto)
+            throw ErroreUso(nome + " '" + testo + "' is out of range; accepted: " + std::to_string(minimo) + " to " +
+                            std::to_string(massimo));
+        valore = static_cast<unsigned>(*letto);
+    };
+    // A few numbers are listed, so that the completion can offer them.
+    std::string pochi;
+    for (unsigned n = minimo; massimo - minimo < 10 && n <= massimo; ++n)
+        pochi += (pochi.empty() ? "{" : ",") + std::to_string(n);
+    return opzione(nome, leggi, aiuto).valore(pochi.empty() ? "N" : (pochi + "}").c_str());
 }
 
 void Comando::nascosta(const char* nome, std::function<void(const std::string&)> leggi) {

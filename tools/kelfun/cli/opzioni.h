@@ -1,5 +1,5 @@
-// What the commands of kelfun accept. The argument parser stands behind these two classes: its header takes seconds in
-// every source that includes it.
+// What the commands of kelfun accept. These two classes hide the argument parser, whose header adds seconds to the
+// compilation of every source that includes it.
 #ifndef KELFUN_CLI_OPZIONI_H
 #define KELFUN_CLI_OPZIONI_H
 
@@ -15,34 +15,35 @@ class Option;
 
 namespace kel::strumento {
 
-/// What stands before a word of the command line that is an argument whatever it begins with, as all are after "--". The
-/// parser has no way of its own to say so of one word; the arguments of commands take it off.
+/// A mark before a word of the command line that came after "--": the word is an argument, even if it begins with a
+/// hyphen. The parser cannot be told so of a single word. So the mark is set before parsing, and the commands'
+/// arguments remove it.
 constexpr char SOLO_ARGOMENTO = '\x1F';
-/// A word without it.
+/// A word without the mark.
 std::string senzaSegno(std::string parola);
 
-/// An option or an argument of a command, which owns it: copies are the same option.
+/// An option or an argument. The command owns it: a copy of this object stands for the same option.
 class Opzione {
 public:
     explicit Opzione(CLI::Option* opzione) : opzione_(opzione) {}
 
-    /// What --help calls its value; nothing for an argument that its own name tells.
+    /// What --help calls its value; "" for an argument whose own name is enough.
     Opzione& valore(const char* nome);
-    /// Takes one of these words alone. --help, the completion of shells and the error for another word know them from here.
+    /// Accepts only these words. --help, the completion of shells and the error for another word take them from here.
     Opzione& scelta(const std::vector<std::string>& parole);
-    /// The heading of --help that it stands under.
+    /// The heading under which --help lists it.
     Opzione& gruppo(const char* titolo);
     Opzione& obbligatoria();
     /// May be given again and again, with one value each time.
     Opzione& ripetibile();
-    /// Not together with another.
+    /// Cannot be given together with another.
     Opzione& esclude(const Opzione& altra);
 
 private:
     CLI::Option* opzione_;
 };
 
-/// A command, which the program owns: copies are the same command.
+/// A command. The program owns it: a copy of this object stands for the same command.
 class Comando {
 public:
     /// Adds a command to the program.
@@ -54,7 +55,10 @@ public:
     Opzione opzione(const char* nome, std::vector<std::string>& valori, const char* aiuto);
     /// Adds an option, and what is done with its value once the whole command line has been read.
     Opzione opzione(const char* nome, std::function<void(const std::string&)> leggi, const char* aiuto);
-    /// Adds an option that no help shows; what it does is done at once.
+    /// Adds an option that takes a whole number within bounds, which the error for any other word names.
+    Opzione intero(const char* nome, std::optional<unsigned>& valore, unsigned minimo, unsigned massimo,
+                   const char* aiuto);
+    /// Adds an option that no help shows. `leggi` is called as soon as the option is met.
     void nascosta(const char* nome, std::function<void(const std::string&)> leggi);
     /// Adds an option without a value.
     Opzione bandiera(const char* nome, bool& data, const char* aiuto);

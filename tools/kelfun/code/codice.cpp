@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <kainjow/mustache.hpp>
 #include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -11,19 +10,18 @@
 
 #include "IFunzioni.h"
 #include "cli/forma.h"
+#include "code/templates.h"
 #include "domain/campi.h"
 #include "io/uscita.h"
 #include "text/errori.h"
 #include "text/incorporati.h"
 #include "text/numeri.h"
-#include "text/parole.h"
 
 namespace kel::strumento {
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-using kainjow::mustache::data;
 
 struct Linguaggio {
     const char* nome;
@@ -31,51 +29,7 @@ struct Linguaggio {
 };
 constexpr Linguaggio LINGUAGGI[] = {{"c", &PROGRAMMI_C}, {"cpp", &PROGRAMMI_CPP}, {"python", &PROGRAMMI_PYTHON}};
 
-// Ends a line within a template: the template engine has rules of its own for line feeds, which leave an empty line where a
-// section is left out.
-constexpr char FINE_RIGA = '\x1E';
-
-constexpr std::string_view INIZIO_PEZZO = "%%% ";
 const std::string PROGRAMMA = "kelfun ";  // begins the names of the pieces that are programs
-
-// A line with nothing but the beginning or the end of a section leaves no line in the program.
-bool soloSezione(const std::string& riga) {
-    return riga.size() > 3 && riga.starts_with("{{") &&
-           std::string_view("#^/").find(riga[2]) != std::string_view::npos && riga.find("}}") == riga.size() - 2;
-}
-
-// The pieces of a language by name: a line "%%% name" begins each. Empty lines between two belong to neither.
-std::map<std::string, std::string> leggiPezzi(std::string_view testo) {
-    std::map<std::string, std::string> pezzi;
-    std::string* questo = nullptr;
-    for (const std::string& riga : dividi(testo, '\n')) {
-        if (riga.starts_with(INIZIO_PEZZO))
-            questo = &pezzi[riga.substr(INIZIO_PEZZO.size())];
-        else if (questo != nullptr)
-            *questo += soloSezione(riga) ? riga : riga + FINE_RIGA;
-    }
-    for (auto& pezzo : pezzi)
-        pezzo.second.erase(pezzo.second.find_last_not_of(FINE_RIGA) + 1);
-    return pezzi;
-}
-
-data comeDati(const Json& valore) {
-    if (valore.is_object()) {
-        data oggetto(data::type::object);
-        for (const auto& [nome, membro] : valore.items())
-            oggetto.set(nome, comeDati(membro));
-        return oggetto;
-    }
-    if (valore.is_array()) {
-        data elenco(data::type::list);
-        for (const Json& elemento : valore)
-            elenco.push_back(comeDati(elemento));
-        return elenco;
-    }
-    if (valore.is_boolean())
-        return data(valore.get<bool>());
-    return data(valore.is_string() ? valore.get<std::string>() : valore.dump());
-}
 
 const Linguaggio* cercaLinguaggio(const std::string& nome) {
     const auto uguale = [&](const Linguaggio& uno) { return nome == uno.nome; };
@@ -94,25 +48,9 @@ std::string nomi(std::span<const Linguaggio> linguaggi) {
 std::vector<Linguaggio> conPezzo(const std::string& pezzo) {
     std::vector<Linguaggio> quelli;
     for (const Linguaggio& uno : LINGUAGGI)
-        if (leggiPezzi(*uno.pezzi).contains(pezzo))
+        if (Templates(*uno.pezzi).contains(pezzo))
             quelli.push_back(uno);
     return quelli;
-}
-
-// The program of a command in a language, and what it includes.
-std::string compila(const std::map<std::string, std::string>& pezzi, const std::string& pezzo, data dati) {
-    for (const auto& [nome, testo] : pezzi)
-        if (!nome.starts_with(PROGRAMMA))
-            dati.set(nome, data(kainjow::mustache::partial([testo = testo] { return testo; })));
-    kainjow::mustache::mustache modello(pezzi.at(pezzo));
-    modello.set_custom_escape([](const std::string& testo) { return testo; });
-    if (!modello.is_valid())
-        throw std::logic_error(pezzo + ": " + modello.error_message());
-    std::string programma = modello.render(dati) + FINE_RIGA;
-    // A section at the end may have left the end of its last line.
-    programma.erase(programma.find_last_not_of(FINE_RIGA) + 2);
-    std::replace(programma.begin(), programma.end(), FINE_RIGA, '\n');
-    return programma;
 }
 
 // A constant of a field by its name; a value without one by its number.
@@ -146,15 +84,14 @@ void rifiutaCodiceAltrove(CLI::App& programma) {
 void stampaProgramma(const std::string& linguaggio, const std::string& nome, const std::string& titolo,
                      const Json& dati) {
     const std::string pezzo = PROGRAMMA + nome;
-    const std::map<std::string, std::string> pezzi = leggiPezzi(*cercaLinguaggio(linguaggio)->pezzi);
+    const Templates pezzi(*cercaLinguaggio(linguaggio)->pezzi);
     if (!pezzi.contains(pezzo))
         throw ErroreUso("the library's face for --code " + linguaggio +
                         " has nothing for this; accepted: " + nomi(conPezzo(pezzo)));
-    data tutti = comeDati(dati);
-    tutti.set("apri", "{");  // a brace before a tag would be taken for the tag's
-    tutti.set("titolo", titolo);
-    tutti.set("comando", nome.substr(0, nome.find(' ')));
-    scriviUscita(compila(pezzi, pezzo, std::move(tutti)));
+    Json tutti = dati;
+    tutti["titolo"] = titolo;
+    tutti["comando"] = nome.substr(0, nome.find(' '));
+    scriviUscita(pezzi.render(pezzo, tutti));
 }
 
 Json fidPerProgramma(kel_funpos fid) {

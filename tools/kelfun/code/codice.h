@@ -11,10 +11,11 @@
 
 namespace kel::strumento {
 
-/// Adds --code to a command that has programs. After the options of its output, with which it goes not together.
+/// Adds --code to a command that has programs. Call it after the options of the output have been added: it excludes
+/// them.
 void aggiungiCodice(Comando& comando, std::string& linguaggio);
 
-/// Adds --code, shown nowhere, to every command without it: it tells which commands have one.
+/// Adds a hidden --code to every other command: its error tells which commands have one.
 void rifiutaCodiceAltrove(CLI::App& programma);
 
 /// Prints the program of a command.
@@ -30,7 +31,7 @@ void stampaProgramma(const std::string& linguaggio, const std::string& nome, con
 /// An identifier for programs: "c", composed from its fields by name, "hex", and "nome", its long name.
 nlohmann::ordered_json fidPerProgramma(kel_funpos fid);
 
-/// Values apart by commas; the lines after the first are indented by so many blanks.
+/// Values separated by commas; the lines after the first are indented by so many blanks.
 std::string elencoPerProgramma(const std::vector<std::string>& valori, std::size_t rientro);
 
 /// A number and a text as C, C++ and Python write them.

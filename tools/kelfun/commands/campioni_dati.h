@@ -11,8 +11,8 @@
 
 namespace kel::strumento {
 
-/// The bytes of one sample after the other. All arguments together are whole samples. A line may end within a sample: its
-/// bytes then wait for the next line.
+/// The bytes of one sample after the other. All arguments together are whole samples. A line may end within a sample:
+/// its bytes then wait for the next line.
 class CampioniDati {
 public:
     /// @throws ErroreUso  for a type without a sample.

@@ -1,5 +1,5 @@
-// The commands of kelfun. Each adds itself to the application; when its arguments have been read it runs, prints one
-// document to standard output and throws when it could not do what was asked.
+// The commands of kelfun. Each function adds a command to the program. When its arguments have been read, the command
+// prints one document to standard output; it throws when it cannot do what was asked.
 #ifndef KELFUN_COMMANDS_COMANDI_H
 #define KELFUN_COMMANDS_COMANDI_H
 

@@ -31,8 +31,8 @@ struct Argomenti {
     std::string canale;
     std::string tipo;
     std::string udm;
-    std::string larghezza = "8";
-    std::string decimali;
+    std::optional<unsigned> larghezza = 8;
+    std::optional<unsigned> decimali;
     std::string formato = "right";
     std::string bit;
     bool automatici = false;
@@ -41,14 +41,6 @@ struct Argomenti {
     SceltaForma forma;
     std::string codice;
 };
-
-unsigned intero(const char* opzione, const std::string& testo, unsigned minimo, unsigned massimo) {
-    const auto valore = leggiIntero(testo, minimo, massimo);
-    if (!valore)
-        throw ErroreUso(std::string(opzione) + " '" + testo + "' is out of range; accepted: " + std::to_string(minimo) +
-                        " to " + std::to_string(massimo));
-    return static_cast<unsigned>(*valore);
-}
 
 // The formats of texts in the order of their numbers.
 const std::vector<std::string> FORMATI = {"right", "left", "compact"};
@@ -74,14 +66,10 @@ CampoBit leggiBit(const std::string& testo) {
     return {static_cast<unsigned short>(*posizione), static_cast<unsigned short>(*quanti)};
 }
 
-unsigned leggiLarghezza(const Argomenti& argomenti) {
-    return intero("--width", argomenti.larghezza, 1, 31);
-}
-
 // Those asked for, or those that the function shows in the unit.
 unsigned leggiDecimali(const Argomenti& argomenti, const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
-    if (!argomenti.decimali.empty())
-        return intero("--decimals", argomenti.decimali, 0, 3);
+    if (argomenti.decimali)
+        return *argomenti.decimali;
     return static_cast<unsigned>(std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3));
 }
 
@@ -92,7 +80,7 @@ public:
                const std::string& nome, const Argomenti& argomenti)
         : fid_(fid), udm_(udm), nome_(nome) {
         const CampoBit bit = leggiBit(argomenti.bit);
-        conv_.larghezza = leggiLarghezza(argomenti);
+        conv_.larghezza = *argomenti.larghezza;
         conv_.decimali = leggiDecimali(argomenti, catalogo, fid, udm);
         conv_.auto_decimali = argomenti.automatici;
         conv_.formato = leggiFormato(argomenti.formato);
@@ -135,7 +123,8 @@ unsigned leggiTipo(const Argomenti& argomenti, kel_funpos fid_canale) {
         const auto tipo = leggiTipoCampione(argomenti.tipo);
         if (!tipo)
             throw ErroreUso("there is no --type '" + argomenti.tipo + "'; " + forse(argomenti.tipo, nomiCampioni()) +
-                            "accepted: " + elenco(nomiCampioni()) + ", or a code from 0 to 24, see --types");
+                            "accepted: " + elenco(nomiCampioni()) + ", or a code from 0 to " +
+                            std::to_string(NUM_TIPI_CAMPIONE - 1) + ", see --types");
         return *tipo;
     }
     const auto tipo = tipoPacchetto(fid_canale);
@@ -168,9 +157,9 @@ void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_ke
                      {"tipo", costanteCampione(tipo)},
                      {"tipo_numero", tipo},
                      {"udm", testoPerProgramma(udm)},
-                     {"larghezza", leggiLarghezza(argomenti)},
+                     {"larghezza", *argomenti.larghezza},
                      {"decimali", decimali},
-                     {"suoi", argomenti.decimali.empty()},
+                     {"suoi", !argomenti.decimali},
                      {"automatici", argomenti.automatici ? 1 : 0},
                      {"formato", COSTANTI[formato]},
                      {"formato_numero", static_cast<int>(formato)},
@@ -300,10 +289,9 @@ void aggiungiDecode(CLI::App& programma) {
         .opzione("--channel", argomenti->canale, "Identifier of the packet channel, where ID is one of its subfields")
         .valore("ID");
     comando.opzione("--unit", argomenti->udm, "Unit (default: the base unit)").valore("UNIT");
-    comando.opzione("--width", argomenti->larghezza, "Characters of the text, point not counted, 1 to 31 (default 8)")
-        .valore("N");
-    comando.opzione("--decimals", argomenti->decimali, "Decimals of the text (default: the unit's)")
-        .valore("{0,1,2,3}");
+    comando.intero("--width", argomenti->larghezza, 1, 31,
+                   "Characters of the text, point not counted, 1 to 31 (default 8)");
+    comando.intero("--decimals", argomenti->decimali, 0, 3, "Decimals of the text (default: the unit's)");
     comando.bandiera("--auto-decimals", argomenti->automatici, "Let the text choose 1 or 0 decimals by magnitude");
     comando.opzione("--format", argomenti->formato, "right is the default").scelta(FORMATI);
     comando.opzione("--bits", argomenti->bit, "Bit field of an integer sample").valore("POS:COUNT");

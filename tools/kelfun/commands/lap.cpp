@@ -132,7 +132,7 @@ void esegui(Argomenti& argomenti) {
     Elementi elementi("lap", argomenti.tempi);
     Documento documento(stdout, argomenti.forma.forma());
     nlohmann::ordered_json voci = nlohmann::ordered_json::array();
-    std::vector<std::optional<std::string>> sospesi;  // until there is a program beside them
+    std::vector<std::optional<std::string>> sospesi;  // printed when the program has been printed
     const bool con_codice = !argomenti.codice.empty();
     const bool risposto = elementi.rispondi(
         [&](const std::string& testo) {

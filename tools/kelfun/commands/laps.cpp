@@ -6,6 +6,7 @@
 
 #include "captures/file_campioni.h"
 #include "captures/vista_gps.h"
+#include "cli/compatta.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
@@ -125,7 +126,8 @@ const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
     throw NonTrovato("there is no closed lap " + testo + "; closed are " + chiusi);
 }
 
-// The laps asked for. Without any: the best lap and the last one that counts, or the second best if the best is the last.
+// The laps asked for. Without any: the best lap and the last one that counts, or the second best if the best is the
+// last.
 std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
     std::vector<const Giro*> scelti;
     scelti.reserve(chiesti.size());
@@ -242,8 +244,7 @@ void aggiungiLaps(CLI::App& programma) {
     comando.opzione("--min-lap", argomenti->minimo, "Shortest lap by GPS in seconds (default 10)").valore("SECONDS");
     comando.opzione("--unit", argomenti->udm, "Unit of the speeds: km/h (default) or mph").valore("UNIT");
     aggiungiTempo(comando, argomenti->tempo);
-    comando.bandiera("--packed", argomenti->compatta,
-                     "Samples lie one behind the other, as long as their types, whatever the channels say");
+    aggiungiCompatta(comando, argomenti->compatta);
     aggiungiForma(comando, argomenti->forma, {"laps"});
     aggiungiGrafico(comando, argomenti->grafico);
     comando

@@ -30,7 +30,7 @@ struct Argomenti {
     std::string codice;
 };
 
-// Identifiers of a file, one a line; what follows a # is a remark.
+// Identifiers of a file, one a line; a # begins a comment.
 std::vector<std::string> leggiFile(const std::string& nome) {
     std::vector<std::string> testi;
     for (std::string& riga : leggiRighe(nome)) {
@@ -50,7 +50,7 @@ public:
     }
 
     void prima() { riga("match", kelFunGetMatchCh(&set_, richiesta_)); }
-    // Found by its instance number, which another number may pass for.
+    // The warning when a channel with another instance number is found.
     std::optional<std::string> avvisoNumero() {
         const s_kel_canale* canale = kelFunGetMatchChFull(&set_, richiesta_);
         if (canale == nullptr || !kelFidNumerato(richiesta_) || !kelFidNumerato(canale->fid) ||

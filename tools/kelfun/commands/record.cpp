@@ -8,6 +8,7 @@
 #include "captures/file_canali.h"
 #include "captures/registrazione.h"
 #include "cli/avvisi.h"
+#include "cli/compatta.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
@@ -143,8 +144,7 @@ void aggiungiRecord(CLI::App& programma) {
         comando.bandiera("--text", argomenti->colonne.testi, "Show the library's texts in place of values");
     comando.bandiera("--device", argomenti->colonne.dispositivo,
                      "Show GPS packets as the device shows them: the library's values, not WGS 84");
-    comando.bandiera("--packed", argomenti->compatta,
-                     "Samples lie one behind the other, as long as their types, whatever the channels say");
+    aggiungiCompatta(comando, argomenti->compatta);
     aggiungiAvvisi(comando, argomenti->avvisi);
     aggiungiForma(comando, argomenti->forma, {"records"});
     aggiungiGrafico(comando, argomenti->grafico).esclude(testi);

@@ -26,7 +26,7 @@ namespace {
 struct Argomenti {
     std::string file;
     std::string udm;
-    std::string decimali = "3";
+    std::optional<unsigned> decimali = 3;
     SceltaGrafico grafico;
     bool dispositivo = false;
     SceltaForma forma;
@@ -153,14 +153,11 @@ std::string riassunto(const LettoreSoluzioni& lettore) {
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const std::string udm = leggiUdm(*catalogo, CanaleNavSol::fidVelocita(), argomenti.udm);
-    const auto decimali = leggiIntero(argomenti.decimali, 0, 3);
-    if (!decimali)
-        throw ErroreUso("--decimals '" + argomenti.decimali + "' is no number of decimals; accepted: 0 to 3");
     std::unique_ptr<Vista> vista;
     if (argomenti.dispositivo)
-        vista = std::make_unique<VistaDispositivo>(*catalogo, udm, static_cast<unsigned>(*decimali));
+        vista = std::make_unique<VistaDispositivo>(*catalogo, udm, *argomenti.decimali);
     else
-        vista = std::make_unique<VistaWgs84>(*catalogo, udm, static_cast<unsigned>(*decimali));
+        vista = std::make_unique<VistaWgs84>(*catalogo, udm, *argomenti.decimali);
     std::optional<DestinazioneGrafico> destinazione;
     const Tratto tratto = trattoScelto(argomenti.grafico, true);
     if (argomenti.grafico.file)
@@ -201,7 +198,7 @@ void aggiungiUbx(CLI::App& programma) {
     Comando comando(programma, "ubx", "GPS solutions (UBX NAV-SOL and NAV-PVT) of a u-blox byte stream");
     comando.opzione("FILE", argomenti->file, "Capture, or - for standard input").valore("").obbligatoria();
     comando.opzione("--unit", argomenti->udm, "Unit of the speed: km/h (default) or mph").valore("UNIT");
-    comando.opzione("--decimals", argomenti->decimali, "Decimals of the speed, 0 to 3 (default 3)").valore("{0,1,2,3}");
+    comando.intero("--decimals", argomenti->decimali, 0, 3, "Decimals of the speed, 0 to 3 (default 3)");
     comando.bandiera("--device", argomenti->dispositivo,
                      "Show what the device shows: the library's values and texts of the logger's GPS packet");
     aggiungiForma(comando, argomenti->forma, {"solutions"});

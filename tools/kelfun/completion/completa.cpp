@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "captures/nomi_record.h"
+#include "cli/compatta.h"
 #include "completion/candidati.h"
 #include "completion/contesto.h"
 #include "domain/campi.h"
@@ -22,10 +23,13 @@ namespace kel::strumento {
 
 namespace {
 
-bool diIdentificatore(std::string_view nome) {
-    return nome == "ID" || nome == "REQUEST" || nome == "CHANNEL" || nome == "FILTER";
+bool diIdentificatore(std::string_view argomento) {
+    return argomento == "ID" || argomento == "REQUEST";
 }
 
+// Finds the candidates. Every option and argument is declared once, by its command; what is offered for a value follows
+// from what that declaration says of it: its words, its vocabulary, or its name (UNIT, ID, FILE). Two tables below tell
+// what belongs to a name.
 class Completamento {
 public:
     Completamento(const CLI::App& comando, Contesto contesto, Candidati& candidati)
@@ -34,11 +38,11 @@ public:
             const auto opzione = contesto_.opzioni.find(nome);
             return opzione == contesto_.opzioni.end() || opzione->second.empty() ? "" : opzione->second.back();
         };
-        campi_.grandezza = ultimo("--quantity");
-        campi_.oggetto = ultimo("--object");
-        campi_.posizione = ultimo("--position");
-        campi_.dettagli = ultimo("--details");
-        campi_.specializzazione = ultimo("--specialisation");
+        campi_.grandezza = ultimo(OPZIONE_GRANDEZZA);
+        campi_.oggetto = ultimo(OPZIONE_OGGETTO);
+        campi_.posizione = ultimo(OPZIONE_POSIZIONE);
+        campi_.dettagli = ultimo(OPZIONE_DETTAGLI);
+        campi_.specializzazione = ultimo(OPZIONE_SPECIALIZZAZIONE);
     }
 
     void parola() {
@@ -49,19 +53,18 @@ public:
             return opzioni();
         const auto [nome, dichiarato] = argomento(comando_, campi_.dati(), contesto_.argomenti.size());
         if (dichiarato != nullptr)
-            posizionale(nome, *dichiarato);
+            argomentoDi(nome, *dichiarato);
         if (candidati_.vuoti() && inizio.empty() && !contesto_.solo_argomenti)
             opzioni();
     }
 
-    // By the vocabulary that its option has, else by the type that the option declares.
     void valore(const CLI::Option& opzione) {
-        using Offri = void (Completamento::*)();
         static const std::map<std::string_view, Offri> per_tipo = {
             {"SIDE", &Completamento::lati},      {"DIRECTION", &Completamento::inout},
             {"NUMBER", &Completamento::numeri},  {"TYPE", &Completamento::tipi},
             {"UNIT", &Completamento::unita},     {"[CHANNEL=]UNIT", &Completamento::unitaCanali},
             {"CHANNEL", &Completamento::canali}, {"ID", &Completamento::identificatori},
+            {"FILE", &Completamento::file},
         };
         const std::string tipo = opzione.get_type_name();
         if (const auto offri = per_tipo.find(tipo); offri != per_tipo.end())
@@ -69,40 +72,48 @@ public:
         else if (const Vocabolario* voci = vocabolario(nomeLungo(opzione), dettagli()))
             nomi(*voci);
         else
-            deiTipi(tipo);
+            scelte(tipo);
     }
 
 private:
-    // What the declared type tells: a list of words, "TEXT:{a,b}", or a file.
-    void deiTipi(const std::string& tipo) {
-        const std::size_t apre = tipo.find('{');
-        const std::size_t chiude = tipo.find('}', apre);
-        if (apre != std::string::npos && chiude != std::string::npos) {
-            for (const std::string& una : dividi(tipo.substr(apre + 1, chiude - apre - 1), ','))
-                candidati_.aggiungi(una, "");
-        } else if (tipo.find("FILE") != std::string::npos || tipo.find("PATH") != std::string::npos ||
-                   tipo.find("DIR") != std::string::npos) {
-            candidati_.file();
-        }
+    using Offri = void (Completamento::*)();
+
+    void argomentoDi(const std::string& nome, const CLI::Option& dichiarato) {
+        static const std::map<std::string_view, Offri> per_nome = {
+            {"ID", &Completamento::identificatori},      {"REQUEST", &Completamento::identificatori},
+            {"CHANNEL", &Completamento::identificatori}, {"FILTER", &Completamento::filtri},
+            {"TEXT", &Completamento::cercate},           {"FILE", &Completamento::file},
+            {"CHANNELS", &Completamento::file},          {"SAMPLES", &Completamento::file},
+        };
+        if (const auto offri = per_nome.find(nome); offri != per_nome.end())
+            (this->*offri->second)();
+        else
+            scelte(dichiarato.get_type_name());
     }
 
-    void posizionale(const std::string& nome, const CLI::Option& dichiarato) {
-        if (diIdentificatore(nome)) {
-            if (nome == "FILTER")
-                nomi(grandezze());
-            identificatori();
-        } else if (nome == "TEXT") {
-            for (const char* opzione : {"--quantity", "--object", "--position"})
-                nomi(*vocabolario(opzione));
-            if (candidati_.inizio().starts_with("FID_"))
-                nomiXml();
-            nomiFunzioni();
-            identificatori();
-        } else if (dichiarato.get_type_name().find('{') != std::string::npos) {
-            deiTipi(dichiarato.get_type_name());
-        } else if (nome != "VALUE" && nome != "HEX" && nome != "TIME") {
-            candidati_.file();
-        }
+    // The words that a value is chosen from are declared as "{a,b}".
+    void scelte(const std::string& tipo) {
+        if (tipo.starts_with('{') && tipo.ends_with('}'))
+            for (const std::string& una : dividi(tipo.substr(1, tipo.size() - 2), ','))
+                candidati_.aggiungi(una, "");
+    }
+
+    void file() { candidati_.file(); }
+
+    // Of a list of functions: those of a quantity, or of a quantity and an object.
+    void filtri() {
+        nomi(grandezze());
+        identificatori();
+    }
+
+    // All that a search looks through.
+    void cercate() {
+        for (const char* opzione : {OPZIONE_GRANDEZZA, OPZIONE_OGGETTO, OPZIONE_POSIZIONE})
+            nomi(*vocabolario(opzione));
+        if (candidati_.inizio().starts_with("FID_"))
+            nomiXml();
+        nomiFunzioni();
+        identificatori();
     }
 
     void opzioni() {
@@ -129,7 +140,8 @@ private:
     }
 
     void nomiXml() {
-        for (const char* opzione : {"--quantity", "--object", "--position", "--inout", "--details"})
+        for (const char* opzione :
+             {OPZIONE_GRANDEZZA, OPZIONE_OGGETTO, OPZIONE_POSIZIONE, OPZIONE_INOUT, OPZIONE_DETTAGLI})
             for (const s_campo_fid& riga : vocabolario(opzione)->righe)
                 candidati_.aggiungi(riga.xml, riga.testo);
     }
@@ -145,7 +157,7 @@ private:
 
     unsigned dettagli() const {
         try {
-            return campi_.dettagli.empty() ? 0 : leggiCampo(*vocabolario("--details"), campi_.dettagli);
+            return campi_.dettagli.empty() ? 0 : leggiCampo(*vocabolario(OPZIONE_DETTAGLI), campi_.dettagli);
         } catch (const std::exception&) {
             return 0;
         }
@@ -182,8 +194,9 @@ private:
     std::vector<NomeRecord> nomiCanali() {
         if (contesto_.argomenti.empty())
             return {};
-        return nomiRecord(*catalogo_, contesto_.argomenti.front(),
-                          contesto_.opzioni.contains("--packed") ? Disposizione::compatta : Disposizione::dichiarata);
+        return nomiRecord(
+            *catalogo_, contesto_.argomenti.front(),
+            contesto_.opzioni.contains(OPZIONE_COMPATTA) ? Disposizione::compatta : Disposizione::dichiarata);
     }
 
     void canali() {
@@ -226,7 +239,7 @@ private:
             candidati_.aggiungi(std::to_string(tipo), contenutoCampione(tipo));
     }
 
-    struct Scelte {
+    struct Possibili {
         std::map<unsigned, std::string> lati;
         std::map<unsigned, std::string> inout;
         int primo = -1;
@@ -234,8 +247,8 @@ private:
     };
 
     // What may be chosen at the function's position.
-    Scelte scelte() const {
-        Scelte trovate;
+    Possibili possibili() const {
+        Possibili trovate;
         if (const std::optional<kel_funpos> di = fid())
             catalogo_->getFunzDettagli(*di, trovate.lati, trovate.inout, trovate.primo, trovate.ultimo);
         return trovate;
@@ -249,7 +262,7 @@ private:
     }
 
     void lati() {
-        const Scelte trovate = scelte();
+        const Possibili trovate = possibili();
         for (const auto& [bit, testo] : trovate.lati)
             candidati_.aggiungi(conTratti(testo), testo);
         if (!trovate.lati.empty())
@@ -261,15 +274,15 @@ private:
     }
 
     void inout() {
-        const Scelte trovate = scelte();
+        const Possibili trovate = possibili();
         for (const auto& [valore, testo] : trovate.inout)
             candidati_.aggiungi(conTratti(testo), testo);
         if (trovate.inout.empty())
-            nomi(*vocabolario("--inout"));
+            nomi(*vocabolario(OPZIONE_INOUT));
     }
 
     void numeri() {
-        const Scelte trovate = scelte();
+        const Possibili trovate = possibili();
         for (int n = trovate.primo; n >= 0 && n <= trovate.ultimo; ++n)
             candidati_.aggiungi(std::to_string(n), "");
     }
@@ -323,7 +336,7 @@ private:
     }
 
     void varianti(kel_funpos di) {
-        Scelte trovate;
+        Possibili trovate;
         catalogo_->getFunzDettagli(di, trovate.lati, trovate.inout, trovate.primo, trovate.ultimo);
         for (const auto& voce : trovate.lati)
             esadecimali(di | voce.first);

@@ -1,4 +1,4 @@
-// What is to be said of samples that the device shows otherwise than a person expects.
+// Warnings about samples that the device shows differently than most people expect.
 #ifndef KELFUN_DOMAIN_AVVISI_CAMPIONI_H
 #define KELFUN_DOMAIN_AVVISI_CAMPIONI_H
 
@@ -10,10 +10,12 @@
 
 namespace kel::strumento {
 
-/// Of a bit field, as it was given ("" for none), and the bit above it.
+/// The warning for a bit field.
+/// @param campo  as it was given: "8:1"; "" for none.
+/// @param sopra  the bit above the field, which the converter reads.
 std::optional<std::string> avvisoBit(const std::string& campo, unsigned sopra);
 
-/// Of the functions that are shown of a packet; nothing for samples that are no GPS packets.
+/// The warning for the functions of a packet that are shown; nothing if the packet is no GPS packet.
 std::optional<std::string> avvisoGps(std::span<const kel_funpos> mostrati, unsigned tipo);
 
 }  // namespace kel::strumento

@@ -24,7 +24,7 @@ std::string testo(float valore, const std::string& udm) {
     return breve(valore) + " " + udm;
 }
 
-// A forecast of what is meant needs no more digits than a display has.
+// The value that is probably meant, with as many digits as a display has.
 std::string circa(float valore, const std::string& udm) {
     constexpr double CIFRE = 4;
     const double unita = std::pow(10.0, std::floor(std::log10(std::fabs(static_cast<double>(valore)))) + 1 - CIFRE);
@@ -51,6 +51,26 @@ float lineare(const s_converter_data& dati, float valore) {
     return valore * dati.gain + dati.offset;
 }
 
+// Whether one revolution per second, which is 60 rpm, is more than one rps in the catalogue: there it is ten.
+bool decuplicati(const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
+    constexpr float SESSANTA = 60;
+    constexpr float DUE = 2;
+    const s_converter_data* rps = catalogo.getParamConv(fid, "rps");
+    return udm == "rps" && rps->udm == udm && lineare(catalogo.getParamConv(fid, "rpm", udm), SESSANTA) > DUE;
+}
+
+std::optional<std::string> decuplo(const IFunzioni& catalogo, kel_funpos fid, const std::string& da,
+                                   const std::string& a, float valore) {
+    if (!decuplicati(catalogo, fid, da) && !decuplicati(catalogo, fid, a))
+        return std::nullopt;
+    constexpr float DIECI = 10;
+    const float dato = lineare(catalogo.getParamConv(fid, da, a), valore);
+    if (dato == 0)
+        return std::nullopt;
+    return "the catalogue's gain of rps is ten times too large: " + testo(valore, da) + " converts into " +
+           testo(dato, a) + ", but is near " + circa(a == "rps" ? dato / DIECI : dato * DIECI, a);
+}
+
 std::optional<std::string> scambio(const IFunzioni& catalogo, kel_funpos fid, const std::string& da,
                                    const std::string& a, float valore) {
     if (altra(da) == da && altra(a) == a)
@@ -59,7 +79,7 @@ std::optional<std::string> scambio(const IFunzioni& catalogo, kel_funpos fid, co
         return std::nullopt;
     const float dato = lineare(catalogo.getParamConv(fid, da, a), valore);
     const float vero = lineare(catalogo.getParamConv(fid, altra(da), altra(a)), valore);
-    if (dato == vero)  // nothing is nothing in all of them
+    if (dato == vero)  // as 0 is in every unit
         return std::nullopt;
     return "the catalogue's gains of HP and CV are swapped: " + testo(valore, da) + " converts into " + testo(dato, a) +
            ", but is " + testo(vero, a);
@@ -93,13 +113,17 @@ std::optional<std::string> avvisoConversione(const IFunzioni& catalogo, kel_funp
                                              const std::string& a, float valore) {
     if (da == a)
         return std::nullopt;
-    const auto avviso = scambio(catalogo, fid, da, a, valore);
+    auto avviso = scambio(catalogo, fid, da, a, valore);
+    if (!avviso)
+        avviso = decuplo(catalogo, fid, da, a, valore);
     return avviso ? avviso : reciproco(catalogo, fid, da, a, valore);
 }
 
 std::optional<std::string> avvisoUnita(const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
     if (altra(udm) != udm && scambiati(catalogo, fid))
         return "the catalogue's gains of HP and CV are swapped: what is shown as " + udm + " is " + altra(udm);
+    if (decuplicati(catalogo, fid, udm))
+        return "the catalogue's gain of rps is ten times too large: 60 rpm are shown as 10 rps";
     const s_converter_data* dati = catalogo.getParamConv(fid, udm);
     if (dati == nullptr || dati->reciproco == 0)
         return std::nullopt;

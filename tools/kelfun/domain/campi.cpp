@@ -26,21 +26,22 @@ std::span<const s_campo_fid> specializzazioni(unsigned dettagli) {
 }
 
 const Vocabolario& grandezze() {
-    return *vocabolario("--quantity");
+    return *vocabolario(OPZIONE_GRANDEZZA);
 }
 
 const Vocabolario* vocabolario(std::string_view opzione, unsigned dettagli) {
     static const Vocabolario campi[] = {
-        {"--quantity", "FID_PHI_", grandezza_fisica_FunzKel, FID_MASK_PHI},
-        {"--object", "FID_OBJ_", oggetto_misurato_FunzKel, FID_MASK_OBJ},
-        {"--position", "FID_POS_", posizione_FunzKel, FID_MASK_POS},
-        {"--inout", "FID_INOUT_", inout_FunzKel, FID_MASK_INOUT},
-        {"--details", "FID_DETTAGLI_", dettagli_FunzKel, FID_MASK_OBJ},
+        {OPZIONE_GRANDEZZA, "FID_PHI_", grandezza_fisica_FunzKel, FID_MASK_PHI},
+        {OPZIONE_OGGETTO, "FID_OBJ_", oggetto_misurato_FunzKel, FID_MASK_OBJ},
+        {OPZIONE_POSIZIONE, "FID_POS_", posizione_FunzKel, FID_MASK_POS},
+        {OPZIONE_INOUT, "FID_INOUT_", inout_FunzKel, FID_MASK_INOUT},
+        {OPZIONE_DETTAGLI, "FID_DETTAGLI_", dettagli_FunzKel, FID_MASK_OBJ},
     };
-    static const Vocabolario gps = {"--specialisation", "FID_SPEC_GPS_", specializzazione_gps_FunzKel, FID_MASK_POS};
-    static const Vocabolario giro = {"--specialisation", "FID_SPEC_LAPTIME_", specializzazione_laptime_FunzKel,
+    static const Vocabolario gps = {OPZIONE_SPECIALIZZAZIONE, "FID_SPEC_GPS_", specializzazione_gps_FunzKel,
+                                    FID_MASK_POS};
+    static const Vocabolario giro = {OPZIONE_SPECIALIZZAZIONE, "FID_SPEC_LAPTIME_", specializzazione_laptime_FunzKel,
                                      FID_MASK_POS};
-    if (opzione == "--specialisation")
+    if (opzione == OPZIONE_SPECIALIZZAZIONE)
         return dettagli == FID_DETTAGLI_GPS ? &gps : dettagli == FID_DETTAGLI_LAPTIME ? &giro : nullptr;
     for (const Vocabolario& uno : campi)
         if (uno.opzione == opzione)
@@ -53,28 +54,32 @@ std::vector<Campo> campi(kel_funpos fid) {
     const unsigned oggetto = kelFidOggetto(fid);
     const unsigned posizione = kelFidPosizione(fid);
     std::vector<Campo> campi;
-    const auto campo = [&](const char* chiave, const char* titolo, unsigned bit, unsigned quanti, unsigned valore,
+    const auto campo = [&](const char* chiave, const char* titolo, unsigned bit, unsigned maschera, unsigned valore,
                            std::span<const s_campo_fid> tabella) {
+        const auto quanti = static_cast<unsigned>(std::bit_width(maschera));
         campi.push_back({chiave, titolo, bit, quanti, valore, riga(tabella, valore)});
     };
-    campo("quantity", "quantity", FID_SHIFT_PHI, 7, grandezza, grandezza_fisica_FunzKel);
+    campo("quantity", "quantity", FID_SHIFT_PHI, FID_MASK_PHI, grandezza, grandezza_fisica_FunzKel);
     if (grandezza == FID_PHI_PACKAGE) {
-        campo("details", "details", FID_SHIFT_OBJ, 8, oggetto, dettagli_FunzKel);
-        campo("specialisation", "specialisation", FID_SHIFT_POS, 5, posizione, specializzazioni(oggetto));
+        campo("details", "details", FID_SHIFT_OBJ, FID_MASK_OBJ, oggetto, dettagli_FunzKel);
+        campo("specialisation", "specialisation", FID_SHIFT_POS, FID_MASK_POS, posizione, specializzazioni(oggetto));
     } else {
-        campo("object", "object", FID_SHIFT_OBJ, 8, oggetto, oggetto_misurato_FunzKel);
-        campo("position", "position", FID_SHIFT_POS, 5, posizione, posizione_FunzKel);
+        campo("object", "object", FID_SHIFT_OBJ, FID_MASK_OBJ, oggetto, oggetto_misurato_FunzKel);
+        campo("position", "position", FID_SHIFT_POS, FID_MASK_POS, posizione, posizione_FunzKel);
     }
-    campo("inout", "in/out", FID_SHIFT_INOUT, 2, kelFidInOut(fid), inout_FunzKel);
+    campo("inout", "in/out", FID_SHIFT_INOUT, FID_MASK_INOUT, kelFidInOut(fid), inout_FunzKel);
     if (kelFidNumerato(fid)) {
-        campo("number", "number", FID_SHIFT_NUMBER, 6, kelFidNumero(fid), {});
+        campo("number", "number", FID_SHIFT_NUMBER, FID_MASK_NUMBER, kelFidNumero(fid), {});
     } else {
-        campo("leftright", "left/right", FID_SHIFT_LEFTRIGHT, 2, kelFidLeftRight(fid), leftright_FunzKel);
-        campo("frontrear", "front/rear", FID_SHIFT_FRONTREAR, 2, kelFidFrontRear(fid), frontrear_FunzKel);
-        campo("updown", "up/down", FID_SHIFT_UPDOWN, 2, kelFidUpDown(fid), updown_FunzKel);
+        campo("leftright", "left/right", FID_SHIFT_LEFTRIGHT, FID_MASK_LEFTRIGHT, kelFidLeftRight(fid),
+              leftright_FunzKel);
+        campo("frontrear", "front/rear", FID_SHIFT_FRONTREAR, FID_MASK_FRONTREAR, kelFidFrontRear(fid),
+              frontrear_FunzKel);
+        campo("updown", "up/down", FID_SHIFT_UPDOWN, FID_MASK_UPDOWN, kelFidUpDown(fid), updown_FunzKel);
     }
     if (fid >> PRIMO_BIT_LIBERO != 0)  // no field of an identifier, but a caller may have set them
-        campo("unused", "bits 29-31", PRIMO_BIT_LIBERO, 3, fid >> PRIMO_BIT_LIBERO, {});
+        campo("unused", "bits 29-31", PRIMO_BIT_LIBERO, ~kel_funpos{0} >> PRIMO_BIT_LIBERO, fid >> PRIMO_BIT_LIBERO,
+              {});
     return campi;
 }
 

@@ -2,6 +2,7 @@
 #ifndef KELFUN_DOMAIN_CAMPI_H
 #define KELFUN_DOMAIN_CAMPI_H
 
+#include <bit>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,7 +24,7 @@ struct Campo {
 };
 
 /// The bits from this one up belong to no field.
-constexpr unsigned PRIMO_BIT_LIBERO = 29;
+constexpr unsigned PRIMO_BIT_LIBERO = FID_SHIFT_NUMBER + std::bit_width<unsigned>(FID_MASK_NUMBER);
 
 /// The fields of an identifier from bit 0 up, as they are to be read: details and specialisation for a packet, an
 /// instance number in place of the sides where bit 22 says so.
@@ -31,6 +32,16 @@ std::vector<Campo> campi(kel_funpos fid);
 
 /// The vocabulary of the specialisation of a kind of packet; empty for kinds that have none.
 std::span<const s_campo_fid> specializzazioni(unsigned dettagli);
+
+// The options that give the fields of an identifier.
+constexpr const char* OPZIONE_GRANDEZZA = "--quantity";
+constexpr const char* OPZIONE_OGGETTO = "--object";
+constexpr const char* OPZIONE_POSIZIONE = "--position";
+constexpr const char* OPZIONE_INOUT = "--inout";
+constexpr const char* OPZIONE_LATO = "--side";
+constexpr const char* OPZIONE_NUMERO = "--number";
+constexpr const char* OPZIONE_DETTAGLI = "--details";
+constexpr const char* OPZIONE_SPECIALIZZAZIONE = "--specialisation";
 
 /// A field whose values have names.
 struct Vocabolario {
@@ -43,8 +54,8 @@ struct Vocabolario {
 /// The physical quantities.
 const Vocabolario& grandezze();
 
-/// The vocabulary of a field's option, of --specialisation that of a kind of packet. Null for options that have none, and
-/// for packets without specialisations. The sides share one option and have none: see `nomiLati`.
+/// The vocabulary of a field's option, of --specialisation that of a kind of packet. Null for options that have none,
+/// and for packets without specialisations. The sides share one option and have none: see `nomiLati`.
 const Vocabolario* vocabolario(std::string_view opzione, unsigned dettagli = 0);
 
 /// The row of a name: XML name, its words after the prefix ("speed", "angle-sec-ratio"), or the text. Capitals do not

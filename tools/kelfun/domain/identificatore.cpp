@@ -22,9 +22,9 @@ struct CampoLato {
     unsigned shift = 0;
 };
 const CampoLato LATI[] = {
-    {{"--side", "FID_LEFTRIGHT_", leftright_FunzKel, FID_MASK_LEFTRIGHT}, FID_SHIFT_LEFTRIGHT},
-    {{"--side", "FID_FRONTREAR_", frontrear_FunzKel, FID_MASK_FRONTREAR}, FID_SHIFT_FRONTREAR},
-    {{"--side", "FID_UPDOWN_", updown_FunzKel, FID_MASK_UPDOWN}, FID_SHIFT_UPDOWN},
+    {{OPZIONE_LATO, "FID_LEFTRIGHT_", leftright_FunzKel, FID_MASK_LEFTRIGHT}, FID_SHIFT_LEFTRIGHT},
+    {{OPZIONE_LATO, "FID_FRONTREAR_", frontrear_FunzKel, FID_MASK_FRONTREAR}, FID_SHIFT_FRONTREAR},
+    {{OPZIONE_LATO, "FID_UPDOWN_", updown_FunzKel, FID_MASK_UPDOWN}, FID_SHIFT_UPDOWN},
 };
 
 // One side by name, as bits; 0 when there is no such side.
@@ -52,7 +52,7 @@ kel_funpos leggiLati(const std::vector<std::string>& testi) {
                 throw ErroreUso("there is no --side '" + nome + "'; " + forse(nome, nomiLati()) +
                                 "accepted: " + elenco(nomiLati()) + ", one of each direction, such as 'front left'");
             for (const CampoLato& campo : LATI) {
-                const kel_funpos maschera = 3u << campo.shift;
+                const kel_funpos maschera = campo.vocabolario.massimo << campo.shift;
                 if ((nuovo & maschera) != 0 && (bit & maschera) != 0 && (nuovo & maschera) != (bit & maschera))
                     throw ErroreUso("--side '" + nome +
                                     "' contradicts the one before it; accepted: one of each direction");
@@ -78,29 +78,34 @@ const std::vector<std::string>& nomiLati() {
 }
 
 bool CampiDati::dati() const {
-    return !grandezza.empty() || !oggetto.empty() || !posizione.empty() || !inout.empty() || !numero.empty() ||
+    return !grandezza.empty() || !oggetto.empty() || !posizione.empty() || !inout.empty() || numero ||
            !dettagli.empty() || !specializzazione.empty() || !lati.empty();
 }
 
 void aggiungiCampi(Comando& comando, CampiDati& campi) {
     const char* gruppo = "Fields by name (XML name, its last words such as 'speed', text or number)";
-    comando.opzione("--quantity", campi.grandezza, "Physical quantity: speed, oil pressure is 'pressure'")
+    comando.opzione(OPZIONE_GRANDEZZA, campi.grandezza, "Physical quantity: speed, oil pressure is 'pressure'")
         .valore("NAME")
         .gruppo(gruppo);
-    comando.opzione("--object", campi.oggetto, "Measured object: oil, water, lap...").valore("NAME").gruppo(gruppo);
-    comando.opzione("--position", campi.posizione, "Position: wheel, engine, gps...").valore("NAME").gruppo(gruppo);
-    comando.opzione("--inout", campi.inout, "in, out or center").valore("DIRECTION").gruppo(gruppo);
-    comando.opzione("--side", campi.lati, "Sides, such as 'front left'; may be repeated")
+    comando.opzione(OPZIONE_OGGETTO, campi.oggetto, "Measured object: oil, water, lap...")
+        .valore("NAME")
+        .gruppo(gruppo);
+    comando.opzione(OPZIONE_POSIZIONE, campi.posizione, "Position: wheel, engine, gps...")
+        .valore("NAME")
+        .gruppo(gruppo);
+    comando.opzione(OPZIONE_INOUT, campi.inout, "in, out or center").valore("DIRECTION").gruppo(gruppo);
+    comando.opzione(OPZIONE_LATO, campi.lati, "Sides, such as 'front left'; may be repeated")
         .valore("SIDE")
         .gruppo(gruppo)
         .ripetibile();
-    comando.opzione("--number", campi.numero, "Instance number, 0 to 63, in place of sides")
+    comando.intero(OPZIONE_NUMERO, campi.numero, 0, FID_MASK_NUMBER, "Instance number, 0 to 63, in place of sides")
         .valore("NUMBER")
         .gruppo(gruppo);
-    comando.opzione("--details", campi.dettagli, "Kind of packet: laptime, datetime, gps")
+    comando.opzione(OPZIONE_DETTAGLI, campi.dettagli, "Kind of packet: laptime, datetime, gps")
         .valore("NAME")
         .gruppo(gruppo);
-    comando.opzione("--specialisation", campi.specializzazione, "Its specialisation: kelnavsol, ubxnavsol, kel2g...")
+    comando
+        .opzione(OPZIONE_SPECIALIZZAZIONE, campi.specializzazione, "Its specialisation: kelnavsol, ubxnavsol, kel2g...")
         .valore("NAME")
         .gruppo(gruppo);
 }
@@ -117,30 +122,28 @@ kel_funpos componi(const CampiDati& campi) {
     if (grandezza == FID_PHI_PACKAGE) {
         if (!campi.oggetto.empty() || !campi.posizione.empty())
             throw ErroreUso("a packet has no --object and no --position; accepted: --details, --specialisation");
-        const unsigned dettagli = campi.dettagli.empty() ? 0 : leggiCampo(*vocabolario("--details"), campi.dettagli);
+        const unsigned dettagli =
+            campi.dettagli.empty() ? 0 : leggiCampo(*vocabolario(OPZIONE_DETTAGLI), campi.dettagli);
         if (!campi.specializzazione.empty() && specializzazioni(dettagli).empty())
             throw ErroreUso(
                 "only lap and GPS packets have a --specialisation; accepted: --details laptime, --details gps");
         const unsigned specializzazione =
             campi.specializzazione.empty()
                 ? 0
-                : leggiCampo(*vocabolario("--specialisation", dettagli), campi.specializzazione);
+                : leggiCampo(*vocabolario(OPZIONE_SPECIALIZZAZIONE, dettagli), campi.specializzazione);
         fid = kelFidComponi(grandezza, dettagli, specializzazione);
     } else {
-        const unsigned oggetto = campi.oggetto.empty() ? 0 : leggiCampo(*vocabolario("--object"), campi.oggetto);
+        const unsigned oggetto = campi.oggetto.empty() ? 0 : leggiCampo(*vocabolario(OPZIONE_OGGETTO), campi.oggetto);
         const unsigned posizione =
-            campi.posizione.empty() ? 0 : leggiCampo(*vocabolario("--position"), campi.posizione);
+            campi.posizione.empty() ? 0 : leggiCampo(*vocabolario(OPZIONE_POSIZIONE), campi.posizione);
         fid = kelFidComponi(grandezza, oggetto, posizione);
     }
     if (!campi.inout.empty())
-        fid |= kelFidBitInOut(leggiCampo(*vocabolario("--inout"), campi.inout));
-    if (!campi.numero.empty()) {
+        fid |= kelFidBitInOut(leggiCampo(*vocabolario(OPZIONE_INOUT), campi.inout));
+    if (campi.numero) {
         if (!campi.lati.empty())
             throw ErroreUso("a function has either a --number or a --side; accepted: one of the two");
-        const auto numero = leggiIntero(campi.numero, 0, FID_MASK_NUMBER);
-        if (!numero)
-            throw ErroreUso("--number '" + campi.numero + "' is no instance number; accepted: 0 to 63");
-        fid |= kelFidIstanza(static_cast<unsigned>(*numero));
+        fid |= kelFidIstanza(*campi.numero);
     }
     return fid | leggiLati(campi.lati);
 }

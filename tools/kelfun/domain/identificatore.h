@@ -2,6 +2,7 @@
 #ifndef KELFUN_DOMAIN_IDENTIFICATORE_H
 #define KELFUN_DOMAIN_IDENTIFICATORE_H
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +19,7 @@ struct CampiDati {
     std::string oggetto;
     std::string posizione;
     std::string inout;
-    std::string numero;
+    std::optional<unsigned> numero;
     std::string dettagli;
     std::string specializzazione;
     std::vector<std::string> lati;
@@ -30,7 +31,7 @@ struct CampiDati {
 /// Adds --quantity, --object, --position, --inout, --side, --number, --details and --specialisation to a command.
 void aggiungiCampi(Comando& comando, CampiDati& campi);
 
-/// The names of the sides, one of each direction making a side: "left", "front".
+/// The names of the sides: "left", "front". A side may combine one of each direction.
 const std::vector<std::string>& nomiLati();
 
 /// The identifier of fields given by name. Fields that were not given are 0.

@@ -15,8 +15,8 @@ constexpr const char* FID_ACCETTATI =
     "Pressure'), "
     "or fields (--quantity speed)";
 
-/// Hexadecimal with "0x", decimal, or a legacy identifier, capitals or not; nothing for any other text. Where two legacy
-/// identifiers differ by capitals alone, the one as it is written.
+/// Hexadecimal with "0x", decimal, or a legacy identifier, capitals or not; nothing for any other text. Where two
+/// legacy identifiers differ by capitals alone, the one as it is written.
 std::optional<kel_funpos> fidDaNumeroOVecchio(IFunzioni& catalogo, std::string_view testo);
 
 /// The same, or a name or short name that one function alone has, as `kelfun find` shows them. Capitals do not matter,

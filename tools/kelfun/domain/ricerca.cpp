@@ -78,7 +78,7 @@ std::optional<Risposta> rispondiUnita(const Noto& noto, const std::string& unita
     return std::nullopt;
 }
 
-// A text that has the word, else one that has what the catalogue says in its place.
+// A text that has the word, or else one that has its synonym in the catalogue.
 std::optional<Risposta> rispondiOSinonimo(const Noto& noto, const std::string& cercato,
                                           const std::vector<std::string>& altri) {
     std::optional<Risposta> migliore = rispondi(noto, cercato);
@@ -107,7 +107,8 @@ std::optional<Trovato> rispondiATutte(const Noto& noto, std::span<const std::str
         if (const auto insieme = rispondi(noto, frase); insieme && insieme->grado <= trovato.grado)
             trovato = {&noto, insieme->grado, {insieme->testo}};
     }
-    std::sort(trovato.testi.begin(), trovato.testi.end());  // they lie in one array, by weight
+    std::sort(trovato.testi.begin(),
+              trovato.testi.end());  // as pointers: the texts are in one array, in the order of their weight
     return trovato;
 }
 

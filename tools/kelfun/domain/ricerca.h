@@ -22,9 +22,9 @@ struct Trovato {
     std::vector<const Testo*> testi;  ///< none twice, the weightiest first
 };
 
-/// The identifiers that answer every word, best first: by grade, by what kind of text answers, and then as they stand in
-/// `noti`. Capitals do not matter, nor whether words stand apart by blanks, underscores or hyphens, nor leading zeros of an
-/// identifier. Where a word is in none of an identifier's texts its synonyms are: "tyre" finds "Wheel".
+/// The identifiers that answer every word, best first: by grade, by what kind of text answers, and then as they stand
+/// in `noti`. Capitals do not matter, nor whether words stand apart by blanks, underscores or hyphens, nor leading
+/// zeros of an identifier. Where a word is in none of an identifier's texts its synonyms are: "tyre" finds "Wheel".
 std::vector<Trovato> cerca(std::span<const Noto> noti, std::span<const std::string> parole);
 
 /// Words of the texts that differ little from one that nothing answers, the nearest first; at most five.

@@ -12,8 +12,8 @@ namespace kel::strumento {
 /// What the catalogue says for a word of people: "tyre" is "wheel", "kph" is "km/h". Nothing for other words.
 std::vector<std::string> sinonimi(std::string_view parola);
 
-/// For an error, before the list of what is accepted: "did you mean 'km/h'? ", with the catalogue's word for this one, or
-/// else with the nearest word; or nothing.
+/// For an error, before the list of what is accepted: "did you mean 'km/h'? ", with the catalogue's word for this one,
+/// or else with the nearest word; or nothing.
 std::string proposta(std::string_view parola, std::span<const std::string> parole);
 
 }  // namespace kel::strumento

@@ -17,7 +17,7 @@ constexpr int ORA = 3600000;
 constexpr std::size_t CIFRE_MILLESIMI = 3;
 constexpr std::size_t CIFRE_MASSIME = 9;
 
-// A number of a time, and the characters that part it from the next.
+// A number of a time, and the separators between it and the next.
 struct Numero {
     std::string cifre;
     std::string dopo;
@@ -27,7 +27,7 @@ bool cifra(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Nothing where there is anything but digits and what people part them with.
+// Nothing if there is any character but digits and separators.
 std::vector<Numero> numeri(std::string_view testo) {
     std::vector<Numero> tutti;
     while (!testo.empty()) {

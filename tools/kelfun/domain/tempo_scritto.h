@@ -9,9 +9,9 @@
 
 namespace kel::strumento {
 
-/// The milliseconds that a person means by a time: "83.456" is seconds, "1:23" minutes and seconds, "1:23.4" has tenths,
-/// "1:23,456" a comma, "1'23\"456" marks, "1:23:456" a colon before thousandths, "1:02:03.5" hours. A fraction finer than
-/// thousandths is rounded. Nothing for what is no time.
+/// The milliseconds that a person means by a time: "83.456" is seconds, "1:23" minutes and seconds, "1:23.4" has
+/// tenths, "1:23,456" a comma, "1'23\"456" marks, "1:23:456" a colon before thousandths, "1:02:03.5" hours. A fraction
+/// finer than thousandths is rounded. Nothing for what is no time.
 std::optional<std::int64_t> tempoInteso(std::string_view testo);
 
 /// For an error about a text that only people read as a time: "did you mean '1:23.456'? ", or nothing.
@@ -23,7 +23,8 @@ std::optional<std::string> avvisoLettura(const std::string& testo, int letto);
 /// The same of a line of a lap list: number, hyphen, time.
 std::optional<std::string> avvisoRiga(const std::string& riga, int numero, int letto);
 
-/// The warning for a time whose text leaves a part out, from one hour on, or is not negative as the time is; else nothing.
+/// The warning for a time whose text leaves a part out, from one hour on, or is not negative as the time is; else
+/// nothing.
 std::optional<std::string> avvisoScrittura(int millisecondi);
 
 }  // namespace kel::strumento

@@ -93,11 +93,11 @@ std::optional<unsigned> tipoPacchetto(kel_funpos fid) {
         return std::nullopt;
     switch (kelFidOggetto(fid)) {
         case FID_DETTAGLI_LAPTIME:
-            return kelFidPosizione(fid) == FID_SPEC_LAPTIME_KEL1G ? 17 : 7;
+            return kelFidPosizione(fid) == FID_SPEC_LAPTIME_KEL1G ? KEL_TIPO_LAP_1G : KEL_TIPO_LAP_2G;
         case FID_DETTAGLI_DATETIME:
-            return 10;
+            return KEL_TIPO_DATA_ORA;
         case FID_DETTAGLI_GPS:
-            return kelFidPosizione(fid) == FID_SPEC_GPS_UBXNAVSOL ? 9 : 8;
+            return kelFidPosizione(fid) == FID_SPEC_GPS_UBXNAVSOL ? KEL_TIPO_GPS_NAVSOL : KEL_TIPO_GPS_KEL;
         default:
             return std::nullopt;
     }

@@ -11,15 +11,16 @@
 
 namespace kel::strumento {
 
-constexpr unsigned NUM_TIPI_CAMPIONE = 25;
+/// How many there are: the codes that a channel record may have are 0 to one less.
+constexpr unsigned NUM_TIPI_CAMPIONE = KEL_TIPO_CALCOLATO;
 
-/// What a sample of a type holds; codes 0 to 24.
+/// What a sample of a type holds. `tipo` is below NUM_TIPI_CAMPIONE, here and below.
 const char* contenutoCampione(unsigned tipo);
 
-/// The name of a type's constant; codes 0 to 24.
+/// The name of a type's constant: "KEL_TIPO_INT16".
 const char* costanteCampione(unsigned tipo);
 
-/// The name of a type: "int16"; codes 0 to 24. No two have the same.
+/// The name of a type: "int16". No two have the same.
 const char* nomeCampione(unsigned tipo);
 
 /// "int16 (1)".

@@ -27,7 +27,7 @@ std::string misura(std::uint64_t byte) {
 }
 
 std::string minuti(double secondi) {
-    constexpr double MASSIMO = 359999;  // 99 hours; more is no forecast
+    constexpr double MASSIMO = 359999;  // 99:59:59; a longer time left is not shown
     const auto interi = static_cast<unsigned>(std::clamp(secondi, 0.0, MASSIMO));
     std::string resto = std::to_string(interi % 60);
     return std::to_string(interi / 60) + ":" + (resto.size() < 2 ? "0" : "") + resto;

@@ -35,7 +35,7 @@ private:
     Orologio orologio_;
     Schermo schermo_;
     double inizio_;
-    double prossima_;  // when the line is due
+    double prossima_;  // when the line is written next
     bool mostrata_ = false;
 };
 

@@ -1,4 +1,4 @@
-// What a stream may be sent besides its characters.
+// Colours, and whether a stream takes them.
 #ifndef KELFUN_IO_COLORE_H
 #define KELFUN_IO_COLORE_H
 
@@ -7,7 +7,7 @@
 
 namespace kel::strumento {
 
-/// Whether it is a terminal that understands more than characters: not where TERM is "dumb" or not set.
+/// Whether it is a terminal that understands control sequences: not if TERM is "dumb" or not set.
 bool capisceComandi(std::FILE* file);
 
 /// "always", "never", or anything else: a terminal that can show colours, unless NO_COLOR is set and not empty. Only

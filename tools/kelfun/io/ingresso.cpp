@@ -53,14 +53,14 @@ std::optional<std::uint64_t> Ingresso::lunghezza() const {
 }
 
 std::size_t Ingresso::leggi(std::uint8_t* byte, std::size_t quanti) {
-    mandaUscita();  // a receiver may take its time
+    mandaUscita();  // the next bytes may be long in coming, from a receiver for example
     for (;;) {
         const ssize_t letti = ::read(fd_, byte, quanti);
         const int errore = errno;
         if (letti < 0 && errore == EINTR)
             continue;
         if (letti <= 0)
-            avanzamento_.reset();  // the line goes before anything else is said
+            avanzamento_.reset();  // erases its line before other messages
         if (letti < 0)
             throw NonTrovato("cannot read '" + nome_ + "': " + std::strerror(errore));
         letti_ += static_cast<std::uint64_t>(letti);

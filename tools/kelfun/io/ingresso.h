@@ -20,18 +20,18 @@ public:
     Ingresso(const Ingresso&) = delete;
     Ingresso& operator=(const Ingresso&) = delete;
 
-    /// At most so many bytes; 0 at the end. What has been printed so far is shown before the wait for them.
-    /// @throws NonTrovato  when they cannot be read, or what has been printed cannot be written: nobody waits for more.
+    /// At most so many bytes; 0 at the end. What has been printed so far is flushed before the wait for them.
+    /// @throws NonTrovato  when they cannot be read, or what has been printed cannot be written, as to a closed pipe.
     std::size_t leggi(std::uint8_t* byte, std::size_t quanti);
 
     /// Shows on standard error how far the reading has come, if that is a terminal.
-    /// @param con_righe  what is read is printed row by row: on a terminal the rows say how far it has come.
+    /// @param con_righe  what is read is printed row by row: on a terminal the rows themselves show the progress.
     void mostraAvanzamento(bool con_righe);
 
-    /// As many of so many bytes as there are before the end.
+    /// So many bytes, or fewer at the end.
     std::size_t leggiTutti(std::uint8_t* byte, std::size_t quanti);
 
-    /// Bytes of a file from its start; nothing where they are not known, as of standard input.
+    /// Length of a file in bytes; nothing where it is not known, as for standard input.
     std::optional<std::uint64_t> lunghezza() const;
 
     /// What to call it in a message.

@@ -10,14 +10,14 @@
 
 namespace kel::strumento {
 
-/// The lines of a file, or of standard input for "-", as they come: without their ends (line feed, or carriage return and
-/// line feed).
+/// The lines of a file, or of standard input for "-", as they come: without their ends (line feed, or carriage return
+/// and line feed).
 class Righe {
 public:
     /// @throws NonTrovato  as `Ingresso`.
     explicit Righe(const std::string& nome) : ingresso_(nome) {}
 
-    /// The next line; nothing at the end. What has been printed so far is shown before the wait for it.
+    /// The next line; nothing at the end. What has been printed so far is flushed before the wait for it.
     /// @throws NonTrovato  when it cannot be read.
     std::optional<std::string> prossima();
     /// The number of the line that was read last, from 1 on.
@@ -25,8 +25,8 @@ public:
 
 private:
     Ingresso ingresso_;
-    std::string letti_;     // bytes that were read, some of them given already
-    std::size_t dati_ = 0;  // so many
+    std::string letti_;     // bytes that were read
+    std::size_t dati_ = 0;  // how many of them have been returned
     bool finito_ = false;
     std::size_t numero_ = 0;
 };

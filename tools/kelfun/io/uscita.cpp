@@ -9,7 +9,7 @@
 namespace kel::strumento {
 
 void mandaUscita(std::FILE* file) {
-    // Of a long text the writing itself may have failed, and left nothing to send on.
+    // A write of a long text may have failed before: then nothing is left to flush, but the error flag is set.
     if (std::fflush(file) != 0 || std::ferror(file) != 0)
         throw NonTrovato(std::string("cannot write the output: ") + std::strerror(errno));
 }

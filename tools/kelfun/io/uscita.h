@@ -1,4 +1,4 @@
-// What a command prints, all of it or an error.
+// The output of a command. A write that fails is an error.
 #ifndef KELFUN_IO_USCITA_H
 #define KELFUN_IO_USCITA_H
 
@@ -7,11 +7,11 @@
 
 namespace kel::strumento {
 
-/// Sends on what has been written so far.
+/// Flushes what has been written so far.
 /// @throws NonTrovato  when any of it could not be written, now or before.
 void mandaUscita(std::FILE* file = stdout);
 
-/// Writes a text to standard output and sends it on.
+/// Writes a text to standard output and flushes it.
 /// @throws NonTrovato  when it could not be written.
 void scriviUscita(std::string_view testo);
 

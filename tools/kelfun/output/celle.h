@@ -15,8 +15,8 @@ Cella testoOVuota(std::string_view testo);
 /// A text without the NUL that the object face counts in its length.
 std::string senzaNul(std::string testo);
 
-/// A parameter code of the camera: the basic ones are small numbers, the extended ones are known in hexadecimal; nothing
-/// for -1, a row without one.
+/// A parameter code of the camera: the basic ones are small numbers, the extended ones are known in hexadecimal;
+/// nothing for -1, a row without one.
 Cella codiceCamera(int codice);
 
 }  // namespace kel::strumento

@@ -8,24 +8,21 @@
 #include "io/colore.h"
 #include "io/uscita.h"
 #include "text/errori.h"
-#include "text/numeri.h"
+#include "text/larghezza.h"
+#include "text/mostrabile.h"
 #include "text/parole.h"
 
 namespace kel::strumento {
 
 namespace {
 
-// Sample bytes reach texts as they are; a terminal must not be given control characters.
-std::string innocuo(const std::string& testo) {
-    std::string uscita;
-    for (const char c : testo) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 0x20 && byte < 0x7F)
-            uscita += c;
-        else
-            uscita += "\\x" + esadecimale(byte, 2).substr(2);
-    }
-    return uscita;
+// Texts hold the bytes of samples and of recorded names as they are: what a terminal would obey is made visible.
+std::string perPersone(const Cella& cella) {
+    return mostrabile(cella.perPersone());
+}
+
+std::size_t colonneDi(const std::string& testo) {
+    return static_cast<std::size_t>(larghezzaTesto(testo));
 }
 
 nlohmann::ordered_json json(const Cella& cella) {
@@ -46,9 +43,9 @@ std::string testoJson(const nlohmann::ordered_json& valore) {
 
 std::string testoCsv(const Cella& cella) {
     if (const auto* lista = std::get_if<std::vector<std::string>>(&cella.valore()))
-        return innocuo(elenco(*lista));
+        return mostrabile(elenco(*lista));
     if (const auto* testo = std::get_if<std::string>(&cella.valore()))
-        return innocuo(*testo);
+        return mostrabile(*testo);
     if (std::holds_alternative<std::monostate>(cella.valore()))
         return "";
     if (const auto* logico = std::get_if<bool>(&cella.valore()))
@@ -61,7 +58,7 @@ std::string testoCsv(const Cella& cella) {
 Documento::Documento(std::FILE* file, Aspetto aspetto)
     : file_(file), forma_(aspetto.forma), colori_(aspetto.colori), scelta_(std::move(aspetto.tabella)) {}
 
-// Whether a table that begins is to be printed. Without a choice CSV takes the first that has rows of its own.
+// Whether a table that begins is to be printed. Without --table, CSV prints the first table that is not the properties.
 bool Documento::vale(std::string_view tabella) {
     viste_.emplace_back(tabella);
     if (scelta_.empty() && forma_ == Forma::csv && tabella != PROPRIETA)
@@ -139,7 +136,7 @@ void Documento::chiudi() {
         return;
     for (const auto& celle : celle_)
         for (std::size_t i = 0; i < celle.size(); ++i)
-            colonne_[i].larghezza = std::max(colonne_[i].larghezza, innocuo(celle[i].perPersone()).size());
+            colonne_[i].larghezza = std::max(colonne_[i].larghezza, colonneDi(perPersone(celle[i])));
     testata();
     for (const auto& celle : celle_)
         rigaPerPersone(celle);
@@ -176,7 +173,7 @@ void Documento::proprietaPerPersone() {
     for (const Proprieta& p : proprieta_)
         larghezza = std::max(larghezza, p.titolo.size());
     for (const Proprieta& p : proprieta_) {
-        const std::string testo = innocuo(p.valore.perPersone());
+        const std::string testo = perPersone(p.valore);
         scrivi(colorato(GRASSETTO, p.titolo) + std::string(larghezza - p.titolo.size() + 2, ' ') +
                (p.valore.identificatore() ? colorato(CIANO, testo) : testo) + "\n");
     }
@@ -209,11 +206,11 @@ void Documento::rigaJson(const std::vector<Cella>& celle) {
 
 void Documento::rigaPerPersone(const std::vector<Cella>& celle, std::string_view colore) {
     std::string riga;
-    std::size_t mancano = 0;  // blanks due before the next text, so that none ends the line
+    std::size_t mancano = 0;  // blanks to write before the next text; at the end of a line none are written
     for (std::size_t i = 0; i < celle.size(); ++i) {
-        const std::string testo = innocuo(celle[i].perPersone());
-        const std::size_t larghezza = std::max(colonne_[i].larghezza, testo.size());
-        const std::size_t spazi = larghezza - testo.size();
+        const std::string testo = perPersone(celle[i]);
+        const std::size_t larga = colonneDi(testo);
+        const std::size_t spazi = std::max(colonne_[i].larghezza, larga) - larga;
         const bool destra = colonne_[i].lato == Lato::destra;
         mancano += (i > 0 ? 2 : 0) + (destra ? spazi : 0);
         const std::size_t fine = testo.find_last_not_of(' ') + 1;

@@ -33,7 +33,7 @@ public:
     Cella() = default;
     /// Nothing, with a text for people that says why: "---".
     static Cella mancante(std::string_view testo);
-    /// A text; "-" for people where there is nothing to see of it.
+    /// A text; "-" for people if it is empty or blank.
     static Cella testo(std::string_view testo);
     /// A text whose blanks matter: in quotes for people.
     static Cella citata(std::string_view testo);

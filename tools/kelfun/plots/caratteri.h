@@ -29,8 +29,8 @@ private:
 /// @return  what was replaced, each once.
 std::vector<std::string> togliMancanti(Grafico& grafico, const Caratteri& caratteri);
 
-/// The same for the characters that no font of this machine has: the library that draws PNG and PDF puts a box in the place
-/// of each, which may be larger than the picture. Where fontconfig is not there to tell, nothing is replaced.
+/// The same for the characters that no font of this machine has. The library that draws PNG and PDF would draw a box
+/// for each, which may be larger than the picture. Without fontconfig the fonts are not known, and nothing is replaced.
 std::vector<std::string> togliSenzaFont(Grafico& grafico);
 
 }  // namespace kel::strumento

@@ -44,7 +44,8 @@ void scrivi(const std::string& file, const std::string& byte) {
         throw NonTrovato("cannot write '" + file + "': " + std::strerror(scritto ? errno : errore));
 }
 
-// gnuplot leaves this sign as it is in a text, where XML does not allow it; it writes no CDATA, which ends so.
+// gnuplot writes "]]>" into an SVG as it is, but XML does not allow it in a text. gnuplot writes no CDATA, which ends
+// so.
 std::string svgBenFormato(std::string svg) {
     for (std::size_t dove = 0; (dove = svg.find("]]>", dove)) != std::string::npos;)
         svg.replace(dove, 3, "]]&gt;");
@@ -91,7 +92,7 @@ void DestinazioneGrafico::disegna(const Grafico& grafico, std::vector<Nota> note
         return;
     }
     Grafico mostrato = grafico;
-    if (formato_ != Formato::svg)  // whose reader has fonts of its own
+    if (formato_ != Formato::svg)  // an SVG is shown with the fonts of the machine that shows it
         if (auto senza_font = togliSenzaFont(mostrato); !senza_font.empty())
             note.push_back({"no font of this machine has ", std::move(senza_font), ": ? stands for them"});
     const Immagine immagine = istruzioniGnuplot(mostrato, formato_, misura_);
@@ -123,7 +124,7 @@ void DestinazioneGrafico::nelTerminale(const Grafico& grafico, std::vector<Nota>
     };
     terminale.righe = restano();
     DisegnoTerminale disegno = disegnoTerminale(grafico, terminale);
-    // What has no room is said below, which takes room itself: so that more may have none.
+    // Notes below the plot name what has no room. They take lines from the plot, so that even less may have room.
     const std::vector<Nota> altre = note;
     for (int giro = 0; giro < 3 && !disegno.note.empty(); ++giro) {
         note = altre;

@@ -23,7 +23,7 @@ public:
     /// @throws NonTrovato  when it takes gnuplot and there is none: before anything has been read.
     explicit DestinazioneGrafico(const SceltaGrafico& scelta);
 
-    /// Draws, and then says on standard error what is to be said: for which there is room below a plot in the terminal.
+    /// Draws, and then prints the notes on standard error. A plot in the terminal leaves lines free for them.
     /// @param tutto  every panel was asked for: a plot may be higher than the terminal.
     /// @throws NonTrovato  when there is nothing to draw, gnuplot fails, or the file cannot be written.
     /// @throws ErroreUso   when the size asked for is too small for a picture of it.

@@ -1,4 +1,4 @@
-// Where everything stands of a plot in characters.
+// Where the parts of a plot in characters are placed.
 #ifndef KELFUN_PLOTS_DISPOSIZIONE_TERMINALE_H
 #define KELFUN_PLOTS_DISPOSIZIONE_TERMINALE_H
 

@@ -11,7 +11,7 @@
 
 namespace kel::strumento {
 
-/// What the values stand over.
+/// What the horizontal axis shows.
 enum class Ascissa {
     tempo,     ///< seconds, shown as minutes and seconds
     distanza,  ///< metres
@@ -42,11 +42,11 @@ struct Segno {
     std::string testo;  ///< short: "3"
 };
 
-/// A stretch of the axis that counts from anew: recordings that were joined stand one after the other.
+/// One of several recordings that were joined: its part of the axis. Its own time, or distance, starts again at 0.
 struct Sessione {
     double da = 0;      ///< where it begins on the axis
     double a = 0;       ///< and where it ends
-    double scarto = 0;  ///< its own time, or distance, is the axis' less this
+    double scarto = 0;  ///< position on the axis minus this is its own time or distance
 };
 
 struct Grafico {

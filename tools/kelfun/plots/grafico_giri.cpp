@@ -32,15 +32,15 @@ Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> rife
         const auto suo = tempoA(riferimento, punto.metri);
         if (punto.staccato)
             serie.aggiungi(punto.metri, std::nullopt);
-        // To a microsecond: the last digits of two equal times would be drawn as a curve of their own.
+        // Rounded to a microsecond: the rounding errors of equal times would be drawn as a curve.
         serie.aggiungi(punto.metri,
                        suo ? std::optional(std::round((punto.secondi - *suo) * 1e6) / 1e6 + 0.0) : std::nullopt);
     }
     return serie;
 }
 
-// The length that all laps are stretched to: that of the reference. If it lost the fix, a part of its length is a guess;
-// then it is that of the first lap that did not.
+// The length that all laps are stretched to: that of the reference. If it lost the fix, a part of its length is a
+// guess; then it is that of the first lap that did not.
 double lunghezzaComune(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento) {
     std::vector<const Giro*> tutti = {&riferimento};
     tutti.insert(tutti.end(), scelti.begin(), scelti.end());
@@ -83,8 +83,8 @@ Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, con
         if (!insieme)
             grafico.pannelli.push_back({nomeGiro(*giro), udm, {}});
         grafico.pannelli.back().curve.push_back({nomeGiro(*giro), velocita(punti, fattore)});
-        // The reference is drawn too, as a line at 0, so that each lap has the same colour in both panels. A terminal has no
-        // colours.
+        // The reference is drawn too, as a line at 0, so that each lap has the same colour in both panels. A terminal
+        // has no colours.
         if (!insieme && giro == &riferimento)
             continue;
         distacchi.curve.push_back({"Lap " + std::to_string(giro->numero), distacco(punti, base)});

@@ -1,4 +1,4 @@
-// Laps as a plot: speeds over the distance, and below the time that each loses.
+// Laps as a plot: speeds over the distance, and below them the time that each lap loses.
 #ifndef KELFUN_PLOTS_GRAFICO_GIRI_H
 #define KELFUN_PLOTS_GRAFICO_GIRI_H
 

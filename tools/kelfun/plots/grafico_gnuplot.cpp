@@ -25,7 +25,8 @@ constexpr double FRA_SCRITTA_E_TRACCIA = 58;
 constexpr double GRADAZIONI = 64;  // shades of the speed along the track
 constexpr double DOT_IN_POLLICE = 96;
 
-// Okabe and Ito's colours, which people tell apart whatever colours they see; the yellow is too light for a line.
+// The colours of Okabe and Ito, which people with any colour vision can tell apart; without yellow, too light for a
+// line.
 constexpr const char* COLORI[] = {"#0072B2", "#D55E00", "#009E73", "#CC79A7", "#E69F00", "#56B4E9", "#000000"};
 
 // With a point in every locale, as few digits as the value takes.
@@ -35,8 +36,8 @@ std::string n(double valore) {
     return {testo, fine.ptr};
 }
 
-// Texts of others, as the lines of a data block: gnuplot reads them as they are, whatever quotes, backslashes, macros or
-// commands they hold. Every line begins with a bar, so that none ends the block.
+// Texts of others, as the lines of a data block: gnuplot reads them as they are, whatever quotes, backslashes, macros
+// or commands they hold. Every line begins with a bar, so that none ends the block.
 class Testi {
 public:
     /// The expression that gives a text.
@@ -94,7 +95,7 @@ private:
                         "in," + n(pagina_.altezza / DOT_IN_POLLICE) + "in font 'DejaVu Sans,10' background '#ffffff'\n";
                 break;
         }
-        // A long name gets smaller letters rather than no end.
+        // A long name is written in smaller letters, so that it is not cut off.
         const double colonne = std::max(1, larghezzaTesto(mostrabile(grafico_.titolo)));
         const double punti = std::clamp(1.2 * pagina_.larghezza / colonne, 5.0, 14.0);
         return testo + "set multiplot\nunset key\n" + "set label 1 " + testi_(grafico_.titolo) + " at screen " + x(16) +
@@ -133,7 +134,7 @@ private:
     std::string asseY(const Pannello& pannello, double altezza) const {
         if (pannello.vuoto())
             return "set yrange [0:1]\nset ytics ()\n";
-        constexpr double MINIMA = 1e-12;  // gnuplot takes less for nothing
+        constexpr double MINIMA = 1e-12;  // gnuplot takes a smaller range for an empty one
         const double ampiezza = pannello.massimo() - pannello.minimo();
         const double grandezza = std::max(std::fabs(pannello.massimo()), std::fabs(pannello.minimo()));
         const bool ferma = ampiezza <= MINIMA * std::max(1.0, grandezza);
@@ -159,7 +160,7 @@ private:
         const double dot = r.larghezza() / (fine - inizio);
         std::string testo = "unset arrow\n";
         const auto linea = [&, da = inizio](double dove, const char* aspetto) {
-            if (dove > da)  // there is the axis
+            if (dove > da)  // else the axis is there
                 testo += "set arrow from first " + n(dove) + ",graph 0 to first " + n(dove) +
                          ",graph 1 nohead back lw 1 " + aspetto + "\n";
         };
@@ -215,7 +216,7 @@ private:
         return testo + (i == 0 ? "unset label\n" : "");
     }
 
-    // Where curves lie on each other the lower one is the wider one.
+    // Curves that are drawn first are wider, so that they are seen below others that coincide with them.
     static double spessore(const Pannello& pannello, std::size_t curva) {
         const auto altre = static_cast<double>(pannello.curve.size() - 1);
         return altre > 0 ? 2.2 - 0.8 * static_cast<double>(curva) / altre : 1.4;
@@ -263,8 +264,8 @@ private:
                n(passo) + "\n";
     }
 
-    // A line has one colour from point to point: where the speed changes more than a shade between two, there are points
-    // between.
+    // A line has one colour from point to point: where the speed changes more than a shade between two, there are
+    // points between.
     // @return  the range of the colours.
     std::string aggiungiTraccia() {
         const auto& punti = grafico_.traccia.punti();

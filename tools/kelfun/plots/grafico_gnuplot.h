@@ -17,8 +17,8 @@ struct Immagine {
     std::string nota;  ///< what had no room; "" for nothing
 };
 
-/// A script that draws a plot to standard output: curves in panels one below the other over one axis, and the track beside
-/// them, or above where there are many panels. Names go into it as data: nothing in them is an instruction.
+/// A script that draws a plot to standard output: curves in panels one below the other over one axis, and the track
+/// beside them, or above where there are many panels. Names go into it as data: nothing in them is an instruction.
 /// @param misura  dots; nothing: as wide as a screen, as high as the panels need.
 /// @throws ErroreUso  when the size is too small for the panels.
 Immagine istruzioniGnuplot(const Grafico& grafico, Formato formato, std::optional<Misura> misura);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr kel_funpos NUMERO_GIRO = kelFidComponi(FID_PHI_NUMBER, FID_OBJ_LAP, 0);
 constexpr kel_funpos TEMPO_GIRO = kelFidComponi(FID_PHI_TIME, FID_OBJ_LAP, 0);
-constexpr std::size_t GIRI_MASSIMI = 1000;  // more are no laps of anybody
+constexpr std::size_t GIRI_MASSIMI = 1000;  // a channel that changes more often does not count laps
 constexpr double KMH = 3.6;                 // km/h in a m/s
 
 bool delFix(kel_funpos fid) {
@@ -72,7 +72,7 @@ void GraficoRecord::trovaTraccia(std::span<const s_kel_canale> canali, std::span
         latitudine_ = latitudine;
         velocita_ = velocita;
         grafico_.udm_velocita = velocita->udm;
-        // The track shows where, and better than two lines over time.
+        // The track shows the position better than two curves over time.
         const auto sulla_traccia = [i](const ColonnaRecord& colonna) {
             return colonna.indice == i && posizione(colonna.fid);
         };
@@ -98,7 +98,8 @@ void GraficoRecord::trovaVelocita(std::span<const ColonnaRecord> tutte) {
         throw NonTrovato("--x distance takes a speed, and none of the channels is one");
 }
 
-// Of a column that shows the device's value; those of WGS 84 are nothing by themselves where there is no fix.
+// The fix of a column that shows the device's values, which exist without a fix too. Columns in WGS 84 have no value
+// then.
 const GraficoRecord::Ricezione* GraficoRecord::ricezione(const ColonnaRecord& colonna) const {
     for (const Ricezione& una : ricezioni_)
         if (una.canale == colonna.indice && !colonna.wgs84())

@@ -18,8 +18,8 @@ namespace kel::strumento {
 
 class GraficoRecord {
 public:
-    /// @param tutte     all columns of the channels, in their base units: for the laps, and the speed that distances are
-    ///                  made of.
+    /// @param tutte     all columns of the channels, in their base units: for the laps, and the speed that distances
+    ///                  are made of.
     /// @param colonne   those that the plot is of.
     /// @param pannelli  those that it shows over the axis, less the position where there is a track.
     /// @throws NonTrovato  when distances are asked for and no channel has a speed.
@@ -29,19 +29,19 @@ public:
     /// The samples of the next record. Where a GPS packet has no fix its values and the track are broken.
     void aggiungi(double tempo, const std::uint8_t* campioni);
 
-    /// Completes the plot: curves that never change go where others do.
+    /// Completes the plot. Curves that never change are left out if others do.
     /// @return  what is to be said about it.
     std::vector<Nota> chiudi();
 
     Grafico& grafico() { return grafico_; }
 
 private:
-    // A GPS packet's fix, to know when the values that the device shows of it are none. WGS 84 knows by itself.
+    // The fix of a GPS packet: without one, the values that the device shows of it are not drawn.
     struct Ricezione {
         std::size_t canale = 0;
         ColonnaRecord fix;
         ColonnaRecord satelliti;
-        bool buona = true;  // in the record at hand
+        bool buona = true;  // in the current record
     };
 
     void trovaTraccia(std::span<const s_kel_canale> canali, std::span<const ColonnaRecord> colonne);
@@ -59,7 +59,7 @@ private:
     std::optional<ColonnaRecord> longitudine_, latitudine_, velocita_;
     std::optional<ColonnaRecord> andatura_;  // km/h, to make distances of
     std::optional<ColonnaRecord> giro_;
-    int prossimo_giro_ = 0;  // what is added to the number of a lap for the one that is being driven
+    int prossimo_giro_ = 0;  // added to a channel's lap number to get that of the lap that runs
     std::optional<double> ultimo_giro_;
     bool troppi_giri_ = false;
     Percorso percorso_;

@@ -18,8 +18,8 @@ GraficoSoluzioni::GraficoSoluzioni(const std::string& udm_velocita, double per_m
     grafico_.pannelli[SATELLITI].altezza = 0.5;
 }
 
-// From the first solution on, and from the first after time ran backwards. Time of week begins again on Sundays: only then a
-// step back of most of a week is one ahead.
+// Seconds since the first solution, or since the first one after time ran backwards. Time of week starts again on
+// Sundays: a step back of most of a week is then a step forward.
 double GraficoSoluzioni::secondi(std::uint32_t settimana_ms) {
     std::int64_t passo = std::int64_t{settimana_ms} - ultimo_ms_.value_or(settimana_ms);
     if (passo < -SETTIMANA_MS / 2)

@@ -16,7 +16,7 @@ namespace kel::strumento {
 
 class GraficoSoluzioni {
 public:
-    /// @param per_ms  what a speed is multiplied with to be in m/s.
+    /// @param per_ms  factor from the speed's unit to m/s.
     GraficoSoluzioni(const std::string& udm_velocita, double per_ms, const Tratto& tratto);
 
     /// The next solution. Where the fix is lost, speed and track are broken.

@@ -25,8 +25,8 @@ struct Segni {
 constexpr Segni SEGNI_UTF8 = {"\u2502", "\u2500", "\u2514", "\u252C"};
 constexpr Segni SEGNI_ASCII = {"|", "-", "+", "+"};
 
-// What the terminal shows is what the environment says, installed or not: the first of the three that is set, as for any
-// program. "it_IT.UTF-8", "C.utf8", "de_DE.UTF-8@euro".
+// Whether the terminal shows UTF-8, by the first of the three variables that is set, as for any program. The locale
+// need not be installed. "it_IT.UTF-8", "C.utf8", "de_DE.UTF-8@euro".
 bool ambienteUtf8() {
     for (const char* variabile : {"LC_ALL", "LC_CTYPE", "LANG"}) {
         const char* valore = std::getenv(variabile);

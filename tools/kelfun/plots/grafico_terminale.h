@@ -27,8 +27,8 @@ struct DisegnoTerminale {
     std::vector<Nota> note;  ///< what had no room
 };
 
-/// As wide as the terminal, and as high where there is room for it. No text is cut: what is too long goes on in the next
-/// line. A terminal too narrow for panels and a track side by side shows the panels.
+/// As wide as the terminal, and as high where there is room for it. No text is cut: what is too long goes on in the
+/// next line. A terminal too narrow for panels and a track side by side shows the panels.
 DisegnoTerminale disegnoTerminale(const Grafico& grafico, const Terminale& terminale);
 
 }  // namespace kel::strumento

@@ -22,8 +22,8 @@ struct PannelliRecord {
     std::vector<std::string> tolte;  ///< names of the columns that have values and are not shown
 };
 
-/// The columns that an engineer looks at first, in the order in which he does: speed, RPM, gear, throttle, accelerations,
-/// temperatures. Where there is none of them all columns are shown.
+/// The columns that an engineer looks at first, in the order in which he does: speed, RPM, gear, throttle,
+/// accelerations, temperatures. Where there is none of them all columns are shown.
 /// @param insieme  columns of one kind in one unit share a panel; else the first of each kind come first.
 PannelliRecord pannelliPrincipali(const std::vector<ColonnaRecord>& colonne, bool insieme);
 

@@ -9,10 +9,10 @@ namespace kel::strumento {
 
 namespace {
 
-constexpr std::size_t RITORNI_MASSIMI = 1000;  // recordings joined by hand are a handful
+constexpr std::size_t RITORNI_MASSIMI = 1000;  // nobody joins more recordings
 constexpr std::size_t RITORNI_DETTI = 5;
 constexpr double SPAZIO = 0.02;  // between two sessions, of what has been drawn
-// Nothing was recorded where two records are further apart than this, and than so many steps before.
+// Between two records further apart than this, and than this many steps, nothing was recorded.
 constexpr double PAUSA_S = 1;
 constexpr double PAUSA_PASSI = 10;
 constexpr double ORA = 3600;

@@ -1,4 +1,4 @@
-// Where the records of a recording stand on the axis of a plot.
+// The positions of records on the axis of a plot.
 #ifndef KELFUN_PLOTS_PERCORSO_H
 #define KELFUN_PLOTS_PERCORSO_H
 
@@ -11,22 +11,22 @@
 
 namespace kel::strumento {
 
-/// What part of a recording is drawn, and over what.
+/// The part of a recording that is drawn, and over what.
 struct Tratto {
     Ascissa ascissa = Ascissa::tempo;
     std::optional<double> da;  ///< s; nothing: from the beginning
     std::optional<double> a;   ///< s; nothing: to the end
 };
 
-/// Puts records on the axis one after the other. Where time runs backwards, as when recordings have been joined, another
-/// session begins: it stands behind the one before, with a gap between them, and keeps its own time.
+/// Puts records on the axis one after the other. Where time runs backwards, recordings have been joined: a session
+/// begins. It is drawn behind the one before, with a gap between them, and keeps its own time.
 class Percorso {
 public:
     explicit Percorso(const Tratto& tratto) : tratto_(tratto) {}
 
-    /// Where the next record stands; nothing for one that is not to be drawn.
+    /// The position of the next record; nothing for one that is not to be drawn.
     /// @param tempo     s, or the number of the record.
-    /// @param velocita  m/s, to make distances of; where there is none the last one holds.
+    /// @param velocita  m/s, to compute distances; where there is none, the last one is used.
     /// @throws NonTrovato  when time runs backwards so often that it can be no time.
     std::optional<double> colloca(double tempo, std::optional<double> velocita);
 
@@ -40,7 +40,7 @@ public:
     std::vector<Sessione> sessioni() const;
     /// @throws NonTrovato  when there were records, and none of them lies in the part that is to be drawn.
     void verifica() const;
-    /// What is to be said about the sessions; "" where there is one.
+    /// A note on the sessions; "" where there is one.
     std::string nota() const;
 
 private:

@@ -21,7 +21,7 @@ namespace kel::strumento {
 
 namespace {
 
-// A file without a name: unlike a pipe it blocks nobody, and nobody is killed when the other side goes.
+// A file without a name. Unlike a pipe it never blocks, and no signal ends this program when the other one ends first.
 class FileAnonimo {
 public:
     FileAnonimo() : file_(std::tmpfile(), &std::fclose) {

@@ -39,7 +39,7 @@ void Foglio::scrivi(int colonna, int riga, std::string_view testo, bool utf8) {
         const bool entra = colonna >= 0 && colonna + glifo.colonne <= colonne_;
         if (entra)
             metti(colonna, riga, utf8 || glifo.byte.size() == 1 ? glifo.byte : "?");
-        // What a wide character covers is nothing of its own.
+        // The second column of a wide character holds no character of its own.
         if (entra && glifo.colonne == 2)
             metti(colonna + 1, riga, utf8 ? "" : " ");
         colonna += glifo.colonne;

@@ -30,7 +30,8 @@ private:
     std::vector<std::string> celle_;
 };
 
-/// Dots over an area of a sheet: 2 by 4 to a character as braille patterns, 1 by 2 in ASCII. They are about as wide as high.
+/// Dots over an area of a sheet: 2 by 4 to a character as braille patterns, 1 by 2 in ASCII. They are about as wide as
+/// high.
 class Raster {
 public:
     Raster(int colonne, int righe, bool braille);

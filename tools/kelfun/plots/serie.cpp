@@ -30,7 +30,7 @@ void Serie::aggiungi(double x, std::optional<double> valore) {
     massimo_ = punti_.empty() ? *valore : std::max(massimo_, *valore);
     const Punto punto{x, *valore, std::exchange(rotta_, false)};
     if (tratto_ == 0 && punti_.size() == PUNTI_MASSIMI) {
-        // Half of the stretches for what is there, however little of the axis that is.
+        // The values so far fill half of the stretches. The width is never 0, however close they are.
         tratto_ = std::max((x - punti_.front().x) / (TRATTI * 0.5), std::numeric_limits<double>::min());
         raggruppa();
     }
@@ -69,8 +69,8 @@ void Serie::raggruppa() {
         accoda(punto, std::max(std::floor((punto.x - origine) / tratto_), numero_ultimo_));
 }
 
-// Leaves of the points from one on their first, least, greatest and last; a break before one that goes is a break before
-// the next that stays.
+// Reduces the points from one on to their first, least, greatest and last. A break before a point that is removed moves
+// to the next one that stays.
 void Serie::chiudiTratto(std::size_t da) {
     const auto inizio = punti_.begin() + static_cast<std::ptrdiff_t>(da);
     const auto minore = [](const Punto& a, const Punto& b) { return a.valore < b.valore; };

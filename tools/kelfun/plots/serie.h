@@ -17,10 +17,10 @@ struct Punto {
 
 /// Values over time or distance.
 ///
-/// A short series is kept whole. A long one is cut into equal stretches of the axis: each keeps its first, least, greatest
-/// and last value, and whether the line was broken between them. As the series grows the stretches double and two become
-/// one; first, least, greatest and last of two are those of their values, so that nothing decays: at any length the
-/// envelope is that of all values, and no place of the drawn line is further from the true one than a stretch is wide.
+/// A short series is kept whole. A long one is cut into equal stretches of the axis: each keeps its first, least,
+/// greatest and last value, and whether the line was broken between them. As the series grows, two neighbouring
+/// stretches become one of twice the width. Its first, least, greatest and last value are still those of all its
+/// values, so no peak is ever lost, and no place of the drawn line is further from the true one than a stretch is wide.
 class Serie {
 public:
     /// @param x       never less than the one before.

@@ -11,9 +11,9 @@ namespace kel::strumento {
 
 namespace {
 
-constexpr double ORE_DA = 6000;  // s from which on hours are written: "99:59" is still read at a glance
+constexpr double ORE_DA = 6000;  // s from which on hours are written: below, "99:59" is read easily
 constexpr double FRA_TESTI = 3;  // characters between two texts, at least
-constexpr double TROPPE = 1000;  // ticks: the axis is longer than numbers can count
+constexpr double TROPPE = 1000;  // ticks: neighbouring numbers of the axis are no longer different
 
 // Steps of time above a second, s.
 constexpr double PASSI_TEMPO[] = {1, 2, 5, 10, 15, 30, 60, 120, 300, 600, 900, 1800, 3600, 7200, 18000, 36000, 86400};
@@ -80,7 +80,7 @@ bool entrano(const std::vector<Tacca>& tutte, double unita_a_carattere) {
     return true;
 }
 
-// Where no two ticks have room at even steps: the ends, as many as have room.
+// If not even two ticks at round steps have room: one or both ends of the axis.
 std::vector<Tacca> agliEstremi(const Grafico& grafico, double unita_a_carattere) {
     const auto [inizio, fine] = grafico.estremi();
     const double scarto = grafico.sessioni.empty() ? 0 : grafico.sessioni.back().scarto;

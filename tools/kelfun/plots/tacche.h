@@ -1,4 +1,4 @@
-// The ticks of an axis: places that people count in, and what is written there.
+// The ticks of an axis, at round values, and their texts.
 #ifndef KELFUN_PLOTS_TACCHE_H
 #define KELFUN_PLOTS_TACCHE_H
 
@@ -14,8 +14,8 @@ struct Tacca {
     std::string testo;
 };
 
-/// Ticks of the axis of a plot, from left to right: at steps of 1, 2 or 5, or of 15 and 30 where time is counted, so many
-/// that their texts have room. A session has ticks of its own time or distance.
+/// Ticks of the axis of a plot, from left to right: at steps of 1, 2 or 5, or of 15 and 30 where time is counted, so
+/// many that their texts have room. A session has ticks of its own time or distance.
 /// @param larghezza  of the axis, in any unit.
 /// @param carattere  width of a character in that unit.
 std::vector<Tacca> tacche(const Grafico& grafico, double larghezza, double carattere);

@@ -61,8 +61,8 @@ bool vicini(const PuntoTraccia& punto, std::span<const PuntoTraccia> linea, cons
                        [&](const PuntoTraccia& uno) { return scarto(punto, punto, uno, tolleranza) <= 1; });
 }
 
-// Thins the points from one on, which itself stays. A piece between two breaks that lies all where the piece before it
-// ends goes as a whole: else a track of nothing but breaks would grow without bounds.
+// Thins the points from one on, which itself stays. A piece between two breaks is removed as a whole if all of it is
+// where the piece before it ends: else a track of nothing but breaks would grow without bounds.
 void dirada(std::vector<PuntoTraccia>& punti, std::size_t da, const Tolleranza& tolleranza) {
     std::vector<char> tenuti(punti.size());
     std::size_t ultimo = da;  // the last that stays
@@ -96,7 +96,7 @@ void Traccia::aggiungi(double longitudine, double latitudine, double velocita) {
         origine_latitudine_ = latitudine;
         metri_longitudine_ = METRI_IN_UN_GRADO * std::cos(latitudine * std::numbers::pi / 180);
     }
-    // Beyond 180 degrees east the longitude goes on from 180 degrees west: the shorter way round is the one driven.
+    // East of 180 degrees the longitude continues at -180 degrees: the shorter way is the one that was driven.
     const double gradi_est = std::remainder(longitudine - origine_longitudine_, 360);
     punti_.push_back({gradi_est * metri_longitudine_, (latitudine - origine_latitudine_) * METRI_IN_UN_GRADO, velocita,
                       std::exchange(rotta_, false)});
@@ -105,7 +105,7 @@ void Traccia::aggiungi(double longitudine, double latitudine, double velocita) {
 }
 
 void Traccia::riduci() {
-    // The last thinned point is where the line goes on.
+    // The line continues from the last thinned point.
     dirada(punti_, fermi_ == 0 ? 0 : fermi_ - 1, {metri_, velocita_});
     while (punti_.size() > FERMI_MASSIMI) {
         metri_ *= 2;

@@ -39,7 +39,7 @@ public:
     const std::vector<PuntoTraccia>& punti() const { return punti_; }
     bool vuota() const { return punti_.empty(); }
     Estensione estensione() const;
-    /// Metres by which the line that is kept differs at most from the one that was put in.
+    /// The greatest distance between the line that is kept and the one that was put in, metres.
     double tolleranza() const;
 
 private:

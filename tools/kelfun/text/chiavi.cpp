@@ -7,7 +7,7 @@ namespace kel::strumento {
 
 namespace {
 
-// What the catalogue puts in the place of a unit where there is none.
+// What the catalogue calls the unit of a function that has none.
 constexpr std::string_view SENZA_MISURA[] = {"", "#", "gear", "Pckt", "Date", "Coord"};
 
 bool letteraOCifra(char c) {

@@ -7,11 +7,12 @@
 
 namespace kel::strumento {
 
-/// A text as a name for programs: small letters and digits, everything else one underscore: "Lambda 1 (L)" is "lambda_1_l".
+/// A text as a name for programs: small letters and digits, everything else one underscore: "Lambda 1 (L)" is
+/// "lambda_1_l".
 std::string chiave(std::string_view testo);
 
-/// The unit that values are shown in: nothing for what the catalogue puts in its place where there is none ("#", "gear" and
-/// the like), "ms" for the "time" of a lap.
+/// The unit that values are shown in: nothing for the texts that the catalogue has where there is no unit ("#", "gear"
+/// and the like), "ms" for the "time" of a lap.
 std::string misura(std::string_view udm);
 
 /// The name of a column whose values all have one unit: "speed", "km/h" give "speed_km_h", "slip", "%" "slip_percent".

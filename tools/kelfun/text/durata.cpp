@@ -27,7 +27,7 @@ bool soloCifreEPunto(std::string_view testo) {
 
 std::string testoDurata(double secondi, int decimali, bool ore) {
     const double unita = std::pow(10.0, decimali);
-    // In the smallest unit first: 59.96 with one decimal is a minute, not sixty seconds.
+    // Round first, in the smallest unit: 59.96 s with one decimal is 1:00.0 and not 0:60.0.
     const double contate = std::round(std::min(std::fabs(secondi), SECONDI_MASSIMI) * unita);
     const auto interi = static_cast<std::int64_t>(contate / unita);
     const double parte = std::max(0.0, (contate - static_cast<double>(interi) * unita) / unita);

@@ -10,7 +10,7 @@ namespace kel::strumento {
 /// Exit statuses; scripts rely on them.
 enum StatoUscita {
     USCITA_BENE = 0,
-    USCITA_NON_TROVATO = 1,  ///< well asked, but there is no such thing, or it cannot be read or written
+    USCITA_NON_TROVATO = 1,  ///< there is no such thing, bad data, or it cannot be read or written
     USCITA_USO = 2           ///< a wrong argument
 };
 
@@ -19,7 +19,7 @@ struct ErroreUso : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// A good question without an answer, or a file that cannot be read. The text is one line.
+/// There is no such thing, or a file cannot be read. The text is one line.
 struct NonTrovato : std::runtime_error {
     using std::runtime_error::runtime_error;
 };

@@ -52,6 +52,8 @@ std::vector<Glifo> glifi(std::string_view testo) {
 }
 
 int larghezzaTesto(std::string_view testo) {
+    if (std::all_of(testo.begin(), testo.end(), [](char c) { return static_cast<std::uint8_t>(c) < 0x80; }))
+        return static_cast<int>(testo.size());  // long tables have millions of such texts
     int colonne = 0;
     for (const Glifo& glifo : glifi(testo))
         colonne += glifo.colonne;

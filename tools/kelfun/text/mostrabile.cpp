@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "text/numeri.h"
 #include "text/utf8.h"
 
 namespace kel::strumento {
@@ -20,7 +21,8 @@ std::string mostrabile(std::string_view testo) {
     while (!testo.empty()) {
         const Carattere carattere = primoCarattere(testo);
         if (carattere.byte == 0 || diControllo(carattere.codice))
-            uscita += '?';
+            for (const char byte : testo.substr(0, std::max<std::size_t>(carattere.byte, 1)))
+                uscita += "\\x" + esadecimale(static_cast<std::uint8_t>(byte), 2).substr(2);
         else
             uscita += testo.substr(0, carattere.byte);
         testo.remove_prefix(std::max<std::size_t>(carattere.byte, 1));

@@ -1,4 +1,4 @@
-// Texts of others, such as arguments and names of files, in a message on a terminal.
+// Texts that kelfun did not write itself: arguments, names of files, names and texts in recordings.
 #ifndef KELFUN_TEXT_MOSTRABILE_H
 #define KELFUN_TEXT_MOSTRABILE_H
 
@@ -7,8 +7,9 @@
 
 namespace kel::strumento {
 
-/// A text in UTF-8 as one line that does nothing to a terminal: a question mark stands for each control character and for
-/// each byte that is no UTF-8.
+/// A text as it is shown to people, in tables, CSV, messages and plots alike: one line without control characters,
+/// which a terminal would obey. Each byte of a control character, and each byte that is no UTF-8, is written as
+/// "\\x1B".
 std::string mostrabile(std::string_view testo);
 
 }  // namespace kel::strumento

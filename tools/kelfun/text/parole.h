@@ -8,8 +8,8 @@
 
 namespace kel::strumento {
 
-/// What stands between the separators: an empty text between two in a row, nothing after the last. Of an empty text it is
-/// one empty text.
+/// What stands between the separators: an empty text between two in a row, nothing after the last. Of an empty text it
+/// is one empty text.
 std::vector<std::string> dividi(std::string_view testo, char separatore);
 
 /// Small letters, words apart by one blank: "FID_OBJ_OIL", "Front-Left" are "fid obj oil", "front left".

@@ -16,7 +16,7 @@ constexpr std::size_t LUNGHEZZA_MASSIMA = 64;  // nobody types a longer word by 
 constexpr std::size_t LETTERE_PER_CAMBIO = 3;
 constexpr std::size_t INIZIO_MINIMO = 2;  // one letter begins too many words
 
-// Letters that were written in vain: those that the word does not have.
+// How many letters of the mistyped word the other word does not have.
 unsigned inVano(std::string_view scritta, std::string parola) {
     unsigned quante = 0;
     for (const char lettera : scritta) {
@@ -29,8 +29,9 @@ unsigned inVano(std::string_view scritta, std::string parola) {
     return quante;
 }
 
-// How far a word is from the one that was written: the changes, and the letters that were written in vain. Of "find" and
-// "fid", which are one change from "fnd", the first has all its letters. Nothing where it is another word altogether.
+// How far a word is from the mistyped one: the number of changes, then the number of letters that it lacks. "find" and
+// "fid" are both one change from "fnd", but only "find" has all its letters, so it is nearer. Nothing if the words
+// differ too much.
 std::optional<std::pair<unsigned, unsigned>> lontananza(const std::string& scritta, const std::string& parola) {
     if (parola.empty() || parola.size() > LUNGHEZZA_MASSIMA)
         return std::nullopt;
@@ -39,7 +40,8 @@ std::optional<std::pair<unsigned, unsigned>> lontananza(const std::string& scrit
     if (cambi <= massima && cambi < parola.size() && cambi < scritta.size())
         return std::pair(cambi, inVano(scritta, parola));
     if (scritta.size() >= INIZIO_MINIMO && parola.starts_with(scritta))
-        return std::pair(static_cast<unsigned>(massima) + 1, 0u);  // an abbreviation, after all slips of the keys
+        return std::pair(static_cast<unsigned>(massima) + 1,
+                         0u);  // an abbreviation: after all words that were mistyped
     return std::nullopt;
 }
 

@@ -13,8 +13,8 @@ namespace kel::strumento {
 /// Damerau and Levenshtein the one that changes no place twice.
 unsigned distanza(std::string_view a, std::string_view b);
 
-/// The words that a mistyped one may stand for, the nearest first: those with few changes for their length, and those that
-/// begin with it. Capitals do not matter, nor whether words stand apart by blanks, underscores or hyphens.
+/// The words that a mistyped one may stand for, the nearest first: those with few changes for their length, and those
+/// that begin with it. Capitals do not matter, nor whether words stand apart by blanks, underscores or hyphens.
 std::vector<std::string> vicini(std::string_view parola, std::span<const std::string> parole, std::size_t quanti);
 
 /// What an error says of the nearest word before it lists what is accepted: "did you mean 'fid'? ", or nothing.

@@ -1,0 +1,27 @@
+// The library's tables by name.
+#ifndef KEL_TEST_TABELLE_H
+#define KEL_TEST_TABELLE_H
+
+#include <map>
+#include <span>
+#include <string>
+
+#include "kelfunzioni.h"
+
+namespace kel_test {
+
+using Campi = std::span<const s_campo_fid>;
+using Unita = std::span<const s_udm_associata>;
+using Varianti = std::span<const s_variante_posizione>;
+using Scelte = std::span<const s_scelta_fid>;
+using Sottocampi = std::span<const s_sottocampo>;
+
+const std::map<std::string, Campi>& tabelleCampi();
+const std::map<std::string, Unita>& tabelleUnita();
+const std::map<std::string, Varianti>& tabelleVarianti();
+const std::map<std::string, Scelte>& tabelleScelte();
+const std::map<std::string, Sottocampi>& tabelleSottocampi();
+
+}  // namespace kel_test
+
+#endif

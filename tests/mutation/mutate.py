@@ -1,0 +1,151 @@
+#!/usr/bin/env python3
+"""Changes the library in one place after the other, and looks whether the tests notice: docs/mutation.md.
+
+--build is a build of the library and its tests. Exit 0: each mutant is caught, makes the same code, or stands in
+equivalent.tsv with the reason why it changes nothing; 1: some are alive, or the list is wrong.
+"""
+
+import argparse
+import datetime
+import multiprocessing
+import os
+import sys
+import time
+from collections import defaultdict
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+import cells
+import results
+import source
+from library import FOLDER, Library
+from mutant import ALIVE, EQUIVALENT, INVALID, TESTS, number_same
+from testing import Tests, Unfit
+
+PAGE = "docs/reliability.md"
+# What the tests and with them the outcomes depend on.
+INPUTS = (FOLDER, "include", "tests/mutation", "tests/golden", "tests/comune", "tests/funzioni")
+
+
+class Run:
+    def __init__(self, options):
+        self.options = options
+        self.root, self.build = options.root.resolve(), options.build.resolve()
+        self.library = Library(self.root, self.build, options.jobs)
+        self.mutants, self.tables, self.texts = [], [], {}
+        self.users = defaultdict(list)  # by file: the sources that include it
+
+    def find(self):
+        """The mutants of the code, and the tables."""
+        tasks = [(self.root, FOLDER, one, self.library.libclang_arguments(one)) for one in self.library.sources]
+        with multiprocessing.Pool(self.options.jobs) as pool:
+            for one, files in zip(self.library.sources, pool.starmap(source.read, tasks)):
+                for name, mutants, tables in files:
+                    self.users[name].append(one)
+                    if name not in self.texts:
+                        self.texts[name] = (self.root / name).read_text()
+                        self.mutants += mutants
+                        self.tables += tables
+        number_same(self.mutants)
+
+    def chosen(self, mutants):
+        """Those that are asked for. A share goes by the names: it stays the same when others come and go."""
+        if self.options.shard:
+            share, shares = map(int, self.options.shard.split("/"))
+            mutants = [m for m in mutants if int(m.name, 16) % shares == share % shares]
+        if self.options.only:
+            mutants = [m for m in mutants if any(m.name == one or m.file.endswith(one) for one in self.options.only)]
+        return sorted(mutants, key=lambda m: (m.file, m.begin))
+
+    def with_switches(self, mutants):
+        """The library in which every mutant that can have a switch has one; and the tables where nm finds them."""
+        with_switch = [mutant for mutant in mutants if not mutant.alone]
+        for number, mutant in enumerate(with_switch, 1):
+            mutant.number = number
+        tables = {table.file for table in self.tables}.intersection(self.library.sources)
+        users = {one for mutant in with_switch for one in self.users[mutant.file]}
+        return self.library.with_switches(self.texts, with_switch, sorted(tables | users))
+
+    def judge(self, mutant):
+        """What becomes of a mutant: switched on, and, when no test comes by it or catches it, compiled alone."""
+        if mutant.cell:
+            self.test(mutant, self.tests.programs, self.switched, {"KEL_CELL": mutant.cell})
+        elif not mutant.alone:
+            self.test(mutant, self.tests.reached(mutant), self.switched, {"KEL_MUTANT": str(mutant.number)})
+        if not mutant.outcome and not mutant.cell and (mutant.alone or not self.equivalents.key_of(mutant)):
+            text, users = self.texts[mutant.file], self.users[mutant.file]
+            with self.library.with_change(mutant, text, users) as (outcome, changed):
+                mutant.outcome = outcome
+                if changed and not self.tests.reached(mutant):
+                    self.test(mutant, self.tests.programs, changed, {})
+        mutant.outcome = mutant.outcome or ALIVE
+        return mutant
+
+    def test(self, mutant, programs, library, environment):
+        mutant.by = self.tests.catcher(mutant, programs, library, environment)
+        mutant.outcome = TESTS if mutant.by else ""
+
+    def judge_all(self, mutants):
+        mark = results.fingerprint(self.root, INPUTS)
+        journal = results.Journal(self.library.work / "state.tsv", mark, self.options.fresh)
+        for mutant in mutants:
+            mutant.outcome, mutant.by = journal.outcomes.get(mutant.name, ("", ""))
+        left = sorted((mutant for mutant in mutants if not mutant.outcome), key=lambda mutant: mutant.alone)
+        began = time.time()
+        with ThreadPoolExecutor(self.options.jobs) as pool:
+            for count, mutant in enumerate(pool.map(self.judge, left), 1):
+                journal.keep(mutant)
+                if sys.stderr.isatty():
+                    rest = (time.time() - began) / count * (len(left) - count)
+                    print(f"\r{count} of {len(left)}, {rest:.0f} s left   ", end="", file=sys.stderr)
+
+    def run(self):
+        began = time.time()
+        self.find()
+        mutants = self.chosen(self.mutants)
+        self.switched = self.with_switches(mutants)
+        in_tables = list(cells.mutants(self.tables, self.switched))
+        self.mutants += in_tables
+        mutants += self.chosen(in_tables)
+        if self.options.list:
+            print(*mutants, sep="\n")
+            return True
+        self.equivalents = results.Equivalents()
+        print(f"{len(self.mutants)} mutants, {len(mutants)} of them to try", file=sys.stderr)
+        programs = [self.build / "tests" / f"kel_test_{room}" for room in self.options.tests]
+        self.tests = Tests(programs, self.library.work, self.switched, self.options.jobs)
+        self.judge_all(mutants)
+        listed = [mutant for mutant in mutants if self.equivalents.key_of(mutant)]
+        for mutant in listed:
+            mutant.outcome = EQUIVALENT if mutant.outcome == ALIVE else mutant.outcome
+        table = results.table(mutants)
+        seconds = f"{time.time() - began:.0f} seconds with {self.options.jobs} jobs"
+        print(f"{table}{sum(m.outcome == INVALID for m in mutants)} more changes are not valid C++; {seconds}")
+        good = results.faults(mutants, listed, self.equivalents.gone(self.mutants))
+        if good and self.options.write:
+            results.write(self.root / PAGE, f"{table}\nOf {datetime.date.today()}; {seconds}.\n")
+        return good
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--root", type=Path, required=True)
+    parser.add_argument("--build", type=Path, required=True)
+    parser.add_argument("--tests", nargs="+", required=True, help="the test programs that count, without kel_test_")
+    parser.add_argument("--shard", metavar="I/N", help="the I-th of N shares, 1 to N")
+    parser.add_argument("--only", metavar="FILE|MUTANT", action="append", help="one file's, or one; may stand more than once")
+    parser.add_argument("--list", action="store_true", help="show the mutants, and try none")
+    parser.add_argument("--fresh", action="store_true", help="begin anew, in place of going on")
+    parser.add_argument("--write", action="store_true", help=f"put the table of all into {PAGE}")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count())
+    options = parser.parse_args()
+    if options.write and (options.shard or options.only):
+        parser.error("--write goes neither with --shard nor with --only")
+    try:
+        return 0 if Run(options).run() else 1
+    except Unfit as unfit:
+        sys.exit(str(unfit))
+
+
+if __name__ == "__main__":
+    sys.exit(main())
