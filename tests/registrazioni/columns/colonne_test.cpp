@@ -68,7 +68,7 @@ enum Parti : unsigned { valori = 1, stati = 2, validi = 4, testi = 8, tutte = 15
 s_kel_colonna colonna(s_kel_converter& conv, Esito& esito, unsigned parti = tutte) {
     return {&conv, (parti & valori) != 0 ? reinterpret_cast<float*>(esito.valori.data()) : nullptr,
             (parti & stati) != 0 ? esito.stati.data() : nullptr, (parti & validi) != 0 ? esito.validi.data() : nullptr,
-            (parti & testi) != 0 ? esito.testi.data()->byte : nullptr};
+            (parti & testi) != 0 ? reinterpret_cast<char*>(esito.testi.data()) : nullptr};
 }
 
 // The same through the flat face, a sample a call.
