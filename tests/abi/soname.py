@@ -16,6 +16,8 @@ PLACES = [
     "debian/control",
     "debian/libkelfunzioni{}.install",
     "debian/libkelfunzioni{}.symbols",
+    "debian/libkelregistrazioni{}.install",
+    "debian/libkelregistrazioni{}.symbols",
     "docs/abi.md",
     "docs/flat-face.md",
     "docs/glossary.md",
@@ -25,7 +27,7 @@ PLACES = [
 HISTORY = re.compile(r"CHANGELOG\.md|debian/changelog|tests/abi/(\w+\.abi|releases/.*)")
 FOLDERS = ["bench", "cmake", "completions", "debian", "docs", "examples", "include", "man", "scripts", "src", "tests", "tools"]
 SOVERSION = re.compile(r"^set\(KEL_SOVERSION (\d+)\)$", re.MULTILINE)
-NAMED = re.compile(r"\blibkelfunzioni(?:\.so\.)?(\d+)\b")
+NAMED = re.compile(r"\blibkel(?:funzioni|registrazioni)(?:\.so\.)?(\d+)\b")
 
 
 def numbers(root):
@@ -50,7 +52,7 @@ def write(root, wanted):
         path = root / place.format(old)
         if path.is_file():
             text = path.read_text(encoding="utf-8")
-            path.write_text(re.sub(rf"\b(libkelfunzioni(?:\.so\.)?){old}\b", rf"\g<1>{wanted}", text), encoding="utf-8")
+            path.write_text(re.sub(rf"\b(libkel(?:funzioni|registrazioni)(?:\.so\.)?){old}\b", rf"\g<1>{wanted}", text), encoding="utf-8")
             path.rename(root / place.format(wanted))
 
 

@@ -34,8 +34,9 @@ Corsa::Corsa(bool flat) {
     for (const Famiglia& famiglia : famiglieFlat())
         conti_.push_back({&famiglia});
     if (!flat)
-        for (const Famiglia& famiglia : famiglieOggetti())
-            conti_.push_back({&famiglia});
+        for (const auto& famiglie : {famiglieOggetti(), famiglieColonne()})
+            for (const Famiglia& famiglia : famiglie)
+                conti_.push_back({&famiglia});
 }
 
 void Corsa::fino(std::uint32_t giri) {

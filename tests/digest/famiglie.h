@@ -20,6 +20,8 @@ struct Famiglia {
 std::span<const Famiglia> famiglieFlat();
 /// The operations of the catalogue, the converter object and the lap time texts.
 std::span<const Famiglia> famiglieOggetti();
+/// Columns, of the second library.
+std::span<const Famiglia> famiglieColonne();
 
 }  // namespace digest
 

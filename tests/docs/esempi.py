@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs what the documents show, and compares what comes out with what they show.
 
-    esempi.py --include DIR --lib DIR --kelfun FILE --kelsim FILE --esempi DIR --cc CC --cxx CXX [--write] DOCUMENT...
+    esempi.py --include DIR --lib DIR[:DIR] --kelfun FILE --kelsim FILE --esempi DIR --cc CC --cxx CXX [--write] DOCUMENT...
 
 A block of C, C++ or Python is a whole program; the text block that follows it is its output. In a console block every
 line that begins with "$ " is a command, and what follows is its output; a line "..." there stands for any lines left
@@ -48,7 +48,8 @@ def program(language, text, options, folder):
     source.write_text(text)
     compiler = [options.cc, "-std=c99"] if language == "c" else [options.cxx, "-std=c++11"]
     run([*compiler, "-Wall", "-Wextra", "-pedantic-errors", "-Werror", f"-I{options.include}", str(source),
-         "-o", "esempio", f"-L{options.lib}", "-lkelfunzioni", "-lm"], options, folder)
+         "-o", "esempio", *(f"-L{place}" for place in options.lib.split(os.pathsep)),
+         *(["-lkelregistrazioni"] if "<kelregistrazioni.h>" in text else []), "-lkelfunzioni", "-lm"], options, folder)
     return run(["./esempio"], options, folder)
 
 

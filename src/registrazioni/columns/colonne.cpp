@@ -10,9 +10,6 @@
 namespace kel_colonne {
 namespace {
 
-// Below so many samples, finding out how to read them takes longer than reading them.
-constexpr std::size_t pochi = 64;
-
 // Columns whose plans fit the stack; more are read in groups.
 constexpr unsigned colonne_per_gruppo = 64;
 
@@ -23,7 +20,7 @@ constexpr std::size_t byte_oltre_cache = 16 << 20;
 struct Piano {
     const s_kel_colonna* colonna;
     Lettura lettura;
-    bool testi_numerici;
+    Scrittura scrittura;
     Conversione conversione;
 };
 
@@ -35,8 +32,10 @@ struct Banco {
 };
 
 Piano prepara(const s_kel_colonna& colonna, std::size_t numero, Riconoscitore& riconoscitore) noexcept {
-    Piano piano = {&colonna, Lettura::sconosciuta, false, {}};
+    Piano piano = {&colonna, Lettura::sconosciuta, Scrittura::sconosciuta, {}};
     const s_kel_converter& conv = *colonna.conv;
+    if (colonna.testi != nullptr && conv.testo != nullptr)
+        piano.scrittura = riconoscitore.scrittura(conv.testo);
     if (conv.valore == nullptr)
         return piano;
     piano.lettura = riconoscitore.lettura(conv.valore, numero / 16);
@@ -55,8 +54,6 @@ Piano prepara(const s_kel_colonna& colonna, std::size_t numero, Riconoscitore& r
         if (conversione.gain != conversione.gain || conversione.offset != conversione.offset)
             piano.lettura = Lettura::sconosciuta;
     }
-    if (colonna.testi != nullptr)
-        piano.testi_numerici = riconosci_testo(conv.testo) == Scrittura::numerica && numeri_in_parola(conv);
     return piano;
 }
 
@@ -70,13 +67,16 @@ void segna_tutti_validi(unsigned char* validi, std::size_t numero) noexcept {
 void leggi_blocco(const Nuclei& nuclei, const Piano& piano, const unsigned char* campioni, std::size_t passo,
                   std::size_t numero, std::size_t primo, bool oltre_cache, Banco& banco) noexcept {
     const s_kel_colonna& colonna = *piano.colonna;
+    const BloccoTesti testi = {campioni, passo, numero,
+                               colonna.testi != nullptr ? colonna.testi + primo * byte_testo : nullptr};
     if (piano.lettura == Lettura::sconosciuta) {
         if (colonna.valori != nullptr || colonna.stati != nullptr || colonna.validi != nullptr)
             leggi_uno_a_uno(campioni, passo, numero, colonna, primo);
         if (colonna.testi != nullptr)
-            scrivi_uno_a_uno(campioni, passo, numero, colonna, primo);
+            scrivi_testi(nuclei, piano.scrittura, *colonna.conv, testi);
         return;
     }
+    const bool in_numeri = piano.scrittura == Scrittura::numero;
     const Nucleo& nucleo = nuclei.letture[static_cast<std::size_t>(piano.lettura)];
     const unsigned char* densi = campioni;
     if (nucleo.byte != 0 && passo != nucleo.byte) {
@@ -85,27 +85,35 @@ void leggi_blocco(const Nuclei& nuclei, const Piano& piano, const unsigned char*
     }
 
     float* const valori = colonna.valori != nullptr && !oltre_cache ? colonna.valori + primo : banco.valori;
-    if (colonna.valori != nullptr || piano.testi_numerici)
-        nucleo.valori(densi, passo, numero, piano.conversione, valori);
+    bool buoni = nucleo.stati == nullptr;
+    bool controllati = buoni;
+    if (colonna.valori != nullptr || in_numeri) {
+        buoni = nucleo.valori(densi, passo, numero, piano.conversione, valori);
+        controllati = true;
+    }
     if (colonna.valori != nullptr && oltre_cache)
         nuclei.copia_oltre(valori, numero, colonna.valori + primo);
 
     unsigned char* const stati = colonna.stati != nullptr ? colonna.stati + primo : banco.stati;
-    if (nucleo.stati == nullptr) {
-        if (colonna.stati != nullptr || piano.testi_numerici)
-            std::memset(stati, 0, numero);
-        if (colonna.validi != nullptr)
-            segna_tutti_validi(colonna.validi + primo / 8, numero);
-    } else if (colonna.stati != nullptr || colonna.validi != nullptr || piano.testi_numerici) {
-        nucleo.stati(densi, numero, stati);
-        if (colonna.validi != nullptr)
+    const bool stati_chiesti = colonna.stati != nullptr || in_numeri;
+    if (stati_chiesti || colonna.validi != nullptr) {
+        // Where the values have told already that all are good, the statuses are not looked at again.
+        if (!controllati || !buoni)
+            buoni = nucleo.stati(densi, numero, stati);
+        if (buoni) {
+            if (stati_chiesti)
+                std::memset(stati, 0, numero);
+            if (colonna.validi != nullptr)
+                segna_tutti_validi(colonna.validi + primo / 8, numero);
+        } else if (colonna.validi != nullptr) {
             nuclei.bit_validi(stati, numero, colonna.validi + primo / 8);
+        }
     }
 
-    if (piano.testi_numerici)
-        scrivi_numeri(*colonna.conv, campioni, passo, numero, valori, stati, colonna.testi + primo * byte_testo);
+    if (in_numeri)
+        scrivi_numeri(nuclei, *colonna.conv, testi, valori, stati);
     else if (colonna.testi != nullptr)
-        scrivi_uno_a_uno(campioni, passo, numero, colonna, primo);
+        scrivi_testi(nuclei, piano.scrittura, *colonna.conv, testi);
 }
 
 // Records of one block: as many as stay in the nearest cache while every column is read from them.
@@ -143,16 +151,33 @@ void leggi_gruppo(const Nuclei& nuclei, const unsigned char* record, std::size_t
 
 }  // namespace
 
+void leggi_poche(const void* record, std::size_t passo, std::size_t numero, const s_kel_colonna* colonne,
+                 unsigned num_colonne) noexcept {
+    const auto* primo = static_cast<const unsigned char*>(record);
+    if (numero == 0)
+        return;
+    for (const s_kel_colonna* colonna = colonne; colonna != colonne + num_colonne; ++colonna) {
+        const s_kel_converter* conv = colonna->conv;
+        const unsigned char* campioni = primo + conv->offset_campione;
+        const bool soli_valori = colonna->stati == nullptr && colonna->validi == nullptr && colonna->testi == nullptr;
+        if (soli_valori && colonna->valori != nullptr && conv->valore != nullptr) {
+            // As short as can be: so few that the way here counts.
+            std::uint32_t stato = 0;
+            for (std::size_t i = 0; i < numero; ++i, campioni += passo)
+                colonna->valori[i] = conv->valore(conv, campioni, &stato);
+            continue;
+        }
+        leggi_uno_a_uno(campioni, passo, numero, *colonna, 0);
+        if (colonna->testi != nullptr)
+            scrivi_uno_a_uno(*colonna->conv, {campioni, passo, numero, colonna->testi});
+    }
+}
+
 void leggi_colonne(const Nuclei& nuclei, const void* record, std::size_t passo, std::size_t numero,
                    const s_kel_colonna* colonne, unsigned num_colonne) noexcept {
     const auto* primo = static_cast<const unsigned char*>(record);
     if (numero < pochi) {
-        for (unsigned i = 0; i < num_colonne && numero != 0; ++i) {
-            const unsigned char* campioni = primo + colonne[i].conv->offset_campione;
-            leggi_uno_a_uno(campioni, passo, numero, colonne[i], 0);
-            if (colonne[i].testi != nullptr)
-                scrivi_uno_a_uno(campioni, passo, numero, colonne[i], 0);
-        }
+        leggi_poche(record, passo, numero, colonne, num_colonne);
         return;
     }
     for (unsigned i = 0; i < num_colonne; i += colonne_per_gruppo) {

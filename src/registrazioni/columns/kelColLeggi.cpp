@@ -5,5 +5,8 @@
 
 void kelColLeggi(const void* record, size_t passo, size_t numero, s_kel_colonna* colonne,
                  unsigned num_colonne) noexcept {
-    kel_colonne::leggi_colonne(kel_colonne::nuclei_migliori(), record, passo, numero, colonne, num_colonne);
+    if (numero < kel_colonne::pochi)
+        kel_colonne::leggi_poche(record, passo, numero, colonne, num_colonne);
+    else
+        kel_colonne::leggi_colonne(kel_colonne::nuclei_migliori(), record, passo, numero, colonne, num_colonne);
 }

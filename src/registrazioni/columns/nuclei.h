@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "columns/campo.h"
 #include "kelregistrazioni.h"
 
 namespace kel_colonne {
@@ -72,11 +73,11 @@ struct Conversione {
     std::uint32_t num_bit;  // at most 8
 };
 
-// Values of at most `campioni_per_blocco` samples.
-using f_valori = void (*)(const unsigned char* campioni, std::size_t passo, std::size_t numero,
+// Values of at most `campioni_per_blocco` samples; true when all of them are good.
+using f_valori = bool (*)(const unsigned char* campioni, std::size_t passo, std::size_t numero,
                           const Conversione& conversione, float* valori);
-// Their status words.
-using f_stati = void (*)(const unsigned char* campioni, std::size_t numero, unsigned char* stati);
+// Their status words; true, and nothing written, when all are 0.
+using f_stati = bool (*)(const unsigned char* campioni, std::size_t numero, unsigned char* stati);
 
 inline constexpr std::size_t campioni_per_blocco = 1024;
 
@@ -95,6 +96,11 @@ struct Nuclei {
     void (*raccogli)(const unsigned char* campioni, std::size_t passo, std::size_t numero, unsigned byte, void* densi);
     // The bitmap of the samples whose status is 0; spare bits are 0.
     void (*bit_validi)(const unsigned char* stati, std::size_t numero, unsigned char* validi);
+    // The texts of numbers in a field, and of lap times, as words of eight characters; `entrano` tells which of them fit.
+    void (*numeri_in_parole)(const float* valori, std::size_t numero, const Campo& campo, std::uint64_t* parole,
+                             unsigned char* entrano);
+    void (*tempi_in_parole)(const std::int32_t* tempi, std::size_t numero, bool compatto, bool decimi,
+                            std::uint64_t* parole, unsigned char* entrano);
     // Copies past the caches what is too much for them; null where the machine has no such stores.
     void (*copia_oltre)(const float* da, std::size_t numero, float* a);
     // Makes such copies visible before whatever the thread writes next; null with it.

@@ -6,11 +6,14 @@
 #include <cfloat>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #ifdef __SSE2__
 #include <immintrin.h>
 #endif
 
+#include "columns/campo.h"
+#include "columns/cifre.h"
 #include "columns/nuclei.h"
 
 #if !defined(FLT_EVAL_METHOD) || FLT_EVAL_METHOD != 0
@@ -45,16 +48,22 @@ template <typename T>
 struct Intero {
     using Grezzo = T;
     static float numero(T grezzo, const Conversione&) { return static_cast<float>(grezzo); }
-    static std::uint32_t stato(T grezzo) {
+    // 0xCFFD, 0xCFFE and 0xCFFF: invalid, missing, over range; in 32 bits with ones above. In the width of the sample, as
+    // many at a time as there are samples in a vector.
+    static T stato(T grezzo) {
         if (sizeof(T) == 1)
             return 0;
-        // 0xCFFD, 0xCFFE and 0xCFFF: invalid, missing, over range; in 32 bits with ones above.
-        const auto oltre =
-            static_cast<std::uint32_t>(grezzo) - (sizeof(T) == 2 && T(-1) > T(0) ? 0xCFFDu : 0xFFFFCFFDu);
-        return oltre == 0   ? std::uint32_t{KEL_STATO_NON_VALIDO}
-               : oltre == 1 ? std::uint32_t{KEL_STATO_MANCANTE}
-               : oltre == 2 ? std::uint32_t{KEL_STATO_FUORI_SCALA}
-                            : 0u;
+        using Nudo = std::conditional_t<sizeof(T) == 2, std::uint16_t, std::uint32_t>;
+        const auto oltre = static_cast<Nudo>(static_cast<Nudo>(grezzo) - static_cast<Nudo>(0xFFFFCFFDu));
+        const T noto = oltre == 0   ? T{KEL_STATO_NON_VALIDO}
+                       : oltre == 1 ? T{KEL_STATO_MANCANTE}
+                                    : T{KEL_STATO_FUORI_SCALA};
+        return oltre < 3 ? noto : T{0};
+    }
+    // Whether it carries no measurement, told by as little as can be.
+    static bool cattivo(T grezzo) {
+        using Nudo = std::conditional_t<sizeof(T) == 2, std::uint16_t, std::uint32_t>;
+        return sizeof(T) != 1 && static_cast<Nudo>(static_cast<Nudo>(grezzo) - static_cast<Nudo>(0xFFFFCFFDu)) < 3;
     }
 };
 
@@ -70,12 +79,15 @@ struct CampoBit : Intero<T> {
 struct Float {
     using Grezzo = std::uint32_t;
     static float numero(std::uint32_t grezzo, const Conversione&) { return come_float(grezzo); }
+    // A NaN is no measurement, an infinity an over range. As signed numbers, which every instruction set compares.
     static std::uint32_t stato(std::uint32_t grezzo) {
-        const std::uint32_t modulo = grezzo & 0x7FFFFFFFu;
-        return modulo < 0x7F800000u    ? 0u
-               : modulo == 0x7F800000u ? std::uint32_t{KEL_STATO_FUORI_SCALA}
-                                       : std::uint32_t{KEL_STATO_NON_VALIDO};
+        constexpr std::int32_t infinito = 0x7F800000;
+        const auto modulo = static_cast<std::int32_t>(grezzo & 0x7FFFFFFFu);
+        const std::uint32_t noto =
+            modulo == infinito ? std::uint32_t{KEL_STATO_FUORI_SCALA} : std::uint32_t{KEL_STATO_NON_VALIDO};
+        return modulo >= infinito ? noto : std::uint32_t{0};
     }
+    static bool cattivo(std::uint32_t grezzo) { return static_cast<std::int32_t>(grezzo & 0x7FFFFFFFu) >= 0x7F800000; }
 };
 
 // 16-bit floats. NaNs go on as values.
@@ -89,11 +101,12 @@ struct Mezzo {
         const std::uint32_t normale = (modulo + (modulo >= 0x7C00u ? 0x38000u : 0x1C000u)) << 13;
         return come_float(segno | (modulo < 0x400u ? piccolo : normale));
     }
-    static std::uint32_t stato(std::uint16_t grezzo) {
-        return grezzo == 0x7C00u   ? std::uint32_t{KEL_STATO_FUORI_SCALA | KEL_STATO_NON_VALIDO}
-               : grezzo == 0xFC00u ? std::uint32_t{KEL_STATO_MANCANTE}
-                                   : 0u;
+    static std::uint16_t stato(std::uint16_t grezzo) {
+        return grezzo == 0x7C00u   ? std::uint16_t{KEL_STATO_FUORI_SCALA | KEL_STATO_NON_VALIDO}
+               : grezzo == 0xFC00u ? std::uint16_t{KEL_STATO_MANCANTE}
+                                   : std::uint16_t{0};
     }
+    static bool cattivo(std::uint16_t grezzo) { return (grezzo == 0x7C00u) | (grezzo == 0xFC00u); }
 };
 
 // --- Loops over samples that lie side by side --------------------------------------------------------------------------
@@ -105,38 +118,88 @@ inline float reciproca(float x, const Conversione& conversione) {
 }
 
 template <typename Formato>
-void lineari(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione& conversione,
+bool lineari(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione& conversione,
              float* __restrict valori) {
     using Grezzo = typename Formato::Grezzo;
     const Conversione c = conversione;
+    std::uint32_t cattivi = 0;
     for (std::size_t i = 0; i < numero; ++i) {
         const auto grezzo = leggi<Grezzo>(campioni + i * sizeof(Grezzo));
         const float valore = Formato::numero(grezzo, c) * c.gain + c.offset;
-        valori[i] = Formato::stato(grezzo) != 0 ? 0.0f : valore;
+        const std::uint32_t cattivo = Formato::cattivo(grezzo) ? ~std::uint32_t{0} : 0;
+        valori[i] = come_float(__builtin_bit_cast(std::uint32_t, valore) & ~cattivo);
+        cattivi |= cattivo;
     }
+    return cattivi == 0;
 }
 
 template <typename Formato>
-void reciproci(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione& conversione,
+bool reciproci(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione& conversione,
                float* __restrict valori) {
     using Grezzo = typename Formato::Grezzo;
     const Conversione c = conversione;
+    std::uint32_t cattivi = 0;
     for (std::size_t i = 0; i < numero; ++i) {
         const auto grezzo = leggi<Grezzo>(campioni + i * sizeof(Grezzo));
         const float valore = reciproca(Formato::numero(grezzo, c), c);
-        valori[i] = Formato::stato(grezzo) != 0 ? 0.0f : valore;
+        const std::uint32_t cattivo = Formato::cattivo(grezzo) ? ~std::uint32_t{0} : 0;
+        valori[i] = come_float(__builtin_bit_cast(std::uint32_t, valore) & ~cattivo);
+        cattivi |= cattivo;
     }
+    return cattivi == 0;
+}
+
+// Whether all are good, which most are: then the statuses are not worked out one by one.
+template <typename Formato>
+bool tutti_buoni(const unsigned char* campioni, std::size_t numero) {
+    using Grezzo = typename Formato::Grezzo;
+    Grezzo cattivi = 0;
+    for (std::size_t i = 0; i < numero; ++i)
+        cattivi =
+            static_cast<Grezzo>(cattivi | (Formato::cattivo(leggi<Grezzo>(campioni + i * sizeof(Grezzo))) ? 1 : 0));
+    return cattivi == 0;
 }
 
 template <typename Formato>
-void stati_di(const unsigned char* campioni, std::size_t numero, unsigned char* __restrict stati) {
+bool stati_di(const unsigned char* campioni, std::size_t numero, unsigned char* __restrict stati) {
     using Grezzo = typename Formato::Grezzo;
+    if (tutti_buoni<Formato>(campioni, numero))
+        return true;
     for (std::size_t i = 0; i < numero; ++i)
         stati[i] = static_cast<unsigned char>(Formato::stato(leggi<Grezzo>(campioni + i * sizeof(Grezzo))));
+    return false;
+}
+
+// 16-bit floats with the processor's own conversion where it has one. It makes a NaN quiet, as the product would.
+template <bool Reciproca>
+bool mezzi(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
+           float* __restrict valori) {
+    bool buoni = true;
+#ifdef __F16C__
+    const Conversione c = conversione;
+    const std::size_t interi = numero / 8 * 8;
+    for (std::size_t i = 0; i < interi; i += 8)
+        _mm256_storeu_ps(valori + i,
+                         _mm256_cvtph_ps(_mm_loadu_si128(reinterpret_cast<const __m128i*>(campioni + 2 * i))));
+    std::uint32_t cattivi = 0;
+    for (std::size_t i = 0; i < interi; ++i) {
+        const float valore = Reciproca ? reciproca(valori[i], c) : valori[i] * c.gain + c.offset;
+        const std::uint32_t cattivo = Mezzo::cattivo(leggi<std::uint16_t>(campioni + 2 * i)) ? ~std::uint32_t{0} : 0;
+        valori[i] = come_float(__builtin_bit_cast(std::uint32_t, valore) & ~cattivo);
+        cattivi |= cattivo;
+    }
+    buoni = cattivi == 0;
+    campioni += 2 * interi;
+    valori += interi;
+    numero -= interi;
+#endif
+    if (Reciproca)
+        return reciproci<Mezzo>(campioni, passo, numero, conversione, valori) && buoni;
+    return lineari<Mezzo>(campioni, passo, numero, conversione, valori) && buoni;
 }
 
 // A gear: no lower than -8, which is also what a reserved pattern shows.
-void marce(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione&,
+bool marce(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione&,
            float* __restrict valori) {
     constexpr std::int16_t minima = -8;
     for (std::size_t i = 0; i < numero; ++i) {
@@ -144,17 +207,20 @@ void marce(const unsigned char* campioni, std::size_t, std::size_t numero, const
         // The reserved patterns are all below -8.
         valori[i] = static_cast<float>(grezzo < minima ? minima : grezzo);
     }
+    return tutti_buoni<Intero<std::int16_t>>(campioni, numero);
 }
 
-void numeri(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione&,
+bool numeri(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione&,
             float* __restrict valori) {
     for (std::size_t i = 0; i < numero; ++i)
         valori[i] = static_cast<float>(leggi<std::int16_t>(campioni + i * 2));
+    return true;
 }
 
-void zeri(const unsigned char*, std::size_t, std::size_t numero, const Conversione&, float* __restrict valori) {
+bool zeri(const unsigned char*, std::size_t, std::size_t numero, const Conversione&, float* __restrict valori) {
     for (std::size_t i = 0; i < numero; ++i)
         valori[i] = 0.0f;
+    return true;
 }
 
 // A byte's set bits as decimal digits, counted from 1, the highest in the units place.
@@ -183,6 +249,10 @@ struct ListaBitMascherata : Intero<std::uint8_t> {
 // --- GPS packets --------------------------------------------------------------------------------------------------------
 
 #include "columns/nuclei_gps.h"
+
+// --- Texts --------------------------------------------------------------------------------------------------------------
+
+#include "columns/nuclei_testi.h"
 
 // --- What goes with them -----------------------------------------------------------------------------------------------
 
@@ -242,10 +312,17 @@ void bit_validi(const unsigned char* stati, std::size_t numero, unsigned char* v
 #ifdef __SSE2__
 void copia_oltre(const float* da, std::size_t numero, float* a) {
     std::size_t i = 0;
-    for (; i < numero && reinterpret_cast<std::uintptr_t>(a + i) % 16 != 0; ++i)
+    for (; i < numero && reinterpret_cast<std::uintptr_t>(a + i) % 64 != 0; ++i)
         a[i] = da[i];
+#ifdef __AVX2__
+    for (; i + 16 <= numero; i += 16) {
+        _mm256_stream_ps(a + i, _mm256_loadu_ps(da + i));
+        _mm256_stream_ps(a + i + 8, _mm256_loadu_ps(da + i + 8));
+    }
+#else
     for (; i + 4 <= numero; i += 4)
         _mm_stream_ps(a + i, _mm_loadu_ps(da + i));
+#endif
     for (; i < numero; ++i)
         a[i] = da[i];
 }
@@ -266,7 +343,7 @@ const Nuclei KEL_NUCLEI = {
         {1, lineari<Intero<std::uint8_t>>, nullptr},
         {4, lineari<Intero<std::int32_t>>, stati_di<Intero<std::int32_t>>},
         {4, lineari<Intero<std::uint32_t>>, stati_di<Intero<std::uint32_t>>},
-        {2, lineari<Mezzo>, stati_di<Mezzo>},
+        {2, mezzi<false>, stati_di<Mezzo>},
         {2, marce, stati_di<Intero<std::int16_t>>},
         {2, numeri, nullptr},
         {0, zeri, nullptr},
@@ -281,7 +358,7 @@ const Nuclei KEL_NUCLEI = {
         {1, reciproci<Intero<std::uint8_t>>, nullptr},
         {4, reciproci<Intero<std::int32_t>>, stati_di<Intero<std::int32_t>>},
         {4, reciproci<Intero<std::uint32_t>>, stati_di<Intero<std::uint32_t>>},
-        {2, reciproci<Mezzo>, stati_di<Mezzo>},
+        {2, mezzi<true>, stati_di<Mezzo>},
         {0, latitudini, nullptr},
         {0, longitudini, nullptr},
         {0, velocita<Gps, false>, nullptr},
@@ -291,6 +368,8 @@ const Nuclei KEL_NUCLEI = {
     },
     raccogli,
     bit_validi,
+    numeri_in_parole,
+    tempi_in_parole,
 #ifdef __SSE2__
     copia_oltre,
     fine_oltre,

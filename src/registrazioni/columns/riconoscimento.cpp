@@ -51,6 +51,13 @@ constexpr Noto noti[num_letture] = {
 };
 static_assert(noti[num_letture - 1].canale == navsol, "a channel for every way of reading");
 
+// Sample types whose text functions are written here, in the order of `Scrittura`.
+constexpr std::uint32_t tipi_di_testo[num_scritture] = {
+    KEL_TIPO_INT16,           KEL_TIPO_TEMPO_GIRO, KEL_TIPO_COORDINATA, KEL_TIPO_DIFFERENZA_TEMPO,
+    KEL_TIPO_TEMPO_PACCHETTO, KEL_TIPO_GPS_KEL,    KEL_TIPO_GPS_NAVSOL, KEL_TIPO_NUMERO_TESTO_6,
+    KEL_TIPO_NUMERO_TESTO_30, KEL_TIPO_DATA_ORA,   KEL_TIPO_LAP_1G,     KEL_TIPO_GPS_SATELLITI,
+};
+
 s_kel_converter convertitore(const Noto& noto) noexcept {
     const s_converter_data dati = {"", 0.0f, 1.0f, noto.reciproco};
     s_kel_canale canale = {};
@@ -65,10 +72,10 @@ s_kel_converter convertitore(const Noto& noto) noexcept {
 
 Lettura Riconoscitore::lettura(f_valore_conv valore, std::size_t massimo) noexcept {
     for (std::size_t i = 0; i < num_letture; ++i) {
-        if (i == noti_) {
+        if (i == valori_noti_) {
             if (i >= massimo)
                 break;
-            valori_[noti_++] = convertitore(noti[i]).valore;
+            valori_[valori_noti_++] = convertitore(noti[i]).valore;
         }
         if (valori_[i] == valore)
             return static_cast<Lettura>(i);
@@ -76,8 +83,14 @@ Lettura Riconoscitore::lettura(f_valore_conv valore, std::size_t massimo) noexce
     return Lettura::sconosciuta;
 }
 
-Scrittura riconosci_testo(f_testo_conv testo) noexcept {
-    return testo == convertitore(noti[0]).testo ? Scrittura::numerica : Scrittura::propria;
+Scrittura Riconoscitore::scrittura(f_testo_conv testo) noexcept {
+    for (std::size_t i = 0; i < num_scritture; ++i) {
+        if (i == testi_noti_)
+            testi_[testi_noti_++] = convertitore({tipi_di_testo[i], 0, 0, 0, 0}).testo;
+        if (testi_[i] == testo)
+            return static_cast<Scrittura>(i);
+    }
+    return Scrittura::sconosciuta;
 }
 
 }  // namespace kel_colonne

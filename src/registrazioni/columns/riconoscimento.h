@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "columns/nuclei.h"
+#include "columns/testi.h"
 #include "kelregistrazioni.h"
 
 namespace kel_colonne {
@@ -15,15 +16,14 @@ class Riconoscitore {
 public:
     // `massimo`: how many decoders may be asked for; the frequent ones come first.
     Lettura lettura(f_valore_conv valore, std::size_t massimo) noexcept;
+    Scrittura scrittura(f_testo_conv testo) noexcept;
 
 private:
     f_valore_conv valori_[num_letture];
-    std::size_t noti_ = 0;
+    f_testo_conv testi_[num_scritture];
+    std::size_t valori_noti_ = 0;
+    std::size_t testi_noti_ = 0;
 };
-
-// The texts that are made here rather than through the converter's own function.
-enum class Scrittura { numerica, propria };
-Scrittura riconosci_testo(f_testo_conv testo) noexcept;
 
 }  // namespace kel_colonne
 

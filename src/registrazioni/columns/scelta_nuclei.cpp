@@ -11,7 +11,7 @@ namespace kel_colonne {
 InsiemiNuclei nuclei_possibili() noexcept {
     InsiemiNuclei possibili = {{&nuclei_base}, 1};
 #ifdef KEL_NUCLEI_AVX2
-    if (CPU_FEATURE_ACTIVE(AVX2))
+    if (CPU_FEATURE_ACTIVE(AVX2) && CPU_FEATURE_ACTIVE(F16C))
         possibili.insiemi[possibili.numero++] = &nuclei_avx2;
 #endif
     return possibili;

@@ -1,83 +1,206 @@
 #include "columns/testi.h"
 
-#include <bit>
-#include <cfloat>
-#include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
-#include <iterator>
+
+#include "columns/cifre.h"
+#include "columns/una_alla_volta.h"
 
 namespace kel_colonne {
 namespace {
 
-// The first library's numeric text for texts of at most eight characters, its operations in their order; what is told from the
-// converter alone is told once for all samples. Other texts go through the converter's own function.
+constexpr std::size_t gruppo = 128;  // samples whose words are kept side by side
 
-constexpr std::uint32_t cifre_parola = 8;
-constexpr std::uint64_t ogni_byte = 0x0101010101010101;
-constexpr float scale[] = {1.0f, 10.0f, 100.0f, 1000.0f};
-constexpr float potenze_10[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
-constexpr float quasi_mezzo = 0x1.fffffep-2f;  // the float below 0.5: halves are rounded up
-
-constexpr std::uint64_t otto_cifre(std::uint32_t numero) noexcept {
-    const std::uint64_t meta = numero / 10000 | std::uint64_t{numero % 10000} << 32;
-    const std::uint64_t centinaia = meta * 5243 >> 19 & 0x0000007F0000007F;
-    const std::uint64_t coppie = centinaia | (meta - centinaia * 100) << 16;
-    const std::uint64_t decine = coppie * 103 >> 10 & 0x000F000F000F000F;
-    return (decine | (coppie - decine * 10) << 8) + '0' * ogni_byte;
+std::int32_t intero(const unsigned char* campione) noexcept {
+    std::int32_t numero;
+    std::memcpy(&numero, campione, sizeof numero);
+    return numero;
 }
 
-constexpr std::uint64_t primi(std::uint32_t bit) noexcept {
-    return (std::uint64_t{1} << bit) - 1;
-}
-
-// What a text's field is like, for one choice of decimals.
-struct Campo {
-    float scala;
-    float sotto_positivo;  // magnitudes below which a number fits; 0 where none does
-    float sotto_negativo;
-    std::uint32_t interi;  // bits of the places before the point
-    std::uint32_t oltre;   // bits of the digits that the field has no place for
-    std::uint32_t lunghezza;
-    bool punto;
-
-    Campo(std::uint32_t larghezza, std::uint32_t decimali_chiesti) noexcept {
-        const std::uint32_t decimali = decimali_chiesti < std::size(scale) ? decimali_chiesti : std::size(scale) - 1;
-        punto = decimali != 0;
-        scala = scale[decimali];
-        const bool in_parola = larghezza <= cifre_parola - (punto ? 1u : 0u);
-        sotto_positivo = in_parola && larghezza > decimali_chiesti ? potenze_10[larghezza] : 0.0f;
-        sotto_negativo =
-            in_parola && larghezza > 0 && larghezza - 1 > decimali_chiesti ? potenze_10[larghezza - 1] : 0.0f;
-        interi = 8 * (larghezza - decimali);
-        oltre = 8 * (cifre_parola - larghezza);
-        lunghezza = 8 * (larghezza + (punto ? 1u : 0u));
+// Gives each group of a block to `scrivi`.
+template <typename Scrivi>
+void a_gruppi(const BloccoTesti& blocco, Scrivi scrivi) noexcept {
+    for (std::size_t primo = 0; primo < blocco.numero; primo += gruppo) {
+        const std::size_t quanti = blocco.numero - primo < gruppo ? blocco.numero - primo : gruppo;
+        scrivi(BloccoTesti{blocco.campioni + primo * blocco.passo, blocco.passo, quanti,
+                           blocco.testi + primo * byte_testo},
+               primo);
     }
+}
+
+// A text of one word, in 32 bytes.
+void scrivi_parola(char* testo, std::uint64_t parola) noexcept {
+    std::memset(testo, 0, byte_testo);
+    std::memcpy(testo, &parola, sizeof parola);
+}
+
+// --- Lap times and packets -----------------------------------------------------------------------------------------------
+
+// "HH:MM:SS" of an hour or more, of which the last two digits of the hours are shown.
+void scrivi_ore(char* testo, std::int32_t millisecondi) noexcept {
+    const auto secondi = static_cast<std::uint32_t>(millisecondi) / 1000;
+    const std::uint32_t ore = secondi / 3600 % 100;
+    const std::uint64_t cifre = otto_cifre(ore * 10000 + secondi / 60 % 60 * 100 + secondi % 60);  // "00HHMMSS"
+    std::uint64_t parola = (cifre >> 16 & 0xFFFF) | std::uint64_t{':'} << 16 | (cifre >> 32 & 0xFFFF) << 24 |
+                           std::uint64_t{':'} << 40 | cifre >> 48 << 48;
+    if (ore < 10)
+        parola ^= '0' ^ ' ';
+    scrivi_parola(testo, parola);
+}
+
+// Times below an hour, word by word; negative ones and rare forms through the converter's own function. `coda`: what follows
+// the eighth character.
+void scrivi_tempi(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti& blocco, std::size_t offset,
+                  bool compatto, bool decimi, char coda) noexcept {
+    a_gruppi(blocco, [&](const BloccoTesti& questi, std::size_t) {
+        std::int32_t tempi[gruppo];
+        std::uint64_t parole[gruppo];
+        unsigned char entrano[gruppo];
+        nuclei.raccogli(questi.campioni + offset, questi.passo, questi.numero, 4, tempi);
+        nuclei.tempi_in_parole(tempi, questi.numero, compatto, decimi, parole, entrano);
+        char* testo = questi.testi;
+        for (std::size_t i = 0; i < questi.numero; ++i, testo += byte_testo) {
+            scrivi_parola(testo, entrano[i] != 0 ? parole[i] : 0);
+            if (entrano[i] != 0)
+                testo[8] = coda;
+            else if (tempi[i] >= 0 && !compatto && !decimi)
+                scrivi_ore(testo, tempi[i]);
+            else
+                conv.testo(&conv, questi.campioni + i * questi.passo, testo);
+        }
+    });
+}
+
+// Seconds and hundredths, with a sign.
+void scrivi_differenza(char* testo, std::int32_t millisecondi, bool compatto) noexcept {
+    const bool negativo = millisecondi < 0;
+    const std::uint32_t modulo =
+        negativo ? 0u - static_cast<std::uint32_t>(millisecondi) : static_cast<std::uint32_t>(millisecondi);
+    const std::uint64_t cifre = otto_cifre(modulo % 60000 / 10);  // "0000SSCC"
+    std::uint64_t parola = (cifre >> 32 & 0xFFFF) | std::uint64_t{'.'} << 16 | cifre >> 48 << 24;
+    if ((parola & 0xFF) == '0')
+        parola ^= '0' ^ ' ';
+    const char segno = negativo ? '-' : compatto ? ' ' : '+';
+    parola = parola << 8 | static_cast<unsigned char>(segno);
+    scrivi_parola(testo, compatto ? parola : parola << 8 | ' ');
+}
+
+// --- Coordinates ---------------------------------------------------------------------------------------------------------
+
+// The digits of a number of up to three places, and what is appended to them.
+class Riga {
+public:
+    explicit Riga(char* testo) noexcept : prossimo_(testo) {}
+    void numero(std::uint32_t numero) noexcept {
+        if (numero >= 100)
+            carattere(static_cast<char>('0' + numero / 100));
+        if (numero >= 10)
+            carattere(static_cast<char>('0' + numero / 10 % 10));
+        carattere(static_cast<char>('0' + numero % 10));
+    }
+    void carattere(char c) noexcept { *prossimo_++ = c; }
+    template <std::size_t N>
+    void testo(const char (&fisso)[N]) noexcept {
+        std::memcpy(prossimo_, fisso, N - 1);
+        prossimo_ += N - 1;
+    }
+    // The last `cifre` of eight digits.
+    void ultime(std::uint64_t otto, unsigned cifre) noexcept {
+        otto >>= 8 * (8 - cifre);
+        std::memcpy(prossimo_, &otto, sizeof otto);
+        prossimo_ += cifre;
+    }
+
+private:
+    char* prossimo_;
 };
 
-template <eFormatoConv Formato>
-std::uint64_t parola_di(std::uint32_t numero, const Campo& campo, std::uint32_t segno) noexcept {
-    constexpr std::uint64_t spazi = ' ' * ogni_byte;
-    std::uint64_t parola = otto_cifre(numero) >> campo.oltre;
-    const std::uint64_t figure = (parola ^ '0' * ogni_byte) | std::uint64_t{1} << (campo.interi - 8);
-    const std::uint32_t prima = static_cast<std::uint32_t>(std::countr_zero(figure)) & 56;
-    parola = (parola & ~primi(prima)) | (spazi & primi(prima));
-    parola ^= (std::uint64_t{segno} * (' ' ^ '-') << prima) >> 8;
-    if (campo.punto) {
-        const std::uint64_t frazione = parola >> campo.interi;
-        parola = (parola & primi(campo.interi)) | ('.' | frazione << 8) << campo.interi;
-    }
-    if constexpr (Formato != FORMATO_DESTRA) {
-        const std::uint32_t vuoti = prima - 8 * segno;
-        parola >>= vuoti;
-        if constexpr (Formato == FORMATO_SINISTRA)
-            parola |= (spazi & primi(vuoti)) << (campo.lunghezza - vuoti - 8) << 8;
-    }
-    return parola;
+// Degrees and fraction, each with its own sign; nothing for a sample that carries no measurement.
+void scrivi_coordinata(char* testo, std::int32_t grezzo) noexcept {
+    constexpr std::uint32_t unita_per_grado = 10000000;
+    std::memset(testo, 0, byte_testo);
+    const auto bit = static_cast<std::uint32_t>(grezzo);
+    if (bit - 0xFFFFCFFDu < 3)
+        return;
+    const bool negativo = grezzo < 0;
+    const std::uint32_t modulo = negativo ? 0u - bit : bit;
+    const std::uint32_t gradi = modulo / unita_per_grado;
+    const std::uint32_t frazione = modulo % unita_per_grado;
+    Riga riga(testo);
+    if (negativo && gradi != 0)
+        riga.carattere('-');
+    riga.numero(gradi);
+    riga.carattere('.');
+    // The sign takes the place of a leading zero, if there is one.
+    const bool segno = negativo && frazione != 0;
+    if (segno)
+        riga.carattere('-');
+    riga.ultime(otto_cifre(frazione), segno && frazione < unita_per_grado / 10 ? 6 : 7);
 }
 
-// The limits of automatic decimals: at `uno` or nearer to 0 one decimal, at `nessuno` or farther none; between them the last
-// choice stays.
+// --- Packets and copies ----------------------------------------------------------------------------------------------------
+
+// The state of the receiver.
+void scrivi_gps(char* testo, unsigned fix, unsigned satelliti) noexcept {
+    constexpr unsigned oltre = 249;
+    std::memset(testo, 0, byte_testo);
+    Riga riga(testo);
+    if (fix > oltre && satelliti > oltre) {
+        riga.testo("No GPS");
+    } else if (fix < 2) {
+        riga.testo("GPS fix missing");
+    } else if (fix == 2) {
+        riga.testo("GPS low fix");
+    } else {
+        riga.testo("GPS Fix=");
+        riga.numero(fix);
+        riga.testo(" SVs=");
+        riga.numero(satelliti);
+    }
+}
+
+// The text behind a number, up to its NUL or to the end of the sample: of six bytes, in one word.
+void scrivi_copia_6(char* testo, const unsigned char* campione) noexcept {
+    std::uint32_t quattro;
+    std::uint16_t due;
+    std::memcpy(&quattro, campione + 2, sizeof quattro);
+    std::memcpy(&due, campione + 6, sizeof due);
+    const std::uint64_t parola = quattro | std::uint64_t{due} << 32;
+    // The top bit of the first byte that is 0; those above it do not matter. The two bytes behind the text are 0.
+    const std::uint64_t zeri = (parola - ogni_byte) & ~parola & (ogni_byte << 7);
+    const std::uint64_t primo = zeri & (~zeri + 1);
+    scrivi_parola(testo, parola & ((primo >> 7) - 1));
+}
+
+// Of thirty bytes.
+void scrivi_copia_30(char* testo, const unsigned char* campione) noexcept {
+    const auto* sorgente = reinterpret_cast<const char*>(campione) + 2;
+    std::memset(testo, 0, byte_testo);
+    std::memcpy(testo, sorgente, strnlen(sorgente, 30));
+}
+
+// The text of any sample: the same for all.
+void scrivi_fisso(s_kel_converter& conv, const BloccoTesti& blocco) noexcept {
+    char fisso[byte_testo] = {};
+    conv.testo(&conv, blocco.campioni, fisso);
+    for (std::size_t i = 0; i < blocco.numero; ++i)
+        std::memcpy(blocco.testi + i * byte_testo, fisso, sizeof fisso);
+}
+
+// One text after the other.
+template <typename Scrivi>
+void uno_a_uno(const BloccoTesti& blocco, Scrivi scrivi) noexcept {
+    const unsigned char* campione = blocco.campioni;
+    char* testo = blocco.testi;
+    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += byte_testo)
+        scrivi(testo, campione);
+}
+
+// --- Numbers with automatic decimals -------------------------------------------------------------------------------------
+
+// The limits of automatic decimals in a field: at `uno` or nearer to 0 one decimal, at `nessuno` or farther none; between them
+// the last choice stays.
 struct Limiti {
     double uno;
     double nessuno;
@@ -101,67 +224,129 @@ std::uint32_t decimali_di(float valore, const Automatici& automatici, std::uint3
     return valore <= automatici.positivi.uno ? 1 : valore >= automatici.positivi.nessuno ? 0 : decimali;
 }
 
-template <eFormatoConv Formato, bool Auto>
-void scrivi(s_kel_converter& conv, const unsigned char* campioni, std::size_t passo, std::size_t numero,
-            const float* valori, const unsigned char* stati, char* testi) noexcept {
-    const Campo campi[] = {Campo(conv.larghezza, Auto ? 0 : conv.decimali), Campo(conv.larghezza, 1)};
-    const Campo registrato(conv.larghezza, conv.decimali);
-    const Automatici automatici = Auto ? limiti_automatici(conv.larghezza) : Automatici{};
-    const f_stato_conv testo_stato = conv.testo_stato;
+// The words of one group of numbers.
+struct Parole {
+    std::uint64_t parole[gruppo];
+    unsigned char entrano[gruppo];
+};
+
+void scrivi_stato(const s_kel_converter& conv, unsigned stato, char* testo) noexcept {
+    if (conv.testo_stato != nullptr)
+        conv.testo_stato(stato, testo);
+    else
+        *testo = '?';
+}
+
+void scrivi_automatici(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti& blocco, const float* valori,
+                       const unsigned char* stati) noexcept {
+    const Campo campi[] = {campo_di(conv.larghezza, 0, conv.formato), campo_di(conv.larghezza, 1, conv.formato)};
+    const Automatici automatici = limiti_automatici(conv.larghezza);
     std::uint32_t decimali = conv.decimali;
-    for (std::size_t i = 0; i < numero; ++i, testi += byte_testo) {
-        std::memset(testi, 0, byte_testo);
-        if (stati[i] != 0) [[unlikely]] {
-            if (testo_stato != nullptr)
-                testo_stato(stati[i], testi);
-            else
-                *testi = '?';
-            continue;
+    a_gruppi(blocco, [&](const BloccoTesti& questi, std::size_t primo) {
+        Parole parole[2];
+        for (unsigned i = 0; i < 2; ++i)
+            nuclei.numeri_in_parole(valori + primo, questi.numero, campi[i], parole[i].parole, parole[i].entrano);
+        char* testo = questi.testi;
+        for (std::size_t i = 0; i < questi.numero; ++i, testo += byte_testo) {
+            const unsigned stato = stati[primo + i];
+            if (stato != 0) {
+                std::memset(testo, 0, byte_testo);
+                scrivi_stato(conv, stato, testo);
+                continue;
+            }
+            decimali = decimali_di(valori[primo + i], automatici, decimali);
+            if (decimali < 2 && parole[decimali].entrano[i] != 0) {
+                scrivi_parola(testo, parole[decimali].parole[i]);
+            } else {
+                conv.decimali = decimali;
+                std::memset(testo, 0, byte_testo);
+                conv.testo(&conv, questi.campioni + i * questi.passo, testo);
+            }
         }
-        const float valore = valori[i];
-        if constexpr (Auto)
-            decimali = decimali_di(valore, automatici, decimali);
-        const Campo& campo = !Auto ? campi[0] : decimali <= 1 ? campi[decimali] : registrato;
-        const float cifre = std::fabs(valore) * campo.scala + quasi_mezzo;
-        const bool negativo = valore < 0.0f;
-        if (cifre < (negativo ? campo.sotto_negativo : campo.sotto_positivo)) [[likely]] {
-            const std::uint64_t parola = parola_di<Formato>(static_cast<std::uint32_t>(cifre), campo, negativo ? 1 : 0);
-            std::memcpy(testi, &parola, sizeof parola);
-        } else {
-            conv.decimali = decimali;
-            conv.testo(&conv, campioni + i * passo, testi);
-        }
-    }
+    });
     conv.decimali = decimali;
 }
 
-template <eFormatoConv Formato>
-void scrivi_formato(s_kel_converter& conv, const unsigned char* campioni, std::size_t passo, std::size_t numero,
-                    const float* valori, const unsigned char* stati, char* testi) noexcept {
-    if (conv.auto_decimali != 0)
-        scrivi<Formato, true>(conv, campioni, passo, numero, valori, stati, testi);
-    else
-        scrivi<Formato, false>(conv, campioni, passo, numero, valori, stati, testi);
+void scrivi_fermi(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti& blocco, const float* valori,
+                  const unsigned char* stati) noexcept {
+    const Campo campo = campo_di(conv.larghezza, conv.decimali, conv.formato);
+    a_gruppi(blocco, [&](const BloccoTesti& questi, std::size_t primo) {
+        Parole parole;
+        nuclei.numeri_in_parole(valori + primo, questi.numero, campo, parole.parole, parole.entrano);
+        char* testo = questi.testi;
+        for (std::size_t i = 0; i < questi.numero; ++i, testo += byte_testo) {
+            scrivi_parola(testo, parole.parole[i]);
+            const unsigned stato = stati[primo + i];
+            if (stato == 0 && parole.entrano[i] != 0)
+                continue;
+            std::memset(testo, 0, byte_testo);
+            if (stato != 0)
+                scrivi_stato(conv, stato, testo);
+            else
+                conv.testo(&conv, questi.campioni + i * questi.passo, testo);
+        }
+    });
 }
 
 }  // namespace
 
-bool numeri_in_parola(const s_kel_converter& conv) noexcept {
-    return conv.larghezza <= cifre_parola && (conv.auto_decimali == 0 || conv.larghezza > 2);
+void scrivi_numeri(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti& blocco, const float* valori,
+                   const unsigned char* stati) noexcept {
+    const bool automatici = conv.auto_decimali != 0;
+    if (conv.larghezza > caratteri_parola || (automatici && conv.larghezza <= 2))
+        scrivi_uno_a_uno(conv, blocco);
+    else if (automatici)
+        scrivi_automatici(nuclei, conv, blocco, valori, stati);
+    else
+        scrivi_fermi(nuclei, conv, blocco, valori, stati);
 }
 
-void scrivi_numeri(s_kel_converter& conv, const unsigned char* campioni, std::size_t passo, std::size_t numero,
-                   const float* valori, const unsigned char* stati, char* testi) noexcept {
-    switch (conv.formato) {
-        case FORMATO_SINISTRA:
-            scrivi_formato<FORMATO_SINISTRA>(conv, campioni, passo, numero, valori, stati, testi);
+void scrivi_testi(const Nuclei& nuclei, Scrittura scrittura, s_kel_converter& conv,
+                  const BloccoTesti& blocco) noexcept {
+    constexpr std::size_t navsol_fix = 10;
+    constexpr std::size_t navsol_satelliti = 47;
+    constexpr std::size_t payload_in_gps = 4;
+    const bool compatto = conv.larghezza == 5;
+    switch (scrittura) {
+        case Scrittura::tempo_giro:
+            scrivi_tempi(nuclei, conv, blocco, 0, compatto, conv.decimali == 1, '\0');
             break;
-        case FORMATO_COMPATTO:
-            scrivi_formato<FORMATO_COMPATTO>(conv, campioni, passo, numero, valori, stati, testi);
+        case Scrittura::tempo_pacchetto:
+            scrivi_tempi(nuclei, conv, blocco, 4, false, false, '0');
             break;
-        case FORMATO_DESTRA:
-        default:
-            scrivi_formato<FORMATO_DESTRA>(conv, campioni, passo, numero, valori, stati, testi);
+        case Scrittura::differenza_tempo:
+            uno_a_uno(blocco, [=](char* testo, const unsigned char* campione) {
+                scrivi_differenza(testo, intero(campione), compatto);
+            });
+            break;
+        case Scrittura::coordinata:
+            uno_a_uno(blocco,
+                      [](char* testo, const unsigned char* campione) { scrivi_coordinata(testo, intero(campione)); });
+            break;
+        case Scrittura::gps:
+            uno_a_uno(blocco, [](char* testo, const unsigned char* campione) {
+                scrivi_gps(testo, campione[payload_in_gps + navsol_fix], campione[payload_in_gps + navsol_satelliti]);
+            });
+            break;
+        case Scrittura::navsol:
+            uno_a_uno(blocco, [](char* testo, const unsigned char* campione) {
+                scrivi_gps(testo, campione[navsol_fix], campione[navsol_satelliti]);
+            });
+            break;
+        case Scrittura::copia_6:
+            uno_a_uno(blocco, scrivi_copia_6);
+            break;
+        case Scrittura::copia_30:
+            uno_a_uno(blocco, scrivi_copia_30);
+            break;
+        case Scrittura::data_ora:
+        case Scrittura::lap_1g:
+        case Scrittura::satelliti:
+            scrivi_fisso(conv, blocco);
+            break;
+        case Scrittura::numero:
+        case Scrittura::sconosciuta:
+            scrivi_uno_a_uno(conv, blocco);
             break;
     }
 }

@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <cstring>
 
-#include "columns/testi.h"
-
 namespace kel_colonne {
 namespace {
 
@@ -46,14 +44,13 @@ void leggi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size
     }
 }
 
-void scrivi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size_t numero,
-                      const s_kel_colonna& colonna, std::size_t primo) noexcept {
-    s_kel_converter& conv = *colonna.conv;
-    char* testo = colonna.testi + primo * byte_testo;
-    for (std::size_t i = 0; i < numero; ++i, campioni += passo, testo += byte_testo) {
+void scrivi_uno_a_uno(s_kel_converter& conv, const BloccoTesti& blocco) noexcept {
+    const unsigned char* campione = blocco.campioni;
+    char* testo = blocco.testi;
+    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += byte_testo) {
         std::memset(testo, 0, byte_testo);
         if (conv.testo != nullptr)
-            conv.testo(&conv, campioni, testo);
+            conv.testo(&conv, campione, testo);
         else
             std::memcpy(testo, "- -", 3);
     }

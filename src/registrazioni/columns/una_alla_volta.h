@@ -4,6 +4,7 @@
 
 #include <cstddef>
 
+#include "columns/testi.h"
 #include "kelregistrazioni.h"
 
 namespace kel_colonne {
@@ -12,9 +13,8 @@ namespace kel_colonne {
 void leggi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size_t numero, const s_kel_colonna& colonna,
                      std::size_t primo) noexcept;
 
-// Its texts.
-void scrivi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size_t numero,
-                      const s_kel_colonna& colonna, std::size_t primo) noexcept;
+// Texts.
+void scrivi_uno_a_uno(s_kel_converter& conv, const BloccoTesti& blocco) noexcept;
 
 }  // namespace kel_colonne
 
