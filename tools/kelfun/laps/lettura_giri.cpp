@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "captures/file_canali.h"
-#include "captures/lettore_soluzioni.h"
 #include "io/ingresso.h"
-#include "laps/passaggi.h"
-#include "laps/raccolta.h"
-#include "laps/ricerca_linea.h"
+#include "registrazioni/gps/lettore_soluzioni.h"
+#include "registrazioni/laps/passaggi.h"
+#include "registrazioni/laps/raccolta.h"
+#include "registrazioni/laps/ricerca_linea.h"
 #include "text/errori.h"
 #include "text/mostrabile.h"
 #include "text/numeri.h"

@@ -8,10 +8,11 @@
 
 #include "IFunzioni.h"
 #include "captures/file_campioni.h"
-#include "captures/registrazione.h"
-#include "laps/giri.h"
-#include "laps/guida.h"
-#include "laps/linea.h"
+#include "domain/registrazioni.h"
+#include "registrazioni/laps/giri.h"
+#include "registrazioni/laps/guida.h"
+#include "registrazioni/laps/linea.h"
+#include "registrazioni/recordings/canali.h"
 
 namespace kel::strumento {
 
