@@ -38,6 +38,9 @@ bool LettoreUbx::leggi() {
         inizio_ = 0;
     }
     const std::size_t letti = fonte_(byte_.data() + fine_, CAPIENZA - fine_);
+    sospeso_ = letti == ANCORA;
+    if (sospeso_)
+        return false;
     finito_ = letti == 0;
     conteggi_.byte += letti;
     for (std::size_t i = fine_; i < fine_ + letti; ++i) {
@@ -65,23 +68,32 @@ bool LettoreUbx::checksumGiusto(std::size_t lunghezza) const {
 }
 
 bool LettoreUbx::prossimo(MessaggioUbx& messaggio) {
+    sospeso_ = false;
     std::uint64_t troncati_da = 0;  // length of the stream from the first message that its end cut off
     for (;;) {
         // To the next sync byte.
-        if (inizio_ == fine_ && !leggi())
+        if (inizio_ == fine_ && !leggi()) {
+            if (sospeso_)
+                return false;
             break;
+        }
         const auto* da = byte_.data() + inizio_;
         const auto* sync = std::find(da, static_cast<const std::uint8_t*>(byte_.data() + fine_), SYNC_1);
         scarta(static_cast<std::size_t>(sync - da));
         if (inizio_ == fine_)
             continue;
         const bool testata = assicura(TESTATA);
+        if (sospeso_)
+            return false;
         if (fine_ - inizio_ >= 2 && byte_[inizio_ + 1] != SYNC_2) {
             scarta(1);
             continue;
         }
         const std::size_t lunghezza = testata ? byte_[inizio_ + 4] + 256u * byte_[inizio_ + 5] : 0;
-        if (!testata || !assicura(TESTATA + lunghezza + CODA)) {
+        const bool intero = testata && assicura(TESTATA + lunghezza + CODA);
+        if (sospeso_)
+            return false;
+        if (!intero) {
             // Cut off by the end; but a good message may yet stand in what looked like its payload.
             troncati_da = std::max<std::uint64_t>(troncati_da, fine_ - inizio_);
             scarta(1);
@@ -96,6 +108,7 @@ bool LettoreUbx::prossimo(MessaggioUbx& messaggio) {
         messaggio.classe = byte_[inizio_ + 2];
         messaggio.id = byte_[inizio_ + 3];
         messaggio.dati.assign(dati, dati + lunghezza);
+        posto_ = conteggi_.byte - (fine_ - inizio_) + TESTATA;
         inizio_ += TESTATA + lunghezza + CODA;
         ++conteggi_.messaggi;
         conteggi_.byte_messaggi += TESTATA + lunghezza + CODA;

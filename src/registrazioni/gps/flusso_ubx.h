@@ -33,13 +33,20 @@ struct MessaggioUbx {
 
 class LettoreUbx {
 public:
-    /// Fills a buffer, at most so many bytes, and gives how many; 0 at the end of the stream.
+    /// Fills a buffer, at most so many bytes, and gives how many; 0 at the end of the stream, ANCORA where there is nothing
+    /// now and more may come.
     using Fonte = std::function<std::size_t(std::uint8_t*, std::size_t)>;
+
+    static constexpr std::size_t ANCORA = static_cast<std::size_t>(-1);
 
     explicit LettoreUbx(Fonte fonte);
 
-    /// The next good message; false at the end of the stream.
+    /// The next good message; false at the end of the stream, and where its source has nothing now: asked again, it goes on.
     bool prossimo(MessaggioUbx& messaggio);
+    /// Behind a message: where its payload begins, bytes from the start of the stream.
+    std::uint64_t posto() const { return posto_; }
+    /// Bytes that wait for more, to be a message or none.
+    std::size_t inAttesa() const { return fine_ - inizio_; }
 
     const ConteggiUbx& conteggi() const { return conteggi_; }
 
@@ -51,6 +58,8 @@ private:
 
     Fonte fonte_;
     ConteggiUbx conteggi_;
+    bool sospeso_ = false;  // the source has nothing now
+    std::uint64_t posto_ = 0;
     bool finito_ = false;     // the source has said that it ended
     std::size_t inizio_ = 0;  // first byte not dealt with yet
     std::size_t fine_ = 0;    // one past the last byte read

@@ -30,9 +30,16 @@ class LettoreSoluzioni {
 public:
     explicit LettoreSoluzioni(LettoreUbx::Fonte fonte) : lettore_(std::move(fonte)) {}
 
-    /// The next solution; false at the end of the stream. If both messages describe an epoch (a time of week), the one that
+    /// The next solution; false at the end of the stream, and where nothing more has come yet. If both messages describe an epoch (a time of week), the one that
     /// comes first is taken, so that nothing has to wait.
     bool prossima();
+
+    /// Where its message has its payload, bytes from the start of the stream; and whether it is a NAV-PVT.
+    std::uint64_t posto() const { return lettore_.posto(); }
+    bool daPvt() const { return epoca_da_pvt_; }
+    /// The payload.
+    std::span<const std::uint8_t> payload() const { return messaggio_.dati; }
+    std::size_t inAttesa() const { return lettore_.inAttesa(); }
 
     const Soluzione& soluzione() const { return soluzione_; }
     /// The payload of NAV-SOL that it has, or would have.

@@ -59,6 +59,11 @@ std::string Utc::testo() const {
     return testo.data();
 }
 
+std::int64_t Utc::microsecondi() const {
+    return (INIZIO.time_since_epoch().count() * GIORNO_S + secondiDa(*this)) * 1000000 +
+           std::int64_t{millesimi} * MILLE;
+}
+
 int secondiIntercalari(std::int64_t gps_s) {
     std::size_t quanti = 0;
     while (quanti < std::size(GIORNI_INTERCALARI) && gps_s >= dopo(quanti))

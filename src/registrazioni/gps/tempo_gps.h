@@ -24,6 +24,8 @@ struct Utc {
 
     /// "2024-03-28T17:14:05.250Z": ISO 8601.
     std::string testo() const;
+    /// Microseconds since 1970, leap seconds not counted: one of them is the second behind it.
+    std::int64_t microsecondi() const;
 };
 
 /// The leap seconds between GPS and UTC at a time of GPS, seconds since its beginning. Behind the last one that is known

@@ -12,7 +12,6 @@ namespace kel_registrazioni {
 
 namespace {
 
-constexpr double SETTIMANA_S = 604800;
 constexpr std::size_t PACCHETTO_2G = 28;
 constexpr std::size_t PACCHETTO_1G = 8;
 constexpr double KMH = 3.6;
@@ -52,13 +51,9 @@ std::vector<Giro> conAperti(const std::vector<Giro>& chiusi, const Guida& guida)
 
 }  // namespace
 
-Fix OrologioGps::fix(const Soluzione& soluzione) {
-    const std::uint32_t ms = soluzione.settimana_ms;
-    if (ultimo_ && *ultimo_ > ms && *ultimo_ - ms > SETTIMANA_MS / 2)
-        settimane_ += SETTIMANA_S;
-    ultimo_ = ms;
+Fix fixDi(const Soluzione& soluzione, OrologioGps& orologio) {
     Fix fix;
-    fix.tempo = settimane_ + ms / 1000.0;
+    fix.tempo = orologio.secondi(soluzione.settimana_ms);
     if (!soluzione.luogo || !conAltezza(soluzione.fix))
         return fix;
     fix.valido = true;
@@ -153,7 +148,7 @@ void RaccoltaRecord::aggiungi(std::optional<double> tempo, const std::uint8_t* c
         if (gps_->ultimo != soluzione.settimana_ms) {  // else the logger repeats it
             gps_->ultimo = soluzione.settimana_ms;
             riga.soluzione = static_cast<std::int32_t>(soluzioni_.size());
-            soluzioni_.push_back(gps_->orologio.fix(soluzione));
+            soluzioni_.push_back(fixDi(soluzione, gps_->orologio));
         }
     }
     con_tempo_ = con_tempo_ && tempo.has_value();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "IFunzioni.h"
+#include "gps/orologio_gps.h"
 #include "gps/soluzione.h"
 #include "laps/fix.h"
 #include "laps/giri.h"
@@ -17,16 +18,9 @@
 
 namespace kel_registrazioni {
 
-/// Makes fixes of solutions. Their time goes on counting when a week ends. A fix in the plane is not used: its height is an
-/// old one, and the error of that moves the position by metres.
-class OrologioGps {
-public:
-    Fix fix(const Soluzione& soluzione);
-
-private:
-    std::optional<std::uint32_t> ultimo_;
-    double settimane_ = 0;  // s
-};
+/// The fix of a solution, at a time of the receiver's clock. A fix in the plane is not used: its height is an old one, and
+/// the error of that moves the position by metres.
+Fix fixDi(const Soluzione& soluzione, OrologioGps& orologio);
 
 /// The records of a recording, one after the other.
 class RaccoltaRecord {

@@ -110,7 +110,7 @@ Lettura leggiCattura(const std::string& file, const ScelteGiri& scelte) {
     OrologioGps orologio;
     std::vector<Fix> fix;
     while (lettore.prossima())
-        fix.push_back(orologio.fix(lettore.soluzione()));
+        fix.push_back(fixDi(lettore.soluzione(), orologio));
     if (fix.empty()) {
         const std::string messaggi = elencoMessaggi(lettore.conteggi());
         throw NonTrovato("there is no NAV-SOL and no NAV-PVT message in it" +
