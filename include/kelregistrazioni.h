@@ -192,6 +192,101 @@ KEL_API int kelRegLeggi(s_kel_registrazione* reg, uint64_t da, size_t quante, co
 
 /// @}
 
+/// @name Laps
+/// The laps of a recording, as its logger has timed them or by its GPS packets, or of a u-blox stream by GPS.
+/// @{
+
+/// Laps that are put together.
+typedef struct s_kel_giri s_kel_giri;
+
+/// A line across the track that is passed in one direction.
+typedef struct s_kel_linea {
+    double latitudine;  ///< of its middle, degrees, WGS 84
+    double longitudine;
+    double rotta;      ///< in which it is passed, degrees from north, clockwise
+    double larghezza;  ///< from end to end, m; 0: 30
+} s_kel_linea;
+
+/// The end of a sector.
+typedef struct s_kel_intermedio {
+    double metri;  ///< behind the finish line; 0: at the line
+    s_kel_linea linea;
+} s_kel_intermedio;
+
+/// Whose laps.
+typedef enum eKelFonteGiri KEL_ENUM {
+    KEL_GIRI_QUALUNQUE = 0,  ///< the logger's, if it has any and no line is given; else by GPS
+    KEL_GIRI_REGISTRATORE = 1,
+    KEL_GIRI_GPS = 2
+} eKelFonteGiri;
+
+/// How laps are looked for. All zero is the choice of whoever chooses nothing.
+typedef struct s_kel_scelte_giri {
+    eKelFonteGiri fonte;
+    unsigned num_intermedi;
+    const s_kel_linea* linea;  ///< the finish line; null: the place that is passed most often at speed
+    const s_kel_intermedio* intermedi;
+    double minimo;  ///< shortest lap by GPS, s, 1 to 3600; 0: 10
+} s_kel_scelte_giri;
+
+/// What a lap is; only those of the first kind count for the best.
+typedef enum eKelStatoGiro KEL_ENUM {
+    KEL_GIRO_BUONO = 0,
+    KEL_GIRO_USCITA = 1,      ///< the way out, or a lap that began from standing on the line
+    KEL_GIRO_RIENTRO = 2,     ///< the way in, or a lap that ended by standing on the line
+    KEL_GIRO_SENZA_FIX = 3,   ///< the fix was lost for longer than the receiver's pace explains
+    KEL_GIRO_CONTROMANO = 4,  ///< the line was passed the wrong way
+    KEL_GIRO_FERMO = 5        ///< stood for some seconds
+} eKelStatoGiro;
+
+/// A lap. A number that is not known is a NaN.
+typedef struct s_kel_giro {
+    int32_t numero;
+    uint32_t sessione;  ///< from 0; a new one begins where time runs backwards, or on by more than ten minutes
+    eKelStatoGiro stato;
+    int32_t migliore;  ///< 1 for the best lap
+    int32_t ms;        ///< the lap time; -1 for a lap that is not closed
+    uint32_t num_settori;
+    const int32_t* settori;  ///< ms, in the order in which they are driven; -1 where not known. Stay until the next
+                             ///< `kelGiriCalcola`
+    double inizio;           ///< s, from the start of its session
+    double distacco;         ///< s, to the best lap, of laps that count
+    double massima;          ///< speed, m/s
+    double minima;
+    double metri;
+    uint64_t campioni;  ///< rows
+} s_kel_giro;
+
+/// Begins to put the laps of a recording together; null: see `errore`. To be closed with `kelGiriChiudi`, before or behind
+/// the recording.
+/// @since 0.1.0
+KEL_API s_kel_giri* kelGiriApri(const s_kel_registrazione* reg, s_kel_errore* errore) KEL_NOEXCEPT;
+/// Null is let through.
+/// @since 0.1.0
+KEL_API void kelGiriChiudi(s_kel_giri* giri) KEL_NOEXCEPT;
+
+/// Takes the rows at hand that it has not taken yet: once of bytes in memory, behind each piece of a stream.
+/// @return  1; 0 where rows before them were missed, or memory ran out.
+/// @since 0.1.0
+KEL_API int kelGiriAggiungi(s_kel_giri* giri, s_kel_errore* errore) KEL_NOEXCEPT;
+
+/// Finds the laps of the rows taken so far; may be called again with another choice.
+/// @param scelte  null: all zero.
+/// @return        1; 0 where no lap is closed: `errore` says why.
+/// @since 0.1.0
+KEL_API int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_errore* errore) KEL_NOEXCEPT;
+
+/// What there is to say of them, in lines: where the laps are from, which line was found.
+/// @since 0.1.0
+KEL_API const char* kelGiriDetto(const s_kel_giri* giri) KEL_NOEXCEPT;
+
+/// The laps, and what each was: 1, or 0 where there is no such lap.
+/// @since 0.1.0
+KEL_API unsigned kelGiriNumero(const s_kel_giri* giri) KEL_NOEXCEPT;
+KEL_API int kelGiriGiro(const s_kel_giri* giri, unsigned quale, s_kel_giro* giro) KEL_NOEXCEPT;
+
+/// @}
+
 /* The Arrow C data interface, as its page asks for it: https://arrow.apache.org/docs/format/CDataInterface.html */
 #ifndef ARROW_C_DATA_INTERFACE
 #define ARROW_C_DATA_INTERFACE

@@ -11,6 +11,12 @@ std::string conDecimali(double valore, int decimali) {
     return {testo, fine.ptr};
 }
 
+std::string breve(double valore) {
+    char testo[352];
+    const auto fine = std::to_chars(std::begin(testo), std::end(testo), valore, std::chars_format::fixed);
+    return {testo, fine.ptr};
+}
+
 std::string dueCifre(std::uint8_t valore) {
     constexpr const char* CIFRE = "0123456789ABCDEF";
     return {CIFRE[valore / 16], CIFRE[valore % 16]};

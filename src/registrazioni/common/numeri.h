@@ -10,6 +10,9 @@ namespace kel_registrazioni {
 /// With exactly so many digits after the point, 0 to 30.
 std::string conDecimali(double valore, int decimali);
 
+/// The shortest text that reads back as the same number, with a point and no exponent: "350", "12.5".
+std::string breve(double valore);
+
 /// Two hexadecimal digits in capitals, as the receivers' manuals write classes and ids.
 std::string dueCifre(std::uint8_t valore);
 

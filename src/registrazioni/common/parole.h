@@ -5,8 +5,11 @@
 namespace kel_registrazioni {
 
 struct Parole {
-    const char* orario = "orario";      ///< the framing
-    const char* compatta = "compatta";  ///< samples one behind the other
+    const char* orario = "orario";         ///< the framing
+    const char* compatta = "compatta";     ///< samples one behind the other
+    const char* linea = "linea";           ///< the finish line
+    const char* minimo = "minimo";         ///< the shortest lap
+    const char* intermedio = "intermedi";  ///< the end of a sector
 };
 
 }  // namespace kel_registrazioni

@@ -26,6 +26,12 @@ std::string_view senzaBordi(std::string_view testo) {
 
 }  // namespace
 
+bool valida(const Linea& linea) {
+    constexpr double LARGHEZZA_MASSIMA = 1000;
+    return std::fabs(linea.latitudine) <= 90 && std::fabs(linea.longitudine) <= 180 && std::fabs(linea.rotta) <= 360 &&
+           linea.larghezza > 0 && linea.larghezza <= LARGHEZZA_MASSIMA;
+}
+
 std::optional<Linea> leggiLinea(std::string_view testo) {
     std::vector<double> numeri;
     for (std::size_t fine = 0; fine != std::string_view::npos && numeri.size() <= 4;) {
@@ -39,11 +45,7 @@ std::optional<Linea> leggiLinea(std::string_view testo) {
     if (numeri.size() < 3 || numeri.size() > 4)
         return std::nullopt;
     Linea linea{numeri[0], numeri[1], numeri[2], numeri.size() > 3 ? numeri[3] : Linea::LARGHEZZA};
-    constexpr double LARGHEZZA_MASSIMA = 1000;
-    if (std::fabs(linea.latitudine) > 90 || std::fabs(linea.longitudine) > 180 || std::fabs(linea.rotta) > 360 ||
-        !(linea.larghezza > 0) || linea.larghezza > LARGHEZZA_MASSIMA)
-        return std::nullopt;
-    return linea;
+    return valida(linea) ? std::optional(linea) : std::nullopt;
 }
 
 std::string testo(const Linea& linea) {

@@ -17,6 +17,9 @@ struct Linea {
     double larghezza = LARGHEZZA;  ///< from end to end, m
 };
 
+/// Whether its numbers are a place, a direction and a width of up to 1000 m.
+bool valida(const Linea& linea);
+
 /// "LAT,LON,HEADING" or "LAT,LON,HEADING,WIDTH"; nothing for any other text.
 std::optional<Linea> leggiLinea(std::string_view testo);
 

@@ -110,6 +110,7 @@ private:
     std::size_t offset_ = 0;
 };
 
+Registrazione apri(const Byte& canali, Byte&& campioni, s_kel_apertura apertura = {}) = delete;  // they must stay
 inline Registrazione apri(const Byte& canali, const Byte& campioni, s_kel_apertura apertura = {}) {
     s_kel_errore errore{};
     return Registrazione(

@@ -61,7 +61,8 @@ Righe leggi(s_kel_registrazione* reg, unsigned colonna, std::uint64_t da, std::s
 
 TEST(Recordings, HaveAColumnForEachChannelAndSubfield) {
     const Kart kart;
-    const Registrazione reg = apri(kart.canali(), kart.campioni(RECORD));
+    const Byte campioni = kart.campioni(RECORD);
+    const Registrazione reg = apri(kart.canali(), campioni);
     ASSERT_TRUE(reg);
     EXPECT_EQ(kelRegRighe(reg.get()), RECORD);
     EXPECT_EQ(kelRegOrario(reg.get()), KEL_ORARIO_U32MS);
@@ -107,7 +108,8 @@ TEST(Recordings, GiveWhatOneCallASampleGives) {
 
 TEST(Recordings, ShowAGpsPacketInWgs84) {
     const Kart kart;
-    const Registrazione reg = apri(kart.canali(), kart.campioni(RECORD));
+    const Byte campioni = kart.campioni(RECORD);
+    const Registrazione reg = apri(kart.canali(), campioni);
     const Righe latitudini = leggi(reg.get(), colonna(reg.get(), "Latitude"), 0, 10);
     const Righe fix = leggi(reg.get(), colonna(reg.get(), "GPS Fix"), 0, 10);
     const Righe utc = leggi(reg.get(), colonna(reg.get(), "UTC"), 0, 10);
@@ -124,7 +126,8 @@ TEST(Recordings, ShowAGpsPacketInWgs84) {
 
 TEST(Recordings, ReadRangesAndOtherUnits) {
     const Kart kart;
-    const Registrazione reg = apri(kart.canali(), kart.campioni(RECORD));
+    const Byte campioni = kart.campioni(RECORD);
+    const Registrazione reg = apri(kart.canali(), campioni);
     const Righe tutte = leggi(reg.get(), 0, 0, RECORD);
     const Righe meta = leggi(reg.get(), 0, 100, 50);
     EXPECT_TRUE(std::equal(meta.valori.begin(), meta.valori.end(), tutte.valori.begin() + 100));
@@ -144,7 +147,8 @@ TEST(Recordings, ReadRangesAndOtherUnits) {
 
 TEST(Recordings, KnowTheirTimesAlsoWhereTheCounterBeginsAnew) {
     const Kart kart;
-    const Registrazione reg = apri(kart.canali(), kart.campioni(RECORD, 0xFFFFFFFF - 4000));
+    const Byte campioni = kart.campioni(RECORD, 0xFFFFFFFF - 4000);
+    const Registrazione reg = apri(kart.canali(), campioni);
     std::vector<double> tempi(RECORD);
     ASSERT_EQ(kelRegTempi(reg.get(), 0, RECORD, tempi.data()), 1);
     for (std::size_t i = 0; i < RECORD; ++i)

@@ -9,7 +9,7 @@ namespace kel::strumento {
 using namespace kel_registrazioni;
 
 /// What its messages call the choices of the command line.
-inline constexpr Parole PAROLE{"--time", "--packed"};
+inline constexpr Parole PAROLE{"--time", "--packed", "--line", "--min-lap", "--split"};
 
 }  // namespace kel::strumento
 
