@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
     righe_elenchi();
     righe_ricerche();
     righe_campioni();
+    righe_colonne();
 
     benchmark::AddCustomContext("missing_peers", KEL_PARI_MANCANTI);
     benchmark::Initialize(&argc, argv);

@@ -16,5 +16,6 @@ void righe_canali();
 void righe_elenchi();
 void righe_ricerche();
 void righe_campioni();
+void righe_colonne();
 
 #endif

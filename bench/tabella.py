@@ -55,7 +55,7 @@ def esito(ruoli, contro, massimo, motivo):
 
 
 def numero(valore):
-    return f"{valore:.1f}" if valore < 1000 else f"{valore:.0f}"
+    return f"{valore:.2f}" if valore < 1 else f"{valore:.1f}" if valore < 1000 else f"{valore:.0f}"
 
 
 def righe_tabella(serie, obiettivi):

@@ -7,6 +7,22 @@ set(CMAKE_REQUIRED_LINK_OPTIONS LINKER:-z,pack-relative-relocs)
 check_cxx_source_compiles("int main() {}" KEL_LINKER_RELR FAIL_REGEX "pack-relative-relocs ignored")
 unset(CMAKE_REQUIRED_LINK_OPTIONS)
 
+# How sources of a library are compiled.
+function(kel_compila libreria)
+  target_link_libraries(${libreria} PRIVATE $<BUILD_INTERFACE:kel_opzioni>)
+  # Nobody looks at errno: a square root is one instruction, and not also a call.
+  target_compile_options(${libreria} PRIVATE -fno-math-errno)
+  if(NOT KEL_CONDIVISA)
+    # A program's linker may leave out what it does not use (--gc-sections).
+    target_compile_options(${libreria} PRIVATE -ffunction-sections -fdata-sections)
+  endif()
+  set_target_properties(${libreria} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON
+    CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
+
 # kel_libreria(TARGET MAP): shared or static; `MAP` is the list of what the shared one exports.
 function(kel_libreria libreria mappa)
   if(KEL_CONDIVISA)
@@ -17,21 +33,11 @@ function(kel_libreria libreria mappa)
   add_library(kelfunzioni::${libreria} ALIAS ${libreria})
   target_include_directories(${libreria} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_compile_features(${libreria} PUBLIC cxx_std_11)
-  target_link_libraries(${libreria} PRIVATE $<BUILD_INTERFACE:kel_opzioni>)
-  # Nobody looks at errno: a square root is one instruction, and not also a call.
-  target_compile_options(${libreria} PRIVATE -fno-math-errno)
+  kel_compila(${libreria})
   target_link_libraries(${libreria} PRIVATE m)
-  if(NOT KEL_CONDIVISA)
-    # A program's linker may leave out what it does not use (--gc-sections).
-    target_compile_options(${libreria} PRIVATE -ffunction-sections -fdata-sections)
-  endif()
   set_target_properties(${libreria} PROPERTIES
     VERSION ${PROJECT_VERSION}
     SOVERSION 0
-    POSITION_INDEPENDENT_CODE ON
-    CXX_EXTENSIONS OFF
-    CXX_VISIBILITY_PRESET hidden
-    VISIBILITY_INLINES_HIDDEN ON
     LINK_DEPENDS ${mappa})
   target_link_options(${libreria} PRIVATE
     LINKER:--version-script=${mappa}

@@ -14,16 +14,30 @@ import subprocess
 import sys
 
 QUI = pathlib.Path(__file__).resolve().parent
-SYMBOLS = QUI / "exported-symbols.txt"
 VTABLES = QUI / "vtables.txt"
 
-SONAME = "libkelfunzioni.so.0"
 # ld-linux is the loader itself, which the linker names on some targets.
-NEEDED = re.compile(r"lib(stdc\+\+\.so\.6|m\.so\.6|gcc_s\.so\.1|c\.so\.6)|ld-linux[-a-z0-9_]*\.so\.[0-9]")
+SYSTEM = re.compile(r"lib(stdc\+\+\.so\.6|m\.so\.6|gcc_s\.so\.1|c\.so\.6)|ld-linux[-a-z0-9_]*\.so\.[0-9]")
 # Newest versions that may be asked for: gcc 5, whose string type the interfaces have, and the first C library for arm64.
 # A library built here without packed addresses thus loads on any system of the last ten years.
 NEWEST = {"GLIBC": (2, 17), "GLIBCXX": (3, 4, 21), "CXXABI": (1, 3, 9), "GCC": (5, 0, 0)}
-CLASSES = ("IFunzioni", "CFunzioni", "IConverter", "CConverter")
+
+
+class Promise:
+    """What one library promises: its soname, what it needs, how new a system it asks for, its list of exports."""
+
+    def __init__(self, soname, symbols, uses, newest, classes=()):
+        self.soname, self.uses, self.newest, self.classes = soname, uses, newest, classes
+        self.symbols = QUI / symbols
+
+
+PROMISES = {
+    "libkelfunzioni": Promise("libkelfunzioni.so.0", "exported-symbols.txt", ("libstdc++.so.6", "libc.so.6"), NEWEST,
+                              ("IFunzioni", "CFunzioni", "IConverter", "CConverter")),
+    # The C library that tells which instructions a PC's processor has.
+    "libkelregistrazioni": Promise("libkelregistrazioni.so.0", "exported-symbols-registrazioni.txt",
+                                   ("libkelfunzioni.so.0", "libc.so.6"), dict(NEWEST, GLIBC=(2, 33))),
+}
 
 
 def readelf(*arguments):
@@ -34,6 +48,7 @@ def readelf(*arguments):
 class Library:
     def __init__(self, path):
         self.path = str(path)
+        self.promise = PROMISES[pathlib.Path(path).name.split(".")[0]]
         self.bytes = pathlib.Path(path).read_bytes()
         assert self.bytes[:4] == b"\x7fELF", f"{path} is no ELF file"
         self.word = 8 if self.bytes[4] == 2 else 4
@@ -76,10 +91,10 @@ def read_list(path):
     return [line for line in path.read_text().splitlines() if line and not line.startswith("#")]
 
 
-def stored_symbols():
+def stored_symbols(lib):
     """Name -> (kind, size with 32-bit pointers, size with 64-bit pointers); None = not kept."""
     rows = {}
-    for line in read_list(SYMBOLS):
+    for line in read_list(lib.promise.symbols):
         kind, *sizes, name = line.split()
         rows[name] = (kind, {word: None if text == "-" else int(text) for word, text in zip((4, 8), sizes)})
     return rows
@@ -91,9 +106,9 @@ def library_symbols(lib):
 
 
 def check_symbols(lib):
-    wanted, found = stored_symbols(), library_symbols(lib)
+    wanted, found = stored_symbols(lib), library_symbols(lib)
     if list(wanted) != sorted(wanted):
-        yield f"{SYMBOLS.name} is not sorted"
+        yield f"{lib.promise.symbols.name} is not sorted"
     for name in sorted(wanted.keys() | found.keys()):
         if name not in found:
             yield f"no longer exported: {name}"
@@ -115,7 +130,7 @@ def library_vtables(lib):
     for name, (kind, address, _, _, _) in sorted(lib.exported.items()):
         if kind == "FUNC":
             functions.setdefault(address, name)
-    for name in CLASSES:
+    for name in lib.promise.classes:
         _, address, size, _, _ = lib.exported[f"_ZTV{len(name)}{name}"]
         # Before the slots: the offset to the whole object and the type information.
         for slot, at in enumerate(range(address + 2 * lib.word, address + size, lib.word)):
@@ -139,9 +154,9 @@ def check_vtables(lib):
 def check_needed(lib):
     needed = re.findall(r"\(NEEDED\).*\[(.*)\]", lib.dynamic)
     for name in needed:
-        if not NEEDED.fullmatch(name):
+        if not SYSTEM.fullmatch(name) and name not in lib.promise.uses:
             yield f"needs {name}"
-    for name in ("libstdc++.so.6", "libc.so.6"):
+    for name in lib.promise.uses:
         if name not in needed:
             yield f"does not name {name}, which it uses"
 
@@ -152,16 +167,17 @@ def check_versions(lib):
         yield "asks for no version at all: this check has lost its footing"
     for family, text in sorted(asked):
         version = tuple(int(part) for part in text.split("."))
-        if family not in NEWEST:
+        newest = lib.promise.newest
+        if family not in newest:
             yield f"asks for {family}_{text}: a family that nobody has thought about"
-        elif version > NEWEST[family]:
-            yield f"asks for {family}_{text}, newer than {'.'.join(map(str, NEWEST[family]))}"
+        elif version > newest[family]:
+            yield f"asks for {family}_{text}, newer than {'.'.join(map(str, newest[family]))}"
 
 
 def check_soname(lib):
     found = re.findall(r"\(SONAME\).*\[(.*)\]", lib.dynamic)
-    if found != [SONAME]:
-        yield f"soname is {found}, not {SONAME}"
+    if found != [lib.promise.soname]:
+        yield f"soname is {found}, not {lib.promise.soname}"
 
 
 def check_initialisers(lib):
@@ -208,7 +224,7 @@ def check_writable(lib):
 
 
 def refresh(lib):
-    old = stored_symbols() if SYMBOLS.exists() else {}
+    old = stored_symbols(lib) if lib.promise.symbols.exists() else {}
     rows = {}
     for name, (kind, size) in library_symbols(lib).items():
         sizes = dict(old[name][1]) if name in old and old[name][0] == kind else {4: None, 8: None}
@@ -218,10 +234,11 @@ def refresh(lib):
              "# Written by tests/abi/library.py refresh LIBRARY."]
     for name, (kind, s) in sorted(rows.items()):
         lines.append(f"{kind:6} {'-' if s[4] is None else s[4]:>5} {'-' if s[8] is None else s[8]:>5}  {name}")
-    SYMBOLS.write_text("\n".join(lines) + "\n")
+    lib.promise.symbols.write_text("\n".join(lines) + "\n")
     lines = ["# Slots of the virtual tables, which client programs are compiled against.",
              "# Written by tests/abi/library.py refresh LIBRARY."]
-    VTABLES.write_text("\n".join(lines + list(library_vtables(lib))) + "\n")
+    if lib.promise.classes:
+        VTABLES.write_text("\n".join(lines + list(library_vtables(lib))) + "\n")
 
 
 CHECKS = {name[6:]: function for name, function in globals().items() if name.startswith("check_")}
