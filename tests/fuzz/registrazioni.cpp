@@ -91,6 +91,28 @@ void consuma(s_kel_registrazione* reg, bool testi, bool tutto) {
     flusso.release(&flusso);
 }
 
+// Laps of any rows are found, or it is said why not.
+void giri(const s_kel_registrazione* reg, std::size_t fonte) {
+    s_kel_errore errore{};
+    s_kel_giri* tutti = kelGiriApri(reg, &errore);
+    pretendi(tutti != nullptr && kelGiriAggiungi(tutti, &errore) == 1, "rows at hand can be taken");
+    s_kel_scelte_giri scelte{};
+    const s_kel_linea linea{45, 10, 90, 0};
+    const s_kel_intermedio intermedi[] = {{350, {}}, {0, linea}};
+    scelte.fonte = static_cast<eKelFonteGiri>(fonte % 3);
+    scelte.linea = fonte >= 3 ? &linea : nullptr;
+    scelte.intermedi = intermedi;
+    scelte.num_intermedi = static_cast<unsigned>(fonte % 3);
+    const bool trovati = kelGiriCalcola(tutti, &scelte, &errore) == 1;
+    pretendi(trovati || errore.testo[0] != '\0', "why there is no lap is said");
+    pretendi(trovati == (kelGiriNumero(tutti) != 0), "laps are there where they were found");
+    for (unsigned i = 0; i < kelGiriNumero(tutti); i++) {
+        s_kel_giro giro{};
+        pretendi(kelGiriGiro(tutti, i, &giro) == 1 && giro.stato <= KEL_GIRO_FERMO, "every lap can be read");
+    }
+    kelGiriChiudi(tutti);
+}
+
 // The rows of a stream that comes in pieces; nothing where it was refused.
 std::uint64_t aPezzi(s_kel_registrazione* reg, Byte byte, std::size_t pezzo, bool& rifiutata) {
     std::uint64_t righe = 0;
@@ -123,6 +145,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
         pretendi(intero != nullptr, "any stream is a table");
         leggi(intero.get());
         consuma(intero.get(), modo == 1, modo != 2);
+        giri(intero.get(), pezzo % 6);
         bool rifiutata = false;
         const Registrazione pezzi(kelRegApriUbx(nullptr, 0, nullptr));
         pretendi(aPezzi(pezzi.get(), flusso, pezzo, rifiutata) == kelRegRighe(intero.get()) && !rifiutata,
@@ -150,6 +173,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
         kelRegUnita(intera.get(), 0, udm.c_str());
         leggi(intera.get());
         consuma(intera.get(), modo == 3, modo != 4);
+        giri(intera.get(), pezzo % 6);
     }
     if (!pezzi)
         return 0;

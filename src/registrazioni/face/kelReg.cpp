@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "common/errore.h"
 #include "face/chiamata.h"
@@ -44,6 +45,8 @@ void kelRegChiudi(s_kel_registrazione* reg) noexcept {
 
 int kelRegSpingi(s_kel_registrazione* reg, const void* byte, size_t quanti, s_kel_errore* errore) noexcept {
     return chiama(errore, 0, [&] {
+        if (byte == nullptr && quanti != 0)
+            throw kel_registrazioni::Errore("there are no bytes where " + std::to_string(quanti) + " are announced");
         if (quanti == 0)
             reg->tabella->fine();
         else
