@@ -141,7 +141,7 @@ void valori(const Formato& formato, const char* dove, std::size_t numero, std::s
     const std::size_t byte = kelFunGetSamplSize(formato.tipo);
     const bool densi = passo == 0;
     passo = densi ? byte : passo;
-    const std::string riga = std::string("column of ") + formato.nome + (densi ? "" : ", apart") + ", " + dove;
+    const std::string riga = std::string("column of ") + formato.nome + ", " + (densi ? dove : "apart");
     serie_di(riga, Ruolo::nostro, "kelColLeggi", numero,
              [numero, passo, conv = convertitore_di(formato.tipo)]() mutable {
                  Banco& qui = banco(numero);

@@ -99,6 +99,12 @@ def statica(prova):
                  *[opzione for opzione in opzioni if opzione != "-lstdc++"], "-o", programma)
     print("c99, no C++ library:", prova.esegui(programma).strip())
 
+    # The second library, which brings the first.
+    colonne = prova.esegui(prova.argomenti.pkg_config, "--static", "--cflags", "--libs", "kelregistrazioni", env=ambiente).split()
+    programma = prova.cartella / "colonne"
+    prova.esegui(prova.argomenti.cc, "-std=c99", "-pedantic-errors", QUI / "colonne.c", *colonne, "-o", programma)
+    print("columns:", prova.esegui(programma).strip())
+
     # What a binding is: a module with the library in it.
     modulo = prova.cartella / "modulo.so"
     prova.esegui(prova.argomenti.cc, "-std=c99", "-shared", "-fPIC", QUI / "modulo.c", *opzioni, "-Wl,--exclude-libs,ALL",

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs what the documents show, and compares what comes out with what they show.
 
-    esempi.py --include DIR --lib DIR --registrazioni DIR --kelfun FILE --kelsim FILE --esempi DIR --cc CC --cxx CXX [--write] DOCUMENT...
+    esempi.py --include DIR --lib DIR[:DIR] --kelfun FILE --kelsim FILE --esempi DIR --cc CC --cxx CXX [--write] DOCUMENT...
 
 A block of C, C++ or Python is a whole program; the text block that follows it is its output. In a console block every
 line that begins with "$ " is a command, and what follows is its output; a line "..." there stands for any lines left
@@ -30,7 +30,7 @@ class Failed(Exception):
 
 
 def run(command, options, folder, shell=False):
-    environment = dict(os.environ, LC_ALL="C.UTF-8", LD_LIBRARY_PATH=os.pathsep.join([options.lib, options.registrazioni]), NO_COLOR="1")
+    environment = dict(os.environ, LC_ALL="C.UTF-8", LD_LIBRARY_PATH=options.lib, NO_COLOR="1")
     environment["PATH"] = os.pathsep.join([str(Path(options.kelfun).parent), str(Path(options.kelsim).parent),
                                            options.esempi, environment["PATH"]])
     done = subprocess.run(command, cwd=folder, env=environment, shell=shell, text=True, stdin=subprocess.DEVNULL,
@@ -47,11 +47,9 @@ def program(language, text, options, folder):
     source = Path(folder) / ("esempio.c" if language == "c" else "esempio.cpp")
     source.write_text(text)
     compiler = [options.cc, "-std=c99"] if language == "c" else [options.cxx, "-std=c++11"]
-    second = []
-    if "kelregistrazioni.h" in source.read_text():
-        second = [f"-L{options.registrazioni}", "-lkelregistrazioni"]
     run([*compiler, "-Wall", "-Wextra", "-pedantic-errors", "-Werror", f"-I{options.include}", str(source),
-         "-o", "esempio", *second, f"-L{options.lib}", "-lkelfunzioni", "-lm"], options, folder)
+         "-o", "esempio", *(f"-L{place}" for place in options.lib.split(os.pathsep)),
+         *(["-lkelregistrazioni"] if "<kelregistrazioni.h>" in text else []), "-lkelfunzioni", "-lm"], options, folder)
     return run(["./esempio"], options, folder)
 
 
@@ -129,12 +127,12 @@ def check(document, options):
 
 def main():
     parser = argparse.ArgumentParser()
-    for name in ("include", "lib", "registrazioni", "kelfun", "kelsim", "esempi", "cc", "cxx"):
+    for name in ("include", "lib", "kelfun", "kelsim", "esempi", "cc", "cxx"):
         parser.add_argument(f"--{name}", required=True)
     parser.add_argument("--write", action="store_true")
     parser.add_argument("document", nargs="+", type=Path)
     options = parser.parse_args()
-    for name in ("include", "lib", "registrazioni", "kelfun", "kelsim", "esempi"):  # the examples run in folders of their own
+    for name in ("include", "lib", "kelfun", "kelsim", "esempi"):  # the examples run in folders of their own
         setattr(options, name, os.path.abspath(getattr(options, name)))
     sys.exit(0 if all([check(document, options) for document in options.document]) else 1)
 

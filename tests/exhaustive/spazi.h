@@ -18,6 +18,7 @@ std::vector<Spazio> spaziBit();
 std::vector<Spazio> spaziNumeri();
 std::vector<Spazio> spaziTempi();
 std::vector<Spazio> spaziCampioni();
+std::vector<Spazio> spaziColonne();
 
 }  // namespace esaustivo
 

@@ -37,8 +37,9 @@ std::string Conta::esatto(float numero) {
 
 std::vector<Spazio> tuttiGliSpazi() {
     std::vector<Spazio> tutti;
-    for (const auto& famiglia : {spaziTabelle, spaziIdentificatori, spaziUnita, spaziCanali, spaziMezzi, spaziTesti,
-                                 spaziPacchetti, spaziImpostazioni, spaziBit, spaziNumeri, spaziTempi, spaziCampioni})
+    for (const auto& famiglia :
+         {spaziTabelle, spaziIdentificatori, spaziUnita, spaziCanali, spaziMezzi, spaziTesti, spaziPacchetti,
+          spaziImpostazioni, spaziBit, spaziNumeri, spaziTempi, spaziCampioni, spaziColonne})
         for (Spazio& spazio : famiglia())
             tutti.push_back(std::move(spazio));
     return tutti;

@@ -85,15 +85,22 @@ void leggi_blocco(const Nuclei& nuclei, const Piano& piano, const unsigned char*
     }
 
     float* const valori = colonna.valori != nullptr && !oltre_cache ? colonna.valori + primo : banco.valori;
-    if (colonna.valori != nullptr || in_numeri)
-        nucleo.valori(densi, passo, numero, piano.conversione, valori);
+    bool buoni = nucleo.stati == nullptr;
+    bool controllati = buoni;
+    if (colonna.valori != nullptr || in_numeri) {
+        buoni = nucleo.valori(densi, passo, numero, piano.conversione, valori);
+        controllati = true;
+    }
     if (colonna.valori != nullptr && oltre_cache)
         nuclei.copia_oltre(valori, numero, colonna.valori + primo);
 
     unsigned char* const stati = colonna.stati != nullptr ? colonna.stati + primo : banco.stati;
     const bool stati_chiesti = colonna.stati != nullptr || in_numeri;
     if (stati_chiesti || colonna.validi != nullptr) {
-        if (nucleo.stati == nullptr || nucleo.stati(densi, numero, stati)) {
+        // Where the values have told already that all are good, the statuses are not looked at again.
+        if (!controllati || !buoni)
+            buoni = nucleo.stati(densi, numero, stati);
+        if (buoni) {
             if (stati_chiesti)
                 std::memset(stati, 0, numero);
             if (colonna.validi != nullptr)

@@ -73,8 +73,8 @@ struct Conversione {
     std::uint32_t num_bit;  // at most 8
 };
 
-// Values of at most `campioni_per_blocco` samples.
-using f_valori = void (*)(const unsigned char* campioni, std::size_t passo, std::size_t numero,
+// Values of at most `campioni_per_blocco` samples; true when all of them are good.
+using f_valori = bool (*)(const unsigned char* campioni, std::size_t passo, std::size_t numero,
                           const Conversione& conversione, float* valori);
 // Their status words; true, and nothing written, when all are 0.
 using f_stati = bool (*)(const unsigned char* campioni, std::size_t numero, unsigned char* stati);

@@ -60,6 +60,11 @@ struct Intero {
                                     : T{KEL_STATO_FUORI_SCALA};
         return oltre < 3 ? noto : T{0};
     }
+    // Whether it carries no measurement, told by as little as can be.
+    static bool cattivo(T grezzo) {
+        using Nudo = std::conditional_t<sizeof(T) == 2, std::uint16_t, std::uint32_t>;
+        return sizeof(T) != 1 && static_cast<Nudo>(static_cast<Nudo>(grezzo) - static_cast<Nudo>(0xFFFFCFFDu)) < 3;
+    }
 };
 
 // The one bit above a bit field, moved down to the field's place. The place is below 32 here.
@@ -82,6 +87,7 @@ struct Float {
             modulo == infinito ? std::uint32_t{KEL_STATO_FUORI_SCALA} : std::uint32_t{KEL_STATO_NON_VALIDO};
         return modulo >= infinito ? noto : std::uint32_t{0};
     }
+    static bool cattivo(std::uint32_t grezzo) { return static_cast<std::int32_t>(grezzo & 0x7FFFFFFFu) >= 0x7F800000; }
 };
 
 // 16-bit floats. NaNs go on as values.
@@ -100,6 +106,7 @@ struct Mezzo {
                : grezzo == 0xFC00u ? std::uint16_t{KEL_STATO_MANCANTE}
                                    : std::uint16_t{0};
     }
+    static bool cattivo(std::uint16_t grezzo) { return (grezzo == 0x7C00u) | (grezzo == 0xFC00u); }
 };
 
 // --- Loops over samples that lie side by side --------------------------------------------------------------------------
@@ -111,27 +118,35 @@ inline float reciproca(float x, const Conversione& conversione) {
 }
 
 template <typename Formato>
-void lineari(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione& conversione,
+bool lineari(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione& conversione,
              float* __restrict valori) {
     using Grezzo = typename Formato::Grezzo;
     const Conversione c = conversione;
+    std::uint32_t cattivi = 0;
     for (std::size_t i = 0; i < numero; ++i) {
         const auto grezzo = leggi<Grezzo>(campioni + i * sizeof(Grezzo));
         const float valore = Formato::numero(grezzo, c) * c.gain + c.offset;
-        valori[i] = Formato::stato(grezzo) != 0 ? 0.0f : valore;
+        const std::uint32_t cattivo = Formato::cattivo(grezzo) ? ~std::uint32_t{0} : 0;
+        valori[i] = come_float(__builtin_bit_cast(std::uint32_t, valore) & ~cattivo);
+        cattivi |= cattivo;
     }
+    return cattivi == 0;
 }
 
 template <typename Formato>
-void reciproci(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione& conversione,
+bool reciproci(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione& conversione,
                float* __restrict valori) {
     using Grezzo = typename Formato::Grezzo;
     const Conversione c = conversione;
+    std::uint32_t cattivi = 0;
     for (std::size_t i = 0; i < numero; ++i) {
         const auto grezzo = leggi<Grezzo>(campioni + i * sizeof(Grezzo));
         const float valore = reciproca(Formato::numero(grezzo, c), c);
-        valori[i] = Formato::stato(grezzo) != 0 ? 0.0f : valore;
+        const std::uint32_t cattivo = Formato::cattivo(grezzo) ? ~std::uint32_t{0} : 0;
+        valori[i] = come_float(__builtin_bit_cast(std::uint32_t, valore) & ~cattivo);
+        cattivi |= cattivo;
     }
+    return cattivi == 0;
 }
 
 // Whether all are good, which most are: then the statuses are not worked out one by one.
@@ -140,7 +155,8 @@ bool tutti_buoni(const unsigned char* campioni, std::size_t numero) {
     using Grezzo = typename Formato::Grezzo;
     Grezzo cattivi = 0;
     for (std::size_t i = 0; i < numero; ++i)
-        cattivi = static_cast<Grezzo>(cattivi | Formato::stato(leggi<Grezzo>(campioni + i * sizeof(Grezzo))));
+        cattivi =
+            static_cast<Grezzo>(cattivi | (Formato::cattivo(leggi<Grezzo>(campioni + i * sizeof(Grezzo))) ? 1 : 0));
     return cattivi == 0;
 }
 
@@ -156,30 +172,34 @@ bool stati_di(const unsigned char* campioni, std::size_t numero, unsigned char* 
 
 // 16-bit floats with the processor's own conversion where it has one. It makes a NaN quiet, as the product would.
 template <bool Reciproca>
-void mezzi(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
+bool mezzi(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
            float* __restrict valori) {
+    bool buoni = true;
 #ifdef __F16C__
     const Conversione c = conversione;
     const std::size_t interi = numero / 8 * 8;
     for (std::size_t i = 0; i < interi; i += 8)
         _mm256_storeu_ps(valori + i,
                          _mm256_cvtph_ps(_mm_loadu_si128(reinterpret_cast<const __m128i*>(campioni + 2 * i))));
+    std::uint32_t cattivi = 0;
     for (std::size_t i = 0; i < interi; ++i) {
         const float valore = Reciproca ? reciproca(valori[i], c) : valori[i] * c.gain + c.offset;
-        valori[i] = Mezzo::stato(leggi<std::uint16_t>(campioni + 2 * i)) != 0 ? 0.0f : valore;
+        const std::uint32_t cattivo = Mezzo::cattivo(leggi<std::uint16_t>(campioni + 2 * i)) ? ~std::uint32_t{0} : 0;
+        valori[i] = come_float(__builtin_bit_cast(std::uint32_t, valore) & ~cattivo);
+        cattivi |= cattivo;
     }
+    buoni = cattivi == 0;
     campioni += 2 * interi;
     valori += interi;
     numero -= interi;
 #endif
     if (Reciproca)
-        reciproci<Mezzo>(campioni, passo, numero, conversione, valori);
-    else
-        lineari<Mezzo>(campioni, passo, numero, conversione, valori);
+        return reciproci<Mezzo>(campioni, passo, numero, conversione, valori) && buoni;
+    return lineari<Mezzo>(campioni, passo, numero, conversione, valori) && buoni;
 }
 
 // A gear: no lower than -8, which is also what a reserved pattern shows.
-void marce(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione&,
+bool marce(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione&,
            float* __restrict valori) {
     constexpr std::int16_t minima = -8;
     for (std::size_t i = 0; i < numero; ++i) {
@@ -187,17 +207,20 @@ void marce(const unsigned char* campioni, std::size_t, std::size_t numero, const
         // The reserved patterns are all below -8.
         valori[i] = static_cast<float>(grezzo < minima ? minima : grezzo);
     }
+    return tutti_buoni<Intero<std::int16_t>>(campioni, numero);
 }
 
-void numeri(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione&,
+bool numeri(const unsigned char* campioni, std::size_t, std::size_t numero, const Conversione&,
             float* __restrict valori) {
     for (std::size_t i = 0; i < numero; ++i)
         valori[i] = static_cast<float>(leggi<std::int16_t>(campioni + i * 2));
+    return true;
 }
 
-void zeri(const unsigned char*, std::size_t, std::size_t numero, const Conversione&, float* __restrict valori) {
+bool zeri(const unsigned char*, std::size_t, std::size_t numero, const Conversione&, float* __restrict valori) {
     for (std::size_t i = 0; i < numero; ++i)
         valori[i] = 0.0f;
+    return true;
 }
 
 // A byte's set bits as decimal digits, counted from 1, the highest in the units place.

@@ -79,7 +79,7 @@ void incerti(const Angoli& a, const unsigned char* campioni, std::size_t passo, 
         }
 }
 
-void latitudini(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
+bool latitudini(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
                 float* valori) {
     constexpr double raggio_minimo = 5e8;
     constexpr double z_minimo = 1e4;
@@ -111,9 +111,10 @@ void latitudini(const unsigned char* campioni, std::size_t passo, std::size_t nu
         angoli(a, gruppo, valori + primo);
         incerti(a, campioni, passo, gruppo, conversione, valori + primo);
     }
+    return true;
 }
 
-void longitudini(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
+bool longitudini(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
                  float* valori) {
     Angoli a;
     for (std::size_t primo = 0; primo < numero; primo += gruppo_gps, campioni += gruppo_gps * passo) {
@@ -130,6 +131,7 @@ void longitudini(const unsigned char* campioni, std::size_t passo, std::size_t n
         angoli(a, gruppo, valori + primo);
         incerti(a, campioni, passo, gruppo, conversione, valori + primo);
     }
+    return true;
 }
 
 // The logger's packet and the bare payload: the first has a factor and a condition that the second has not.
@@ -143,7 +145,7 @@ struct NavSol {
 };
 
 template <typename Pacchetto, bool Reciproca>
-void velocita(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
+bool velocita(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
               float* __restrict valori) {
     const Conversione c = conversione;
     float v[3][gruppo_gps];
@@ -164,4 +166,5 @@ void velocita(const unsigned char* campioni, std::size_t passo, std::size_t nume
             valori[primo + i] = utili[i] != 0 ? valore : 0.0f;
         }
     }
+    return true;
 }
