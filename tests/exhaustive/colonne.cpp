@@ -197,9 +197,10 @@ const std::vector<unsigned> kNotevoli = {0x000, 0x3F8, 0x412, 0x42C, 0x447, 0x46
 }  // namespace
 
 std::vector<Spazio> spaziColonne() {
-    return {{"column-words", "all words of 32 bits as columns of values", kParti, 256, parole, kNotevoli},
-            {"column-times", "all words of 32 bits as columns of times and coordinates", kParti, 256, tempi, kNotevoli},
-            {"column-numbers", "all floats as columns of texts in ten looks", kParti, 256, numeri, kNotevoli}};
+    return {
+        {"column-words", "all words of 32 bits as columns of values", kParti, 256, parole, kNotevoli},
+        {"column-times", "all words of 32 bits as columns of times and coordinates", kParti, 1024, tempi, kNotevoli},
+        {"column-numbers", "all floats as columns of texts in ten looks", kParti, 1024, numeri, kNotevoli}};
 }
 
 }  // namespace esaustivo

@@ -61,7 +61,7 @@ int prossimo(ArrowArrayStream* flusso, ArrowArray* uscita) {
             di(&suo.errore, "the rows are at hand no longer: another piece of the stream was pushed");
             return EINVAL;
         }
-        blocco(*suo.tabella, suo.testi, suo.da, quante, *uscita);
+        blocco(*suo.tabella, suo.testi, suo.da, static_cast<std::size_t>(quante), *uscita);
         suo.da += quante;
         suo.resto -= quante;
         return 0;

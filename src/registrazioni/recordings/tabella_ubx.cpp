@@ -49,7 +49,7 @@ TabellaUbx::TabellaUbx(std::optional<Byte> flusso)
 }
 
 Byte TabellaUbx::payload(const Riga& riga) const {
-    return byte_.subspan(riga.posto, riga.pvt ? NAV_PVT_BYTE : NAV_SOL_BYTE);
+    return byte_.subspan(static_cast<std::size_t>(riga.posto), riga.pvt ? NAV_PVT_BYTE : NAV_SOL_BYTE);
 }
 
 // The rows of what the reader has been given.

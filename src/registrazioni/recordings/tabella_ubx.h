@@ -40,7 +40,7 @@ private:
     };
 
     Byte payload(const Riga& riga) const;
-    const Riga& riga(std::uint64_t quale) const { return messaggi_[quale - prima_]; }
+    const Riga& riga(std::uint64_t quale) const { return messaggi_[static_cast<std::size_t>(quale - prima_)]; }
     void raccogli();
 
     std::unique_ptr<IFunzioni> catalogo_;

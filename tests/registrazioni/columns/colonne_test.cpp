@@ -14,6 +14,7 @@
 
 #include "columns/colonne.h"
 #include "columns/nuclei.h"
+#include "columns/riconoscimento.h"
 #include "comune/recinto.h"
 #include "kelregistrazioni.h"
 
@@ -216,7 +217,7 @@ TEST(Columns, AreWhatOneCallASampleGives) {
     for (const Nuclei* nuclei : insiemi()) {
         Caso caso(1);
         std::vector<unsigned char> byte;
-        for (int giro = 0; giro < 4000; ++giro) {
+        for (int giro = 0; giro < 1200; ++giro) {
             s_converter_data dati;
             std::string descrizione;
             const s_kel_converter conv = caso.convertitore(dati, descrizione);
@@ -236,7 +237,7 @@ TEST(Columns, AreWhatOneCallASampleGives) {
 TEST(Columns, OfOneCallAreReadEachAsIfAlone) {
     for (const Nuclei* nuclei : insiemi()) {
         Caso caso(2);
-        for (int giro = 0; giro < 60; ++giro) {
+        for (int giro = 0; giro < 25; ++giro) {
             const std::size_t num_colonne = 1 + caso.sotto(150);
             const std::size_t numero = caso.sotto(1500);
             const std::size_t passo = caso.sotto(400);
@@ -375,18 +376,100 @@ TEST(Columns, AreRightForEverySampleOf16Bits) {
                                     KEL_TIPO_UINT8, KEL_TIPO_UINT8_INTERO, KEL_TIPO_LISTA_BIT})
             for (const s_converter_data& dati : unita)
                 for (unsigned short num_bit = 0; num_bit < 9; num_bit = static_cast<unsigned short>(num_bit + 4u)) {
+                    const bool con_campo =
+                        tipo == KEL_TIPO_UINT16 || tipo == KEL_TIPO_UINT8 || tipo == KEL_TIPO_LISTA_BIT;
+                    if (num_bit != 0 && !con_campo)
+                        continue;
                     s_kel_canale canale = {};
                     canale.tipo_campione = tipo;
                     s_kel_converter conv = {};
                     kelConvInit(&conv, &canale, 0, &dati, 3, num_bit, 1);
                     conv.larghezza = 6;
                     conv.decimali = 2;
+                    const bool con_testi = &dati == &unita[1] && num_bit == 0;
                     const std::size_t byte = kelFunGetSamplSize(tipo);
                     confronta(nuclei, conv, campioni.data(), byte, campioni.size() / byte,
-                              "type " + std::to_string(tipo));
+                              "type " + std::to_string(tipo), con_testi ? unsigned{tutte} : valori | stati | validi);
                     if (HasFatalFailure())
                         return;
                 }
+}
+
+// Positions at which the short way of the angles ends: the centre, the axis, the equator, far too near and as far as numbers go.
+TEST(Columns, AreRightForPositionsOfEveryKind) {
+    constexpr std::array<std::int32_t, 17> numeri = {
+        0,         1,          -1,        9999,       -10000,      10001,       353553390, -353553391, 500000000,
+        637813700, -637813700, 635675231, 2147483647, -2147483647, -2147483648, 100,       -300000000};
+    std::vector<unsigned char> pacchetti;
+    for (const std::int32_t x : numeri)
+        for (const std::int32_t y : numeri)
+            for (const std::int32_t z : numeri) {
+                std::array<unsigned char, 56> pacchetto = {};
+                const std::array<std::int32_t, 3> xyz = {x, y, z};
+                pacchetto[14] = static_cast<unsigned char>(2 + pacchetti.size() / 56 % 3);
+                pacchetto[51] = static_cast<unsigned char>(3 + pacchetti.size() / 56 % 2);
+                std::memcpy(pacchetto.data() + 16, xyz.data(), sizeof xyz);
+                std::memcpy(pacchetto.data() + 32, xyz.data(), sizeof xyz);
+                pacchetti.insert(pacchetti.end(), pacchetto.begin(), pacchetto.end());
+            }
+    for (const Nuclei* nuclei : insiemi())
+        for (const unsigned spec : {FID_SPEC_GPS_KELNAVSOL, FID_SPEC_GPS_UBXNAVSOL})
+            for (const s_sottocampo* riga = search_sottocampi_struct(FID_DETTAGLI_GPS, spec);
+                 kelFidFineTabella(riga->fid) == 0; ++riga)
+                for (const int reciproco : {0, 1}) {
+                    const s_converter_data dati = {"", 0.5f, 0.25f, reciproco};
+                    s_kel_canale canale = {};
+                    canale.tipo_campione = KEL_TIPO_GPS_KEL;
+                    canale.fid = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, spec);
+                    s_kel_converter conv = {};
+                    kelConvInit(&conv, &canale, riga->fid, &dati, 0, 0, 1);
+                    conv.larghezza = 7;
+                    conv.decimali = 2;
+                    confronta(nuclei, conv, pacchetti.data(), 56, pacchetti.size() / 56,
+                              "function " + std::to_string(riga->fid));
+                    if (HasFatalFailure())
+                        return;
+                }
+}
+
+// No decoder goes unrecognised, but for the digit of a gear's text: its column would be right, and slow.
+TEST(Columns, AreReadWithALoopOfTheirOwn) {
+    const s_converter_data dati = {"", 0, 1, 0};
+    const s_converter_data reciproci = {"", 0, 1, 1};
+    for (unsigned tipo = 0; tipo <= KEL_TIPO_DIFFERENZA_TEMPO; ++tipo)
+        for (const s_converter_data* unita : {&dati, &reciproci})
+            for (const unsigned short num_bit : {std::uint16_t{0}, std::uint16_t{3}}) {
+                s_kel_canale canale = {};
+                canale.tipo_campione = tipo;
+                s_kel_converter conv = {};
+                kelConvInit(&conv, &canale, 0, unita, 0, num_bit, 1);
+                kel_colonne::Riconoscitore riconoscitore;
+                if (conv.valore != nullptr) {
+                    EXPECT_NE(kel_colonne::Lettura::sconosciuta,
+                              riconoscitore.lettura(conv.valore, kel_colonne::num_letture))
+                        << tipo;
+                }
+                const bool una_lettera = tipo == KEL_TIPO_MARCIA || conv.valore == nullptr;
+                if (!una_lettera) {
+                    EXPECT_NE(kel_colonne::Scrittura::sconosciuta, riconoscitore.scrittura(conv.testo)) << tipo;
+                }
+            }
+}
+
+// By its pointer, among no more than were asked for.
+TEST(Columns, FindOutTheDecoder) {
+    s_kel_canale canale = {};
+    canale.tipo_campione = KEL_TIPO_INT16;
+    const s_converter_data dati = {"", 0, 1, 0};
+    s_kel_converter conv = {};
+    kelConvInit(&conv, &canale, 0, &dati, 0, 0, 1);
+    kel_colonne::Riconoscitore riconoscitore;
+    EXPECT_EQ(kel_colonne::Lettura::int16_lineare, riconoscitore.lettura(conv.valore, 1));
+    EXPECT_EQ(kel_colonne::Lettura::sconosciuta, riconoscitore.lettura(nullptr, kel_colonne::num_letture));
+    EXPECT_EQ(kel_colonne::Scrittura::numero, riconoscitore.scrittura(conv.testo));
+    canale.tipo_campione = KEL_TIPO_MEZZO_FLOAT;
+    kelConvInit(&conv, &canale, 0, &dati, 0, 0, 1);
+    EXPECT_EQ(kel_colonne::Lettura::mezzo_lineare, riconoscitore.lettura(conv.valore, kel_colonne::num_letture));
 }
 
 // A caller's own decoder, whose status words may have bits above the eighth.
