@@ -8,6 +8,7 @@
 #define KELREGISTRAZIONI_H
 
 #include <stddef.h>
+#include <stdint.h>
 
 #include "kelfunzioni.h"
 
@@ -48,7 +49,310 @@ KEL_API void kelColLeggi(const void* record, size_t passo, size_t numero, s_kel_
 
 /// @}
 
-/* Recordings: here. */
+/// @name Recordings
+/// Records of samples, or the solutions of a u-blox receiver, as one table: a row a record, a column a channel, a subfield of
+/// its packets, or a field of a GPS solution in WGS 84.
+///
+/// The caller holds the bytes: a file that he has mapped, a buffer, or a stream that he pushes piece by piece. They are not
+/// copied, but for what is pushed; mapped bytes and buffers must stay until the recording and its Arrow streams are closed.
+/// The rows *at hand* are all of them, or of a stream those of the piece that was pushed last.
+///
+/// Any bytes at all give a table or an error. What fails gives null or 0 and says why in one line; when memory runs out, too.
+/// A recording belongs to one thread at a time; two recordings have nothing in common.
+/// @{
+
+/// A recording or a u-blox stream that is open.
+typedef struct s_kel_registrazione s_kel_registrazione;
+
+/// Why something failed: one line that says what was wrong, and where. Never null-terminated too late, and never touched when
+/// all went well.
+typedef struct s_kel_errore {
+    char testo[512];
+} s_kel_errore;
+
+/// The time stamp before each record.
+typedef enum eKelOrario KEL_ENUM {
+    KEL_ORARIO_TROVATO = 0,  ///< that whose stamps run forward in even steps; an error where none does or several do
+    KEL_ORARIO_NESSUNO = 1,  ///< none
+    KEL_ORARIO_U32MS = 2,    ///< milliseconds, 32 bits, little-endian; goes on from its largest number to 0
+    KEL_ORARIO_U64US = 3     ///< microseconds, 64 bits, little-endian
+} eKelOrario;
+
+/// How a recording is to be read. All zero is what a logger writes.
+typedef struct s_kel_apertura {
+    eKelOrario orario;
+    int compatta;      ///< not 0: samples lie one behind the other, whatever the channel records say
+    int dispositivo;   ///< not 0: GPS packets as the device shows them, by the library's rules, not in WGS 84
+    int pacchetti;     ///< not 0: a column of texts for each packet too
+    double frequenza;  ///< records a second where there are no stamps, 0.001 to 1000000; 0: they have no time
+    uint64_t
+        lunghezza;  ///< bytes of a whole stream that is pushed, so that more of it may tell the framing; 0: not known
+} s_kel_apertura;
+
+/// What the values of a column are.
+typedef enum eKelValori KEL_ENUM {
+    KEL_VALORI_FLOAT = 0,    ///< `float`: what `kelConvGetValFloat` gives
+    KEL_VALORI_DOUBLE = 1,   ///< `double`: a number of a solution in WGS 84
+    KEL_VALORI_UINT32 = 2,   ///< `uint32_t`: time of week in ms, fix, satellites
+    KEL_VALORI_ISTANTE = 3,  ///< `int64_t`: UTC, microseconds since 1970
+    KEL_VALORI_NESSUNO = 4   ///< a packet: it has texts alone
+} eKelValori;
+
+/// What a column is. The texts stay until the recording is closed, the unit until another is chosen; names are the bytes of
+/// the channel record.
+typedef struct s_kel_descrizione {
+    const char* nome;   ///< of the channel or the subfield; no two columns have the same
+    const char* lungo;  ///< the catalogue's name of its function; "" where it has none
+    const char* udm;    ///< unit of its values; "" for none
+    kel_funpos fid;     ///< 0 for what has no function
+    uint32_t canale;    ///< place of its channel in the set; 0 for a u-blox stream
+    eKelValori valori;
+    int32_t decimali;  ///< that its unit is shown with
+} s_kel_descrizione;
+
+/// Where to put the rows of a column. A null member is not written.
+typedef struct s_kel_lettura {
+    unsigned colonna;       ///< below `kelRegNumColonne`
+    void* valori;           ///< one a row, of the column's kind; 0 where the row has none
+    unsigned char* validi;  ///< bitmap as in `s_kel_colonna`: 1 where the row has a value
+    char* testi;            ///< 32 bytes a row: the library's text, or the number with the column's decimals
+} s_kel_lettura;
+
+/// Opens records of samples.
+///
+/// @param canali    channel records of 112 bytes, little-endian; not kept.
+/// @param campioni  records of samples, each behind its time stamp if there is one; null: they will be pushed.
+/// @param apertura  null: all zero.
+/// @param errore    may be null.
+/// @return          to be closed with `kelRegChiudi`; null: see `errore`.
+/// @since 0.1.0
+KEL_API s_kel_registrazione* kelRegApri(const void* canali, size_t byte_canali, const void* campioni,
+                                        size_t byte_campioni, const s_kel_apertura* apertura,
+                                        s_kel_errore* errore) KEL_NOEXCEPT;
+
+/// Opens a u-blox byte stream: a row for each NAV-SOL and NAV-PVT, the first of an epoch where both are sent. What else is in
+/// it is left out. Null for `byte`: it will be pushed.
+/// @since 0.1.0
+KEL_API s_kel_registrazione* kelRegApriUbx(const void* byte, size_t quanti, s_kel_errore* errore) KEL_NOEXCEPT;
+
+/// Closes it. Null is let through. Arrow streams that were handed out stay good.
+/// @since 0.1.0
+KEL_API void kelRegChiudi(s_kel_registrazione* reg) KEL_NOEXCEPT;
+
+/// Pushes the next piece of a stream; its rows are at hand until the next. A piece of 0 bytes is the end of the stream.
+/// @return  1; 0 where it was not opened for this, the framing cannot be found, or memory ran out.
+/// @since 0.1.0
+KEL_API int kelRegSpingi(s_kel_registrazione* reg, const void* byte, size_t quanti, s_kel_errore* errore) KEL_NOEXCEPT;
+
+/// Which framing was found, and what speaks against the one that was asked for: one line, "" for nothing to say.
+/// @since 0.1.0
+KEL_API const char* kelRegDetto(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+
+/// The framing, once it is known; until then `KEL_ORARIO_TROVATO`.
+/// @since 0.1.0
+KEL_API eKelOrario kelRegOrario(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+
+/// The rows at hand: the first, and how many. Rows are counted from the start of the recording.
+/// @since 0.1.0
+KEL_API uint64_t kelRegPrima(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+KEL_API uint64_t kelRegRighe(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+
+/// Bytes behind the last whole record, or the last message of a u-blox stream.
+/// @since 0.1.0
+KEL_API uint64_t kelRegAvanzo(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+
+/// The columns, and what each is: 1, or 0 where there is no such column.
+/// @since 0.1.0
+KEL_API unsigned kelRegNumColonne(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+KEL_API int kelRegDescrivi(const s_kel_registrazione* reg, unsigned colonna,
+                           s_kel_descrizione* descrizione) KEL_NOEXCEPT;
+
+/// Shows a column in another unit of its function: 1, or 0 where it has no such unit.
+/// @since 0.1.0
+KEL_API int kelRegUnita(s_kel_registrazione* reg, unsigned colonna, const char* udm) KEL_NOEXCEPT;
+
+/// The times of rows at hand, seconds: by the stamps, by the rate, or by the receiver's time of week, which goes on counting
+/// when a week ends.
+/// @return  1; 0 where the records have no time, or not all of the rows are at hand.
+/// @since 0.1.0
+KEL_API int kelRegTempi(s_kel_registrazione* reg, uint64_t da, size_t quante, double* secondi) KEL_NOEXCEPT;
+
+/// The rows at hand from the first that is not before `da_s` to the last that is before `a_s`, and all between, even where
+/// time runs backwards because sessions were joined.
+/// @return  1; 0 where there is no such row, or the records have no time.
+/// @since 0.1.0
+KEL_API int kelRegTratto(s_kel_registrazione* reg, double da_s, double a_s, uint64_t* prima,
+                         uint64_t* quante) KEL_NOEXCEPT;
+
+/// Reads rows at hand into columns.
+/// @return  1; 0 where not all of the rows are at hand, a column does not exist, or memory ran out.
+/// @since 0.1.0
+KEL_API int kelRegLeggi(s_kel_registrazione* reg, uint64_t da, size_t quante, const s_kel_lettura* letture,
+                        unsigned num_letture) KEL_NOEXCEPT;
+
+/// @}
+
+/// @name Laps
+/// The laps of a recording, as its logger has timed them or by its GPS packets, or of a u-blox stream by GPS.
+/// @{
+
+/// Laps that are put together.
+typedef struct s_kel_giri s_kel_giri;
+
+/// A line across the track that is passed in one direction.
+typedef struct s_kel_linea {
+    double latitudine;  ///< of its middle, degrees, WGS 84
+    double longitudine;
+    double rotta;      ///< in which it is passed, degrees from north, clockwise
+    double larghezza;  ///< from end to end, m; 0: 30
+} s_kel_linea;
+
+/// The end of a sector.
+typedef struct s_kel_intermedio {
+    double metri;  ///< behind the finish line; 0: at the line
+    s_kel_linea linea;
+} s_kel_intermedio;
+
+/// Whose laps.
+typedef enum eKelFonteGiri KEL_ENUM {
+    KEL_GIRI_QUALUNQUE = 0,  ///< the logger's, if it has any and no line is given; else by GPS
+    KEL_GIRI_REGISTRATORE = 1,
+    KEL_GIRI_GPS = 2
+} eKelFonteGiri;
+
+/// How laps are looked for. All zero is the choice of whoever chooses nothing.
+typedef struct s_kel_scelte_giri {
+    eKelFonteGiri fonte;
+    unsigned num_intermedi;
+    const s_kel_linea* linea;  ///< the finish line; null: the place that is passed most often at speed
+    const s_kel_intermedio* intermedi;
+    double minimo;  ///< shortest lap by GPS, s, 1 to 3600; 0: 10
+} s_kel_scelte_giri;
+
+/// What a lap is; only those of the first kind count for the best.
+typedef enum eKelStatoGiro KEL_ENUM {
+    KEL_GIRO_BUONO = 0,
+    KEL_GIRO_USCITA = 1,      ///< the way out, or a lap that began from standing on the line
+    KEL_GIRO_RIENTRO = 2,     ///< the way in, or a lap that ended by standing on the line
+    KEL_GIRO_SENZA_FIX = 3,   ///< the fix was lost for longer than the receiver's pace explains
+    KEL_GIRO_CONTROMANO = 4,  ///< the line was passed the wrong way
+    KEL_GIRO_FERMO = 5        ///< stood for some seconds
+} eKelStatoGiro;
+
+/// A lap. A number that is not known is a NaN.
+typedef struct s_kel_giro {
+    int32_t numero;
+    uint32_t sessione;  ///< from 0; a new one begins where time runs backwards, or on by more than ten minutes
+    eKelStatoGiro stato;
+    int32_t migliore;  ///< 1 for the best lap
+    int32_t ms;        ///< the lap time; -1 for a lap that is not closed
+    uint32_t num_settori;
+    const int32_t* settori;  ///< ms, in the order in which they are driven; -1 where not known. Stay until the next
+                             ///< `kelGiriCalcola`
+    double inizio;           ///< s, from the start of its session
+    double distacco;         ///< s, to the best lap, of laps that count
+    double massima;          ///< speed, m/s
+    double minima;
+    double metri;
+    uint64_t campioni;  ///< rows
+} s_kel_giro;
+
+/// Begins to put the laps of a recording together; null: see `errore`. To be closed with `kelGiriChiudi`, before or behind
+/// the recording.
+/// @since 0.1.0
+KEL_API s_kel_giri* kelGiriApri(const s_kel_registrazione* reg, s_kel_errore* errore) KEL_NOEXCEPT;
+/// Null is let through.
+/// @since 0.1.0
+KEL_API void kelGiriChiudi(s_kel_giri* giri) KEL_NOEXCEPT;
+
+/// Takes the rows at hand that it has not taken yet: once of bytes in memory, behind each piece of a stream.
+/// @return  1; 0 where rows before them were missed, or memory ran out.
+/// @since 0.1.0
+KEL_API int kelGiriAggiungi(s_kel_giri* giri, s_kel_errore* errore) KEL_NOEXCEPT;
+
+/// Finds the laps of the rows taken so far; may be called again with another choice.
+/// @param scelte  null: all zero.
+/// @return        1; 0 where no lap is closed: `errore` says why.
+/// @since 0.1.0
+KEL_API int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_errore* errore) KEL_NOEXCEPT;
+
+/// What there is to say of them, in lines: where the laps are from, which line was found.
+/// @since 0.1.0
+KEL_API const char* kelGiriDetto(const s_kel_giri* giri) KEL_NOEXCEPT;
+
+/// The laps, and what each was: 1, or 0 where there is no such lap.
+/// @since 0.1.0
+KEL_API unsigned kelGiriNumero(const s_kel_giri* giri) KEL_NOEXCEPT;
+KEL_API int kelGiriGiro(const s_kel_giri* giri, unsigned quale, s_kel_giro* giro) KEL_NOEXCEPT;
+
+/// @}
+
+/* The Arrow C data interface, as its page asks for it: https://arrow.apache.org/docs/format/CDataInterface.html */
+#ifndef ARROW_C_DATA_INTERFACE
+#define ARROW_C_DATA_INTERFACE
+
+#define ARROW_FLAG_DICTIONARY_ORDERED 1
+#define ARROW_FLAG_NULLABLE 2
+#define ARROW_FLAG_MAP_KEYS_SORTED 4
+
+struct ArrowSchema {
+    const char* format;
+    const char* name;
+    const char* metadata;
+    int64_t flags;
+    int64_t n_children;
+    struct ArrowSchema** children;
+    struct ArrowSchema* dictionary;
+    void (*release)(struct ArrowSchema*);
+    void* private_data;
+};
+
+struct ArrowArray {
+    int64_t length;
+    int64_t null_count;
+    int64_t offset;
+    int64_t n_buffers;
+    int64_t n_children;
+    const void** buffers;
+    struct ArrowArray** children;
+    struct ArrowArray* dictionary;
+    void (*release)(struct ArrowArray*);
+    void* private_data;
+};
+
+#endif /* ARROW_C_DATA_INTERFACE */
+
+#ifndef ARROW_C_STREAM_INTERFACE
+#define ARROW_C_STREAM_INTERFACE
+
+struct ArrowArrayStream {
+    int (*get_schema)(struct ArrowArrayStream*, struct ArrowSchema* out);
+    int (*get_next)(struct ArrowArrayStream*, struct ArrowArray* out);
+    const char* (*get_last_error)(struct ArrowArrayStream*);
+    void (*release)(struct ArrowArrayStream*);
+    void* private_data;
+};
+
+#endif /* ARROW_C_STREAM_INTERFACE */
+
+/// @name Arrow
+/// @{
+
+/// Hands out rows at hand as an Arrow stream, in batches of 65536 rows.
+///
+/// The first column is `time`, a duration in microseconds, where records have times. Then come the columns of the recording:
+/// `float`, `double` and `uint32` with validity, UTC as a timestamp in microseconds, packets as utf8. Each field has the
+/// metadata `unit`, `identifier` and `long_name`. Bytes of names and texts that are no UTF-8 become question marks.
+///
+/// @param testi   not 0: all columns as utf8, by the texts of `kelRegLeggi`; null where they have no value.
+/// @param flusso  to be released by its `release`, read to its end or not. It reads the caller's bytes, and of a pushed stream
+///                the piece at hand: pushing the next ends it with an error.
+/// @return        1; 0: `flusso` is as it was, see `errore`.
+/// @since 0.1.0
+KEL_API int kelRegArrow(s_kel_registrazione* reg, uint64_t da, uint64_t quante, int testi,
+                        struct ArrowArrayStream* flusso, s_kel_errore* errore) KEL_NOEXCEPT;
+
+/// @}
 
 KEL_C_END
 

@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "captures/flusso_ubx.h"
 #include "messaggi.h"
+#include "registrazioni/gps/flusso_ubx.h"
 
 namespace {
 

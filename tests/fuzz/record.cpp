@@ -8,8 +8,10 @@
 
 #include "bersaglio.h"
 #include "captures/canali_record.h"
-#include "captures/registrazione.h"
 #include "ingredienti.h"
+#include "registrazioni/common/errore.h"
+#include "registrazioni/recordings/canali.h"
+#include "registrazioni/recordings/lettore_record.h"
 #include "text/errori.h"
 
 namespace {
@@ -51,7 +53,7 @@ void mostra(IFunzioni& catalogo, const std::vector<s_kel_canale>& canali, Ingred
     const auto orario = static_cast<Orario>(da.scelta(3));
     const std::size_t pezzo = 1 + da.u8();
     auto resto = da.resto();
-    const std::size_t attesi = resto.size() / (dimensione + kel::strumento::dimensione(orario));
+    const std::size_t attesi = resto.size() / (dimensione + byteOrario(orario));
     LettoreRecord lettore(
         [&resto, pezzo](std::uint8_t* dove, std::size_t spazio) {
             const auto arrivati = resto.first(std::min({spazio, pezzo, resto.size()}));
@@ -86,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
         const std::vector<s_kel_canale> canali = leggiCanali(file, disposizione);
         if (dimensioneRecord(canali) <= kMassimo)
             mostra(*catalogo, canali, da);
-    } catch (const NonTrovato&) {
+    } catch (const Errore&) {
         return 0;  // refused, and said why
     } catch (const ErroreUso&) {
         return 0;

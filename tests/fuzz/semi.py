@@ -171,6 +171,24 @@ def record():
                    bytes(range(16)))
 
 
+def registrazioni():
+    def insieme(*canali_):
+        return u8(len(canali_)) + b"".join(canali_) + u8(0)
+
+    scelte = u8(0) * 5  # framing found, as declared, WGS 84, no packets, no rate
+    unita = u8(0)
+    buono = messaggio(1, 6, soluzione())
+    yield "stream", u8(0) + u8(255) + buono + b"$GPGGA" + messaggio(1, 6, soluzione(0, 0)) + buono[:30]
+    yield "stream-in-pieces", u8(2) + u8(6) + messaggio(5, 1, b"") + buono * 2
+    righe = b"".join(u32(40 * i) + u32(i) + u16(1000 + i) for i in range(40))
+    numeri = insieme(canale(0x10, 0, 0, "Speed"), canale(0xF, 4, 4, "RPM"))
+    yield "records", u8(5) + u8(255) + numeri + scelte + unita + righe
+    yield "records-as-texts", u8(3) + u8(11) + numeri + scelte + u8(3) + testo("mph") + righe
+    gps = b"".join(u32(100 * i) + u32(100 * i) + soluzione(3 * (i % 2)) for i in range(8))
+    yield "gps", u8(6) + u8(99) + insieme(canale(0x19A, 8, 0, "GPS")) + u8(0) * 3 + u8(1) + u8(0) + unita + gps
+    yield "no-channels", u8(7) + u8(0) + u8(0) * 2
+
+
 PAROLE = re.compile(r'"([^"]*)"')
 
 
@@ -205,7 +223,7 @@ def comando():
 
 
 def semi():
-    for funzione in (convertitori, tempi, ricerche, canali, ubx, record, comando):
+    for funzione in (convertitori, tempi, ricerche, canali, ubx, record, registrazioni, comando):
         for nome, byte in funzione():
             yield CORPUS / funzione.__name__ / nome, byte
 

@@ -8,17 +8,17 @@
 #include <vector>
 
 #include "bersaglio.h"
-#include "captures/flusso_ubx.h"
-#include "captures/lettore_soluzioni.h"
 #include "captures/navsol.h"
 #include "captures/vista_gps.h"
 #include "ingredienti.h"
+#include "registrazioni/gps/flusso_ubx.h"
+#include "registrazioni/gps/lettore_soluzioni.h"
 
 namespace {
 
 using fuzz::pretendi;
-using kel::strumento::LettoreUbx;
-using kel::strumento::MessaggioUbx;
+using kel_registrazioni::LettoreUbx;
+using kel_registrazioni::MessaggioUbx;
 using Byte = std::span<const std::uint8_t>;
 
 // The good message at the front of some bytes: bytes of its frame, 0 when there is none. RFC 1145 as it stands.
@@ -50,20 +50,20 @@ std::vector<MessaggioUbx> messaggiDi(Byte byte) {
 }
 
 void mostraDispositivo(const kel::strumento::CanaleNavSol& canale,
-                       std::span<const std::uint8_t, kel::strumento::NAV_SOL_BYTE> payload) {
+                       std::span<const std::uint8_t, kel_registrazioni::NAV_SOL_BYTE> payload) {
     const auto soluzione = canale.leggi(payload);
     pretendi(std::isfinite(soluzione.velocita) && soluzione.velocita >= 0, "a speed is a number");
     pretendi(soluzione.fix < 256 && soluzione.satelliti < 256, "fix and satellites are bytes");
 }
 
-void mostraWgs84(const kel::strumento::Soluzione& soluzione) {
-    using kel::strumento::CampoGps;
-    for (const CampoGps campo : kel::strumento::CAMPI_GPS) {
-        const auto valore = kel::strumento::valoreGps(soluzione, campo);
+void mostraWgs84(const kel_registrazioni::Soluzione& soluzione) {
+    using kel_registrazioni::CampoGps;
+    for (const CampoGps campo : kel_registrazioni::CAMPI_GPS) {
+        const auto valore = kel_registrazioni::valoreGps(soluzione, campo);
         pretendi(!valore || std::isfinite(*valore), "a value is a number");
         pretendi(!kel::strumento::cellaGps(soluzione, campo, 1, 3).perPersone().empty(), "a cell shows something");
     }
-    const bool senza = !kel::strumento::conPosizione(soluzione.fix);
+    const bool senza = !kel_registrazioni::conPosizione(soluzione.fix);
     pretendi(!senza || (!soluzione.luogo && !soluzione.velocita), "there is nothing without a fix");
     pretendi(!soluzione.luogo ||
                  (std::fabs(soluzione.luogo->latitudine) <= 90 && std::fabs(soluzione.luogo->longitudine) <= 180),
@@ -71,7 +71,7 @@ void mostraWgs84(const kel::strumento::Soluzione& soluzione) {
 }
 
 void mostra(const kel::strumento::CanaleNavSol& canale, Byte flusso) {
-    kel::strumento::LettoreSoluzioni lettore([resto = flusso](std::uint8_t* dove, std::size_t spazio) mutable {
+    kel_registrazioni::LettoreSoluzioni lettore([resto = flusso](std::uint8_t* dove, std::size_t spazio) mutable {
         const auto arrivati = resto.first(std::min(spazio, resto.size()));
         std::ranges::copy(arrivati, dove);
         resto = resto.subspan(arrivati.size());

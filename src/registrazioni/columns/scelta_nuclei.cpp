@@ -2,6 +2,9 @@
 #include "columns/nuclei.h"
 
 #ifdef KEL_NUCLEI_AVX2
+#ifdef __clang__
+#define _Bool bool  // the header is written in C, whose word clang does not know in C++
+#endif
 #include <sys/platform/x86.h>
 #endif
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "registrazioni/common/errore.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -19,7 +20,7 @@ constexpr float FREQUENZA_MASSIMA = 1e6f;
 // As many bytes as decide a framing: four records even of those that are a megabyte long.
 std::size_t dimensioneTesta(const Ingresso& ingresso, std::size_t dimensione) {
     const std::size_t record = ingresso.lunghezza() ? RECORD_DI_FILE : RECORD_DI_FLUSSO;
-    const std::size_t passo = dimensione + kel::strumento::dimensione(Orario::u64us);
+    const std::size_t passo = dimensione + byteOrario(Orario::u64us);
     return std::max(std::min(record * passo, TESTA_MASSIMA), 4 * passo);
 }
 
@@ -70,14 +71,14 @@ FileCampioni::FileCampioni(const std::string& nome, std::size_t dimensione, Temp
     testa_.resize(letti);
     Inquadratura inquadratura;
     try {
-        inquadratura = tempo.chiesto() ? verificaInquadratura(testa_, dimensione, lunghezza, *tempo.chiesto())
-                                       : scegliInquadratura(testa_, dimensione, lunghezza);
-    } catch (const NonTrovato& e) {
+        inquadratura = tempo.chiesto() ? verificaInquadratura(testa_, dimensione, lunghezza, *tempo.chiesto(), PAROLE)
+                                       : scegliInquadratura(testa_, dimensione, lunghezza, PAROLE);
+    } catch (const Errore& e) {
         throw NonTrovato("cannot use '" + ingresso_.nome() + "' as samples: " + e.what());
     }
     detto_ = testa_.empty() ? "" : inquadratura.detto;
     tempo.inquadra(inquadratura.orario);
-    passo_ = dimensione + kel::strumento::dimensione(inquadratura.orario);
+    passo_ = dimensione + byteOrario(inquadratura.orario);
     lettore_.emplace([this](std::uint8_t* byte, std::size_t quanti) { return leggi(byte, quanti); }, dimensione,
                      inquadratura.orario);
 }

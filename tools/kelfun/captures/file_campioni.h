@@ -8,10 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "captures/inquadratura.h"
-#include "captures/registrazione.h"
 #include "cli/opzioni.h"
+#include "domain/registrazioni.h"
 #include "io/ingresso.h"
+#include "registrazioni/recordings/inquadratura.h"
+#include "registrazioni/recordings/lettore_record.h"
 
 namespace kel::strumento {
 

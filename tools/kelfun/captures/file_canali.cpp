@@ -1,6 +1,7 @@
 #include "captures/file_canali.h"
 
 #include "io/ingresso.h"
+#include "registrazioni/common/errore.h"
 #include "text/errori.h"
 
 namespace kel::strumento {
@@ -11,9 +12,9 @@ std::vector<s_kel_canale> leggiFileCanali(const std::string& nome, Disposizione 
     byte.resize(ingresso.leggiTutti(byte.data(), byte.size()));
     try {
         if (byte.size() > CANALI_MASSIMI * CANALE_BYTE)
-            throw NonTrovato("it is longer than " + std::to_string(CANALI_MASSIMI) + " channel records");
-        return leggiCanali(byte, disposizione);
-    } catch (const NonTrovato& e) {
+            throw Errore("it is longer than " + std::to_string(CANALI_MASSIMI) + " channel records");
+        return leggiCanali(byte, disposizione, PAROLE);
+    } catch (const Errore& e) {
         throw NonTrovato("cannot use '" + ingresso.nome() + "' as channels: " + e.what());
     }
 }

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "captures/registrazione.h"
+#include "domain/registrazioni.h"
+#include "registrazioni/recordings/canali.h"
 
 namespace kel::strumento {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "captures/interi.h"
 #include "domain/canale.h"
-#include "domain/fid_gps.h"
 #include "output/celle.h"
+#include "registrazioni/common/interi.h"
+#include "registrazioni/gps/fid_gps.h"
 
 namespace kel::strumento {
 

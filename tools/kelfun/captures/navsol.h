@@ -9,7 +9,8 @@
 #include <string>
 
 #include "IFunzioni.h"
-#include "captures/soluzione.h"
+#include "domain/registrazioni.h"
+#include "registrazioni/gps/soluzione.h"
 
 namespace kel::strumento {
 

@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "IFunzioni.h"
-#include "captures/registrazione.h"
+#include "domain/registrazioni.h"
+#include "registrazioni/recordings/canali.h"
 
 namespace kel::strumento {
 

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "domain/fid_gps.h"
 #include "text/numeri.h"
 
 namespace kel::strumento {
@@ -10,8 +9,20 @@ namespace kel::strumento {
 namespace {
 
 constexpr int DECIMALI_PROGRAMMI = 6;  // of a speed: far below what a receiver resolves
-constexpr double KMH = 3.6;            // km/h, the library's first unit of speed, in a m/s
 constexpr double GIRO = 360;
+
+struct Testata {
+    const char* testo;
+    std::size_t larghezza;
+};
+
+const Testata& testata(CampoGps campo) {
+    static constexpr Testata TESTATE[] = {
+        {"UTC", 24},   {"FIX", 3},      {"SATS", 4},  {"LATITUDE", 12}, {"LONGITUDE", 13}, {"ALTITUDE", 10},
+        {"SPEED", 10}, {"HEADING", 11}, {"CLIMB", 9}, {"POS.ACC", 10},  {"SPD.ACC", 11},
+    };
+    return TESTATE[static_cast<std::size_t>(campo)];
+}
 
 // To so many decimals: no "-0.000", and no heading of "360.00".
 double arrotondato(double valore, CampoGps campo) {
@@ -22,80 +33,12 @@ double arrotondato(double valore, CampoGps campo) {
 
 }  // namespace
 
-const AspettoGps& aspetto(CampoGps campo) {
-    // A degree's 8th decimal is a millimetre: finer than the messages, which have 10 mm.
-    static constexpr AspettoGps ASPETTI[] = {
-        {"UTC", "UTC", "", 0, 24},
-        {"Fix", "FIX", "", 0, 3},
-        {"Satellites", "SATS", "", 0, 4},
-        {"Latitude", "LATITUDE", "deg", 8, 12},
-        {"Longitude", "LONGITUDE", "deg", 8, 13},
-        {"Altitude", "ALTITUDE", "m", 3, 10},
-        {"Speed", "SPEED", "", 3, 10},
-        {"Heading", "HEADING", "deg", 2, 11},
-        {"Climb", "CLIMB", "m/s", 3, 9},
-        {"Position Accuracy", "POS.ACC", "m", 3, 10},
-        {"Speed Accuracy", "SPD.ACC", "m/s", 3, 11},
-    };
-    return ASPETTI[static_cast<std::size_t>(campo)];
+const char* testataGps(CampoGps campo) {
+    return testata(campo).testo;
 }
 
-kel_funpos fidDi(CampoGps campo) {
-    switch (campo) {
-        case CampoGps::fix:
-            return GPS_FIX;
-        case CampoGps::satelliti:
-            return GPS_SATELLITI;
-        case CampoGps::latitudine:
-            return GPS_LATITUDINE;
-        case CampoGps::longitudine:
-            return GPS_LONGITUDINE;
-        case CampoGps::altezza:
-            return GPS_ALTEZZA;
-        case CampoGps::velocita:
-            return GPS_VELOCITA;
-        case CampoGps::accuratezza_posizione:
-            return GPS_ACCURATEZZA_POSIZIONE;
-        case CampoGps::accuratezza_velocita:
-            return GPS_ACCURATEZZA_VELOCITA;
-        case CampoGps::utc:
-        case CampoGps::rotta:
-        case CampoGps::salita:
-            break;
-    }
-    return 0;
-}
-
-std::optional<double> valoreGps(const Soluzione& s, CampoGps campo) {
-    switch (campo) {
-        case CampoGps::utc:
-            break;
-        case CampoGps::fix:
-            return s.fix;
-        case CampoGps::satelliti:
-            return s.satelliti;
-        case CampoGps::latitudine:
-            return s.luogo ? std::optional(s.luogo->latitudine) : std::nullopt;
-        case CampoGps::longitudine:
-            return s.luogo ? std::optional(s.luogo->longitudine) : std::nullopt;
-        case CampoGps::altezza:
-            return s.altezza();
-        case CampoGps::velocita:
-            return s.andatura();
-        case CampoGps::rotta:
-            return s.rotta();
-        case CampoGps::salita:
-            return s.salita();
-        case CampoGps::accuratezza_posizione:
-            return s.accuratezza_posizione;
-        case CampoGps::accuratezza_velocita:
-            return s.accuratezza_velocita;
-    }
-    return std::nullopt;
-}
-
-double daMetriAlSecondo(const IFunzioni& catalogo, const std::string& udm) {
-    return KMH * static_cast<double>(catalogo.getParamConv(GPS_VELOCITA, udm)->gain);
+std::size_t larghezzaGps(CampoGps campo) {
+    return testata(campo).larghezza;
 }
 
 Cella cellaGps(const Soluzione& soluzione, CampoGps campo, double fattore, int decimali_velocita) {

@@ -10,15 +10,15 @@
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
-#include "domain/fid_gps.h"
 #include "domain/identificatore.h"
-#include "laps/giri.h"
 #include "laps/lettura_giri.h"
-#include "laps/linea.h"
 #include "laps/tabella_giri.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_giri.h"
 #include "plots/opzioni_grafico.h"
+#include "registrazioni/gps/fid_gps.h"
+#include "registrazioni/laps/giri.h"
+#include "registrazioni/laps/linea.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -41,7 +41,7 @@ struct Argomenti {
 };
 
 struct Scelte : ScelteGiri {
-    std::vector<std::string> intermedi;
+    std::vector<Intermedio> intermedi;
 };
 
 Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
@@ -58,11 +58,14 @@ Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
     }
     for (const std::string& uno : argomenti.intermedi) {
         const auto metri = leggiFloat(uno);
-        if (!leggiLinea(uno) && !(metri && *metri > 0))
+        if (const auto linea = leggiLinea(uno))
+            scelte.intermedi.emplace_back(*linea);
+        else if (metri && *metri > 0)
+            scelte.intermedi.emplace_back(Metri{static_cast<double>(*metri), uno});
+        else
             throw ErroreUso("--split '" + uno +
                             "' is no split; accepted: LAT,LON,HEADING in degrees, or metres behind the finish line");
     }
-    scelte.intermedi = argomenti.intermedi;
     const auto minimo = leggiFloat(argomenti.minimo);
     if (!minimo || *minimo < 1 || *minimo > 3600)
         throw ErroreUso("--min-lap '" + argomenti.minimo + "' is no time; accepted: seconds, 1 to 3600");
@@ -70,41 +73,6 @@ Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
     scelte.udm = leggiUdm(catalogo, GPS_VELOCITA, argomenti.udm);
     scelte.fattore = daMetriAlSecondo(catalogo, scelte.udm);
     return scelte;
-}
-
-bool passataInUnGiro(const Lettura& lettura, const Linea& linea) {
-    const Passaggi passati = passaggi(lettura.guida, linea, 1);
-    return std::any_of(lettura.giri.begin(), lettura.giri.end(), [&passati](const Giro& giro) {
-        return giro.chiuso() && std::any_of(passati.avanti.begin(), passati.avanti.end(), [&giro](const Passaggio& p) {
-                   return p.tempo > giro.inizio.value_or(0) && p.tempo < giro.fine.value_or(0);
-               });
-    });
-}
-
-// Splits as lines: those given in metres lie where the best lap has driven so far, or the first where none counts.
-std::vector<Linea> lineeIntermedie(const Lettura& lettura, const Scelte& scelte) {
-    std::vector<Linea> linee;
-    const Giro* campione = migliore(lettura.giri);
-    for (const Giro& giro : lettura.giri)
-        if (campione == nullptr && giro.chiuso())
-            campione = &giro;
-    if (!scelte.intermedi.empty() && lettura.guida.validi().empty())
-        throw NonTrovato("splits take positions, and there are none in it");
-    for (const std::string& uno : scelte.intermedi) {
-        if (const auto linea = leggiLinea(uno)) {
-            linee.push_back(*linea);
-            if (!passataInUnGiro(lettura, *linea))
-                dillo("no lap passes --split " + testo(*linea));
-            continue;
-        }
-        const auto linea = lineaADistanza(*campione, lettura.guida, static_cast<double>(*leggiFloat(uno)));
-        if (!linea)
-            throw NonTrovato("--split " + uno + " is nowhere: lap " + std::to_string(campione->numero) + " has " +
-                             conDecimali(campione->metri.value_or(0), 0) + " m");
-        dillo("--split " + uno + " is --split " + testo(*linea));
-        linee.push_back(*linea);
-    }
-    return linee;
 }
 
 std::int64_t numeroGiro(const std::string& testo) {
@@ -196,14 +164,11 @@ void esegui(const Argomenti& argomenti) {
                           : leggiRegistrazione(argomenti.file[0], argomenti.file[1],
                                                argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata,
                                                argomenti.tempo, *catalogo, scelte);
-    if (const std::size_t sessioni = lettura.guida.sessioni().size(); sessioni > 1)
-        dillo(std::to_string(sessioni) +
-              " sessions, as time runs backwards or on by more than ten minutes: no lap "
-              "reaches from one into the next");
+    diSessioni(lettura.guida, dillo);
     misura(lettura.giri, lettura.guida);
     if (destinazione)
         return disegna(*destinazione, argomenti, lettura, scelte);
-    const std::vector<Linea> intermedi = lineeIntermedie(lettura, scelte);
+    const std::vector<Linea> intermedi = lineeIntermedie(lettura, scelte.intermedi, PAROLE, dillo);
     dividi(lettura.giri, lettura.guida, intermedi);
 
     const Aspetto forma = argomenti.forma.forma();

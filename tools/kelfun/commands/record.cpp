@@ -6,7 +6,6 @@
 #include "captures/canali_record.h"
 #include "captures/file_campioni.h"
 #include "captures/file_canali.h"
-#include "captures/registrazione.h"
 #include "cli/avvisi.h"
 #include "cli/compatta.h"
 #include "cli/esempi.h"
@@ -17,6 +16,7 @@
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_record.h"
 #include "plots/opzioni_grafico.h"
+#include "registrazioni/recordings/canali.h"
 #include "text/errori.h"
 
 namespace kel::strumento {

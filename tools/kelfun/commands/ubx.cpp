@@ -2,18 +2,18 @@
 #include <memory>
 #include <optional>
 
-#include "captures/lettore_soluzioni.h"
 #include "captures/navsol.h"
 #include "captures/vista_gps.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
-#include "domain/fid_gps.h"
 #include "domain/identificatore.h"
 #include "io/ingresso.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_soluzioni.h"
 #include "plots/opzioni_grafico.h"
+#include "registrazioni/gps/fid_gps.h"
+#include "registrazioni/gps/lettore_soluzioni.h"
 #include "text/chiavi.h"
 #include "text/errori.h"
 #include "text/numeri.h"
@@ -56,8 +56,9 @@ public:
         for (const CampoGps campo : CAMPI_GPS) {
             const AspettoGps& suo = aspetto(campo);
             const std::string udm = campo == CampoGps::velocita ? udm_ : suo.udm;
-            tutte.push_back({chiaveConUdm(suo.nome, udm), suo.testata + (udm.empty() ? "" : " " + udm), Lato::destra,
-                             suo.larghezza});
+            tutte.push_back({chiaveConUdm(suo.nome, udm),
+                             std::string(testataGps(campo)) + (udm.empty() ? "" : " " + udm), Lato::destra,
+                             larghezzaGps(campo)});
         }
         return tutte;
     }

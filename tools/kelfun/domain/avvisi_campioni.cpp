@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "domain/fid_gps.h"
+#include "domain/registrazioni.h"
+#include "registrazioni/gps/fid_gps.h"
 #include "text/parole.h"
 
 namespace kel::strumento {

@@ -1,37 +1,16 @@
-// The laps of a file, and what there is to say of them on standard error.
+// The laps of files, and what there is to say of them on standard error.
 #ifndef KELFUN_LAPS_LETTURA_GIRI_H
 #define KELFUN_LAPS_LETTURA_GIRI_H
 
-#include <optional>
 #include <string>
-#include <vector>
 
 #include "IFunzioni.h"
 #include "captures/file_campioni.h"
-#include "captures/registrazione.h"
-#include "laps/giri.h"
-#include "laps/guida.h"
-#include "laps/linea.h"
+#include "domain/registrazioni.h"
+#include "registrazioni/laps/lettura.h"
+#include "registrazioni/recordings/canali.h"
 
 namespace kel::strumento {
-
-/// Who has timed the laps.
-enum class FonteGiri { qualunque, registratore, gps };
-
-struct ScelteGiri {
-    FonteGiri fonte = FonteGiri::qualunque;
-    std::optional<Linea> linea;  ///< the finish line; else it is found
-    double minimo = 10;          ///< s, of a lap
-    std::string udm;             ///< of speeds
-    double fattore = 1;          ///< from m/s
-};
-
-/// Laps, and what they were driven with.
-struct Lettura {
-    Guida guida{{}};
-    std::vector<Giro> giri;
-    std::vector<double> origini;  ///< of each session: from when its times are counted, s
-};
 
 /// The laps of a u-blox capture, or of a recording.
 /// @throws NonTrovato  where no lap is closed: one line that says why.

@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "laps/giri.h"
+#include "domain/registrazioni.h"
 #include "output/documento.h"
+#include "registrazioni/laps/giri.h"
 
 namespace kel::strumento {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "CLaptimeAndStrings.h"
-#include "laps/andamento.h"
+#include "registrazioni/laps/andamento.h"
 
 namespace kel::strumento {
 

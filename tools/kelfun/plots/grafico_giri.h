@@ -5,9 +5,10 @@
 #include <span>
 #include <string>
 
-#include "laps/giri.h"
-#include "laps/guida.h"
+#include "domain/registrazioni.h"
 #include "plots/grafico.h"
+#include "registrazioni/laps/giri.h"
+#include "registrazioni/laps/guida.h"
 
 namespace kel::strumento {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "domain/fid_gps.h"
+#include "registrazioni/gps/fid_gps.h"
 #include "text/errori.h"
 
 namespace kel::strumento {

@@ -1,5 +1,8 @@
 #include "plots/grafico_soluzioni.h"
 
+#include "domain/registrazioni.h"
+#include "registrazioni/gps/tempo_gps.h"
+
 namespace kel::strumento {
 
 namespace {

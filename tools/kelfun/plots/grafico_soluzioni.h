@@ -7,12 +7,20 @@
 #include <string>
 #include <vector>
 
-#include "captures/soluzione.h"
 #include "plots/grafico.h"
 #include "plots/nota.h"
 #include "plots/percorso.h"
 
 namespace kel::strumento {
+
+/// A solution as a point of a plot, whatever rule its numbers follow.
+struct PuntoGps {
+    std::uint32_t settimana_ms = 0;
+    unsigned satelliti = 0;
+    std::optional<double> latitudine;  ///< degrees
+    std::optional<double> longitudine;
+    std::optional<double> velocita;  ///< in the unit of the plot
+};
 
 class GraficoSoluzioni {
 public:

@@ -1,0 +1,67 @@
+#include "gps/lettore_soluzioni.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "common/interi.h"
+#include "common/numeri.h"
+
+namespace kel_registrazioni {
+
+namespace {
+
+constexpr std::size_t TIPI_ELENCATI = 12;
+
+}  // namespace
+
+bool LettoreSoluzioni::prendi(std::uint32_t settimana_ms, bool pvt) {
+    if (epoca_ == settimana_ms && epoca_da_pvt_ != pvt) {
+        ++conteggi_.stessa_epoca;
+        return false;
+    }
+    epoca_ = settimana_ms;
+    epoca_da_pvt_ = pvt;
+    (pvt ? conteggi_.nav_pvt : conteggi_.nav_sol) = true;
+    ++conteggi_.soluzioni;
+    return true;
+}
+
+bool LettoreSoluzioni::prossima() {
+    while (lettore_.prossimo(messaggio_)) {
+        const auto& dati = messaggio_.dati;
+        ++conteggi_.per_tipo[{messaggio_.classe, messaggio_.id}];
+        const bool sol = messaggio_.classe == NAV_SOL_CLASSE && messaggio_.id == NAV_SOL_ID;
+        const bool pvt = messaggio_.classe == NAV_PVT_CLASSE && messaggio_.id == NAV_PVT_ID;
+        if (!sol && !pvt) {
+            ++conteggi_.altri;
+        } else if (dati.size() != (sol ? NAV_SOL_BYTE : NAV_PVT_BYTE)) {
+            ++conteggi_.lunghezza_errata;
+        } else if (prendi(intero<std::uint32_t>(dati, 0), pvt)) {
+            if (sol) {
+                std::copy_n(dati.begin(), NAV_SOL_BYTE, nav_sol_.begin());
+                soluzione_ = daNavSol(nav_sol_);
+            } else {
+                const std::span<const std::uint8_t, NAV_PVT_BYTE> payload(dati.data(), NAV_PVT_BYTE);
+                nav_sol_ = navSolDaPvt(payload);
+                soluzione_ = daNavPvt(payload);
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
+std::string elencoMessaggi(const ConteggiSoluzioni& conteggi) {
+    std::vector<std::pair<std::pair<std::uint8_t, std::uint8_t>, std::uint64_t>> tipi(conteggi.per_tipo.begin(),
+                                                                                      conteggi.per_tipo.end());
+    std::stable_sort(tipi.begin(), tipi.end(), [](const auto& a, const auto& b) { return a.second > b.second; });
+    std::string testo;
+    for (std::size_t i = 0; i < std::min(tipi.size(), TIPI_ELENCATI); ++i)
+        testo += (i == 0 ? "" : ", ") + std::to_string(tipi[i].second) + " of " + dueCifre(tipi[i].first.first) + " " +
+                 dueCifre(tipi[i].first.second);
+    if (tipi.size() > TIPI_ELENCATI)
+        testo += " and others of " + std::to_string(tipi.size() - TIPI_ELENCATI) + " more kinds";
+    return testo;
+}
+
+}  // namespace kel_registrazioni

@@ -1,0 +1,55 @@
+#include "gps/soluzione.h"
+
+#include "common/interi.h"
+
+namespace kel_registrazioni {
+
+namespace {
+
+constexpr double CENTO = 100;  // the message counts in cm and cm/s
+constexpr std::uint8_t SETTIMANA_NOTA = 0x04;
+constexpr std::uint8_t ORA_NOTA = 0x08;
+
+Ecef centimetri(std::span<const std::uint8_t> byte, std::size_t da) {
+    return {intero<std::int32_t>(byte, da) / CENTO, intero<std::int32_t>(byte, da + 4) / CENTO,
+            intero<std::int32_t>(byte, da + 8) / CENTO};
+}
+
+}  // namespace
+
+std::optional<double> Soluzione::altezza() const {
+    return luogo && conAltezza(fix) ? std::optional(luogo->altezza) : std::nullopt;
+}
+
+std::optional<double> Soluzione::andatura() const {
+    return velocita ? std::optional(velocita->nelloSpazio()) : std::nullopt;
+}
+
+std::optional<double> Soluzione::rotta() const {
+    return velocita && velocita->orizzontale() > 0 ? std::optional(velocita->rotta()) : std::nullopt;
+}
+
+std::optional<double> Soluzione::salita() const {
+    return velocita && conAltezza(fix) ? std::optional(velocita->su) : std::nullopt;
+}
+
+Soluzione daNavSol(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) {
+    Soluzione soluzione;
+    soluzione.settimana_ms = intero<std::uint32_t>(payload, 0);
+    soluzione.fix = payload[10];
+    soluzione.satelliti = payload[47];
+    const std::uint8_t note = payload[11];
+    if ((note & SETTIMANA_NOTA) != 0 && (note & ORA_NOTA) != 0)
+        soluzione.utc = utcDaGps(intero<std::int16_t>(payload, 8), soluzione.settimana_ms);
+    const auto [x, y, z] = centimetri(payload, 12);
+    // Nobody drives at the centre of the earth: there the receiver has written nothing.
+    if (!conPosizione(soluzione.fix) || (x == 0 && y == 0 && z == 0))
+        return soluzione;
+    soluzione.luogo = geodetica(x, y, z);
+    soluzione.velocita = velocitaLocale(*soluzione.luogo, centimetri(payload, 28));
+    soluzione.accuratezza_posizione = intero<std::uint32_t>(payload, 24) / CENTO;
+    soluzione.accuratezza_velocita = intero<std::uint32_t>(payload, 40) / CENTO;
+    return soluzione;
+}
+
+}  // namespace kel_registrazioni

@@ -1,0 +1,252 @@
+// Recordings through the C face: what one call a sample gives, in columns.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "kelregistrazioni.h"
+#include "prova.h"
+
+namespace {
+
+using namespace prova;
+
+constexpr std::size_t RECORD = 300;
+
+// All that a column has to say of some rows.
+struct Righe {
+    std::vector<double> valori;
+    std::vector<bool> validi;
+    std::vector<std::string> testi;
+    bool operator==(const Righe&) const = default;
+};
+
+template <typename Valore>
+std::vector<double> comeDouble(const std::vector<double>& memoria, std::size_t quante) {
+    const auto* valori = reinterpret_cast<const Valore*>(memoria.data());
+    return {valori, valori + quante};
+}
+
+Righe leggi(s_kel_registrazione* reg, unsigned colonna, std::uint64_t da, std::size_t quante) {
+    s_kel_descrizione descrizione{};
+    EXPECT_EQ(kelRegDescrivi(reg, colonna, &descrizione), 1);
+    std::vector<double> valori(quante);
+    std::vector<unsigned char> validi((quante + 7) / 8);
+    std::vector<char> testi(quante * 32);
+    const s_kel_lettura lettura{colonna, valori.data(), validi.data(), testi.data()};
+    EXPECT_EQ(kelRegLeggi(reg, da, quante, &lettura, 1), 1);
+    Righe righe;
+    switch (descrizione.valori) {
+        case KEL_VALORI_FLOAT:
+            righe.valori = comeDouble<float>(valori, quante);
+            break;
+        case KEL_VALORI_UINT32:
+            righe.valori = comeDouble<std::uint32_t>(valori, quante);
+            break;
+        case KEL_VALORI_ISTANTE:
+            righe.valori = comeDouble<std::int64_t>(valori, quante);
+            break;
+        default:
+            righe.valori = valori;
+    }
+    for (std::size_t i = 0; i < quante; ++i) {
+        righe.validi.push_back((validi[i / 8] >> i % 8 & 1) != 0);
+        righe.testi.emplace_back(testi.data() + i * 32);
+    }
+    return righe;
+}
+
+TEST(Recordings, HaveAColumnForEachChannelAndSubfield) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(RECORD);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    ASSERT_TRUE(reg);
+    EXPECT_EQ(kelRegRighe(reg.get()), RECORD);
+    EXPECT_EQ(kelRegOrario(reg.get()), KEL_ORARIO_U32MS);
+    EXPECT_STREQ(kelRegDetto(reg.get()), "time stamps: u32ms, every 40 ms");
+    EXPECT_EQ(kelRegAvanzo(reg.get()), 0u);
+    s_kel_descrizione d{};
+    ASSERT_EQ(kelRegDescrivi(reg.get(), 0, &d), 1);
+    EXPECT_STREQ(d.nome, "Wheel Speed");
+    EXPECT_STREQ(d.udm, "km/h");
+    EXPECT_EQ(d.fid, kelFidComponi(FID_PHI_SPEED, 0, FID_POS_WHEEL));
+    EXPECT_EQ(d.valori, KEL_VALORI_FLOAT);
+    for (const char* nome : {"RPM", "Latitude", "Longitude", "UTC", "GPS Fix", "GPS Speed", "Lap Time", "Lap Number"})
+        EXPECT_LT(colonna(reg.get(), nome), kelRegNumColonne(reg.get())) << nome;
+    EXPECT_EQ(kelRegDescrivi(reg.get(), kelRegNumColonne(reg.get()), &d), 0);
+}
+
+TEST(Recordings, GiveWhatOneCallASampleGives) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(RECORD);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    const std::size_t passo = kart.dimensione() + 4;
+    s_kel_canale canale{};
+    canale.fid = kelFidComponi(FID_PHI_RPM, 0, FID_POS_ENGINE);
+    canale.tipo_campione = KEL_TIPO_INT16;
+    canale.offset_campione = 2;
+    s_kel_converter conv{};
+    conv.larghezza = 8;
+    kelConvInit(&conv, &canale, canale.fid, kelFunGetConvData(canale.fid, "rpm"), 0, 0, 0);
+    const Righe righe = leggi(reg.get(), colonna(reg.get(), "RPM"), 0, RECORD);
+    unsigned senza = 0;
+    for (std::size_t i = 0; i < RECORD; ++i) {
+        const std::uint8_t* record = campioni.data() + i * passo + 4;
+        std::uint32_t stato = 0;
+        EXPECT_EQ(righe.valori[i], static_cast<double>(conv.valore(&conv, record + 2, &stato)));
+        EXPECT_EQ(righe.validi[i], stato == 0);
+        senza += stato != 0;
+        char testo[32];
+        kelConvGetString(&conv, record, testo);
+        EXPECT_EQ(righe.testi[i], testo);
+    }
+    EXPECT_EQ(senza, RECORD / 7 + 1) << "the reserved values are not numbers";
+}
+
+TEST(Recordings, ShowAGpsPacketInWgs84) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(RECORD);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    const Righe latitudini = leggi(reg.get(), colonna(reg.get(), "Latitude"), 0, 10);
+    const Righe fix = leggi(reg.get(), colonna(reg.get(), "GPS Fix"), 0, 10);
+    const Righe utc = leggi(reg.get(), colonna(reg.get(), "UTC"), 0, 10);
+    EXPECT_NEAR(latitudini.valori[0], 44.5, 0.3);
+    EXPECT_TRUE(latitudini.validi[0]);
+    EXPECT_FALSE(latitudini.validi[4]) << "no fix";
+    EXPECT_EQ(latitudini.valori[4], 0) << "where there is none it is 0";
+    EXPECT_EQ(latitudini.testi[4], "");
+    EXPECT_EQ(fix.valori[4], 0);
+    EXPECT_TRUE(fix.validi[4]) << "that there is no fix is known";
+    EXPECT_EQ(utc.testi[0], "2025-06-11T23:59:42.000Z");
+    EXPECT_EQ(utc.valori[0], 1749686382e6);
+}
+
+TEST(Recordings, ReadRangesAndOtherUnits) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(RECORD);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    const Righe tutte = leggi(reg.get(), 0, 0, RECORD);
+    const Righe meta = leggi(reg.get(), 0, 100, 50);
+    EXPECT_TRUE(std::equal(meta.valori.begin(), meta.valori.end(), tutte.valori.begin() + 100));
+    EXPECT_EQ(kelRegUnita(reg.get(), 0, "furlong"), 0);
+    EXPECT_EQ(kelRegUnita(reg.get(), 0, "mph"), 1);
+    EXPECT_NEAR(leggi(reg.get(), 0, 100, 1).valori[0], tutte.valori[100] * 0.621371, 1e-4);
+    s_kel_descrizione d{};
+    kelRegDescrivi(reg.get(), 0, &d);
+    EXPECT_STREQ(d.udm, "mph");
+    s_kel_lettura lettura{0, nullptr, nullptr, nullptr};
+    EXPECT_EQ(kelRegLeggi(reg.get(), RECORD, 0, &lettura, 1), 1) << "no rows behind the last";
+    EXPECT_EQ(kelRegLeggi(reg.get(), RECORD - 1, 2, &lettura, 1), 0);
+    EXPECT_EQ(kelRegLeggi(reg.get(), 1, SIZE_MAX, &lettura, 1), 0);
+    lettura.colonna = kelRegNumColonne(reg.get());
+    EXPECT_EQ(kelRegLeggi(reg.get(), 0, 1, &lettura, 1), 0);
+}
+
+TEST(Recordings, KnowTheirTimesAlsoWhereTheCounterBeginsAnew) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(RECORD, 0xFFFFFFFF - 4000);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    std::vector<double> tempi(RECORD);
+    ASSERT_EQ(kelRegTempi(reg.get(), 0, RECORD, tempi.data()), 1);
+    for (std::size_t i = 0; i < RECORD; ++i)
+        EXPECT_DOUBLE_EQ(tempi[i], (4294967295.0 - 4000 + 40.0 * static_cast<double>(i)) / 1000);
+    double uno = 0;
+    ASSERT_EQ(kelRegTempi(reg.get(), 3, 1, &uno), 1);
+    EXPECT_DOUBLE_EQ(uno, tempi[3]) << "asked backwards";
+    std::uint64_t prima = 0;
+    std::uint64_t quante = 0;
+    ASSERT_EQ(kelRegTratto(reg.get(), tempi[20], tempi[50], &prima, &quante), 1);
+    EXPECT_EQ(prima, 20u);
+    EXPECT_EQ(quante, 30u);
+    EXPECT_EQ(kelRegTratto(reg.get(), 0, 1, &prima, &quante), 0);
+}
+
+TEST(Recordings, PushedInPiecesAreWhatTheyAreInMemory) {
+    const Kart kart;
+    Byte campioni = kart.campioni(RECORD, 0xFFFFFFFF - 4000);
+    campioni.resize(campioni.size() - 10);  // the last record is cut off
+    const Registrazione intera = apri(kart.canali(), campioni);
+    ASSERT_TRUE(intera);
+    EXPECT_EQ(kelRegRighe(intera.get()), RECORD - 1);
+    std::vector<double> tempi(RECORD - 1);
+    kelRegTempi(intera.get(), 0, RECORD - 1, tempi.data());
+    for (const std::size_t pezzo : {1, 7, 100, 4096, 1 << 20}) {
+        s_kel_errore errore{};
+        const Registrazione reg(kelRegApri(kart.canali().data(), kart.canali().size(), nullptr, 0, nullptr, &errore));
+        ASSERT_TRUE(reg) << errore.testo;
+        std::uint64_t lette = 0;
+        for (std::size_t da = 0; da <= campioni.size(); da += pezzo) {
+            const std::size_t quanti = std::min(pezzo, campioni.size() - da);
+            ASSERT_EQ(kelRegSpingi(reg.get(), campioni.data() + da, quanti, &errore), 1) << errore.testo;
+            const auto righe = static_cast<std::size_t>(kelRegRighe(reg.get()));
+            ASSERT_EQ(kelRegPrima(reg.get()), lette);
+            for (const unsigned colonna : {0u, 1u, 5u, 8u})
+                EXPECT_EQ(leggi(reg.get(), colonna, lette, righe), leggi(intera.get(), colonna, lette, righe));
+            std::vector<double> suoi(righe);
+            ASSERT_EQ(righe == 0 || kelRegTempi(reg.get(), lette, righe, suoi.data()) == 1, true);
+            EXPECT_TRUE(std::equal(suoi.begin(), suoi.end(), tempi.begin() + static_cast<std::ptrdiff_t>(lette)));
+            lette += righe;
+        }
+        if (campioni.size() % pezzo != 0) {
+            ASSERT_EQ(kelRegSpingi(reg.get(), nullptr, 0, &errore), 1) << errore.testo;
+            lette += kelRegRighe(reg.get());
+        }
+        EXPECT_EQ(lette, RECORD - 1) << pezzo;
+        EXPECT_EQ(kelRegAvanzo(reg.get()), kelRegAvanzo(intera.get()));
+        EXPECT_EQ(kelRegSpingi(reg.get(), campioni.data(), 1, &errore), 0) << "it has ended";
+        EXPECT_STREQ(errore.testo, "the stream has ended");
+    }
+}
+
+TEST(Recordings, SayWhatIsWrong) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(3);
+    const auto detto = [&](const Byte& canali, const Byte& dati, const s_kel_apertura& apertura) {
+        s_kel_errore errore{};
+        const Registrazione reg(kelRegApri(canali.data(), canali.size(), dati.data(), dati.size(), &apertura, &errore));
+        return std::string(reg ? "opened" : errore.testo);
+    };
+    const s_kel_apertura nulla{};
+    EXPECT_EQ(detto({}, campioni, nulla), "there are no channels in it");
+    EXPECT_EQ(detto(Byte(111), campioni, nulla), "111 bytes are no channel records, which have 112 bytes each");
+    EXPECT_EQ(detto(Byte(112), campioni, nulla),
+              "the channels ask for no bytes of samples; compatta goes by their sample types instead");
+    Byte fuori = kart.canali();
+    fuori[68] = 0xFF;
+    EXPECT_EQ(detto(fuori, campioni, nulla),
+              "channel 1 ('Wheel Speed') has its sample at bytes 255 to 257 of a record of 96; compatta goes by the "
+              "sample types instead");
+    s_kel_apertura chiesto{};
+    chiesto.orario = KEL_ORARIO_U64US;
+    EXPECT_EQ(detto(kart.canali(), campioni, chiesto),
+              "300 bytes are no whole number of records of 104 bytes: 2 records and 92 bytes over; orario u32ms: 3 "
+              "records of 100 bytes, every 40 ms");
+    chiesto.frequenza = -1;
+    EXPECT_EQ(detto(kart.canali(), campioni, chiesto),
+              "frequenza is no rate; accepted: records a second, 0.001 to 1000000, or 0");
+    chiesto.frequenza = NAN;
+    EXPECT_NE(detto(kart.canali(), campioni, chiesto), "opened");
+    EXPECT_EQ(kelRegApri(nullptr, 0, nullptr, 0, nullptr, nullptr), nullptr) << "nobody asks why";
+}
+
+TEST(Recordings, WithoutStampsHaveTheTimesOfARate) {
+    const Kart kart;
+    const Byte con = kart.campioni(20);
+    Byte campioni;
+    for (std::size_t i = 0; i < con.size(); i += kart.dimensione() + 4)
+        campioni.insert(campioni.end(), con.begin() + static_cast<std::ptrdiff_t>(i + 4),
+                        con.begin() + static_cast<std::ptrdiff_t>(i + 4 + kart.dimensione()));
+    s_kel_apertura apertura{};
+    const Registrazione senza = apri(kart.canali(), campioni, apertura);
+    double tempo = 0;
+    EXPECT_EQ(kelRegTempi(senza.get(), 3, 1, &tempo), 0);
+    apertura.frequenza = 25;
+    const Registrazione reg = apri(kart.canali(), campioni, apertura);
+    ASSERT_EQ(kelRegTempi(reg.get(), 3, 1, &tempo), 1);
+    EXPECT_DOUBLE_EQ(tempo, 0.12);
+}
+
+}  // namespace
