@@ -2,7 +2,10 @@
 #include "columns/nuclei.h"
 
 #ifdef KEL_NUCLEI_AVX2
+// The header calls the type as C does, which clang does not know in C++.
+#define _Bool bool
 #include <sys/platform/x86.h>
+#undef _Bool
 #endif
 
 namespace kel_colonne {
