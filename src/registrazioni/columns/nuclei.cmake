@@ -6,6 +6,7 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64|i[3-6]86)$")
   set(CMAKE_REQUIRED_FLAGS "-mavx2 -mf16c")
   check_cxx_source_compiles("
     #include <immintrin.h>
+    #define _Bool bool
     #include <sys/platform/x86.h>
     int main() { return CPU_FEATURE_ACTIVE(AVX2) && CPU_FEATURE_ACTIVE(F16C) ? 1 : 0; }" KEL_NUCLEI_AVX2)
   unset(CMAKE_REQUIRED_FLAGS)

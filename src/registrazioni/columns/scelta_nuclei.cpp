@@ -2,10 +2,10 @@
 #include "columns/nuclei.h"
 
 #ifdef KEL_NUCLEI_AVX2
-#ifdef __clang__
-#define _Bool bool  // the header is written in C, whose word clang does not know in C++
-#endif
+// The header calls the type as C does, which clang does not know in C++.
+#define _Bool bool
 #include <sys/platform/x86.h>
+#undef _Bool
 #endif
 
 namespace kel_colonne {
