@@ -22,7 +22,6 @@ PLACES = [
     "docs/flat-face.md",
     "docs/glossary.md",
     "docs/promises.md",
-    "tests/mutation/library.py",
 ]
 # They speak of older releases, or were compiled with one.
 HISTORY = re.compile(r"CHANGELOG\.md|debian/changelog|tests/abi/(\w+\.abi|releases/.*)")

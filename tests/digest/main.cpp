@@ -55,7 +55,8 @@ int confronta(const Richiesta& richiesta) {
         return 2;
     }
     for (const Corsa& corsa : corri(richiesta)) {
-        const unsigned diverse = digest::differenze(corsa, tenute, !richiesta.flat);
+        const unsigned diverse =
+            digest::differenze(corsa, tenute, !richiesta.flat && !digest::famiglieColonne().empty());
         if (diverse != 0) {
             std::printf("\n%u of %zu operations differ from %s\n", diverse, corsa.conti().size(), richiesta.confronta);
             digest::consiglia();
