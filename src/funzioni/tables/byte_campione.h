@@ -18,7 +18,7 @@ struct ByteCampione {
 
 // clang-format off
 //   sample type                bytes
-inline constexpr ByteCampione byte_campioni[] = {
+inline constexpr auto byte_campioni = std::to_array<ByteCampione>({
     {KEL_TIPO_INT32,            4},
     {KEL_TIPO_INT16,            2},
     {KEL_TIPO_UINT8_INTERO,     1},
@@ -44,7 +44,7 @@ inline constexpr ByteCampione byte_campioni[] = {
     {KEL_TIPO_TEMPO_PACCHETTO,  32},
     {KEL_TIPO_NESSUNO_2,        0},
     {KEL_TIPO_DIFFERENZA_TEMPO, 4},
-};
+});
 // clang-format on
 
 // Derived here alone: the other tables of sample types must have as many rows.

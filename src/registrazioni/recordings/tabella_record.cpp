@@ -146,7 +146,9 @@ eKelOrario TabellaRecord::orario() const {
 
 // The time stamp of a row, in its own unit.
 std::uint64_t TabellaRecord::marca(std::uint64_t riga) {
-    const auto letta = [this](std::uint64_t quale) { return byte_.subspan(static_cast<std::size_t>(quale - prima_) * passo_); };
+    const auto letta = [this](std::uint64_t quale) {
+        return byte_.subspan(static_cast<std::size_t>(quale - prima_) * passo_);
+    };
     if (orario_ == Orario::u64us)
         return intero<std::uint64_t>(letta(riga), 0);
     if (orario_ != Orario::u32ms)
