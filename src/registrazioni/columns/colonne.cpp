@@ -137,7 +137,7 @@ void leggi_gruppo(const Nuclei& nuclei, const unsigned char* record, std::size_t
     }
     const bool oltre_cache = nuclei.copia_oltre != nullptr && colonne_di_valori != 0 &&
                              numero > byte_oltre_cache / sizeof(float) / colonne_di_valori;
-    Banco banco;
+    Banco banco;  // NOLINT(cppcoreguidelines-pro-type-member-init): each block writes what it reads
     const std::size_t blocco = record_per_blocco(passo, num_colonne);
     for (std::size_t primo = 0; primo < numero; primo += blocco) {
         const std::size_t quanti = numero - primo < blocco ? numero - primo : blocco;

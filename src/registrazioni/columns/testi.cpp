@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t gruppo = 128;  // samples whose words are kept side by side
 
 std::int32_t intero(const unsigned char* campione) noexcept {
-    std::int32_t numero;
+    std::int32_t numero = 0;
     std::memcpy(&numero, campione, sizeof numero);
     return numero;
 }
@@ -162,8 +162,8 @@ void scrivi_gps(char* testo, unsigned fix, unsigned satelliti) noexcept {
 
 // The text behind a number, up to its NUL or to the end of the sample: of six bytes, in one word.
 void scrivi_copia_6(char* testo, const unsigned char* campione) noexcept {
-    std::uint32_t quattro;
-    std::uint16_t due;
+    std::uint32_t quattro = 0;
+    std::uint16_t due = 0;
     std::memcpy(&quattro, campione + 2, sizeof quattro);
     std::memcpy(&due, campione + 6, sizeof due);
     const std::uint64_t parola = quattro | std::uint64_t{due} << 32;
@@ -271,7 +271,7 @@ void scrivi_fermi(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti
                   const unsigned char* stati) noexcept {
     const Campo campo = campo_di(conv.larghezza, conv.decimali, conv.formato);
     a_gruppi(blocco, [&](const BloccoTesti& questi, std::size_t primo) {
-        Parole parole;
+        Parole parole;  // NOLINT(cppcoreguidelines-pro-type-member-init): written by the call below
         nuclei.numeri_in_parole(valori + primo, questi.numero, campo, parole.parole, parole.entrano);
         char* testo = questi.testi;
         for (std::size_t i = 0; i < questi.numero; ++i, testo += byte_testo) {

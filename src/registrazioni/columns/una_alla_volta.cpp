@@ -52,7 +52,7 @@ void scrivi_uno_a_uno(s_kel_converter& conv, const BloccoTesti& blocco) noexcept
         if (conv.testo != nullptr)
             conv.testo(&conv, campione, testo);
         else
-            std::memcpy(testo, "- -", 3);
+            std::memcpy(testo, "- -", 4);
     }
 }
 

@@ -142,10 +142,13 @@ std::vector<Linea> lineeIntermedie(const Lettura& lettura, std::span<const Inter
         }
         const auto& [metri, detto] = std::get<Metri>(uno);
         const auto linea = lineaADistanza(*campione, lettura.guida, metri);
-        if (!linea)
-            throw Errore(nome + " " + detto + " is nowhere: lap " + std::to_string(campione->numero) + " has " +
-                         conDecimali(campione->metri.value_or(0), 0) + " m");
-        dillo(nome + " " + detto + " is " + nome + " " + testo(*linea));
+        std::string frase = nome;
+        frase.append(" ").append(detto);
+        if (!linea) {
+            frase.append(" is nowhere: lap ").append(std::to_string(campione->numero)).append(" has ");
+            throw Errore(frase.append(conDecimali(campione->metri.value_or(0), 0)).append(" m"));
+        }
+        dillo(frase.append(" is ").append(nome).append(" ").append(testo(*linea)));
         linee.push_back(*linea);
     }
     return linee;
