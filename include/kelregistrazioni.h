@@ -64,10 +64,9 @@ KEL_API void kelColLeggi(const void* record, size_t passo, size_t numero, s_kel_
 /// A recording or a u-blox stream that is open.
 typedef struct s_kel_registrazione s_kel_registrazione;
 
-/// Why something failed: one line that says what was wrong, and where. Never null-terminated too late, and never touched when
-/// all went well.
+/// Why something failed. Not touched when all went well.
 typedef struct s_kel_errore {
-    char testo[512];
+    char testo[512];  ///< one line that says what was wrong, and where; ends with a NUL
 } s_kel_errore;
 
 /// The time stamp before each record.
@@ -80,11 +79,11 @@ typedef enum eKelOrario KEL_ENUM {
 
 /// How a recording is to be read. All zero is what a logger writes.
 typedef struct s_kel_apertura {
-    eKelOrario orario;
-    int compatta;      ///< not 0: samples lie one behind the other, whatever the channel records say
-    int dispositivo;   ///< not 0: GPS packets as the device shows them, by the library's rules, not in WGS 84
-    int pacchetti;     ///< not 0: a column of texts for each packet too
-    double frequenza;  ///< records a second where there are no stamps, 0.001 to 1000000; 0: they have no time
+    eKelOrario orario;  ///< the time stamp before each record
+    int compatta;       ///< not 0: samples lie one behind the other, whatever the channel records say
+    int dispositivo;    ///< not 0: GPS packets as the device shows them, by the library's rules, not in WGS 84
+    int pacchetti;      ///< not 0: a column of texts for each packet too
+    double frequenza;   ///< records a second where there are no stamps, 0.001 to 1000000; 0: they have no time
     uint64_t
         lunghezza;  ///< bytes of a whole stream that is pushed, so that more of it may tell the framing; 0: not known
 } s_kel_apertura;
@@ -106,8 +105,8 @@ typedef struct s_kel_descrizione {
     const char* udm;    ///< unit of its values; "" for none
     kel_funpos fid;     ///< 0 for what has no function
     uint32_t canale;    ///< place of its channel in the set; 0 for a u-blox stream
-    eKelValori valori;
-    int32_t decimali;  ///< that its unit is shown with
+    eKelValori valori;  ///< the kind of its values
+    int32_t decimali;   ///< that its unit is shown with
 } s_kel_descrizione;
 
 /// Where to put the rows of a column. A null member is not written.
@@ -120,11 +119,13 @@ typedef struct s_kel_lettura {
 
 /// Opens records of samples.
 ///
-/// @param canali    channel records of 112 bytes, little-endian; not kept.
-/// @param campioni  records of samples, each behind its time stamp if there is one; null: they will be pushed.
-/// @param apertura  null: all zero.
-/// @param errore    may be null.
-/// @return          to be closed with `kelRegChiudi`; null: see `errore`.
+/// @param canali         channel records of 112 bytes, little-endian; not kept.
+/// @param byte_canali    their length.
+/// @param campioni       records of samples, each behind its time stamp if there is one; null: they will be pushed.
+/// @param byte_campioni  their length; 0 with null.
+/// @param apertura       null: all zero.
+/// @param errore         may be null.
+/// @return               to be closed with `kelRegChiudi`; null: see `errore`.
 /// @since 0.1.0
 KEL_API s_kel_registrazione* kelRegApri(const void* canali, size_t byte_canali, const void* campioni,
                                         size_t byte_campioni, const s_kel_apertura* apertura,
@@ -152,18 +153,22 @@ KEL_API const char* kelRegDetto(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 /// @since 0.1.0
 KEL_API eKelOrario kelRegOrario(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 
-/// The rows at hand: the first, and how many. Rows are counted from the start of the recording.
+/// The first of the rows at hand, counted from the start of the recording.
 /// @since 0.1.0
 KEL_API uint64_t kelRegPrima(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+/// How many rows are at hand.
+/// @since 0.1.0
 KEL_API uint64_t kelRegRighe(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 
 /// Bytes behind the last whole record, or the last message of a u-blox stream.
 /// @since 0.1.0
 KEL_API uint64_t kelRegAvanzo(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 
-/// The columns, and what each is: 1, or 0 where there is no such column.
+/// How many columns there are.
 /// @since 0.1.0
 KEL_API unsigned kelRegNumColonne(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+/// What a column is: 1, or 0 where there is no such column.
+/// @since 0.1.0
 KEL_API int kelRegDescrivi(const s_kel_registrazione* reg, unsigned colonna,
                            s_kel_descrizione* descrizione) KEL_NOEXCEPT;
 
@@ -201,16 +206,16 @@ typedef struct s_kel_giri s_kel_giri;
 
 /// A line across the track that is passed in one direction.
 typedef struct s_kel_linea {
-    double latitudine;  ///< of its middle, degrees, WGS 84
-    double longitudine;
-    double rotta;      ///< in which it is passed, degrees from north, clockwise
-    double larghezza;  ///< from end to end, m; 0: 30
+    double latitudine;   ///< of its middle, degrees, WGS 84
+    double longitudine;  ///< of its middle, degrees, WGS 84
+    double rotta;        ///< in which it is passed, degrees from north, clockwise
+    double larghezza;    ///< from end to end, m; 0: 30
 } s_kel_linea;
 
 /// The end of a sector.
 typedef struct s_kel_intermedio {
-    double metri;  ///< behind the finish line; 0: at the line
-    s_kel_linea linea;
+    double metri;       ///< behind the finish line; 0: at the line
+    s_kel_linea linea;  ///< used where `metri` is 0
 } s_kel_intermedio;
 
 /// Whose laps.
@@ -222,11 +227,11 @@ typedef enum eKelFonteGiri KEL_ENUM {
 
 /// How laps are looked for. All zero is the choice of whoever chooses nothing.
 typedef struct s_kel_scelte_giri {
-    eKelFonteGiri fonte;
-    unsigned num_intermedi;
-    const s_kel_linea* linea;  ///< the finish line; null: the place that is passed most often at speed
-    const s_kel_intermedio* intermedi;
-    double minimo;  ///< shortest lap by GPS, s, 1 to 3600; 0: 10
+    eKelFonteGiri fonte;                ///< whose laps
+    unsigned num_intermedi;             ///< entries of `intermedi`
+    const s_kel_linea* linea;           ///< the finish line; null: the place that is passed most often at speed
+    const s_kel_intermedio* intermedi;  ///< ends of sectors, in the order in which they are driven; null: none
+    double minimo;                      ///< shortest lap by GPS, s, 1 to 3600; 0: 10
 } s_kel_scelte_giri;
 
 /// What a lap is; only those of the first kind count for the best.
@@ -241,20 +246,20 @@ typedef enum eKelStatoGiro KEL_ENUM {
 
 /// A lap. A number that is not known is a NaN.
 typedef struct s_kel_giro {
-    int32_t numero;
-    uint32_t sessione;  ///< from 0; a new one begins where time runs backwards, or on by more than ten minutes
-    eKelStatoGiro stato;
-    int32_t migliore;  ///< 1 for the best lap
-    int32_t ms;        ///< the lap time; -1 for a lap that is not closed
-    uint32_t num_settori;
+    int32_t numero;          ///< as the logger counted it, or from 1; 0: the way out
+    uint32_t sessione;       ///< from 0; a new one begins where time runs backwards, or on by more than ten minutes
+    eKelStatoGiro stato;     ///< whether it counts, and if not, why
+    int32_t migliore;        ///< 1 for the best lap
+    int32_t ms;              ///< the lap time; -1 for a lap that is not closed
+    uint32_t num_settori;    ///< entries of `settori`
     const int32_t* settori;  ///< ms, in the order in which they are driven; -1 where not known. Stay until the next
                              ///< `kelGiriCalcola`
     double inizio;           ///< s, from the start of its session
     double distacco;         ///< s, to the best lap, of laps that count
     double massima;          ///< speed, m/s
-    double minima;
-    double metri;
-    uint64_t campioni;  ///< rows
+    double minima;           ///< least speed, m/s
+    double metri;            ///< distance driven, m
+    uint64_t campioni;       ///< rows
 } s_kel_giro;
 
 /// Begins to put the laps of a recording together; null: see `errore`. To be closed with `kelGiriChiudi`, before or behind
@@ -271,7 +276,9 @@ KEL_API void kelGiriChiudi(s_kel_giri* giri) KEL_NOEXCEPT;
 KEL_API int kelGiriAggiungi(s_kel_giri* giri, s_kel_errore* errore) KEL_NOEXCEPT;
 
 /// Finds the laps of the rows taken so far; may be called again with another choice.
+/// @param giri    with the rows taken so far.
 /// @param scelte  null: all zero.
+/// @param errore  may be null.
 /// @return        1; 0 where no lap is closed: `errore` says why.
 /// @since 0.1.0
 KEL_API int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_errore* errore) KEL_NOEXCEPT;
@@ -280,13 +287,16 @@ KEL_API int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_
 /// @since 0.1.0
 KEL_API const char* kelGiriDetto(const s_kel_giri* giri) KEL_NOEXCEPT;
 
-/// The laps, and what each was: 1, or 0 where there is no such lap.
+/// How many laps were found.
 /// @since 0.1.0
 KEL_API unsigned kelGiriNumero(const s_kel_giri* giri) KEL_NOEXCEPT;
+/// What a lap was: 1, or 0 where there is no such lap.
+/// @since 0.1.0
 KEL_API int kelGiriGiro(const s_kel_giri* giri, unsigned quale, s_kel_giro* giro) KEL_NOEXCEPT;
 
 /// @}
 
+/// @cond
 /* The Arrow C data interface, as its page asks for it: https://arrow.apache.org/docs/format/CDataInterface.html */
 #ifndef ARROW_C_DATA_INTERFACE
 #define ARROW_C_DATA_INTERFACE
@@ -334,6 +344,7 @@ struct ArrowArrayStream {
 };
 
 #endif /* ARROW_C_STREAM_INTERFACE */
+/// @endcond
 
 /// @name Arrow
 /// @{
@@ -344,9 +355,13 @@ struct ArrowArrayStream {
 /// `float`, `double` and `uint32` with validity, UTC as a timestamp in microseconds, packets as utf8. Each field has the
 /// metadata `unit`, `identifier` and `long_name`. Bytes of names and texts that are no UTF-8 become question marks.
 ///
+/// @param reg     with the rows at hand.
+/// @param da      first row.
+/// @param quante  how many rows.
 /// @param testi   not 0: all columns as utf8, by the texts of `kelRegLeggi`; null where they have no value.
 /// @param flusso  to be released by its `release`, read to its end or not. It reads the caller's bytes, and of a pushed stream
 ///                the piece at hand: pushing the next ends it with an error.
+/// @param errore  may be null.
 /// @return        1; 0: `flusso` is as it was, see `errore`.
 /// @since 0.1.0
 KEL_API int kelRegArrow(s_kel_registrazione* reg, uint64_t da, uint64_t quante, int testi,
