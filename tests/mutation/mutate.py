@@ -31,15 +31,15 @@ class Run:
     def __init__(self, options):
         self.options = options
         self.root, self.build = options.root.resolve(), options.build.resolve()
-        self.library = Library(self.root, self.build, options.jobs)
+        self.objects = Library(self.root, self.build, options.jobs)
         self.mutants, self.tables, self.texts = [], [], {}
         self.users = defaultdict(list)  # by file: the sources that include it
 
     def find(self):
         """The mutants of the code, and the tables."""
-        tasks = [(self.root, FOLDER, one, self.library.libclang_arguments(one)) for one in self.library.sources]
+        tasks = [(self.root, FOLDER, one, self.objects.libclang_arguments(one)) for one in self.objects.sources]
         with multiprocessing.Pool(self.options.jobs) as pool:
-            for one, files in zip(self.library.sources, pool.starmap(source.read, tasks)):
+            for one, files in zip(self.objects.sources, pool.starmap(source.read, tasks)):
                 for name, mutants, tables in files:
                     self.users[name].append(one)
                     if name not in self.texts:
@@ -62,9 +62,9 @@ class Run:
         with_switch = [mutant for mutant in mutants if not mutant.alone]
         for number, mutant in enumerate(with_switch, 1):
             mutant.number = number
-        tables = {table.file for table in self.tables}.intersection(self.library.sources)
+        tables = {table.file for table in self.tables}.intersection(self.objects.sources)
         users = {one for mutant in with_switch for one in self.users[mutant.file]}
-        return self.library.with_switches(self.texts, with_switch, sorted(tables | users))
+        return self.objects.with_switches(self.texts, with_switch, sorted(tables | users))
 
     def judge(self, mutant):
         """What becomes of a mutant: switched on, and, when no test comes by it or catches it, compiled alone."""
@@ -74,7 +74,7 @@ class Run:
             self.test(mutant, self.tests.reached(mutant), self.switched, {"KEL_MUTANT": str(mutant.number)})
         if not mutant.outcome and not mutant.cell and (mutant.alone or not self.equivalents.key_of(mutant)):
             text, users = self.texts[mutant.file], self.users[mutant.file]
-            with self.library.with_change(mutant, text, users) as (outcome, changed):
+            with self.objects.with_change(mutant, text, users) as (outcome, changed):
                 mutant.outcome = outcome
                 if changed and not self.tests.reached(mutant):
                     self.test(mutant, self.tests.programs, changed, {})
@@ -87,7 +87,7 @@ class Run:
 
     def judge_all(self, mutants):
         mark = results.fingerprint(self.root, INPUTS)
-        journal = results.Journal(self.library.work / "state.tsv", mark, self.options.fresh)
+        journal = results.Journal(self.objects.work / "state.tsv", mark, self.options.fresh)
         for mutant in mutants:
             mutant.outcome, mutant.by = journal.outcomes.get(mutant.name, ("", ""))
         left = sorted((mutant for mutant in mutants if not mutant.outcome), key=lambda mutant: mutant.alone)
@@ -113,7 +113,7 @@ class Run:
         self.equivalents = results.Equivalents()
         print(f"{len(self.mutants)} mutants, {len(mutants)} of them to try", file=sys.stderr)
         programs = [self.build / "tests" / f"kel_test_{room}" for room in self.options.tests]
-        self.tests = Tests(programs, self.library.work, self.switched, self.options.jobs)
+        self.tests = Tests(programs, self.objects.work, self.switched, self.options.jobs)
         self.judge_all(mutants)
         listed = [mutant for mutant in mutants if self.equivalents.key_of(mutant)]
         for mutant in listed:
