@@ -14,6 +14,10 @@ function(kel_compila libreria)
   # A square root becomes one instruction. Without this option the compiler adds a call of the C library for negative
   # numbers, whose only effect is to set errno, which no function of the libraries reads or promises.
   target_compile_options(${libreria} PRIVATE -fno-math-errno)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "aarch64|arm64")
+    # Otherwise a routine of the compiler's asks for the processor's atomic instructions when the library is loaded.
+    target_compile_options(${libreria} PRIVATE -mno-outline-atomics)
+  endif()
   if(NOT KEL_CONDIVISA)
     # A program's linker may leave out what it does not use (--gc-sections).
     target_compile_options(${libreria} PRIVATE -ffunction-sections -fdata-sections)

@@ -12,6 +12,9 @@ struct Parole {
     const char* intermedio = "intermedi";  ///< the end of a sector
 };
 
+/// The face's own words. They stand once in read-only data; a copy on the stack is made from writable data by gcc for ARM.
+inline constexpr Parole PAROLE_DELLA_FACCIA;
+
 }  // namespace kel_registrazioni
 
 #endif

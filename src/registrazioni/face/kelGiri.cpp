@@ -123,10 +123,9 @@ int kelGiriAggiungi(s_kel_giri* giri, s_kel_errore* errore) noexcept {
 
 int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_errore* errore) noexcept {
     return chiama(errore, 0, [&] {
-        constexpr Parole PAROLE;
         const s_kel_scelte_giri date = scelte != nullptr ? *scelte : s_kel_scelte_giri{};
-        const ScelteGiri chieste = scelteDi(date, PAROLE, *giri->catalogo);
-        const std::vector<Intermedio> intermedi = intermediDi(date, PAROLE);
+        const ScelteGiri chieste = scelteDi(date, PAROLE_DELLA_FACCIA, *giri->catalogo);
+        const std::vector<Intermedio> intermedi = intermediDi(date, PAROLE_DELLA_FACCIA);
         giri->detto.clear();
         giri->settori.clear();
         giri->lettura = {};
@@ -134,15 +133,15 @@ int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_erro
         Lettura lettura;
         if (giri->raccolta) {
             RaccoltaRecord raccolta = *giri->raccolta;  // another choice may follow
-            lettura = giriDellaRegistrazione(raccolta, chieste, PAROLE, dillo);
+            lettura = giriDellaRegistrazione(raccolta, chieste, PAROLE_DELLA_FACCIA, dillo);
         } else {
             if (giri->fix.empty())
                 throw Errore("there is no NAV-SOL and no NAV-PVT message in it");
-            lettura = giriDellaCattura(giri->fix, chieste, PAROLE, dillo);
+            lettura = giriDellaCattura(giri->fix, chieste, PAROLE_DELLA_FACCIA, dillo);
         }
         diSessioni(lettura.guida, dillo);
         misura(lettura.giri, lettura.guida);
-        giri->linee = lineeIntermedie(lettura, intermedi, PAROLE, dillo);
+        giri->linee = lineeIntermedie(lettura, intermedi, PAROLE_DELLA_FACCIA, dillo);
         dividi(lettura.giri, lettura.guida, giri->linee);
         for (const Giro& giro : lettura.giri) {
             auto& settori = giri->settori.emplace_back();

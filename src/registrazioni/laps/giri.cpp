@@ -92,7 +92,7 @@ Giro aperto(std::size_t sessione, double inizio, double fine, StatoGiro stato) {
 }  // namespace
 
 std::string_view nome(StatoGiro stato) {
-    constexpr std::string_view NOMI[] = {"", "out", "in", "no fix", "wrong way", "stopped"};
+    static constexpr std::string_view NOMI[] = {"", "out", "in", "no fix", "wrong way", "stopped"};
     return NOMI[static_cast<std::size_t>(stato)];
 }
 

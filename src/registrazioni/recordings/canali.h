@@ -27,7 +27,7 @@ enum class Disposizione {
 /// The channel set of a file: records of 112 bytes, little-endian, as they lie in the device's memory.
 /// @throws Errore  when they are no such records: one line that names the channel at fault.
 std::vector<s_kel_canale> leggiCanali(std::span<const std::uint8_t> byte, Disposizione disposizione,
-                                      const Parole& parole = {});
+                                      const Parole& parole = PAROLE_DELLA_FACCIA);
 
 /// Bytes of one record of samples of a set that `leggiCanali` gave.
 std::size_t dimensioneRecord(std::span<const s_kel_canale> canali);

@@ -48,12 +48,12 @@ EsameOrario esaminaOrario(std::span<const std::uint8_t> testa, std::size_t dimen
 /// records without stamps, the framing without stamps. `detto` names it.
 /// @throws Errore  when no framing fits, or several fit alike: one line that tells what each of them would be.
 Inquadratura scegliInquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
-                                std::optional<std::uint64_t> lunghezza, const Parole& parole = {});
+                                std::optional<std::uint64_t> lunghezza, const Parole& parole = PAROLE_DELLA_FACCIA);
 
 /// A framing that the user has chosen. `detto` is a warning where the samples speak against it.
 /// @throws Errore  when the length is no whole number of its records and the stamps do not prove it all the same.
 Inquadratura verificaInquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
-                                  std::optional<std::uint64_t> lunghezza, Orario scelto, const Parole& parole = {});
+                                  std::optional<std::uint64_t> lunghezza, Orario scelto, const Parole& parole = PAROLE_DELLA_FACCIA);
 
 /// "none", "u32ms", "u64us".
 const char* nomeOrario(Orario orario);

@@ -11,7 +11,7 @@ std::string nomeLungo(const IFunzioni& catalogo, kel_funpos fid) {
 }
 
 std::string misura(const std::string& udm) {
-    constexpr std::string_view SENZA_MISURA[] = {"#", "gear", "Pckt", "Date", "Coord"};
+    static constexpr std::string_view SENZA_MISURA[] = {"#", "gear", "Pckt", "Date", "Coord"};
     if (std::ranges::find(SENZA_MISURA, udm) != std::end(SENZA_MISURA))
         return "";
     return udm == "time" ? "ms" : udm;
