@@ -39,13 +39,13 @@ public:
     }
 
 private:
-    static constexpr unsigned bit = 9;
+    static constexpr unsigned BIT = 9;
 
-    std::size_t dove(kel_funpos fid) const { return fid * fattore_ >> (32 - bit); }
+    std::size_t dove(kel_funpos fid) const { return fid * fattore_ >> (32 - BIT); }
 
     std::uint32_t fattore_ = 1;
-    std::array<Riga, 1u << bit> posti_ = {};
-    std::array<kel_funpos, 1u << bit> chiavi_ = {};  // an empty place has no row, so its key may be anything
+    std::array<Riga, 1u << BIT> posti_ = {};
+    std::array<kel_funpos, 1u << BIT> chiavi_ = {};  // an empty place has no row, so its key may be anything
 };
 
 }  // namespace

@@ -12,9 +12,9 @@ using namespace prova;
 
 namespace {
 
-constexpr kel_funpos temperatura = 0x1091;
-constexpr kel_funpos tempo_giro = 0x0992;
-constexpr kel_funpos latitudine = 0x8A07;
+constexpr kel_funpos TEMPERATURA = 0x1091;
+constexpr kel_funpos TEMPO_GIRO = 0x0992;
+constexpr kel_funpos LATITUDINE = 0x8A07;
 
 s_kel_canale canale(kel_funpos fid, unsigned tipo) {
     s_kel_canale fatto = {};
@@ -28,7 +28,7 @@ void tempi() {
     const auto campioni =
         genera([](Casuale& casuale) { return static_cast<std::int32_t>(20000 + sotto(casuale, 580000)); });
     serie(riga, Ruolo::nostro, "kelConvGetString", campioni,
-          [conv = convertitore(tempo_giro, KEL_TIPO_TEMPO_GIRO, "time", {8, 2})](const std::int32_t& campione) mutable {
+          [conv = convertitore(TEMPO_GIRO, KEL_TIPO_TEMPO_GIRO, "time", {8, 2})](const std::int32_t& campione) mutable {
               Testo testo;
               kelConvGetString(&conv, &campione, testo.data());
               return testo;
@@ -54,7 +54,7 @@ void coordinate() {
     const auto campioni =
         genera([](Casuale& casuale) { return static_cast<std::int32_t>(fra(casuale, -1.8e9, 1.8e9)); });
     serie(riga, Ruolo::nostro, "kelConvGetString", campioni,
-          [conv = convertitore(latitudine, KEL_TIPO_COORDINATA, "deg", {10, 2})](const std::int32_t& campione) mutable {
+          [conv = convertitore(LATITUDINE, KEL_TIPO_COORDINATA, "deg", {10, 2})](const std::int32_t& campione) mutable {
               Testo testo;
               kelConvGetString(&conv, &campione, testo.data());
               return testo;
@@ -76,9 +76,9 @@ void coordinate() {
 // A string of the caller's, as the object face gives texts.
 void oggetto(const std::shared_ptr<IFunzioni>& catalogo) {
     const auto campioni = genera([](Casuale& casuale) { return static_cast<std::int16_t>(sotto(casuale, 1000)); });
-    const s_kel_canale sorgente = canale(temperatura, KEL_TIPO_INT16);
+    const s_kel_canale sorgente = canale(TEMPERATURA, KEL_TIPO_INT16);
     const std::shared_ptr<IConverter> conv(
-        catalogo->CreateConverter(&sorgente, temperatura, "C", true, 1, FORMATO_DESTRA, 5));
+        catalogo->CreateConverter(&sorgente, TEMPERATURA, "C", true, 1, FORMATO_DESTRA, 5));
     serie("int16 to value, object", Ruolo::nostro, "GetVal", campioni, [conv](const std::int16_t& campione) {
         float valore = 0.0f;
         conv->GetVal(&campione, &valore);
@@ -105,18 +105,18 @@ void preparazione(const std::shared_ptr<IFunzioni>& catalogo) {
     };
     const auto canali = genera([](Casuale& casuale) {
         const unsigned tipi[] = {KEL_TIPO_INT16, KEL_TIPO_FLOAT, KEL_TIPO_UINT8, KEL_TIPO_INT32};
-        return Ingresso{canale(temperatura, tipi[sotto(casuale, 4)])};
+        return Ingresso{canale(TEMPERATURA, tipi[sotto(casuale, 4)])};
     });
     serie("converter set-up", Ruolo::nostro, "kelConvInit", canali,
-          [dati = kelFunGetConvData(temperatura, "F")](const Ingresso& ingresso) {
+          [dati = kelFunGetConvData(TEMPERATURA, "F")](const Ingresso& ingresso) {
               s_kel_converter conv = {};
-              kelConvInit(&conv, &ingresso.canale, temperatura, dati, 0, 0, 1);
+              kelConvInit(&conv, &ingresso.canale, TEMPERATURA, dati, 0, 0, 1);
               return conv;
           });
     serie("converter set-up, object", Ruolo::nostro, "CreateConverter", canali,
           [catalogo, udm = std::string("F")](const Ingresso& ingresso) {
               return std::unique_ptr<IConverter>(
-                  catalogo->CreateConverter(&ingresso.canale, temperatura, udm, true, 1, FORMATO_DESTRA, 5));
+                  catalogo->CreateConverter(&ingresso.canale, TEMPERATURA, udm, true, 1, FORMATO_DESTRA, 5));
           });
 }
 

@@ -10,15 +10,15 @@ using namespace prova;
 
 namespace {
 
-constexpr unsigned quanti_canali = 10000;
-constexpr unsigned anticipo = 16;               // records
-constexpr std::uint32_t oggetti_richiesti = 8;  // the last objects: requested, but carried by no channel
-constexpr kel_funpos tre_campi = 0x000FFFFF;
-constexpr kel_funpos tutti_i_campi = 0x1FFFFFFF;
+constexpr unsigned QUANTI_CANALI = 10000;
+constexpr unsigned ANTICIPO = 16;               // records
+constexpr std::uint32_t OGGETTI_RICHIESTI = 8;  // the last objects: requested, but carried by no channel
+constexpr kel_funpos TRE_CAMPI = 0x000FFFFF;
+constexpr kel_funpos TUTTI_I_CAMPI = 0x1FFFFFFF;
 
 std::vector<s_kel_canale>& canali() {
     static std::vector<s_kel_canale> tutti = [] {
-        std::vector<s_kel_canale> fatti(quanti_canali);
+        std::vector<s_kel_canale> fatti(QUANTI_CANALI);
         Casuale casuale(11);
         for (s_kel_canale& canale : fatti) {
             canale = {};
@@ -27,8 +27,8 @@ std::vector<s_kel_canale>& canali() {
             canale.fid = pacchetto ? kelFidComponi(FID_PHI_PACKAGE, 1 + 2 * sotto(casuale, 2), sotto(casuale, 2))
                                    : fid_qualsiasi(casuale, 1 + sotto(casuale, 25));
             const std::uint32_t oggetto = kelFidOggetto(canale.fid);
-            if (oggetto >= std::size(oggetto_misurato_FunzKel) - oggetti_richiesti)
-                canale.fid -= oggetti_richiesti << FID_SHIFT_OBJ;
+            if (oggetto >= std::size(oggetto_misurato_FunzKel) - OGGETTI_RICHIESTI)
+                canale.fid -= OGGETTI_RICHIESTI << FID_SHIFT_OBJ;
         }
         return fatti;
     }();
@@ -38,7 +38,7 @@ std::vector<s_kel_canale>& canali() {
 // A function that no channel carries: the whole set is looked at.
 kel_funpos mai_portata(Casuale& casuale) {
     const std::uint32_t oggetto =
-        static_cast<std::uint32_t>(std::size(oggetto_misurato_FunzKel)) - 1 - sotto(casuale, oggetti_richiesti);
+        static_cast<std::uint32_t>(std::size(oggetto_misurato_FunzKel)) - 1 - sotto(casuale, OGGETTI_RICHIESTI);
     return kelFidComponi(1 + sotto(casuale, 25), oggetto, 1 + sotto(casuale, 20)) |
            kelFidLati(sotto(casuale, 4), sotto(casuale, 4), 0);
 }
@@ -48,7 +48,7 @@ template <kel_funpos Maschera>
 unsigned passata(kel_funpos richiesta) {
     unsigned quanti = 0;
     const s_kel_canale* const primo = canali().data();
-    for (unsigned i = 0; i < quanti_canali; ++i)
+    for (unsigned i = 0; i < QUANTI_CANALI; ++i)
         quanti += ((primo[i].fid ^ richiesta) & Maschera) == 0 ? 1 : 0;
     return quanti;
 }
@@ -58,8 +58,8 @@ template <kel_funpos Maschera>
 unsigned passata_anticipata(kel_funpos richiesta) {
     unsigned quanti = 0;
     const s_kel_canale* const primo = canali().data();
-    for (unsigned i = 0; i < quanti_canali; ++i) {
-        __builtin_prefetch(primo + i + anticipo);
+    for (unsigned i = 0; i < QUANTI_CANALI; ++i) {
+        __builtin_prefetch(primo + i + ANTICIPO);
         quanti += ((primo[i].fid ^ richiesta) & Maschera) == 0 ? 1 : 0;
     }
     return quanti;
@@ -67,7 +67,7 @@ unsigned passata_anticipata(kel_funpos richiesta) {
 
 s_set_canali set_intero() {
     s_set_canali set;
-    kelFunInit(&set, canali().data(), quanti_canali, quanti_canali);
+    kelFunInit(&set, canali().data(), QUANTI_CANALI, QUANTI_CANALI);
     return set;
 }
 
@@ -85,8 +85,8 @@ void elenco() {
     // One quantity: some hundred channels.
     const auto richieste = genera([](Casuale& casuale) -> kel_funpos { return 1 + sotto(casuale, 25); });
     serie(riga, Ruolo::nostro, "kelFunGetMatchChList", richieste,
-          [set = set_intero(), trovati = std::vector<s_kel_canale*>(quanti_canali)](kel_funpos richiesta) mutable {
-              unsigned numero = quanti_canali;
+          [set = set_intero(), trovati = std::vector<s_kel_canale*>(QUANTI_CANALI)](kel_funpos richiesta) mutable {
+              unsigned numero = QUANTI_CANALI;
               kelFunGetMatchChList(&set, richiesta, trovati.data(), &numero);
               return numero;
           });
@@ -98,9 +98,9 @@ void elenco() {
 }  // namespace
 
 void righe_canali() {
-    primo<tre_campi>("match", "kelFunGetMatchCh",
+    primo<TRE_CAMPI>("match", "kelFunGetMatchCh",
                      [](const s_set_canali* set, kel_funpos fid) { return kelFunGetMatchCh(set, fid); });
-    primo<tutti_i_campi>("match, all fields", "kelFunGetMatchChFull",
+    primo<TUTTI_I_CAMPI>("match, all fields", "kelFunGetMatchChFull",
                          [](const s_set_canali* set, kel_funpos fid) { return kelFunGetMatchChFull(set, fid); });
     elenco();
 }

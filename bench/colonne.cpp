@@ -22,8 +22,8 @@ using namespace prova;
 
 namespace {
 
-constexpr std::size_t in_cache = 16 << 10;  // samples
-constexpr std::size_t fuori = 64 << 20;
+constexpr std::size_t IN_CACHE = 16 << 10;  // samples
+constexpr std::size_t FUORI = 64 << 20;
 
 // Memory that every row of a kind reads and writes in turn: touched before it is measured, and given back at the end.
 class Memoria {
@@ -43,7 +43,7 @@ public:
     Memoria& operator=(const Memoria&) = delete;
 
     unsigned char* byte() const { return dove_; }
-    float* float_() const { return reinterpret_cast<float*>(dove_); }
+    float* come_float() const { return reinterpret_cast<float*>(dove_); }
     char* testi() const { return reinterpret_cast<char*>(dove_); }
 
 private:
@@ -61,7 +61,7 @@ struct Banco {
 Banco& banco(std::size_t numero) {
     static std::unique_ptr<Banco> piccolo;
     static std::unique_ptr<Banco> grande;
-    std::unique_ptr<Banco>& questo = numero == in_cache ? piccolo : grande;
+    std::unique_ptr<Banco>& questo = numero == IN_CACHE ? piccolo : grande;
     if (questo == nullptr)
         questo.reset(new Banco{Memoria(numero * 4 + numero), Memoria(numero * 4 + numero),
                                std::vector<unsigned char>(numero / 8)});
@@ -90,21 +90,21 @@ struct Formato {
     const char* nome;
     unsigned tipo;
 };
-constexpr std::array<Formato, 6> formati = {{{"int16", KEL_TIPO_INT16},
+constexpr std::array<Formato, 6> FORMATI = {{{"int16", KEL_TIPO_INT16},
                                              {"uint16", KEL_TIPO_UINT16},
                                              {"int8", KEL_TIPO_UINT8},
                                              {"int32", KEL_TIPO_INT32},
                                              {"float", KEL_TIPO_FLOAT},
                                              {"half", KEL_TIPO_MEZZO_FLOAT}}};
 
-const s_converter_data unita = {"", 32.0f, 1.8f, 0};
+const s_converter_data UNITA = {"", 32.0f, 1.8f, 0};
 
 s_kel_converter convertitore_di(unsigned tipo, std::uint32_t offset = 0) {
     s_kel_canale canale = {};
     canale.tipo_campione = tipo;
     canale.offset_campione = offset;
     s_kel_converter conv = {};
-    kelConvInit(&conv, &canale, 0, &unita, 0, 0, 0);
+    kelConvInit(&conv, &canale, 0, &UNITA, 0, 0, 0);
     conv.larghezza = 6;
     conv.decimali = 1;
     return conv;
@@ -131,7 +131,7 @@ void con_libsigrok(const std::string& riga, unsigned tipo, std::size_t numero) {
         analogico.num_samples = static_cast<std::uint32_t>(numero);
         analogico.encoding = &codifica;
         analogico.meaning = &significato;
-        sr_analog_to_float(&analogico, banco(numero).valori.float_());
+        sr_analog_to_float(&analogico, banco(numero).valori.come_float());
     });
 }
 #endif
@@ -145,7 +145,7 @@ void valori(const Formato& formato, const char* dove, std::size_t numero, std::s
     serie_di(riga, Ruolo::nostro, "kelColLeggi", numero,
              [numero, passo, conv = convertitore_di(formato.tipo)]() mutable {
                  Banco& qui = banco(numero);
-                 s_kel_colonna colonna = {&conv, qui.valori.float_(), nullptr, qui.validi.data(), nullptr};
+                 s_kel_colonna colonna = {&conv, qui.valori.come_float(), nullptr, qui.validi.data(), nullptr};
                  const std::size_t quanti = passo > 4 ? numero * 4 / passo : numero;
                  for (std::size_t fatti = 0; fatti < numero; fatti += quanti)
                      kelColLeggi(qui.campioni.byte(), passo, quanti, &colonna, 1);
@@ -155,18 +155,18 @@ void valori(const Formato& formato, const char* dove, std::size_t numero, std::s
         const std::size_t quanti = passo > 4 ? numero * 4 / passo : numero;
         for (std::size_t fatti = 0; fatti < numero; fatti += quanti)
             for (std::size_t i = 0; i < quanti; ++i)
-                kelConvGetValFloat(&conv, qui.campioni.byte() + i * passo, qui.valori.float_() + i);
+                kelConvGetValFloat(&conv, qui.campioni.byte() + i * passo, qui.valori.come_float() + i);
     });
     if (!densi)
         return;
-    if (numero == fuori)
+    if (numero == FUORI)
         // Half of the bytes that are read and written: memcpy reads and writes each.
         serie_di(riga, Ruolo::pari, "memcpy", numero, [numero, byte] {
             std::memcpy(banco(numero).valori.byte(), banco(numero).campioni.byte(),
                         (numero * byte + numero * 4 + numero / 8) / 2);
         });
 #ifdef KEL_PARI_LIBSIGROK
-    if (numero == in_cache)
+    if (numero == IN_CACHE)
         con_libsigrok(riga, formato.tipo, numero);
 #endif
     if (formato.tipo == KEL_TIPO_INT16)
@@ -174,7 +174,7 @@ void valori(const Formato& formato, const char* dove, std::size_t numero, std::s
         serie_di(riga, Ruolo::limite, "plain loop", numero, [numero] {
             Banco& qui = banco(numero);
             const auto* grezzi = reinterpret_cast<const std::int16_t*>(qui.campioni.byte());
-            float* valori = qui.valori.float_();
+            float* valori = qui.valori.come_float();
             for (std::size_t i = 0; i < numero; ++i)
                 valori[i] = static_cast<float>(grezzi[i]) * 1.8f + 32.0f;
         });
@@ -213,7 +213,7 @@ void misti(const char* dove, std::size_t numero) {
         [=] {
             std::array<s_kel_colonna, canali> colonne;
             for (unsigned i = 0; i < canali; ++i)
-                colonne[i] = {&(*convertitori)[i], luogo->valori->float_() + i * record, nullptr,
+                colonne[i] = {&(*convertitori)[i], luogo->valori->come_float() + i * record, nullptr,
                               luogo->validi->byte() + i * (record / 8 + 1), nullptr};
             kelColLeggi(luogo->campioni->byte(), passo, record, colonne.data(), canali);
         },
@@ -224,7 +224,7 @@ void misti(const char* dove, std::size_t numero) {
             for (std::size_t i = 0; i < record; ++i)
                 for (unsigned j = 0; j < canali; ++j)
                     kelConvGetValFloat(&(*convertitori)[j], luogo->campioni->byte() + i * passo,
-                                       luogo->valori->float_() + j * record + i);
+                                       luogo->valori->come_float() + j * record + i);
         },
         serve);
     serie_di(
@@ -233,16 +233,16 @@ void misti(const char* dove, std::size_t numero) {
             for (unsigned j = 0; j < canali; ++j)
                 for (std::size_t i = 0; i < record; ++i)
                     kelConvGetValFloat(&(*convertitori)[j], luogo->campioni->byte() + i * passo,
-                                       luogo->valori->float_() + j * record + i);
+                                       luogo->valori->come_float() + j * record + i);
         },
         serve);
 }
 
 // Packets of positions all over the Earth.
 std::shared_ptr<const std::vector<unsigned char>> pacchetti() {
-    auto fatti = std::make_shared<std::vector<unsigned char>>(in_cache * 56);
+    auto fatti = std::make_shared<std::vector<unsigned char>>(IN_CACHE * 56);
     Casuale casuale(20011);
-    for (std::size_t i = 0; i < in_cache; ++i) {
+    for (std::size_t i = 0; i < IN_CACHE; ++i) {
         const double seno = fra(casuale, -0.99, 0.99);
         const double coseno = std::sqrt(1.0 - seno * seno);
         const double giro = fra(casuale, -3.14159, 3.14159);
@@ -273,14 +273,14 @@ void posizioni() {
         canale.tipo_campione = KEL_TIPO_GPS_KEL;
         canale.fid = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
         s_kel_converter conv = {};
-        kelConvInit(&conv, &canale, campo.fid, &unita, 0, 0, 1);
-        serie_di(campo.riga, Ruolo::nostro, "kelColLeggi", in_cache, [byte, conv]() mutable {
-            s_kel_colonna colonna = {&conv, banco(in_cache).valori.float_(), nullptr, nullptr, nullptr};
-            kelColLeggi(byte->data(), 56, in_cache, &colonna, 1);
+        kelConvInit(&conv, &canale, campo.fid, &UNITA, 0, 0, 1);
+        serie_di(campo.riga, Ruolo::nostro, "kelColLeggi", IN_CACHE, [byte, conv]() mutable {
+            s_kel_colonna colonna = {&conv, banco(IN_CACHE).valori.come_float(), nullptr, nullptr, nullptr};
+            kelColLeggi(byte->data(), 56, IN_CACHE, &colonna, 1);
         });
-        serie_di(campo.riga, Ruolo::pari, "loop", in_cache, [byte, conv] {
-            for (std::size_t i = 0; i < in_cache; ++i)
-                kelConvGetValFloat(&conv, byte->data() + i * 56, banco(in_cache).valori.float_() + i);
+        serie_di(campo.riga, Ruolo::pari, "loop", IN_CACHE, [byte, conv] {
+            for (std::size_t i = 0; i < IN_CACHE; ++i)
+                kelConvGetValFloat(&conv, byte->data() + i * 56, banco(IN_CACHE).valori.come_float() + i);
         });
     }
 }
@@ -307,8 +307,8 @@ void testi() {
                                              {"GPS packet", KEL_TIPO_GPS_KEL, 0},
                                              {"date packet", KEL_TIPO_DATA_ORA, 0},
                                              {"no sample", KEL_TIPO_NESSUNO, 0}}};
-    auto campioni = std::make_shared<std::vector<unsigned char>>(in_cache * 64);
-    auto scritti = std::make_shared<std::vector<char>>(in_cache * 32);
+    auto campioni = std::make_shared<std::vector<unsigned char>>(IN_CACHE * 64);
+    auto scritti = std::make_shared<std::vector<char>>(IN_CACHE * 32);
     Casuale casuale(20011);
     for (unsigned char& byte : *campioni)
         byte = static_cast<unsigned char>(sotto(casuale, 64));
@@ -323,18 +323,18 @@ void testi() {
             riga.tipo == KEL_TIPO_LAP_2G) {
             questi = std::make_shared<std::vector<unsigned char>>(*campioni);
             const std::size_t posto = riga.tipo == KEL_TIPO_LAP_2G ? 4 : 0;
-            for (std::size_t i = 0; i < in_cache; ++i) {
+            for (std::size_t i = 0; i < IN_CACHE; ++i) {
                 const auto tempo = static_cast<std::int32_t>(sotto(casuale, 600000));
                 std::memcpy(questi->data() + i * passo + posto, &tempo, sizeof tempo);
             }
         }
         const std::string nome = std::string("column of texts: ") + riga.nome;
-        serie_di(nome, Ruolo::nostro, "kelColLeggi", in_cache, [=]() mutable {
+        serie_di(nome, Ruolo::nostro, "kelColLeggi", IN_CACHE, [=]() mutable {
             s_kel_colonna colonna = {&conv, nullptr, nullptr, nullptr, scritti->data()};
-            kelColLeggi(questi->data(), passo, in_cache, &colonna, 1);
+            kelColLeggi(questi->data(), passo, IN_CACHE, &colonna, 1);
         });
-        serie_di(nome, Ruolo::pari, "loop", in_cache, [=]() mutable {
-            for (std::size_t i = 0; i < in_cache; ++i)
+        serie_di(nome, Ruolo::pari, "loop", IN_CACHE, [=]() mutable {
+            for (std::size_t i = 0; i < IN_CACHE; ++i)
                 kelConvGetString(&conv, questi->data() + i * passo, scritti->data() + i * 32);
         });
     }
@@ -343,13 +343,13 @@ void testi() {
 }  // namespace
 
 void righe_colonne() {
-    for (const Formato& formato : formati) {
-        valori(formato, "in cache", in_cache, 0);
-        valori(formato, "out of cache", fuori, 0);
-        valori(formato, "in cache", in_cache, 64);
+    for (const Formato& formato : FORMATI) {
+        valori(formato, "in cache", IN_CACHE, 0);
+        valori(formato, "out of cache", FUORI, 0);
+        valori(formato, "in cache", IN_CACHE, 64);
     }
-    misti("in cache", in_cache);
-    misti("out of cache", fuori);
+    misti("in cache", IN_CACHE);
+    misti("out of cache", FUORI);
     posizioni();
     testi();
 }

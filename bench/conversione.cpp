@@ -23,7 +23,7 @@ struct Unita {
 };
 
 // Two units of one quantity follow each other: any two neighbours of the same function make a conversion.
-constexpr std::array<Unita, 14> unita = {{
+constexpr std::array<Unita, 14> UNITA = {{
     {0x0010, "km/h", "km/h"},
     {0x0010, "mph", "mile/hour"},
     {0x0014, "m/s", "m/s"},
@@ -63,14 +63,14 @@ Risultato retta(ut_unit* da, ut_unit* a) {
 void con_udunits2(const std::string& riga, const Ingressi<Richiesta>& richieste) {
     ut_set_error_message_handler(ut_ignore);
     ut_system* const sistema = ut_read_xml(nullptr);
-    std::array<ut_unit*, unita.size()> lette = {};
-    for (std::size_t i = 0; i < unita.size(); ++i)
-        lette[i] = ut_parse(sistema, unita[i].udunits, UT_ASCII);
+    std::array<ut_unit*, UNITA.size()> lette = {};
+    for (std::size_t i = 0; i < UNITA.size(); ++i)
+        lette[i] = ut_parse(sistema, UNITA[i].udunits, UT_ASCII);
     serie(riga, Ruolo::pari, "udunits2", richieste,
           [lette](const Richiesta& richiesta) { return retta(lette[richiesta.da], lette[richiesta.a]); });
     serie(riga, Ruolo::pari, "udunits2 from texts", richieste, [sistema](const Richiesta& richiesta) {
-        ut_unit* const da = ut_parse(sistema, unita[richiesta.da].udunits, UT_ASCII);
-        ut_unit* const a = ut_parse(sistema, unita[richiesta.a].udunits, UT_ASCII);
+        ut_unit* const da = ut_parse(sistema, UNITA[richiesta.da].udunits, UT_ASCII);
+        ut_unit* const a = ut_parse(sistema, UNITA[richiesta.a].udunits, UT_ASCII);
         const Risultato risultato = retta(da, a);
         ut_free(da);
         ut_free(a);
@@ -85,20 +85,20 @@ void righe_conversione() {
     const std::string riga = "unit texts to conversion";
     const auto richieste = genera([](Casuale& casuale) {
         for (;;) {
-            const Richiesta richiesta = {sotto(casuale, unita.size()), sotto(casuale, unita.size())};
-            if (richiesta.da != richiesta.a && unita[richiesta.da].fid == unita[richiesta.a].fid)
+            const Richiesta richiesta = {sotto(casuale, UNITA.size()), sotto(casuale, UNITA.size())};
+            if (richiesta.da != richiesta.a && UNITA[richiesta.da].fid == UNITA[richiesta.a].fid)
                 return richiesta;
         }
     });
     const auto nostro = [](const Richiesta& richiesta) {
         const s_converter_data dati =
-            kelFunGetConvDatas(unita[richiesta.da].fid, unita[richiesta.da].testo, unita[richiesta.a].testo);
+            kelFunGetConvDatas(UNITA[richiesta.da].fid, UNITA[richiesta.da].testo, UNITA[richiesta.a].testo);
         return std::array<float, 2>{dati.gain, dati.offset};
     };
     // The rows known beforehand: what remains is the arithmetic.
-    static std::array<const s_converter_data*, unita.size()> dati;
-    for (std::size_t i = 0; i < unita.size(); ++i)
-        dati[i] = kelFunGetConvData(unita[i].fid, unita[i].testo);
+    static std::array<const s_converter_data*, UNITA.size()> dati;
+    for (std::size_t i = 0; i < UNITA.size(); ++i)
+        dati[i] = kelFunGetConvData(UNITA[i].fid, UNITA[i].testo);
     const auto limite = [](const Richiesta& richiesta) {
         const s_converter_data& da = *dati[richiesta.da];
         const s_converter_data& a = *dati[richiesta.a];

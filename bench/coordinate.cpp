@@ -21,11 +21,11 @@ using namespace prova;
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
-constexpr double semiasse_a = 6378137.0;  // WGS 84
-constexpr double semiasse_b = 6356752.314245179;
-constexpr double e2 = 1.0 - semiasse_b * semiasse_b / (semiasse_a * semiasse_a);
-constexpr std::size_t posto_x = 16;  // i32 x, y, z in cm, behind the packet's own time
+constexpr double PI = 3.141592653589793;
+constexpr double SEMIASSE_A = 6378137.0;  // WGS 84
+constexpr double SEMIASSE_B = 6356752.314245179;
+constexpr double E2 = 1.0 - SEMIASSE_B * SEMIASSE_B / (SEMIASSE_A * SEMIASSE_A);
+constexpr std::size_t POSTO_X = 16;  // i32 x, y, z in cm, behind the packet's own time
 
 using Pacchetto = std::array<unsigned char, 56>;
 
@@ -39,17 +39,17 @@ struct Posizione {
 // A solution somewhere on Earth, up to 3000 m high.
 Pacchetto pacchetto(Casuale& casuale) {
     const double lat = std::asin(fra(casuale, -0.95, 0.95));
-    const double lon = fra(casuale, -pi, pi);
+    const double lon = fra(casuale, -PI, PI);
     const double quota = fra(casuale, 0.0, 3000.0);
-    const double n = semiasse_a / std::sqrt(1.0 - e2 * std::sin(lat) * std::sin(lat));
+    const double n = SEMIASSE_A / std::sqrt(1.0 - E2 * std::sin(lat) * std::sin(lat));
     const double xyz[] = {(n + quota) * std::cos(lat) * std::cos(lon), (n + quota) * std::cos(lat) * std::sin(lon),
-                          (n * (1.0 - e2) + quota) * std::sin(lat)};
+                          (n * (1.0 - E2) + quota) * std::sin(lat)};
     Pacchetto fatto = {};
     fatto[14] = 3;  // 3D fix
     fatto[51] = 9;  // satellites
     for (std::size_t i = 0; i < 3; ++i) {
         const auto centimetri = static_cast<std::int32_t>(std::lround(xyz[i] * 100.0));
-        std::memcpy(fatto.data() + posto_x + 4 * i, &centimetri, sizeof centimetri);
+        std::memcpy(fatto.data() + POSTO_X + 4 * i, &centimetri, sizeof centimetri);
     }
     return fatto;
 }
@@ -58,7 +58,7 @@ std::array<double, 3> metri(const Pacchetto& pacchetto) {
     std::array<double, 3> xyz = {};
     for (std::size_t i = 0; i < 3; ++i) {
         std::int32_t centimetri = 0;
-        std::memcpy(&centimetri, pacchetto.data() + posto_x + 4 * i, sizeof centimetri);
+        std::memcpy(&centimetri, pacchetto.data() + POSTO_X + 4 * i, sizeof centimetri);
         xyz[i] = centimetri * 0.01;
     }
     return xyz;
@@ -77,21 +77,21 @@ float arco(double y, double x) {
     const double alte = (a[4] + a[5] * t2) + (a[6] + a[7] * t2 + a[8] * t4) * t4;
     const double primo = t * (basse + alte * (t4 * t4));
     // Signs, and not branches: the processor cannot predict the octant.
-    const double secondo = pi / 4 - std::copysign(pi / 4 - primo, ax - ay);
-    const double intero = pi / 2 - std::copysign(pi / 2 - secondo, x);
-    return static_cast<float>(std::copysign(intero, y) * (180.0 / pi));
+    const double secondo = PI / 4 - std::copysign(PI / 4 - primo, ax - ay);
+    const double intero = PI / 2 - std::copysign(PI / 2 - secondo, x);
+    return static_cast<float>(std::copysign(intero, y) * (180.0 / PI));
 }
 
 // Bowring's closed form, one step: two arc tangents, as exact as the results.
 Posizione bowring(const Pacchetto& pacchetto) {
     const auto [x, y, z] = metri(pacchetto);
-    constexpr double e2_secondo = semiasse_a * semiasse_a / (semiasse_b * semiasse_b) - 1.0;
+    constexpr double e2_secondo = SEMIASSE_A * SEMIASSE_A / (SEMIASSE_B * SEMIASSE_B) - 1.0;
     const double p = std::sqrt(x * x + y * y);
-    const double tangente = z * semiasse_a / (p * semiasse_b);
+    const double tangente = z * SEMIASSE_A / (p * SEMIASSE_B);
     const double coseno = 1.0 / std::sqrt(1.0 + tangente * tangente);
     const double seno = tangente * coseno;
-    const double sopra = z + e2_secondo * semiasse_b * seno * seno * seno;
-    const double sotto_asse = p - e2 * semiasse_a * coseno * coseno * coseno;
+    const double sopra = z + e2_secondo * SEMIASSE_B * seno * seno * seno;
+    const double sotto_asse = p - E2 * SEMIASSE_A * coseno * coseno * coseno;
     return {arco(sopra, sotto_asse), arco(y, x)};
 }
 

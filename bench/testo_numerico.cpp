@@ -12,10 +12,10 @@ using namespace prova;
 
 namespace {
 
-constexpr kel_funpos temperatura = 0x1091;  // water
-constexpr const char* udm = "F";
-constexpr float gain = 1.8f;
-constexpr float offset = 32.0f;
+constexpr kel_funpos TEMPERATURA = 0x1091;  // water
+constexpr const char* UDM = "F";
+constexpr float GAIN = 1.8f;
+constexpr float OFFSET = 32.0f;
 
 // A value that fits a form, with any number of digits before the point and every fourth one negative.
 float valore_in_forma(Casuale& casuale, const Forma& forma) {
@@ -29,7 +29,7 @@ float valore_in_forma(Casuale& casuale, const Forma& forma) {
 float letto_float(const float& campione) {
     float valore = 0.0f;
     std::memcpy(&valore, &campione, sizeof valore);
-    return valore * gain + offset;
+    return valore * GAIN + OFFSET;
 }
 
 // One form. Peers that can do so know it when they are compiled.
@@ -38,8 +38,8 @@ void float_in_forma() {
     constexpr Forma forma = {Larghezza, Decimali};
     const std::string riga = "float to text " + std::to_string(Larghezza) + "." + std::to_string(Decimali);
     const auto campioni =
-        genera([forma](Casuale& casuale) { return (valore_in_forma(casuale, forma) - offset) / gain; });
-    const auto nostro = [conv = convertitore(temperatura, KEL_TIPO_FLOAT, udm, forma)](const float& campione) mutable {
+        genera([forma](Casuale& casuale) { return (valore_in_forma(casuale, forma) - OFFSET) / GAIN; });
+    const auto nostro = [conv = convertitore(TEMPERATURA, KEL_TIPO_FLOAT, UDM, forma)](const float& campione) mutable {
         Testo testo;
         kelConvGetString(&conv, &campione, testo.data());
         return testo;
@@ -73,11 +73,11 @@ void float_misti() {
     std::array<s_kel_converter, 9> conv = {};
     for (unsigned i = 0; i < 9; ++i) {
         forme[i] = {4 + i / 3, i % 3};
-        conv[i] = convertitore(temperatura, KEL_TIPO_FLOAT, udm, forme[i]);
+        conv[i] = convertitore(TEMPERATURA, KEL_TIPO_FLOAT, UDM, forme[i]);
     }
     const auto ingressi = genera([forme](Casuale& casuale) {
         const unsigned canale = sotto(casuale, 9);
-        return Ingresso{(valore_in_forma(casuale, forme[canale]) - offset) / gain, canale};
+        return Ingresso{(valore_in_forma(casuale, forme[canale]) - OFFSET) / GAIN, canale};
     });
     const auto nostro = [conv](const Ingresso& ingresso) mutable {
         Testo testo;
@@ -109,15 +109,15 @@ void int16() {
     const std::string riga = "int16 to text";
     // From -3276.8 F to 3276.7 F: the values that the sample type reserves are far away.
     const auto campioni = genera([](Casuale& casuale) {
-        return static_cast<std::int16_t>((valore_in_forma(casuale, {4, 0}) - offset) / gain);
+        return static_cast<std::int16_t>((valore_in_forma(casuale, {4, 0}) - OFFSET) / GAIN);
     });
     const auto valore = [](const std::int16_t& campione) {
         std::int16_t grezzo = 0;
         std::memcpy(&grezzo, &campione, sizeof grezzo);
-        return static_cast<float>(grezzo) * gain + offset;
+        return static_cast<float>(grezzo) * GAIN + OFFSET;
     };
     const auto nostro =
-        [conv = convertitore(temperatura, KEL_TIPO_INT16, udm, forma)](const std::int16_t& campione) mutable {
+        [conv = convertitore(TEMPERATURA, KEL_TIPO_INT16, UDM, forma)](const std::int16_t& campione) mutable {
             Testo testo;
             kelConvGetString(&conv, &campione, testo.data());
             return testo;

@@ -25,14 +25,14 @@ namespace {
 // The eight bytes of a CAN frame; the signal is the second 16-bit word.
 using Frame = std::array<unsigned char, 8>;
 
-constexpr std::size_t posto = 2;
-constexpr float gain = 1.8f;
-constexpr float offset = 32.0f;
-constexpr const char* riga = "int16 to value";
+constexpr std::size_t POSTO = 2;
+constexpr float GAIN = 1.8f;
+constexpr float OFFSET = 32.0f;
+constexpr const char* RIGA = "int16 to value";
 
 std::int16_t grezzo(const Frame& frame) {
     std::int16_t valore = 0;
-    std::memcpy(&valore, frame.data() + posto, sizeof valore);
+    std::memcpy(&valore, frame.data() + POSTO, sizeof valore);
     return valore;
 }
 
@@ -59,9 +59,9 @@ __attribute__((noinline)) double decodifica(const Segnale& segnale, const unsign
 }
 
 void decodificatore_can(const Ingressi<Frame>& frame) {
-    static const Segnale segnale = {8 * posto, 16, true, false, 1.8, 32.0};
+    static const Segnale segnale = {8 * POSTO, 16, true, false, 1.8, 32.0};
     double (*volatile funzione)(const Segnale&, const unsigned char*) = decodifica;
-    serie(riga, Ruolo::pari, "CAN decoder", frame, [funzione = funzione](const Frame& ingresso) {
+    serie(RIGA, Ruolo::pari, "CAN decoder", frame, [funzione = funzione](const Frame& ingresso) {
         return static_cast<float>(funzione(segnale, ingresso.data()));
     });
 }
@@ -76,7 +76,7 @@ void con_udunits2(const Ingressi<Frame>& frame) {
     ut_free(da);
     ut_free(a);
     ut_free_system(sistema);
-    serie(riga, Ruolo::pari, "udunits2", frame, [conversione](const Frame& ingresso) {
+    serie(RIGA, Ruolo::pari, "udunits2", frame, [conversione](const Frame& ingresso) {
         return cv_convert_float(conversione.get(), static_cast<float>(grezzo(ingresso)));
     });
 }
@@ -93,10 +93,10 @@ void con_libsigrok(const Ingressi<Frame>& frame) {
     static GSList canali = {&canale, nullptr};
     static sr_analog_meaning significato = {};
     significato.channels = &canali;
-    serie(riga, Ruolo::pari, "libsigrok", frame, [](const Frame& ingresso) {
+    serie(RIGA, Ruolo::pari, "libsigrok", frame, [](const Frame& ingresso) {
         sr_datafeed_analog analogico = {};
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the peer reads from a pointer to variables
-        analogico.data = const_cast<unsigned char*>(ingresso.data()) + posto;
+        analogico.data = const_cast<unsigned char*>(ingresso.data()) + POSTO;
         analogico.num_samples = 1;
         analogico.encoding = &codifica;
         analogico.meaning = &significato;
@@ -123,9 +123,9 @@ void con_libiio(const Ingressi<Frame>& frame) {
         return;
     const iio_channel* const canale = iio_device_get_channel(iio_context_get_device(contesto.get(), 0), 0);
     const double scala = iio_channel_get_data_format(canale)->scale;
-    serie(riga, Ruolo::pari, "libiio", frame, [contesto, canale, scala](const Frame& ingresso) {
+    serie(RIGA, Ruolo::pari, "libiio", frame, [contesto, canale, scala](const Frame& ingresso) {
         std::int16_t campione = 0;
-        iio_channel_convert(canale, &campione, ingresso.data() + posto);
+        iio_channel_convert(canale, &campione, ingresso.data() + POSTO);
         return static_cast<float>(campione * scala + 32.0);
     });
 }
@@ -140,13 +140,13 @@ void righe_valore() {
             byte = static_cast<unsigned char>(sotto(casuale, 256));
         // The values from 32765 on are reserved.
         const auto campione = static_cast<std::int16_t>(static_cast<int>(sotto(casuale, 60000)) - 30000);
-        std::memcpy(fatto.data() + posto, &campione, sizeof campione);
+        std::memcpy(fatto.data() + POSTO, &campione, sizeof campione);
         return fatto;
     });
     s_kel_canale canale = {};
     canale.fid = 0x1091;
     canale.tipo_campione = KEL_TIPO_INT16;
-    canale.offset_campione = posto;
+    canale.offset_campione = POSTO;
     s_kel_converter conv = {};
     kelConvInit(&conv, &canale, canale.fid, kelFunGetConvData(canale.fid, "F"), 0, 0, 0);
     const auto nostro = [conv](const Frame& ingresso) {
@@ -154,10 +154,10 @@ void righe_valore() {
         kelConvGetValFloat(&conv, ingresso.data(), &valore);
         return valore;
     };
-    const auto limite = [](const Frame& ingresso) { return static_cast<float>(grezzo(ingresso)) * gain + offset; };
-    concordi(riga, frame, nostro, limite);
-    serie(riga, Ruolo::nostro, "kelConvGetValFloat", frame, nostro);
-    serie(riga, Ruolo::limite, "inlined", frame, limite);
+    const auto limite = [](const Frame& ingresso) { return static_cast<float>(grezzo(ingresso)) * GAIN + OFFSET; };
+    concordi(RIGA, frame, nostro, limite);
+    serie(RIGA, Ruolo::nostro, "kelConvGetValFloat", frame, nostro);
+    serie(RIGA, Ruolo::limite, "inlined", frame, limite);
     decodificatore_can(frame);
 #ifdef KEL_PARI_UDUNITS2
     con_udunits2(frame);

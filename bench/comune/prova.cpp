@@ -8,7 +8,7 @@ const std::vector<std::uint16_t>& ordine() {
         std::vector<std::uint16_t> fatti(lunghezza);
         Casuale casuale(7);
         for (std::uint16_t& posto : fatti)
-            posto = static_cast<std::uint16_t>(sotto(casuale, quanti_ingressi));
+            posto = static_cast<std::uint16_t>(sotto(casuale, QUANTI_INGRESSI));
         return fatti;
     }();
     return posti;

@@ -21,7 +21,7 @@ namespace prova {
 /// (code written by hand for this row alone).
 enum class Ruolo { nostro, pari, limite };
 
-inline constexpr std::size_t quanti_ingressi = 4096;
+inline constexpr std::size_t QUANTI_INGRESSI = 4096;
 
 /// Indexes of the inputs in random order. The order is longer than what a branch predictor remembers.
 const std::vector<std::uint16_t>& ordine();
@@ -48,7 +48,7 @@ auto genera(Genera uno) {
     using Ingresso = std::decay_t<std::invoke_result_t<Genera, Casuale&>>;
     auto ingressi = std::make_shared<std::vector<Ingresso>>();
     Casuale casuale(20011);
-    for (std::size_t i = 0; i < quanti_ingressi; ++i)
+    for (std::size_t i = 0; i < QUANTI_INGRESSI; ++i)
         ingressi->push_back(uno(casuale));
     return Ingressi<Ingresso>(ingressi);
 }

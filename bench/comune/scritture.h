@@ -55,9 +55,9 @@ inline void con_to_chars(char* testo, float valore, const Forma& forma) {
 template <unsigned Larghezza, unsigned Decimali>
 struct FormatoFisso : fmt::detail::compiled_string {
     using char_type = char;
-    static constexpr char caratteri[] = {'{', ':', '0' + Larghezza + (Decimali != 0 ? 1 : 0), '.', '0' + Decimali,
+    static constexpr char CARATTERI[] = {'{', ':', '0' + Larghezza + (Decimali != 0 ? 1 : 0), '.', '0' + Decimali,
                                          'f', '}'};
-    explicit constexpr operator fmt::string_view() const { return {caratteri, sizeof caratteri}; }
+    explicit constexpr operator fmt::string_view() const { return {CARATTERI, sizeof CARATTERI}; }
 };
 
 template <unsigned Larghezza, unsigned Decimali>

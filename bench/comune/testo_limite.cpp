@@ -41,13 +41,13 @@ constexpr Punto punto(unsigned decimali, float scala) {
     return {scala, prima, ~prima << 8, zeri - (std::uint64_t{2} << 8 * posto), posto - 1, 8};
 }
 
-constexpr Punto punti[] = {punto(0, 1.0f), punto(1, 10.0f), punto(2, 100.0f), punto(3, 1000.0f)};
-constexpr std::uint32_t potenze[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+constexpr Punto PUNTI[] = {punto(0, 1.0f), punto(1, 10.0f), punto(2, 100.0f), punto(3, 1000.0f)};
+constexpr std::uint32_t POTENZE[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
 
 }  // namespace
 
 void testo_limite(char* testo, float valore, const Forma& forma) {
-    const Punto& p = punti[std::min(forma.decimali, 3u)];
+    const Punto& p = PUNTI[std::min(forma.decimali, 3u)];
     const unsigned negativo = valore < 0.0f ? 1 : 0;
     const unsigned lunghezza = forma.larghezza + p.spinta / 8;
     // The converters round halves up, exactly. Adding 0.5 would round some sums up; adding the float just below 0.5 and
@@ -55,7 +55,7 @@ void testo_limite(char* testo, float valore, const Forma& forma) {
     constexpr float quasi_mezzo = 0x1.fffffep-2f;
     const auto numero = static_cast<std::uint32_t>(std::fabs(valore) * p.scala + quasi_mezzo);
     std::memset(testo, 0, 32);
-    if (numero >= potenze[forma.larghezza - negativo]) {
+    if (numero >= POTENZE[forma.larghezza - negativo]) {
         std::memset(testo, '-', lunghezza);
         return;
     }

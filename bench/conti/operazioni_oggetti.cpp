@@ -13,14 +13,14 @@
 namespace conti {
 namespace {
 
-constexpr kel_funpos acqua = 0x1091;
-constexpr kel_funpos composta = 0x0123459C;
-constexpr kel_funpos pacchetto_gps = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
-constexpr kel_funpos lambda = kelFidComponi(FID_PHI_LAMBDA, FID_OBJ_RATIO, FID_POS_EXHAUST);
+constexpr kel_funpos ACQUA = 0x1091;
+constexpr kel_funpos COMPOSTA = 0x0123459C;
+constexpr kel_funpos PACCHETTO_GPS = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+constexpr kel_funpos LAMBDA = kelFidComponi(FID_PHI_LAMBDA, FID_OBJ_RATIO, FID_POS_EXHAUST);
 
 s_kel_canale canale = [] {
     s_kel_canale fatto = {};
-    fatto.fid = acqua;
+    fatto.fid = ACQUA;
     fatto.tipo_campione = KEL_TIPO_INT16;
     return fatto;
 }();
@@ -32,56 +32,56 @@ IFunzioni& catalogo() {
 
 IConverter& convertitore() {
     static const std::unique_ptr<IConverter> unico(
-        catalogo().CreateConverter(&canale, acqua, "F", true, 1, FORMATO_DESTRA, 5));
+        catalogo().CreateConverter(&canale, ACQUA, "F", true, 1, FORMATO_DESTRA, 5));
     return *unico;
 }
 
-const std::string f = "F";
-const std::string c = "C";
-const std::string vecchio = "GEAR_LEVER_POS";
-const std::string della_camera = "BATTERY";
-const std::string xml_grandezza = "FID_PHI_SPEED";
-const std::string xml_oggetto = "FID_OBJ_OIL";
-const std::string xml_posizione = "FID_POS_WHEEL";
-const std::string xml_frontrear = "FID_FRONTREAR_REAR";
-const std::string tempo = "1:23.456";
-const std::string riga_giro = "  7 - 1:23.456";
-constexpr std::int16_t campione = 87;
+const std::string F = "F";
+const std::string C = "C";
+const std::string VECCHIO = "GEAR_LEVER_POS";
+const std::string DELLA_CAMERA = "BATTERY";
+const std::string XML_GRANDEZZA = "FID_PHI_SPEED";
+const std::string XML_OGGETTO = "FID_OBJ_OIL";
+const std::string XML_POSIZIONE = "FID_POS_WHEEL";
+const std::string XML_FRONTREAR = "FID_FRONTREAR_REAR";
+const std::string TEMPO = "1:23.456";
+const std::string RIGA_GIRO = "  7 - 1:23.456";
+constexpr std::int16_t CAMPIONE = 87;
 
 // clang-format off
-const Operazione operazioni[] = {
+const Operazione OPERAZIONI[] = {
     {"IFunzioni::CreateMe",                1, [] { delete IFunzioni::CreateMe(&canale, 1); }},
     {"CFunzioni::getNomeCanale",           1, [] { usa(catalogo().getNomeCanale(0)); }},
     {"CFunzioni::getNomeCanaleShort",      1, [] { usa(catalogo().getNomeCanaleShort(0)); }},
     {"CFunzioni::getCanale",               1, [] { usa(catalogo().getCanale(0)); }},
-    {"CFunzioni::getMatchCh",              1, [] { usa(catalogo().getMatchCh(acqua)); }},
-    {"CFunzioni::getNomeFunzioneShort",    1, [] { usa(catalogo().getNomeFunzioneShort(acqua)); }},
-    {"CFunzioni::getNomeFunzione camera",  1, [] { usa(catalogo().getNomeFunzione(acqua, false)); }},
+    {"CFunzioni::getMatchCh",              1, [] { usa(catalogo().getMatchCh(ACQUA)); }},
+    {"CFunzioni::getNomeFunzioneShort",    1, [] { usa(catalogo().getNomeFunzioneShort(ACQUA)); }},
+    {"CFunzioni::getNomeFunzione camera",  1, [] { usa(catalogo().getNomeFunzione(ACQUA, false)); }},
     {"CFunzioni::getNomeFunzione quantity", 1, [] { usa(catalogo().getNomeFunzione(0x05070010, false)); }},
-    {"CFunzioni::getNomeFunzione composed", 1, [] { usa(catalogo().getNomeFunzione(composta, false)); }},
-    {"CFunzioni::getFidEquivalente",       1, [] { usa(catalogo().getFidEquivalente(acqua)); }},
-    {"CFunzioni::getUnitaBase",            1, [] { usa(catalogo().getUnitaBase(acqua)); }},
-    {"CFunzioni::getFidDaID legacy",       1, [] { usa(catalogo().getFidDaID(vecchio)); }},
-    {"CFunzioni::getFidDaID camera",       1, [] { usa(catalogo().getFidDaID(della_camera)); }},
-    {"CFunzioni::getFunVecchiaZumikoDaFID", 1, [] { usa(catalogo().getFunVecchiaZumikoDaFID(acqua)); }},
-    {"CFunzioni::getFunVecchiaZumikoDaID", 1, [] { usa(catalogo().getFunVecchiaZumikoDaID(della_camera)); }},
-    {"CFunzioni::getParamZumikoCam",       1, [] { usa(catalogo().getParamZumikoCam(acqua)); }},
+    {"CFunzioni::getNomeFunzione composed", 1, [] { usa(catalogo().getNomeFunzione(COMPOSTA, false)); }},
+    {"CFunzioni::getFidEquivalente",       1, [] { usa(catalogo().getFidEquivalente(ACQUA)); }},
+    {"CFunzioni::getUnitaBase",            1, [] { usa(catalogo().getUnitaBase(ACQUA)); }},
+    {"CFunzioni::getFidDaID legacy",       1, [] { usa(catalogo().getFidDaID(VECCHIO)); }},
+    {"CFunzioni::getFidDaID camera",       1, [] { usa(catalogo().getFidDaID(DELLA_CAMERA)); }},
+    {"CFunzioni::getFunVecchiaZumikoDaFID", 1, [] { usa(catalogo().getFunVecchiaZumikoDaFID(ACQUA)); }},
+    {"CFunzioni::getFunVecchiaZumikoDaID", 1, [] { usa(catalogo().getFunVecchiaZumikoDaID(DELLA_CAMERA)); }},
+    {"CFunzioni::getParamZumikoCam",       1, [] { usa(catalogo().getParamZumikoCam(ACQUA)); }},
     {"CFunzioni::getFirstFunzVisZumikoCam", 1, [] { usa(catalogo().getFirstFunzVisZumikoCam()); }},
     {"CFunzioni::getNextFunzVisZumikoCam", 1, [] { usa(catalogo().getNextFunzVisZumikoCam()); }},
     {"CFunzioni::getFirstFunzVisZumikoCamEstese", 1, [] { usa(catalogo().getFirstFunzVisZumikoCamEstese()); }},
     {"CFunzioni::getNextFunzVisZumikoCamEstese", 1, [] { usa(catalogo().getNextFunzVisZumikoCamEstese()); }},
     {"CFunzioni::getAllFunzZumikoCamBasePerSw", 1, [] { std::vector<const t_SFunzioneZumikoCam*> v; catalogo().getAllFunzZumikoCamBasePerSw(v); }},
     {"CFunzioni::getAllFunzZumikoCamEstesePerSw", 1, [] { std::vector<const t_SFunzioneZumikoCam*> v; catalogo().getAllFunzZumikoCamEstesePerSw(v); }},
-    {"CFunzioni::getNumDecimaliDefault",   1, [] { usa(catalogo().getNumDecimaliDefault(acqua, f)); }},
-    {"CFunzioni::getNumDecimaliMax",       1, [] { usa(catalogo().getNumDecimaliMax(acqua, f)); }},
-    {"CFunzioni::getNumDecimaliMin",       1, [] { usa(catalogo().getNumDecimaliMin(acqua, f)); }},
-    {"CFunzioni::getFunzUIVs",             1, [] { std::list<std::string> l; catalogo().getFunzUIVs(acqua, l); }},
+    {"CFunzioni::getNumDecimaliDefault",   1, [] { usa(catalogo().getNumDecimaliDefault(ACQUA, F)); }},
+    {"CFunzioni::getNumDecimaliMax",       1, [] { usa(catalogo().getNumDecimaliMax(ACQUA, F)); }},
+    {"CFunzioni::getNumDecimaliMin",       1, [] { usa(catalogo().getNumDecimaliMin(ACQUA, F)); }},
+    {"CFunzioni::getFunzUIVs",             1, [] { std::list<std::string> l; catalogo().getFunzUIVs(ACQUA, l); }},
     {"CFunzioni::getFunzioni",             1, [] { std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> m; std::vector<unsigned> v; catalogo().getFunzioni(m, v); }},
-    {"CFunzioni::getFunzDettagli",         1, [] { std::map<unsigned, std::string> l, i; int p = 0, u = 0; catalogo().getFunzDettagli(lambda, l, i, p, u); }},
-    {"CFunzioni::getAllInnerFunpos",       1, [] { std::list<kel_funpos> l; catalogo().getAllInnerFunpos(pacchetto_gps, l); }},
-    {"CFunzioni::getParamConv one unit",   1, [] { usa(catalogo().getParamConv(acqua, f)); }},
-    {"CFunzioni::getParamConv two units",  1, [] { usa(catalogo().getParamConv(acqua, f, c)); }},
-    {"CFunzioni::FunGetParamZumikoCam",    1, [] { int k = 0; float s = 0; std::string u; usa(catalogo().FunGetParamZumikoCam(acqua, k, s, u)); }},
+    {"CFunzioni::getFunzDettagli",         1, [] { std::map<unsigned, std::string> l, i; int p = 0, u = 0; catalogo().getFunzDettagli(LAMBDA, l, i, p, u); }},
+    {"CFunzioni::getAllInnerFunpos",       1, [] { std::list<kel_funpos> l; catalogo().getAllInnerFunpos(PACCHETTO_GPS, l); }},
+    {"CFunzioni::getParamConv one unit",   1, [] { usa(catalogo().getParamConv(ACQUA, F)); }},
+    {"CFunzioni::getParamConv two units",  1, [] { usa(catalogo().getParamConv(ACQUA, F, C)); }},
+    {"CFunzioni::FunGetParamZumikoCam",    1, [] { int k = 0; float s = 0; std::string u; usa(catalogo().FunGetParamZumikoCam(ACQUA, k, s, u)); }},
     {"CFunzioni::getCanaliGPS",            1, [] { std::map<unsigned, IFunzioni::NomiDefaultCanale> m; catalogo().getCanaliGPS(m); }},
     {"CFunzioni::getCanaliLapTime",        1, [] { std::map<unsigned, IFunzioni::NomiDefaultCanale> m; catalogo().getCanaliLapTime(m); }},
     {"CFunzioni::getCanaliLapNum",         1, [] { std::map<unsigned, IFunzioni::NomiDefaultCanale> m; catalogo().getCanaliLapNum(m); }},
@@ -91,25 +91,25 @@ const Operazione operazioni[] = {
     {"CFunzioni::getXmlStrPhi",            1, [] { usa(catalogo().getXmlStrPhi(FID_PHI_SPEED)); }},
     {"CFunzioni::getXmlStrObj",            1, [] { usa(catalogo().getXmlStrObj(FID_OBJ_OIL)); }},
     {"CFunzioni::RiempiMapGrandezzaFisica", 1, [] { std::map<GRANDEZZA_FISICA_FUNZKEL, std::string> m; catalogo().RiempiMapGrandezzaFisica(m); }},
-    {"CFunzioni::getIdxPhi",               1, [] { usa(catalogo().getIdxPhi(xml_grandezza)); }},
-    {"CFunzioni::getIdxObj",               1, [] { usa(catalogo().getIdxObj(xml_oggetto)); }},
-    {"CFunzioni::getIdxPos",               1, [] { usa(catalogo().getIdxPos(xml_posizione)); }},
-    {"CFunzioni::getIdxFrontRear",         1, [] { usa(catalogo().getIdxFrontRear(xml_frontrear)); }},
-    {"CFunzioni::CreateConverter",         1, [] { delete catalogo().CreateConverter(&canale, acqua, f, true, 1, FORMATO_DESTRA, 5); }},
+    {"CFunzioni::getIdxPhi",               1, [] { usa(catalogo().getIdxPhi(XML_GRANDEZZA)); }},
+    {"CFunzioni::getIdxObj",               1, [] { usa(catalogo().getIdxObj(XML_OGGETTO)); }},
+    {"CFunzioni::getIdxPos",               1, [] { usa(catalogo().getIdxPos(XML_POSIZIONE)); }},
+    {"CFunzioni::getIdxFrontRear",         1, [] { usa(catalogo().getIdxFrontRear(XML_FRONTREAR)); }},
+    {"CFunzioni::CreateConverter",         1, [] { delete catalogo().CreateConverter(&canale, ACQUA, F, true, 1, FORMATO_DESTRA, 5); }},
     {"CFunzioni::GetValoriCampiFID",       1, [] { std::list<std::string> l[12]; catalogo().GetValoriCampiFID(l[0], l[1], l[2], l[3], l[4], l[5], l[6], l[7], l[8], l[9], l[10], l[11]); }},
-    {"CConverter::GetVal int16",           1, [] { float v = 0; usa(convertitore().GetVal(&campione, &v)); }},
-    {"CConverter::GetString int16 5.1",    1, [] { std::string t; usa(convertitore().GetString(&campione, t)); }},
+    {"CConverter::GetVal int16",           1, [] { float v = 0; usa(convertitore().GetVal(&CAMPIONE, &v)); }},
+    {"CConverter::GetString int16 5.1",    1, [] { std::string t; usa(convertitore().GetString(&CAMPIONE, t)); }},
     {"CLaptimeAndStrings::LapTimeToStringa", 1, [] { usa(CLaptimeAndStrings::LapTimeToStringa(83456)); }},
     {"CLaptimeAndStrings::LapNumAndTimeToStringa", 1, [] { usa(CLaptimeAndStrings::LapNumAndTimeToStringa(7, 83456)); }},
-    {"CLaptimeAndStrings::StringaToLapTime", 1, [] { usa(CLaptimeAndStrings::StringaToLapTime(tempo)); }},
-    {"CLaptimeAndStrings::StringaToLapNumAndTime", 1, [] { int n = 0, t = 0; CLaptimeAndStrings::StringaToLapNumAndTime(riga_giro, n, t); }},
+    {"CLaptimeAndStrings::StringaToLapTime", 1, [] { usa(CLaptimeAndStrings::StringaToLapTime(TEMPO)); }},
+    {"CLaptimeAndStrings::StringaToLapNumAndTime", 1, [] { int n = 0, t = 0; CLaptimeAndStrings::StringaToLapNumAndTime(RIGA_GIRO, n, t); }},
 };
 // clang-format on
 
 }  // namespace
 
 std::span<const Operazione> operazioni_oggetti() {
-    return operazioni;
+    return OPERAZIONI;
 }
 
 }  // namespace conti

@@ -13,7 +13,7 @@
 namespace {
 
 // The calls run on a stack of their own that is filled with a pattern: bytes that have changed were used.
-constexpr unsigned char segno = 0xA5;
+constexpr unsigned char SEGNO = 0xA5;
 std::array<unsigned char, 65536> pila;
 ucontext_t ritorno;
 const conti::Operazione* in_esame;
@@ -23,14 +23,14 @@ long usati;
 void sulla_pila() {
     in_esame->esegui();
     const volatile unsigned char* ultimo = pila.data();
-    while (*ultimo == segno)
+    while (*ultimo == SEGNO)
         ++ultimo;
     usati = static_cast<const volatile unsigned char*>(__builtin_frame_address(0)) - ultimo;
 }
 
 long byte_usati(const conti::Operazione& operazione) {
     operazione.esegui();
-    pila.fill(segno);
+    pila.fill(SEGNO);
     in_esame = &operazione;
     ucontext_t contesto;
     getcontext(&contesto);

@@ -48,10 +48,10 @@ TEST(PlotRaster, DrawsOnlyWhatLiesOnIt) {
     EXPECT_EQ(foglio.testo(), ".'\n");
 }
 
-Grafico conPannelli(std::size_t quanti) {
+Grafico con_pannelli(std::size_t quanti) {
     Grafico grafico;
     for (std::size_t i = 0; i < quanti; ++i) {
-        grafico.pannelli.push_back(pannelloSingolo("Series " + std::to_string(i), "V"));
+        grafico.pannelli.push_back(pannello_singolo("Series " + std::to_string(i), "V"));
         grafico.pannelli.back().curve.front().serie.aggiungi(0, 1);
         grafico.pannelli.back().curve.front().serie.aggiungi(100, 2);
     }
@@ -65,7 +65,7 @@ std::vector<std::string> righe(const std::string& testo) {
 int larghezza(const std::string& testo) {
     int massima = 0;
     for (const std::string& riga : righe(testo))
-        massima = std::max(massima, larghezzaTesto(riga));
+        massima = std::max(massima, larghezza_testo(riga));
     return massima;
 }
 
@@ -75,14 +75,14 @@ Terminale terminale(int colonne, int alto, bool utf8 = false, bool cresce = fals
 
 TEST(PlotTerminal, FillsTheTerminal) {
     for (const auto& [colonne, alto] : {std::pair{80, 20}, std::pair{120, 50}, std::pair{200, 23}, std::pair{20, 10}}) {
-        const std::string testo = disegnoTerminale(conPannelli(1), terminale(colonne, alto)).testo;
+        const std::string testo = disegno_terminale(con_pannelli(1), terminale(colonne, alto)).testo;
         EXPECT_EQ(larghezza(testo), colonne);
         EXPECT_EQ(righe(testo).size(), static_cast<std::size_t>(alto));
     }
 }
 
 TEST(PlotTerminal, SaysWhichPanelsHaveNoRoom) {
-    const DisegnoTerminale disegno = disegnoTerminale(conPannelli(9), terminale(80, 20));
+    const DisegnoTerminale disegno = disegno_terminale(con_pannelli(9), terminale(80, 20));
     EXPECT_EQ(righe(disegno.testo).size(), 20u);
     ASSERT_EQ(disegno.note.size(), 1u);
     EXPECT_EQ(disegno.note[0].nomi, (std::vector<std::string>{"Series 6", "Series 7", "Series 8"}));
@@ -91,7 +91,7 @@ TEST(PlotTerminal, SaysWhichPanelsHaveNoRoom) {
 }
 
 TEST(PlotTerminal, GrowsDownwardsWhereEveryPanelWasAskedFor) {
-    const DisegnoTerminale disegno = disegnoTerminale(conPannelli(30), terminale(80, 20, false, true));
+    const DisegnoTerminale disegno = disegno_terminale(con_pannelli(30), terminale(80, 20, false, true));
     EXPECT_EQ(righe(disegno.testo).size(), 30u * 4 + 2) << "three lines and a name each, and the axis";
     EXPECT_NE(disegno.testo.find("Series 29"), std::string::npos);
     EXPECT_TRUE(disegno.note.empty());
@@ -112,13 +112,13 @@ TEST(PlotTerminal, CutsNoTextWhateverItsSize) {
         for (const int alto : {5, 10, 24, 50})
             for (const bool utf8 : {false, true}) {
                 SCOPED_TRACE(std::to_string(colonne) + " by " + std::to_string(alto));
-                Grafico grafico = conPannelli(3);
+                Grafico grafico = con_pannelli(3);
                 grafico.titolo = "una sessione di prova molto lunga.samples";
                 grafico.pannelli[0].nome = nome;
                 grafico.traccia.aggiungi(10, 44, 0);
                 grafico.traccia.aggiungi(10.01, 44, 0);
                 grafico.giri = {{0, "1"}, {50, "2"}};
-                const DisegnoTerminale disegno = disegnoTerminale(grafico, terminale(colonne, alto, utf8));
+                const DisegnoTerminale disegno = disegno_terminale(grafico, terminale(colonne, alto, utf8));
                 ASSERT_LE(larghezza(disegno.testo), colonne);
                 const std::string pagina = parole(disegno.testo);
                 ASSERT_NE(pagina.find(parole(grafico.titolo)), std::string::npos) << disegno.testo;
@@ -144,32 +144,32 @@ TEST(PlotTerminal, BearsATerminalOfAnySize) {
     for (int colonne = 0; colonne < 70; colonne += 3)
         for (int alto = -5; alto < 12; ++alto)
             for (const bool utf8 : {false, true}) {
-                Grafico grafico = conPannelli(2);
-                EXPECT_FALSE(disegnoTerminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
+                Grafico grafico = con_pannelli(2);
+                EXPECT_FALSE(disegno_terminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
                 grafico.traccia.aggiungi(10, 44, 0);
                 grafico.traccia.aggiungi(10.01, 44, 0);
-                EXPECT_FALSE(disegnoTerminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
+                EXPECT_FALSE(disegno_terminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
                 grafico.pannelli.clear();
-                EXPECT_FALSE(disegnoTerminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
+                EXPECT_FALSE(disegno_terminale(grafico, terminale(colonne, alto, utf8)).testo.empty());
             }
 }
 
 TEST(PlotTerminal, TellsSeveralCurvesApartByLetters) {
-    Grafico grafico = conPannelli(1);
+    Grafico grafico = con_pannelli(1);
     grafico.pannelli[0].curve.push_back({"Other", {}});
     grafico.pannelli[0].curve[1].serie.aggiungi(0, 2);
     grafico.pannelli[0].curve[1].serie.aggiungi(100, 1);
-    const std::string testo = disegnoTerminale(grafico, terminale(80, 12)).testo;
+    const std::string testo = disegno_terminale(grafico, terminale(80, 12)).testo;
     EXPECT_NE(testo.find("Series 0 V: a Series 0, b Other"), std::string::npos) << testo;
     EXPECT_GT(std::count(testo.begin(), testo.end(), 'b'), 20);
 }
 
 TEST(PlotTerminal, DrawsANumberWithoutAUnitAsSteps) {
     Grafico grafico;
-    grafico.pannelli.push_back(pannelloSingolo("Gear", ""));
+    grafico.pannelli.push_back(pannello_singolo("Gear", ""));
     for (int i = 0; i < 3; ++i)
         grafico.pannelli[0].curve[0].serie.aggiungi(i, i == 2 ? 2 : 1);
-    const auto pagina = righe(disegnoTerminale(grafico, terminale(40, 8)).testo);
+    const auto pagina = righe(disegno_terminale(grafico, terminale(40, 8)).testo);
     const std::string& sotto = pagina[pagina.size() - 3];
     EXPECT_EQ(std::count(sotto.begin(), sotto.end(), '.'), 33) << "level up to the jump: " << sotto;
     EXPECT_EQ(sotto.find(':'), 39u) << "and the jump at the end";
@@ -179,7 +179,7 @@ TEST(PlotTicks, HaveRoomAndEvenSteps) {
     for (const double durata : {0.1, 1.0, 7.0, 52.0, 147.0, 3600.0, 5999.0, 6001.0, 86400.0, 1e6})
         for (const double colonne : {14.0, 30.0, 70.0, 150.0})
             for (const Ascissa ascissa : {Ascissa::tempo, Ascissa::distanza, Ascissa::numero}) {
-                Grafico grafico = conPannelli(1);
+                Grafico grafico = con_pannelli(1);
                 grafico.ascissa = ascissa;
                 grafico.pannelli[0].curve[0].serie = Serie();
                 grafico.pannelli[0].curve[0].serie.aggiungi(17, 1);
@@ -198,7 +198,7 @@ TEST(PlotTicks, HaveRoomAndEvenSteps) {
 }
 
 TEST(PlotTicks, CountEachSessionsOwnTime) {
-    Grafico grafico = conPannelli(1);
+    Grafico grafico = con_pannelli(1);
     grafico.sessioni = {{0, 40, 0}, {60, 100, 60}};
     std::vector<std::string> testi;
     for (const Tacca& tacca : tacche(grafico, 70, 1))
@@ -266,26 +266,26 @@ TEST(PlotNote, IsCutShortWithTheNumberOfNamesLeftOut) {
 }
 
 TEST(Durations, AreWrittenAndRead) {
-    EXPECT_EQ(testoDurata(0, 0, false), "0:00");
-    EXPECT_EQ(testoDurata(59.96, 1, false), "1:00.0");
-    EXPECT_EQ(testoDurata(3725.25, 2, false), "62:05.25");
-    EXPECT_EQ(testoDurata(3725.25, 0, true), "1:02:05");
-    EXPECT_EQ(testoDurata(-65, 0, false), "-1:05");
-    EXPECT_EQ(leggiDurata("1:05.5"), 65.5);
-    EXPECT_EQ(leggiDurata("1:02:05"), 3725.0);
-    EXPECT_EQ(leggiDurata("90"), 90.0);
-    EXPECT_EQ(leggiDurata(".5"), 0.5);
+    EXPECT_EQ(testo_durata(0, 0, false), "0:00");
+    EXPECT_EQ(testo_durata(59.96, 1, false), "1:00.0");
+    EXPECT_EQ(testo_durata(3725.25, 2, false), "62:05.25");
+    EXPECT_EQ(testo_durata(3725.25, 0, true), "1:02:05");
+    EXPECT_EQ(testo_durata(-65, 0, false), "-1:05");
+    EXPECT_EQ(leggi_durata("1:05.5"), 65.5);
+    EXPECT_EQ(leggi_durata("1:02:05"), 3725.0);
+    EXPECT_EQ(leggi_durata("90"), 90.0);
+    EXPECT_EQ(leggi_durata(".5"), 0.5);
     for (const char* nessuna : {"", ":", "1:", ":5", "1:60", "1:2:3:4", "1.5:00", "-5", "1e3", "1:05 ", "inf", "."})
-        EXPECT_FALSE(leggiDurata(nessuna)) << nessuna;
+        EXPECT_FALSE(leggi_durata(nessuna)) << nessuna;
 }
 
 TEST(Widths, AreThoseOfATerminal) {
-    EXPECT_EQ(larghezzaTesto("abc"), 3);
-    EXPECT_EQ(larghezzaTesto("\u00e9e\u0301"), 2) << "a letter with its accent in one or two codes";
-    EXPECT_EQ(larghezzaTesto("\u3072\uff21"), 4);
-    EXPECT_EQ(aCapo("one two three", 7), (std::vector<std::string>{"one two", "three"}));
-    EXPECT_EQ(aCapo("abcdefgh", 3), (std::vector<std::string>{"abc", "def", "gh"}));
-    EXPECT_EQ(aCapo("", 5), (std::vector<std::string>{""}));
+    EXPECT_EQ(larghezza_testo("abc"), 3);
+    EXPECT_EQ(larghezza_testo("\u00e9e\u0301"), 2) << "a letter with its accent in one or two codes";
+    EXPECT_EQ(larghezza_testo("\u3072\uff21"), 4);
+    EXPECT_EQ(a_capo("one two three", 7), (std::vector<std::string>{"one two", "three"}));
+    EXPECT_EQ(a_capo("abcdefgh", 3), (std::vector<std::string>{"abc", "def", "gh"}));
+    EXPECT_EQ(a_capo("", 5), (std::vector<std::string>{""}));
 }
 
 }  // namespace

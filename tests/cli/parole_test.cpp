@@ -32,15 +32,16 @@ TEST(Vicini, CountsInsertionsDeletionsChangesAndSwaps) {
 }
 
 // Against the plain definition, term by term.
-unsigned perDefinizione(const std::string& a, const std::string& b) {
+unsigned per_definizione(const std::string& a, const std::string& b) {
     if (a.empty() || b.empty())
         return static_cast<unsigned>(a.size() + b.size());
     const std::string prima_a = a.substr(0, a.size() - 1);
     const std::string prima_b = b.substr(0, b.size() - 1);
-    unsigned minima = std::min({perDefinizione(prima_a, b) + 1, perDefinizione(a, prima_b) + 1,
-                                perDefinizione(prima_a, prima_b) + (a.back() == b.back() ? 0u : 1u)});
+    unsigned minima = std::min({per_definizione(prima_a, b) + 1, per_definizione(a, prima_b) + 1,
+                                per_definizione(prima_a, prima_b) + (a.back() == b.back() ? 0u : 1u)});
     if (a.size() > 1 && b.size() > 1 && a.back() == b[b.size() - 2] && a[a.size() - 2] == b.back())
-        minima = std::min(minima, perDefinizione(prima_a.substr(0, a.size() - 2), prima_b.substr(0, b.size() - 2)) + 1);
+        minima =
+            std::min(minima, per_definizione(prima_a.substr(0, a.size() - 2), prima_b.substr(0, b.size() - 2)) + 1);
     return minima;
 }
 
@@ -55,7 +56,7 @@ TEST(Vicini, DistanceIsThatOfItsDefinition) {
     for (int giro = 0; giro < 2000; ++giro) {
         const std::string a = parola();
         const std::string b = parola();
-        EXPECT_EQ(distanza(a, b), perDefinizione(a, b)) << a << " " << b;
+        EXPECT_EQ(distanza(a, b), per_definizione(a, b)) << a << " " << b;
         EXPECT_EQ(distanza(a, b), distanza(b, a)) << a << " " << b;
     }
 }
@@ -79,7 +80,7 @@ TEST(Vicini, OffersTheNearestAndNothingFarAway) {
 
 TEST(Sinonimi, EveryLineLeadsToSomethingInTheCatalogue) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const std::vector<Noto> noti = identificatoriNoti(*catalogo);
+    const std::vector<Noto> noti = identificatori_noti(*catalogo);
     std::size_t righe = 0;
     std::string prima;
     for (const std::string& riga : dividi(SINONIMI, '\n')) {
@@ -104,18 +105,18 @@ TEST(Sinonimi, AreProposedBeforeWhatIsNear) {
 }
 
 TEST(TipiCampione, NamesAreDistinctAndReadBack) {
-    EXPECT_EQ(nomiCampioni().size(), NUM_TIPI_CAMPIONE);
+    EXPECT_EQ(nomi_campioni().size(), NUM_TIPI_CAMPIONE);
     // The library has no sample of a type that the tool does not know.
     for (unsigned tipo = NUM_TIPI_CAMPIONE; tipo < NUM_TIPI_CAMPIONE + 32; ++tipo)
         EXPECT_EQ(kelFunGetSamplSize(tipo), 0u) << "sample type " << tipo;
     for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE; ++tipo) {
-        EXPECT_EQ(leggiTipoCampione(nomeCampione(tipo)), tipo);
-        EXPECT_EQ(leggiTipoCampione(costanteCampione(tipo)), tipo);
-        EXPECT_EQ(leggiTipoCampione(std::to_string(tipo)), tipo);
+        EXPECT_EQ(leggi_tipo_campione(nome_campione(tipo)), tipo);
+        EXPECT_EQ(leggi_tipo_campione(costante_campione(tipo)), tipo);
+        EXPECT_EQ(leggi_tipo_campione(std::to_string(tipo)), tipo);
     }
-    EXPECT_EQ(leggiTipoCampione(std::to_string(NUM_TIPI_CAMPIONE)), std::nullopt);
-    EXPECT_EQ(leggiTipoCampione("int"), std::nullopt);
-    EXPECT_EQ(leggiTipoCampione(""), std::nullopt);
+    EXPECT_EQ(leggi_tipo_campione(std::to_string(NUM_TIPI_CAMPIONE)), std::nullopt);
+    EXPECT_EQ(leggi_tipo_campione("int"), std::nullopt);
+    EXPECT_EQ(leggi_tipo_campione(""), std::nullopt);
 }
 
 }  // namespace

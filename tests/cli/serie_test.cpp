@@ -84,7 +84,7 @@ struct Tratto {
 };
 
 template <typename Fai>
-void aTratti(const std::vector<Punto>& punti, double origine, double tratto, Fai fai) {
+void a_tratti(const std::vector<Punto>& punti, double origine, double tratto, Fai fai) {
     Tratto uno;
     for (const Punto& punto : punti) {
         const double numero = std::floor((punto.x - origine) / tratto);
@@ -111,7 +111,7 @@ void confronta(const Andamento& andamento, std::uint64_t seme, std::size_t quant
     const double tratto = serie.tratto() > 0 ? serie.tratto() : 1e-9;
     std::vector<Tratto> disegnati;
     if (!punti.empty())
-        aTratti(punti, punti.front().x, tratto, [&](const Tratto& t) { disegnati.push_back(t); });
+        a_tratti(punti, punti.front().x, tratto, [&](const Tratto& t) { disegnati.push_back(t); });
 
     Tratto vero;
     std::size_t tratti = 0;

@@ -78,7 +78,7 @@ Assi assi(double lat, double lon) {
 }
 
 // WGS 84, a = 6378137 m and b = 6356752.314245 m.
-void ecefDi(double lat, double lon, double altezza, double (&r)[3]) {
+void ecef_di(double lat, double lon, double altezza, double (&r)[3]) {
     const double a2 = 6378137.0 * 6378137.0, b2 = 6356752.314245 * 6356752.314245;
     const Assi a = assi(lat, lon);
     const double cf = std::cos(lat * RADIANTI), sf = std::sin(lat * RADIANTI);
@@ -89,9 +89,9 @@ void ecefDi(double lat, double lon, double altezza, double (&r)[3]) {
 }
 
 TEST(Simulator, TheOptionChoosesTheSolutionsMessages) {
-    auto sol = cattura(1, 2, Soluzioni::SOL);
-    auto pvt = cattura(1, 2, Soluzioni::PVT);
-    auto entrambe = cattura(1, 2, Soluzioni::ENTRAMBE);
+    auto sol = cattura(1, 2, Soluzioni::sol);
+    auto pvt = cattura(1, 2, Soluzioni::pvt);
+    auto entrambe = cattura(1, 2, Soluzioni::entrambe);
     EXPECT_GT(sol[SOL].size(), 60u);
     EXPECT_TRUE(sol[PVT].empty());
     EXPECT_TRUE(pvt[SOL].empty());
@@ -101,7 +101,7 @@ TEST(Simulator, TheOptionChoosesTheSolutionsMessages) {
 }
 
 TEST(Simulator, NavPvtSaysWhatNavSolSays) {
-    auto tutti = cattura(3, 10, Soluzioni::ENTRAMBE);
+    auto tutti = cattura(3, 10, Soluzioni::entrambe);
     ASSERT_EQ(tutti[SOL].size(), tutti[PVT].size());
     bool senza_fix = false;
     for (std::size_t i = 0; i < tutti[PVT].size(); ++i) {
@@ -119,7 +119,7 @@ TEST(Simulator, NavPvtSaysWhatNavSolSays) {
 
         const double lon = i32(p, 24) * 1e-7, lat = i32(p, 28) * 1e-7;
         double r[3];
-        ecefDi(lat, lon, i32(p, 32) / 1000, r);
+        ecef_di(lat, lon, i32(p, 32) / 1000, r);
         for (std::size_t asse = 0; asse < 3; ++asse)
             EXPECT_NEAR(r[asse], i32(s, 12 + 4 * asse) / 100, 0.015) << "axis " << asse;
         EXPECT_EQ(i32(p, 36), i32(p, 32) - 42000);
@@ -141,7 +141,7 @@ TEST(Simulator, NavPvtSaysWhatNavSolSays) {
 }
 
 TEST(Simulator, NavPvtBearsTheDate) {
-    const auto pvt = cattura(1, 4, Soluzioni::PVT)[PVT];
+    const auto pvt = cattura(1, 4, Soluzioni::pvt)[PVT];
     const std::string& primo = pvt.front();
     EXPECT_EQ(intero(primo, 0, 4), 554400000u);  // Saturday 10:00, GPS time
     EXPECT_EQ(intero(primo, 4, 2), 2025u);
@@ -169,7 +169,7 @@ TEST(Simulator, TheWeekTurnsOnSaturdayNight) {
 struct Registrazione {
     Registrazione(unsigned giri, unsigned frequenza, std::uint64_t seme) {
         Kart kart(giri, frequenza, seme);
-        Centralina centralina(kart.lunghezzaGiro());
+        Centralina centralina(kart.lunghezza_giro());
         const std::string canali = centralina.canali();
         for (std::size_t da = 0; da < canali.size(); da += sizeof(s_kel_canale)) {
             s_kel_canale canale;
@@ -190,7 +190,7 @@ struct Giro {
 };
 
 // From the lap packets: a new one where the number of laps done changes.
-std::vector<Giro> giriDeiPacchetti(const Registrazione& registrazione) {
+std::vector<Giro> giri_dei_pacchetti(const Registrazione& registrazione) {
     std::vector<Giro> giri;
     const std::size_t da = registrazione.dove.at("Lap");
     for (const std::string& record : registrazione.record)
@@ -209,7 +209,7 @@ std::vector<double> passaggi(const Registrazione& registrazione) {
     const double rotta = std::strtod(resto + 1, nullptr) * RADIANTI;
     const Assi a = assi(lat, lon);
     double origine[3];
-    ecefDi(lat, lon, 63, origine);
+    ecef_di(lat, lon, 63, origine);
     std::vector<double> tempi;
     double davanti_prima = 0, ora_prima = 0;
     for (const std::string& record : registrazione.record) {
@@ -236,7 +236,7 @@ TEST(Simulator, LapPacketsAgreeWithTheTrackAtTheLine) {
         for (std::uint64_t seme = 1; seme <= 8; ++seme) {
             SCOPED_TRACE("rate " + std::to_string(frequenza) + ", seed " + std::to_string(seme));
             const Registrazione registrazione(12, frequenza, seme);
-            const std::vector<Giro> giri = giriDeiPacchetti(registrazione);
+            const std::vector<Giro> giri = giri_dei_pacchetti(registrazione);
             const std::vector<double> linea = passaggi(registrazione);
             ASSERT_EQ(giri.size(), 12u);
             ASSERT_EQ(linea.size(), 13u) << "the first crossing begins the first lap";
@@ -248,7 +248,7 @@ TEST(Simulator, LapPacketsAgreeWithTheTrackAtTheLine) {
 }
 
 TEST(Simulator, NoTwoLapsAreEquallyFast) {
-    std::vector<Giro> giri = giriDeiPacchetti(Registrazione(6, 10, 1));
+    std::vector<Giro> giri = giri_dei_pacchetti(Registrazione(6, 10, 1));
     std::sort(giri.begin(), giri.end(), [](const Giro& a, const Giro& b) { return a.secondi < b.secondi; });
     for (std::size_t i = 1; i < giri.size(); ++i)
         EXPECT_GT(giri[i].secondi - giri[i - 1].secondi, 0.005);

@@ -26,13 +26,13 @@ TEST(TempoScritto, MeansWhatPeopleMean) {
         {"59:59.9996", 3600000},
     };
     for (const auto& tempo : tempi)
-        EXPECT_EQ(tempoInteso(tempo.testo), tempo.millisecondi) << tempo.testo;
+        EXPECT_EQ(tempo_inteso(tempo.testo), tempo.millisecondi) << tempo.testo;
 }
 
 TEST(TempoScritto, IsNoneOfWhatPeopleDoNotWrite) {
     for (const char* testo : {"", "abc", "1-23x456", ":", "1:2:3:4:5", "1::::2", "--1", "1 23.456", ".5", "1e3",
                               "12345678901:00.000", "\xFF"})
-        EXPECT_EQ(tempoInteso(testo), std::nullopt) << testo;
+        EXPECT_EQ(tempo_inteso(testo), std::nullopt) << testo;
 }
 
 TEST(TempoScritto, NothingIsSaidOfTheLibrarysOwnTexts) {
@@ -40,16 +40,16 @@ TEST(TempoScritto, NothingIsSaidOfTheLibrarysOwnTexts) {
     for (int giro = 0; giro < 100000; ++giro) {
         const int ms = static_cast<int>(caso() % 3600000);
         const std::string testo = CLaptimeAndStrings::LapTimeToStringa(ms);
-        EXPECT_EQ(tempoInteso(testo), ms) << testo;
-        EXPECT_EQ(avvisoLettura(testo, CLaptimeAndStrings::StringaToLapTime(testo)), std::nullopt) << testo;
-        EXPECT_EQ(avvisoScrittura(ms), std::nullopt);
+        EXPECT_EQ(tempo_inteso(testo), ms) << testo;
+        EXPECT_EQ(avviso_lettura(testo, CLaptimeAndStrings::StringaToLapTime(testo)), std::nullopt) << testo;
+        EXPECT_EQ(avviso_scrittura(ms), std::nullopt);
         const int numero = static_cast<int>(caso() % 1000);
         const std::string riga = CLaptimeAndStrings::LapNumAndTimeToStringa(numero, ms);
-        EXPECT_EQ(avvisoRiga(riga, numero, ms), std::nullopt) << riga;
+        EXPECT_EQ(avviso_riga(riga, numero, ms), std::nullopt) << riga;
         const int ore = static_cast<int>(3600000 + caso() % 100000 * 1000);
         const std::string lungo = CLaptimeAndStrings::LapTimeToStringa(ore);
-        EXPECT_EQ(avvisoLettura(lungo, CLaptimeAndStrings::StringaToLapTime(lungo)), std::nullopt) << lungo;
-        EXPECT_EQ(avvisoScrittura(ore), std::nullopt);
+        EXPECT_EQ(avviso_lettura(lungo, CLaptimeAndStrings::StringaToLapTime(lungo)), std::nullopt) << lungo;
+        EXPECT_EQ(avviso_scrittura(ore), std::nullopt);
     }
 }
 
@@ -63,29 +63,29 @@ TEST(TempoScritto, WhatIsProposedIsRead) {
         for (std::size_t n = caso() % 10; n > 0; --n)
             testo += segni[caso() % segni.size()];
         const int letto = CLaptimeAndStrings::StringaToLapTime(testo);
-        const auto avviso = avvisoLettura(testo, letto);
+        const auto avviso = avviso_lettura(testo, letto);
         const std::size_t scrivi = avviso ? avviso->find(", write '") : std::string::npos;
         if (scrivi == std::string::npos)
             continue;
         ++detti;
         const std::string proposto = avviso->substr(scrivi + 9, avviso->size() - scrivi - 10);
-        EXPECT_EQ(CLaptimeAndStrings::StringaToLapTime(proposto), tempoInteso(testo)) << testo << ": " << *avviso;
+        EXPECT_EQ(CLaptimeAndStrings::StringaToLapTime(proposto), tempo_inteso(testo)) << testo << ": " << *avviso;
     }
     EXPECT_GT(detti, 1000);
 }
 
 TEST(TempoScritto, SaysWhatATextLeavesOut) {
-    EXPECT_NE(avvisoScrittura(3600001), std::nullopt);
-    EXPECT_NE(avvisoScrittura(-1), std::nullopt);
-    EXPECT_EQ(avvisoScrittura(0), std::nullopt);
+    EXPECT_NE(avviso_scrittura(3600001), std::nullopt);
+    EXPECT_NE(avviso_scrittura(-1), std::nullopt);
+    EXPECT_EQ(avviso_scrittura(0), std::nullopt);
 }
 
 TEST(TempoScritto, LinesOfALapList) {
-    EXPECT_EQ(avvisoRiga("  7 - 1:23.456", 7, 83456), std::nullopt);
-    EXPECT_EQ(avvisoRiga("1000 - 1:23.456", 1000, 83456), std::nullopt);
-    EXPECT_NE(avvisoRiga("12345 - 1:23.456", 12345, 0), std::nullopt);
-    EXPECT_NE(avvisoRiga("  7 - 1:23.4", 7, 83004), std::nullopt);
-    EXPECT_NE(avvisoRiga("abcdefgh", 0, 0), std::nullopt);
+    EXPECT_EQ(avviso_riga("  7 - 1:23.456", 7, 83456), std::nullopt);
+    EXPECT_EQ(avviso_riga("1000 - 1:23.456", 1000, 83456), std::nullopt);
+    EXPECT_NE(avviso_riga("12345 - 1:23.456", 12345, 0), std::nullopt);
+    EXPECT_NE(avviso_riga("  7 - 1:23.4", 7, 83004), std::nullopt);
+    EXPECT_NE(avviso_riga("abcdefgh", 0, 0), std::nullopt);
 }
 
 }  // namespace

@@ -18,14 +18,14 @@ Soluzione equatore(const VelocitaLocale& velocita) {
 
 TEST(VistaGps, ShownNumbersHaveNoMinusZeroAndNoHeadingOf360) {
     const Soluzione s = equatore({-1e-6, 10, -0.0001});
-    EXPECT_EQ(cellaGps(s, CampoGps::rotta, 1, 3).perPersone(), "0.00");
-    EXPECT_EQ(cellaGps(s, CampoGps::salita, 1, 3).perPersone(), "0.000");
-    EXPECT_EQ(cellaGps(s, CampoGps::velocita, 3.6, 1).perPersone(), "36.0");
-    EXPECT_EQ(cellaGps(s, CampoGps::latitudine, 1, 3).perPersone(), "0.00000000");
+    EXPECT_EQ(cella_gps(s, CampoGps::rotta, 1, 3).per_persone(), "0.00");
+    EXPECT_EQ(cella_gps(s, CampoGps::salita, 1, 3).per_persone(), "0.000");
+    EXPECT_EQ(cella_gps(s, CampoGps::velocita, 3.6, 1).per_persone(), "36.0");
+    EXPECT_EQ(cella_gps(s, CampoGps::latitudine, 1, 3).per_persone(), "0.00000000");
 }
 
 TEST(VistaGps, StandingStillShowsNoHeading) {
-    EXPECT_EQ(cellaGps(equatore({0, 0, -1}), CampoGps::rotta, 1, 3).perPersone(), "-");
+    EXPECT_EQ(cella_gps(equatore({0, 0, -1}), CampoGps::rotta, 1, 3).per_persone(), "-");
 }
 
 }  // namespace

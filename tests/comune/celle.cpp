@@ -24,7 +24,7 @@ std::string nome(const Tabelle& tabelle, const Riga* prima) {
 
 // How many rows it has.
 template <typename Tabelle, typename Riga>
-std::ptrdiff_t righeDi(const Tabelle& tabelle, const Riga* prima) {
+std::ptrdiff_t righe_di(const Tabelle& tabelle, const Riga* prima) {
     const auto tabella = tabelle.find(nome(tabelle, prima));
     return tabella == tabelle.end() ? 0 : std::ssize(tabella->second);
 }
@@ -65,7 +65,7 @@ void Celle::tabelle(const char* file, const Tabelle& libreria, const Attese& att
 }
 
 void Celle::campi() {
-    tabelle("campi_fid.tsv", tabelleCampi(), modello::tabelle().campi,
+    tabelle("campi_fid.tsv", tabelle_campi(), modello::tabelle().campi,
             [this](const s_campo_fid& riga, const modello::RigaCampo& attesa) {
                 cella("valore", riga.valore, attesa.valore);
                 cella("xml", riga.xml, attesa.xml);
@@ -75,7 +75,7 @@ void Celle::campi() {
 }
 
 void Celle::unita() {
-    tabelle("udm.tsv", tabelleUnita(), modello::tabelle().udm,
+    tabelle("udm.tsv", tabelle_unita(), modello::tabelle().udm,
             [this](const s_udm_associata& riga, const modello::RigaUdm& attesa) {
                 cella("testo", riga.dati.udm, attesa.testo);
                 cella("offset", riga.dati.offset, attesa.offset);
@@ -87,7 +87,7 @@ void Celle::unita() {
             });
 }
 
-void Celle::codiciUnita() {
+void Celle::codici_unita() {
     righe("udm_codici", udm_codici, modello::tabelle().codici_udm,
           [this](const s_codice_udm& riga, const std::string& attesa) {
               cella("codice", riga.codice, static_cast<long long>(riga_));
@@ -101,32 +101,32 @@ void Celle::grandezze() {
               cella("chiave", riga.chiave, attesa.chiave);
               cella("breve", riga.breve, attesa.breve);
               cella("testo", riga.testo, attesa.testo);
-              cella("udm", nome(tabelleUnita(), riga.udm), attesa.udm);
+              cella("udm", nome(tabelle_unita(), riga.udm), attesa.udm);
               cella("num_udm", riga.num_udm, attesa.num_udm);
-              cella("num_udm, by the table", riga.num_udm, righeDi(tabelleUnita(), riga.udm));
-              cella("varianti", nome(tabelleVarianti(), riga.varianti), attesa.varianti);
+              cella("num_udm, by the table", riga.num_udm, righe_di(tabelle_unita(), riga.udm));
+              cella("varianti", nome(tabelle_varianti(), riga.varianti), attesa.varianti);
               cella("num_varianti", riga.num_varianti, attesa.num_varianti);
-              cella("num_varianti, by the table", riga.num_varianti, righeDi(tabelleVarianti(), riga.varianti));
+              cella("num_varianti, by the table", riga.num_varianti, righe_di(tabelle_varianti(), riga.varianti));
           });
 }
 
 void Celle::varianti() {
-    tabelle("varianti.tsv", tabelleVarianti(), modello::tabelle().varianti,
+    tabelle("varianti.tsv", tabelle_varianti(), modello::tabelle().varianti,
             [this](const s_variante_posizione& riga, const modello::Variante& attesa) {
                 cella("posizione", riga.posizione, attesa.posizione);
                 cella("breve", riga.breve, attesa.breve);
                 cella("testo", riga.testo, attesa.testo);
-                cella("inout", nome(tabelleScelte(), riga.inout), attesa.inout);
-                cella("num_inout, by the list", riga.num_inout, righeDi(tabelleScelte(), riga.inout));
+                cella("inout", nome(tabelle_scelte(), riga.inout), attesa.inout);
+                cella("num_inout, by the list", riga.num_inout, righe_di(tabelle_scelte(), riga.inout));
                 cella("primo", riga.primo, attesa.primo);
                 cella("ultimo", riga.ultimo, attesa.ultimo);
-                cella("lati", nome(tabelleScelte(), riga.lati), attesa.lati);
-                cella("num_lati, by the list", riga.num_lati, righeDi(tabelleScelte(), riga.lati));
+                cella("lati", nome(tabelle_scelte(), riga.lati), attesa.lati);
+                cella("num_lati, by the list", riga.num_lati, righe_di(tabelle_scelte(), riga.lati));
             });
 }
 
 void Celle::scelte() {
-    tabelle("scelte.tsv", tabelleScelte(), modello::tabelle().scelte,
+    tabelle("scelte.tsv", tabelle_scelte(), modello::tabelle().scelte,
             [this](const s_scelta_fid& riga, const modello::Scelta& attesa) {
                 cella("chiave", riga.chiave, attesa.chiave);
                 cella("breve", riga.breve, attesa.breve);
@@ -135,7 +135,7 @@ void Celle::scelte() {
 }
 
 void Celle::sottocampi() {
-    tabelle("sottocampi.tsv", tabelleSottocampi(), modello::tabelle().sottocampi,
+    tabelle("sottocampi.tsv", tabelle_sottocampi(), modello::tabelle().sottocampi,
             [this](const s_sottocampo& riga, const modello::RigaSottocampo& attesa) {
                 cella("fid", riga.fid, attesa.fid);
                 cella("offset", riga.offset, attesa.offset);

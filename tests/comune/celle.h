@@ -14,7 +14,7 @@ public:
 
     void campi();
     void unita();
-    void codiciUnita();
+    void codici_unita();
     void grandezze();
     void varianti();
     void scelte();

@@ -33,9 +33,9 @@ public:
     bool pronto() const { return inizio_ != nullptr; }
 
     // Bytes that end where the forbidden page begins.
-    unsigned char* InFondo(std::size_t byte) const { return inizio_ + 2 * pagina_ - byte; }
+    unsigned char* in_fondo(std::size_t byte) const { return inizio_ + 2 * pagina_ - byte; }
     // Bytes that begin right after a forbidden page.
-    unsigned char* InTesta() const { return inizio_ + pagina_; }
+    unsigned char* in_testa() const { return inizio_ + pagina_; }
 
 private:
     std::size_t pagina_;

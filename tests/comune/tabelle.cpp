@@ -8,7 +8,7 @@ namespace kel_test {
 namespace {
 
 // With its end row, the first whose quantity is 32.
-Sottocampi finoAllaFine(const s_sottocampo* tabella) {
+Sottocampi fino_alla_fine(const s_sottocampo* tabella) {
     std::size_t righe = 0;
     while ((tabella[righe].fid & 0x7F) != 32)
         ++righe;
@@ -17,7 +17,7 @@ Sottocampi finoAllaFine(const s_sottocampo* tabella) {
 
 }  // namespace
 
-const std::map<std::string, Campi>& tabelleCampi() {
+const std::map<std::string, Campi>& tabelle_campi() {
     static const std::map<std::string, Campi> tabelle = {TABELLA(grandezza_fisica_FunzKel),
                                                          TABELLA(oggetto_misurato_FunzKel),
                                                          TABELLA(posizione_FunzKel),
@@ -31,7 +31,7 @@ const std::map<std::string, Campi>& tabelleCampi() {
     return tabelle;
 }
 
-const std::map<std::string, Unita>& tabelleUnita() {
+const std::map<std::string, Unita>& tabelle_unita() {
     static const std::map<std::string, Unita> tabelle = {
         TABELLA(NULL_udm_associate),       TABELLA(kmh_udm_associate),       TABELLA(kmh_vel_udm_associate),
         TABELLA(C_udm_associate),          TABELLA(bar_udm_associate),       TABELLA(bar_oil_udm_associate),
@@ -51,26 +51,26 @@ const std::map<std::string, Unita>& tabelleUnita() {
     return tabelle;
 }
 
-const std::map<std::string, Varianti>& tabelleVarianti() {
+const std::map<std::string, Varianti>& tabelle_varianti() {
     static const std::map<std::string, Varianti> tabelle = {
         TABELLA(z4_pres_brk), TABELLA(z4_velocity), TABELLA(z4_time_off), TABELLA(z4_num_lambda), TABELLA(z4_speed)};
     return tabelle;
 }
 
-const std::map<std::string, Scelte>& tabelleScelte() {
+const std::map<std::string, Scelte>& tabelle_scelte() {
     static const std::map<std::string, Scelte> tabelle = {TABELLA(ios_completo), TABELLA(ios_solo_inout),
                                                           TABELLA(udfrlrs_solo_fr), TABELLA(udfrlrs_solo_frlr)};
     return tabelle;
 }
 
 // The names are those of the model: not every packet's table is exported.
-const std::map<std::string, Sottocampi>& tabelleSottocampi() {
+const std::map<std::string, Sottocampi>& tabelle_sottocampi() {
     static const std::map<std::string, Sottocampi> tabelle = {
         {"gps_kel", sottocampi_gps_kel},
-        {"gps_navsol", finoAllaFine(search_sottocampi_struct(3, 1))},
+        {"gps_navsol", fino_alla_fine(search_sottocampi_struct(3, 1))},
         {"lap_2G", sottocampi_lap_time_2G},
-        {"lap_1G", finoAllaFine(search_sottocampi_struct(1, 1))},
-        {"data_ora", finoAllaFine(search_sottocampi_struct(2, 0))},
+        {"lap_1G", fino_alla_fine(search_sottocampi_struct(1, 1))},
+        {"data_ora", fino_alla_fine(search_sottocampi_struct(2, 0))},
     };
     return tabelle;
 }

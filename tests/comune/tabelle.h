@@ -16,11 +16,11 @@ using Varianti = std::span<const s_variante_posizione>;
 using Scelte = std::span<const s_scelta_fid>;
 using Sottocampi = std::span<const s_sottocampo>;
 
-const std::map<std::string, Campi>& tabelleCampi();
-const std::map<std::string, Unita>& tabelleUnita();
-const std::map<std::string, Varianti>& tabelleVarianti();
-const std::map<std::string, Scelte>& tabelleScelte();
-const std::map<std::string, Sottocampi>& tabelleSottocampi();
+const std::map<std::string, Campi>& tabelle_campi();
+const std::map<std::string, Unita>& tabelle_unita();
+const std::map<std::string, Varianti>& tabelle_varianti();
+const std::map<std::string, Scelte>& tabelle_scelte();
+const std::map<std::string, Sottocampi>& tabelle_sottocampi();
 
 }  // namespace kel_test
 

@@ -7,7 +7,7 @@
 namespace kel_test {
 
 // The test SampleSize.OfEveryCodeIsThatOfTheTable holds it against tests/model/tables/campioni.tsv.
-inline constexpr unsigned tipi_campione = KEL_TIPO_DIFFERENZA_TEMPO + 1;
+inline constexpr unsigned TIPI_CAMPIONE = KEL_TIPO_DIFFERENZA_TEMPO + 1;
 
 }  // namespace kel_test
 

@@ -7,7 +7,7 @@
 namespace kel_test {
 
 // Whether the set-up or the reads of a function of a channel look through the unit's data.
-inline bool UnitaNecessaria(kel_funpos canale, unsigned tipo, kel_funpos fid) {
+inline bool unita_necessaria(kel_funpos canale, unsigned tipo, kel_funpos fid) {
     if (kelFidGrandezza(canale) == FID_PHI_PACKAGE && canale != fid) {
         const s_sottocampo* riga =
             getDettagliSottocampo(search_sottocampi_struct(kelFidOggetto(canale), kelFidPosizione(canale)), fid);

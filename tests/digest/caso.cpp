@@ -7,7 +7,7 @@ namespace digest {
 
 namespace {
 
-constexpr std::uint32_t kFine = 32;  // quantity of the row that ends a table
+constexpr std::uint32_t FINE = 32;  // quantity of the row that ends a table
 
 void copia(char* dove, std::size_t spazio, const char* testo) {
     std::size_t i = 0;
@@ -34,13 +34,13 @@ auto una(Racconto*& racconto, Scegli scegli, Di di) {
     return valore;
 }
 
-void diNumero(Racconto& racconto, std::uint32_t valore) {
+void di_numero(Racconto& racconto, std::uint32_t valore) {
     racconto.numero(valore);
 }
-void diEsadecimale(Racconto& racconto, std::uint32_t valore) {
+void di_esadecimale(Racconto& racconto, std::uint32_t valore) {
     racconto.esadecimale(valore);
 }
-void diTesto(Racconto& racconto, const char* testo) {
+void di_testo(Racconto& racconto, const char* testo) {
     racconto.testo(testo);
 }
 
@@ -48,29 +48,29 @@ void diTesto(Racconto& racconto, const char* testo) {
 
 std::uint32_t Caso::grandezze() {
     return una(
-        racconto_, [this] { return scegliGrandezze(); }, diNumero);
+        racconto_, [this] { return scegli_grandezze(); }, di_numero);
 }
-std::uint32_t Caso::bitReale() {
+std::uint32_t Caso::bit_reale() {
     return una(
-        racconto_, [this] { return scegliBitReale(); }, diEsadecimale);
+        racconto_, [this] { return scegli_bit_reale(); }, di_esadecimale);
 }
 kel_funpos Caso::fid() {
     return una(
-        racconto_, [this] { return scegliFid(); }, diEsadecimale);
+        racconto_, [this] { return scegli_fid(); }, di_esadecimale);
 }
 kel_funpos Caso::pacchetto() {
     return una(
-        racconto_, [this] { return scegliPacchetto(); }, diEsadecimale);
+        racconto_, [this] { return scegli_pacchetto(); }, di_esadecimale);
 }
 kel_funpos Caso::sottocampo() {
     return una(
-        racconto_, [this] { return scegliSottocampo(); }, diEsadecimale);
+        racconto_, [this] { return scegli_sottocampo(); }, di_esadecimale);
 }
 void Caso::campione(std::span<unsigned char> byte) {
     una(
         racconto_,
         [&] {
-            scegliCampione(byte);
+            scegli_campione(byte);
             return byte;
         },
         [](Racconto& racconto, std::span<unsigned char> scelti) { racconto.byte(scelti.data(), scelti.size()); });
@@ -79,36 +79,36 @@ void Caso::testo(char* dove, std::size_t spazio) {
     una(
         racconto_,
         [&] {
-            scegliTesto(dove, spazio);
+            scegli_testo(dove, spazio);
             return dove;
         },
-        diTesto);
+        di_testo);
 }
 void Caso::unita(kel_funpos fid, char* dove, std::size_t spazio) {
     una(
         racconto_,
         [&] {
-            scegliUnita(fid, dove, spazio);
+            scegli_unita(fid, dove, spazio);
             return dove;
         },
-        diTesto);
+        di_testo);
 }
 void Caso::tempo(char* dove, std::size_t spazio) {
     una(
         racconto_,
         [&] {
-            scegliTempo(dove, spazio);
+            scegli_tempo(dove, spazio);
             return dove;
         },
-        diTesto);
+        di_testo);
 }
 
-std::uint32_t Caso::scegliGrandezze() {
+std::uint32_t Caso::scegli_grandezze() {
     const std::uint32_t tutti = u32();
     return tutti >> sotto(32);
 }
 
-std::uint32_t Caso::scegliBitReale() {
+std::uint32_t Caso::scegli_bit_reale() {
     if (uno_su(4))
         return u32();
     // Sign, an exponent round that of 1, any fraction.
@@ -116,24 +116,24 @@ std::uint32_t Caso::scegliBitReale() {
     return resto | (107U + sotto(50)) << 23;
 }
 
-kel_funpos Caso::scegliPacchetto() {
+kel_funpos Caso::scegli_pacchetto() {
     constexpr kel_funpos noti[] = {0x1A, 0x9A, 0x809A, 0x1009A, 0x11A, 0x19A, 0x819A, 0x1019A, 0x21A};
     return noti[sotto(std::size(noti))];
 }
 
-kel_funpos Caso::scegliSottocampo() {
+kel_funpos Caso::scegli_sottocampo() {
     const s_sottocampo* tabella = nullptr;
     while (tabella == nullptr) {
         const std::uint32_t dettagli = 1 + sotto(3);
         tabella = search_sottocampi_struct(dettagli, sotto(3));
     }
     std::uint32_t righe = 0;
-    while ((tabella[righe].fid & 0x7F) != kFine)
+    while ((tabella[righe].fid & 0x7F) != FINE)
         righe++;
     return tabella[sotto(righe + 1)].fid;
 }
 
-kel_funpos Caso::scegliFid() {
+kel_funpos Caso::scegli_fid() {
     switch (sotto(8)) {
         case 0:
             return u32();
@@ -155,7 +155,7 @@ kel_funpos Caso::scegliFid() {
     }
 }
 
-void Caso::scegliCampione(std::span<unsigned char> byte) {
+void Caso::scegli_campione(std::span<unsigned char> byte) {
     const std::uint32_t come = sotto(6);
     for (std::size_t i = 0; i < byte.size(); i++)
         byte[i] = come == 0 ? (i % 2 == 0 ? 0xFF : 0x7F) : come == 1 ? 0 : u8();
@@ -167,13 +167,13 @@ void Caso::scegliCampione(std::span<unsigned char> byte) {
     if (come < 4)
         return;
     for (std::size_t i = 0; i + 4 <= byte.size(); i += 4) {
-        const std::uint32_t numero = come == 4 ? bitReale() : (uno_su(2) ? 0U - grandezze() : grandezze());
+        const std::uint32_t numero = come == 4 ? bit_reale() : (uno_su(2) ? 0U - grandezze() : grandezze());
         for (std::size_t k = 0; k < 4; k++)
             byte[i + k] = static_cast<unsigned char>(numero >> (8 * k));
     }
 }
 
-const char* Caso::testoDiTabella() {
+const char* Caso::testo_di_tabella() {
     switch (sotto(7)) {
         case 0:
             return funz_ZumikoCam_base[sotto(std::size(funz_ZumikoCam_base))].id;
@@ -192,7 +192,7 @@ const char* Caso::testoDiTabella() {
     }
 }
 
-void Caso::scegliTesto(char* dove, std::size_t spazio) {
+void Caso::scegli_testo(char* dove, std::size_t spazio) {
     if (uno_su(4)) {
         const std::size_t n = sotto(static_cast<std::uint32_t>(spazio));
         for (std::size_t i = 0; i < n; i++)
@@ -200,7 +200,7 @@ void Caso::scegliTesto(char* dove, std::size_t spazio) {
         dove[n] = '\0';
         return;
     }
-    copia(dove, spazio, testoDiTabella());
+    copia(dove, spazio, testo_di_tabella());
     const std::size_t n = lunghezza(dove);
     if (n != 0 && uno_su(4)) {
         const auto altro = static_cast<char>(' ' + sotto(95));
@@ -208,14 +208,14 @@ void Caso::scegliTesto(char* dove, std::size_t spazio) {
     }
 }
 
-void Caso::scegliUnita(kel_funpos fid, char* dove, std::size_t spazio) {
+void Caso::scegli_unita(kel_funpos fid, char* dove, std::size_t spazio) {
     const s_grandezza_fisica_uiv* riga = kelFunGetUIVs(uno_su(4) ? this->fid() : fid);
     if (riga == nullptr || riga->num_udm < 1 || uno_su(8))
-        return scegliTesto(dove, spazio);
+        return scegli_testo(dove, spazio);
     copia(dove, spazio, riga->udm[sotto(static_cast<std::uint32_t>(riga->num_udm))].dati.udm);
 }
 
-void Caso::scegliTempo(char* dove, std::size_t spazio) {
+void Caso::scegli_tempo(char* dove, std::size_t spazio) {
     constexpr char caratteri[] = "0123456789012345678901234567890123456789:::...  +-\t\nxabe";
     const std::size_t n = sotto(static_cast<std::uint32_t>(spazio));
     for (std::size_t i = 0; i < n; i++)

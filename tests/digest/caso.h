@@ -45,7 +45,7 @@ public:
 
     // The bits of a float: any, or one of a size that shows in a text. A float itself would not come back unchanged: a
     // 32-bit x86 returns it through a register that alters some NaNs.
-    std::uint32_t bitReale();
+    std::uint32_t bit_reale();
 
     // An identifier of a table, whole or with another position and other sides, or any number.
     kel_funpos fid();
@@ -66,16 +66,16 @@ public:
 
 private:
     // The parts of which the arguments above are made. Those tell their result once, not the draws that led to it.
-    std::uint32_t scegliGrandezze();
-    std::uint32_t scegliBitReale();
-    kel_funpos scegliFid();
-    kel_funpos scegliPacchetto();
-    kel_funpos scegliSottocampo();
-    void scegliCampione(std::span<unsigned char> byte);
-    void scegliTesto(char* dove, std::size_t spazio);
-    void scegliUnita(kel_funpos fid, char* dove, std::size_t spazio);
-    void scegliTempo(char* dove, std::size_t spazio);
-    const char* testoDiTabella();
+    std::uint32_t scegli_grandezze();
+    std::uint32_t scegli_bit_reale();
+    kel_funpos scegli_fid();
+    kel_funpos scegli_pacchetto();
+    kel_funpos scegli_sottocampo();
+    void scegli_campione(std::span<unsigned char> byte);
+    void scegli_testo(char* dove, std::size_t spazio);
+    void scegli_unita(kel_funpos fid, char* dove, std::size_t spazio);
+    void scegli_tempo(char* dove, std::size_t spazio);
+    const char* testo_di_tabella();
 
     template <typename Numero>
     Numero numero(Numero valore) {

@@ -31,10 +31,10 @@ void chiama(Conto& conto) {
 }  // namespace
 
 Corsa::Corsa(bool flat) {
-    for (const Famiglia& famiglia : famiglieFlat())
+    for (const Famiglia& famiglia : famiglie_flat())
         conti_.push_back({&famiglia});
     if (!flat)
-        for (const auto& famiglie : {famiglieOggetti(), famiglieColonne()})
+        for (const auto& famiglie : {famiglie_oggetti(), famiglie_colonne()})
             for (const Famiglia& famiglia : famiglie)
                 conti_.push_back({&famiglia});
 }

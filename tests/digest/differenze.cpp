@@ -8,8 +8,8 @@ namespace digest {
 
 namespace {
 
-constexpr unsigned kSpiegate = 4;       // operations whose calls are printed
-constexpr std::uint32_t kMostrate = 6;  // calls of each
+constexpr unsigned SPIEGATE = 4;       // operations whose calls are printed
+constexpr std::uint32_t MOSTRATE = 6;  // calls of each
 
 const Tenuta* cerca(const std::vector<Tenuta>& tenute, const char* nome) {
     for (const Tenuta& una : tenute)
@@ -43,7 +43,7 @@ void spiega(const Conto& conto, const Tenuta& tenuta, bool con_chiamate) {
                     primo, fine, conto.chiamate);
     if (!con_chiamate)
         return;
-    mostra(*conto.famiglia, primo, fine - primo < kMostrate ? fine : primo + kMostrate - 1);
+    mostra(*conto.famiglia, primo, fine - primo < MOSTRATE ? fine : primo + MOSTRATE - 1);
     std::printf("  these calls in any build: kel_digest --show '%s' %" PRIu32 " %" PRIu32 "\n", nome, primo, fine);
 }
 
@@ -58,7 +58,7 @@ unsigned differenze(const Corsa& corsa, const std::vector<Tenuta>& tenute, bool 
             std::printf("\n%s: no digest is kept\n", conto.famiglia->nome);
         } else if (std::strcmp(tenuta->impronta, cifre(conto.tutte).testo) != 0) {
             diverse++;
-            spiega(conto, *tenuta, diverse <= kSpiegate);
+            spiega(conto, *tenuta, diverse <= SPIEGATE);
         }
     }
     for (const Tenuta& tenuta : tenute)

@@ -17,11 +17,11 @@ struct Famiglia {
 };
 
 /// The flat functions. These cases allocate nothing and call nothing but the library and themselves.
-std::span<const Famiglia> famiglieFlat();
+std::span<const Famiglia> famiglie_flat();
 /// The operations of the catalogue, the converter object and the lap time texts.
-std::span<const Famiglia> famiglieOggetti();
+std::span<const Famiglia> famiglie_oggetti();
 /// Columns, of the second library.
-std::span<const Famiglia> famiglieColonne();
+std::span<const Famiglia> famiglie_colonne();
 
 }  // namespace digest
 

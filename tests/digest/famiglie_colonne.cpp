@@ -13,29 +13,29 @@ namespace digest {
 
 namespace {
 
-constexpr std::size_t kCampioni = 300;
-constexpr std::size_t kColonne = 8;
-constexpr std::size_t kPasso = 80;
+constexpr std::size_t CAMPIONI = 300;
+constexpr std::size_t COLONNE = 8;
+constexpr std::size_t PASSO = 80;
 
 struct Dati {
-    std::array<s_converter_data, kColonne> unita;
-    std::array<s_kel_converter, kColonne> convertitori;
-    std::vector<unsigned char> byte = std::vector<unsigned char>(kCampioni * kPasso + 128);
+    std::array<s_converter_data, COLONNE> unita;
+    std::array<s_kel_converter, COLONNE> convertitori;
+    std::vector<unsigned char> byte = std::vector<unsigned char>(CAMPIONI * PASSO + 128);
     std::size_t passo;
     std::size_t numero;
 };
 
 // What one column is read into.
 struct Letta {
-    std::array<float, kCampioni> valori;
-    std::array<unsigned char, kCampioni> stati;
-    std::array<unsigned char, (kCampioni + 7) / 8> validi;
-    std::array<char, kCampioni * 32> testi;
+    std::array<float, CAMPIONI> valori;
+    std::array<unsigned char, CAMPIONI> stati;
+    std::array<unsigned char, (CAMPIONI + 7) / 8> validi;
+    std::array<char, CAMPIONI * 32> testi;
     std::uint32_t decimali;
 };
 
 float reale(Caso& caso) {
-    const std::uint32_t bit = caso.bitReale();
+    const std::uint32_t bit = caso.bit_reale();
     float numero;
     std::memcpy(&numero, &bit, sizeof numero);
     return numero;
@@ -44,10 +44,10 @@ float reale(Caso& caso) {
 void riempi(Caso& caso, Dati& dati) {
     for (std::size_t i = 0; i + 16 <= dati.byte.size(); i += 16)
         caso.campione({dati.byte.data() + i, 16});
-    constexpr std::array<std::size_t, 8> passi = {0, 1, 2, 4, 8, 17, 56, kPasso};
+    constexpr std::array<std::size_t, 8> passi = {0, 1, 2, 4, 8, 17, 56, PASSO};
     dati.passo = passi[caso.sotto(passi.size())];
-    dati.numero = caso.uno_su(4) ? caso.sotto(64) : caso.sotto(kCampioni + 1);
-    for (std::size_t i = 0; i < kColonne; ++i) {
+    dati.numero = caso.uno_su(4) ? caso.sotto(64) : caso.sotto(CAMPIONI + 1);
+    for (std::size_t i = 0; i < COLONNE; ++i) {
         s_converter_data& unita = dati.unita[i];
         unita.udm = "";
         unita.offset = reale(caso);
@@ -72,19 +72,19 @@ void riempi(Caso& caso, Dati& dati) {
 
 // Reads with a set of loops, or with the library's choice.
 std::vector<Letta> leggi(const kel_colonne::Nuclei* nuclei, const Dati& dati) {
-    std::vector<Letta> lette(kColonne);
-    std::array<s_kel_converter, kColonne> convertitori = dati.convertitori;
-    std::array<s_kel_colonna, kColonne> colonne;
-    for (std::size_t i = 0; i < kColonne; ++i) {
+    std::vector<Letta> lette(COLONNE);
+    std::array<s_kel_converter, COLONNE> convertitori = dati.convertitori;
+    std::array<s_kel_colonna, COLONNE> colonne;
+    for (std::size_t i = 0; i < COLONNE; ++i) {
         std::memset(static_cast<void*>(&lette[i]), 0, sizeof lette[i]);
         colonne[i] = {&convertitori[i], lette[i].valori.data(), lette[i].stati.data(), lette[i].validi.data(),
                       lette[i].testi.data()};
     }
     if (nuclei != nullptr)
-        kel_colonne::leggi_colonne(*nuclei, dati.byte.data(), dati.passo, dati.numero, colonne.data(), kColonne);
+        kel_colonne::leggi_colonne(*nuclei, dati.byte.data(), dati.passo, dati.numero, colonne.data(), COLONNE);
     else
-        kelColLeggi(dati.byte.data(), dati.passo, dati.numero, colonne.data(), kColonne);
-    for (std::size_t i = 0; i < kColonne; ++i)
+        kelColLeggi(dati.byte.data(), dati.passo, dati.numero, colonne.data(), COLONNE);
+    for (std::size_t i = 0; i < COLONNE; ++i)
         lette[i].decimali = convertitori[i].decimali;
     return lette;
 }
@@ -105,18 +105,18 @@ void colonne(Caso& caso, Impronta& impronta) {
     unsigned diverse = 0;
     for (unsigned i = 1; i <= possibili.numero; ++i) {
         const std::vector<Letta> altre = leggi(i < possibili.numero ? possibili.insiemi[i] : nullptr, dati);
-        for (std::size_t j = 0; j < kColonne; ++j)
+        for (std::size_t j = 0; j < COLONNE; ++j)
             diverse += std::memcmp(&altre[j], &lette[j], sizeof(Letta)) != 0 ? 1 : 0;
     }
     impronta.numero(diverse);
 }
 
-constexpr Famiglia famiglie[] = {{"kelColLeggi", 16, colonne}};
+constexpr Famiglia FAMIGLIE[] = {{"kelColLeggi", 16, colonne}};
 
 }  // namespace
 
-std::span<const Famiglia> famiglieColonne() {
-    return famiglie;
+std::span<const Famiglia> famiglie_colonne() {
+    return FAMIGLIE;
 }
 
 }  // namespace digest

@@ -9,7 +9,7 @@ namespace digest {
 
 namespace {
 
-constexpr unsigned kCanali = 6;
+constexpr unsigned CANALI = 6;
 
 // A set of channels by chance. One record more than the capacity may be read: that of the name past the last.
 struct Insieme {
@@ -20,7 +20,7 @@ struct Insieme {
             canale.breve[sizeof canale.breve - 1] = '\0';
             canale.nome[sizeof canale.nome - 1] = '\0';
         }
-        const unsigned totale = caso.sotto(kCanali);
+        const unsigned totale = caso.sotto(CANALI);
         const unsigned usati = caso.sotto(totale + 1);
         kelFunInit(&set, caso.uno_su(16) ? nullptr : canali, totale, usati);
     }
@@ -30,7 +30,7 @@ struct Insieme {
         impronta.segno(canale == nullptr ? -1 : canale - canali);
     }
 
-    s_kel_canale canali[kCanali + 1];
+    s_kel_canale canali[CANALI + 1];
     s_set_canali set{};
 };
 
@@ -46,8 +46,8 @@ void nome(const Insieme& insieme, Impronta& impronta, const char* nome) {
 
 void elenco(Caso& caso, Impronta& impronta) {
     const Insieme insieme(caso);
-    s_kel_canale* trovati[kCanali] = {};
-    unsigned numero = caso.sotto(kCanali + 1);
+    s_kel_canale* trovati[CANALI] = {};
+    unsigned numero = caso.sotto(CANALI + 1);
     impronta.segno(kelFunGetMatchChList(&insieme.set, richiesta(caso), trovati, &numero));
     impronta.numero(numero);
     for (const s_kel_canale* canale : trovati)
@@ -62,7 +62,7 @@ void decimali(Caso& caso, Impronta& impronta) {
     impronta.segno(Decimali(fid, udm));
 }
 
-void datiTra(Caso& caso, Impronta& impronta) {
+void dati_tra(Caso& caso, Impronta& impronta) {
     char da[24];
     char a[24];
     const kel_funpos fid = caso.fid();
@@ -73,27 +73,27 @@ void datiTra(Caso& caso, Impronta& impronta) {
 }
 
 // Made before the first operation is tried: some run where no system call is allowed.
-const kel_test::Recinto recinto;
+const kel_test::Recinto RECINTO;
 
 // What a record that nobody has set up points to: a page that may not be read.
 const s_converter_data* proibito() {
-    return reinterpret_cast<const s_converter_data*>(recinto.InFondo(0));
+    return reinterpret_cast<const s_converter_data*>(RECINTO.in_fondo(0));
 }
 
 // A converter by chance, and a sample that holds whatever it may read. Its record holds any bytes before it is set up; where
 // no unit is needed, there may be none.
 struct Convertitore {
-    static constexpr unsigned kOffset = 40;
-    static constexpr unsigned kPacchetto = 64;  // no packet is longer
+    static constexpr unsigned OFFSET = 40;
+    static constexpr unsigned PACCHETTO = 64;  // no packet is longer
 
     explicit Convertitore(Caso& caso)
-        : dati{"u", std::bit_cast<float>(caso.bitReale()), std::bit_cast<float>(caso.bitReale()),
+        : dati{"u", std::bit_cast<float>(caso.bit_reale()), std::bit_cast<float>(caso.bit_reale()),
                static_cast<int>(caso.sotto(2))} {
         s_kel_canale canale;
         std::memset(&canale, 0, sizeof canale);
         canale.fid = caso.uno_su(2) ? caso.pacchetto() : caso.fid();
         canale.tipo_campione = caso.uno_su(64) ? caso.u32() : caso.sotto(27);
-        canale.offset_campione = caso.sotto(kOffset);
+        canale.offset_campione = caso.sotto(OFFSET);
         const kel_funpos fid = caso.uno_su(2) ? canale.fid : caso.sottocampo();
         riempi(caso.u64());
         aspetto(caso);
@@ -102,7 +102,7 @@ struct Convertitore {
         const unsigned pos_bit = con_bit ? caso.sotto(33) : 0;
         const unsigned num_bit = con_bit ? caso.sotto(33) : 0;
         const s_converter_data* unita = this->unita(caso);
-        if (caso.uno_su(2) && !kel_test::UnitaNecessaria(canale.fid, canale.tipo_campione, fid))
+        if (caso.uno_su(2) && !kel_test::unita_necessaria(canale.fid, canale.tipo_campione, fid))
             unita = nullptr;
         kelConvInit(&conv, &canale, fid, unita, static_cast<std::uint16_t>(pos_bit),
                     static_cast<std::uint16_t>(num_bit), in_testa ? 1 : 0);
@@ -141,7 +141,7 @@ struct Convertitore {
 
     s_converter_data dati;
     s_kel_converter conv{};
-    unsigned char buffer[kOffset + kPacchetto];
+    unsigned char buffer[OFFSET + PACCHETTO];
 };
 
 void valore(Caso& caso, Impronta& impronta) {
@@ -190,7 +190,7 @@ void prepara(Caso& caso, Impronta& impronta) {
 }
 
 // clang-format off
-constexpr Famiglia famiglie[] = {
+constexpr Famiglia FAMIGLIE[] = {
     {"kelFunInit",                 1, [](Caso& c, Impronta& i) { const Insieme s(c); i.numero(s.set.totale); i.numero(s.set.usati); }},
     {"kelFunGetFreeCh",            1, [](Caso& c, Impronta& i) { Insieme s(c); s.posto(i, kelFunGetFreeCh(&s.set)); i.byte(s.canali, sizeof s.canali); }},
     {"kelFunFreeLastCh",           1, [](Caso& c, Impronta& i) { Insieme s(c); i.segno(kelFunFreeLastCh(&s.set)); i.numero(s.set.usati); }},
@@ -198,8 +198,8 @@ constexpr Famiglia famiglie[] = {
     {"kelFunGetNumChUsed",         1, [](Caso& c, Impronta& i) { const Insieme s(c); i.numero(kelFunGetNumChUsed(&s.set)); }},
     {"kelFunGetNumChTot",          1, [](Caso& c, Impronta& i) { const Insieme s(c); i.numero(kelFunGetNumChTot(&s.set)); }},
     {"kelFunGetSizeBufferValori",  1, [](Caso& c, Impronta& i) { const Insieme s(c); i.numero(kelFunGetSizeBufferValori(&s.set)); }},
-    {"kelFunGetNomeCanale",        1, [](Caso& c, Impronta& i) { const Insieme s(c); nome(s, i, kelFunGetNomeCanale(&s.set, c.sotto(kCanali + 2))); }},
-    {"kelFunGetNomeCanaleShort",   1, [](Caso& c, Impronta& i) { const Insieme s(c); nome(s, i, kelFunGetNomeCanaleShort(&s.set, c.sotto(kCanali + 2))); }},
+    {"kelFunGetNomeCanale",        1, [](Caso& c, Impronta& i) { const Insieme s(c); nome(s, i, kelFunGetNomeCanale(&s.set, c.sotto(CANALI + 2))); }},
+    {"kelFunGetNomeCanaleShort",   1, [](Caso& c, Impronta& i) { const Insieme s(c); nome(s, i, kelFunGetNomeCanaleShort(&s.set, c.sotto(CANALI + 2))); }},
 
     {"kelFunGetMatchCh",           1, [](Caso& c, Impronta& i) { const Insieme s(c); s.posto(i, kelFunGetMatchCh(&s.set, richiesta(c))); }},
     {"kelFunGetMatchChFull",       1, [](Caso& c, Impronta& i) { const Insieme s(c); s.posto(i, kelFunGetMatchChFull(&s.set, richiesta(c))); }},
@@ -213,7 +213,7 @@ constexpr Famiglia famiglie[] = {
     {"kelFunGetNumDecimaliMax",    1, decimali<kelFunGetNumDecimaliMax>},
     {"kelFunGetNumDecimaliMin",    1, decimali<kelFunGetNumDecimaliMin>},
     {"kelFunGetConvData",          1, [](Caso& c, Impronta& i) { char t[24]; const kel_funpos f = c.fid(); c.unita(f, t, sizeof t); i.riga(kelFunGetConvData(f, c.uno_su(16) ? nullptr : t)); }},
-    {"kelFunGetConvDatas",         1, datiTra},
+    {"kelFunGetConvDatas",         1, dati_tra},
 
     {"kelFunGetNomeFunzioneShort", 1, [](Caso& c, Impronta& i) { i.testo(kelFunGetNomeFunzioneShort(nullptr, c.fid()).testo); }},
     {"kelFunGetFidDaID",           1, [](Caso& c, Impronta& i) { char t[40]; c.testo(t, sizeof t); i.numero(kelFunGetFidDaID(c.uno_su(16) ? nullptr : t)); }},
@@ -224,7 +224,7 @@ constexpr Famiglia famiglie[] = {
     {"getFunzVisEstSize",          8, [](Caso&, Impronta& i) { i.numero(getFunzVisEstSize()); }},
 
     {"kelFunGetSamplSize",         1, [](Caso& c, Impronta& i) { i.numero(kelFunGetSamplSize(c.grandezze())); }},
-    {"kelF16compress",             1, [](Caso& c, Impronta& i) { i.numero(kelF16compress(c.bitReale())); }},
+    {"kelF16compress",             1, [](Caso& c, Impronta& i) { i.numero(kelF16compress(c.bit_reale())); }},
     {"kelF16decompress",           1, [](Caso& c, Impronta& i) { i.numero(kelF16decompress(c.u16())); }},
 
     {"kelConvInit",                1, prepara},
@@ -246,8 +246,8 @@ constexpr Famiglia famiglie[] = {
 
 }  // namespace
 
-std::span<const Famiglia> famiglieFlat() {
-    return famiglie;
+std::span<const Famiglia> famiglie_flat() {
+    return FAMIGLIE;
 }
 
 }  // namespace digest

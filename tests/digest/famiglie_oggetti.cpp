@@ -148,7 +148,7 @@ void convertitore(Caso& caso, Impronta& impronta) {
     }
 }
 
-void elencoFunzioni(Caso& caso, Impronta& impronta) {
+void elenco_funzioni(Caso& caso, Impronta& impronta) {
     std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> funzioni;
     std::vector<unsigned> filtro;
     for (unsigned quante = caso.sotto(3); quante > 0; quante--)
@@ -179,7 +179,7 @@ void parametri(Caso& caso, Impronta& impronta) {
     metti(impronta, udm);
 }
 
-void valoriCampi(Caso& /*caso*/, Impronta& impronta) {
+void valori_campi(Caso& /*caso*/, Impronta& impronta) {
     std::vector<std::list<std::string>> liste(12);
     catalogo().GetValoriCampiFID(liste[0], liste[1], liste[2], liste[3], liste[4], liste[5], liste[6], liste[7],
                                  liste[8], liste[9], liste[10], liste[11]);
@@ -210,7 +210,7 @@ void righe(Caso& /*caso*/, Impronta& impronta) {
 using NomiCanali = std::map<unsigned, IFunzioni::NomiDefaultCanale>;
 using Grandezze = std::map<GRANDEZZA_FISICA_FUNZKEL, std::string>;
 
-void leggiGiro(Caso& caso, Impronta& impronta) {
+void leggi_giro(Caso& caso, Impronta& impronta) {
     // Long enough: a line of fewer than 6 characters throws.
     const std::string riga = "      ";
     int numero = -5;
@@ -221,18 +221,18 @@ void leggiGiro(Caso& caso, Impronta& impronta) {
     impronta.segno(millisecondi);
 }
 
-void scriviGiro(Caso& caso, Impronta& impronta) {
+void scrivi_giro(Caso& caso, Impronta& impronta) {
     const std::int32_t numero = caso.i32();
     const auto millisecondi = static_cast<std::int32_t>(caso.grandezze());
     metti(impronta, CLaptimeAndStrings::LapNumAndTimeToStringa(numero, millisecondi));
 }
 
 // clang-format off
-constexpr Famiglia famiglie[] = {
+constexpr Famiglia FAMIGLIE[] = {
     {"LapTimeToStringa",       1, [](Caso& c, Impronta& i) { metti(i, CLaptimeAndStrings::LapTimeToStringa(static_cast<std::int32_t>(c.grandezze()))); }},
-    {"LapNumAndTimeToStringa", 1, scriviGiro},
+    {"LapNumAndTimeToStringa", 1, scrivi_giro},
     {"StringaToLapTime",       1, [](Caso& c, Impronta& i) { i.segno(CLaptimeAndStrings::StringaToLapTime(tempo(c))); }},
-    {"StringaToLapNumAndTime", 1, leggiGiro},
+    {"StringaToLapNumAndTime", 1, leggi_giro},
 
     {"IConverter",             2, convertitore},
     {"IFunzioni channels",     8, canali},
@@ -266,8 +266,8 @@ constexpr Famiglia famiglie[] = {
     {"getIdxPos",              4, [](Caso& c, Impronta& i) { i.segno(catalogo().getIdxPos(testo(c))); }},
     {"getIdxFrontRear",        4, [](Caso& c, Impronta& i) { i.segno(catalogo().getIdxFrontRear(testo(c))); }},
 
-    {"getFunzioni",            2048, elencoFunzioni},
-    {"GetValoriCampiFID",      2048, valoriCampi},
+    {"getFunzioni",            2048, elenco_funzioni},
+    {"GetValoriCampiFID",      2048, valori_campi},
     {"RiempiMapGrandezzaFisica", 512, riempi<Grandezze, &IFunzioni::RiempiMapGrandezzaFisica>},
     {"getCanaliGPS",           512, riempi<NomiCanali, &IFunzioni::getCanaliGPS>},
     {"getCanaliLapTime",       512, riempi<NomiCanali, &IFunzioni::getCanaliLapTime>},
@@ -279,8 +279,8 @@ constexpr Famiglia famiglie[] = {
 
 }  // namespace
 
-std::span<const Famiglia> famiglieOggetti() {
-    return famiglie;
+std::span<const Famiglia> famiglie_oggetti() {
+    return FAMIGLIE;
 }
 
 }  // namespace digest

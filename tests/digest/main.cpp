@@ -49,14 +49,14 @@ int confronta(const Richiesta& richiesta) {
     if (tenute.empty()) {
         std::fprintf(stderr, "%s keeps no digests of %" PRIu32 " rounds; accepted:", richiesta.confronta,
                      richiesta.giri);
-        for (const std::uint32_t giri : digest::kGiriTenuti)
+        for (const std::uint32_t giri : digest::GIRI_TENUTI)
             std::fprintf(stderr, " %" PRIu32, giri);
         std::fprintf(stderr, "\n");
         return 2;
     }
     for (const Corsa& corsa : corri(richiesta)) {
         const unsigned diverse =
-            digest::differenze(corsa, tenute, !richiesta.flat && !digest::famiglieColonne().empty());
+            digest::differenze(corsa, tenute, !richiesta.flat && !digest::famiglie_colonne().empty());
         if (diverse != 0) {
             std::printf("\n%u of %zu operations differ from %s\n", diverse, corsa.conti().size(), richiesta.confronta);
             digest::consiglia();

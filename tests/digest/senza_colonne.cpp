@@ -3,7 +3,7 @@
 
 namespace digest {
 
-std::span<const Famiglia> famiglieColonne() {
+std::span<const Famiglia> famiglie_colonne() {
     return {};
 }
 

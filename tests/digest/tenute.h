@@ -10,7 +10,7 @@
 namespace digest {
 
 /// So many rounds are kept: for the tests under an emulator, for the tests, and for every compiler and target.
-constexpr std::uint32_t kGiriTenuti[] = {2000, 20000, 200000};
+constexpr std::uint32_t GIRI_TENUTI[] = {2000, 20000, 200000};
 
 /// Prints the file's contents.
 void scrivi_tenute();

@@ -8,7 +8,7 @@ namespace esaustivo {
 
 namespace {
 
-s_kel_canale canaleDelTipo(unsigned tipo) {
+s_kel_canale canale_del_tipo(unsigned tipo) {
     s_kel_canale canale{};
     canale.fid = 0x0B;
     canale.tipo_campione = tipo;
@@ -17,14 +17,14 @@ s_kel_canale canaleDelTipo(unsigned tipo) {
 
 // 256 bit positions, each with all 65536 bit counts.
 void maschere(unsigned parte, Conta& conta) {
-    const s_kel_canale canale = canaleDelTipo(3);
-    const s_converter_data dati = datiDi(unitaIdentita());
-    s_kel_converter conv = registroQualunque();
+    const s_kel_canale canale = canale_del_tipo(3);
+    const s_converter_data dati = dati_di(unita_identita());
+    s_kel_converter conv = registro_qualunque();
     for (unsigned posizione = parte * 256; posizione < (parte + 1) * 256; posizione++)
         for (unsigned quanti = 0; quanti < 65536; quanti++) {
             kelConvInit(&conv, &canale, 0x0B, &dati, static_cast<unsigned short>(posizione),
                         static_cast<unsigned short>(quanti), 1);
-            const std::uint32_t attesa = posizione + quanti > 64 ? 0 : modello::mascheraBit(posizione, quanti);
+            const std::uint32_t attesa = posizione + quanti > 64 ? 0 : modello::maschera_bit(posizione, quanti);
             conta.caso(conv.maschera == attesa && conv.pos_bit == posizione && conv.num_bit == quanti, conv.maschera,
                        [&] {
                            return "position " + std::to_string(posizione) + " count " + std::to_string(quanti) +
@@ -46,7 +46,7 @@ void campioni(unsigned parte, Conta& conta) {
                 canale.fid = 0x0B;
                 canale.tipo = tipo;
                 const Lettore lettore(canale, 0x0B, unita, {parte, quanti, 0});
-                const unsigned byte = modello::dimensioneCampione(tipo);
+                const unsigned byte = modello::dimensione_campione(tipo);
                 std::uint32_t caso = 99;
                 for (std::uint32_t i = 0; i < (byte == 1 ? 256U : 65536U); i++) {
                     caso = caso * 1664525U + 1013904223U;
@@ -68,7 +68,7 @@ void campioni(unsigned parte, Conta& conta) {
 
 }  // namespace
 
-std::vector<Spazio> spaziBit() {
+std::vector<Spazio> spazi_bit() {
     return {
         {"bit-masks", "the mask of every bit position and bit count", 256, 16, maschere, {0, 255}},
         {"bit-fields", "samples through bit fields of every position and count that reach 32 bits", 35, 1, campioni}};

@@ -10,12 +10,12 @@ namespace esaustivo {
 
 namespace {
 
-constexpr unsigned kParti = 4096;
-constexpr std::uint32_t kPerParte = 1U << 20;
+constexpr unsigned PARTI = 4096;
+constexpr std::uint32_t PER_PARTE = 1U << 20;
 
 // Around 0 and the longest numbers of both signs, with the reserved samples; floats of 0, 1, infinity and NaN.
-const std::vector<unsigned> kInteriNotevoli = {0, 0x7FF, 0x800, 0xFFF};
-const std::vector<unsigned> kRealiNotevoli = {0, 0x3F8, 0x7F8, 0x800, 0xBF8, 0xFF8};
+const std::vector<unsigned> INTERI_NOTEVOLI = {0, 0x7FF, 0x800, 0xFFF};
+const std::vector<unsigned> REALI_NOTEVOLI = {0, 0x3F8, 0x7F8, 0x800, 0xBF8, 0xFF8};
 
 // Rows of the unit tables with different numbers, each linear and reciprocal.
 std::vector<modello::RigaUdm> righe() {
@@ -36,7 +36,7 @@ std::string dove(unsigned tipo, const modello::RigaUdm& riga, std::uint32_t grez
            " raw " + esadecimale(grezzo);
 }
 
-std::array<modello::Byte, 4> byteDi(std::uint32_t grezzo) {
+std::array<modello::Byte, 4> byte_di(std::uint32_t grezzo) {
     return {static_cast<modello::Byte>(grezzo), static_cast<modello::Byte>(grezzo >> 8),
             static_cast<modello::Byte>(grezzo >> 16), static_cast<modello::Byte>(grezzo >> 24)};
 }
@@ -67,14 +67,14 @@ template <typename Intero>
 void interi(unsigned parte, Conta& conta, unsigned tipo) {
     for (const modello::RigaUdm& riga : righe()) {
         const Lettore lettore(canale(tipo), 0x10, riga);
-        modello::Letto atteso = lettore.modello.valore(byteDi(parte * kPerParte).data());
-        auto reale = static_cast<float>(static_cast<Intero>(parte * kPerParte));
-        for (std::uint32_t i = 0; i < kPerParte; i++) {
-            const std::uint32_t grezzo = parte * kPerParte + i;
+        modello::Letto atteso = lettore.modello.valore(byte_di(parte * PER_PARTE).data());
+        auto reale = static_cast<float>(static_cast<Intero>(parte * PER_PARTE));
+        for (std::uint32_t i = 0; i < PER_PARTE; i++) {
+            const std::uint32_t grezzo = parte * PER_PARTE + i;
             const auto questo = static_cast<float>(static_cast<Intero>(grezzo));
             if (questo != reale || grezzo >= 0xFFFFCFFC) {
                 reale = questo;
-                atteso = lettore.modello.valore(byteDi(grezzo).data());
+                atteso = lettore.modello.valore(byte_di(grezzo).data());
             }
             confronta(conta, lettore.libreria, &grezzo, atteso, tipo, riga, grezzo);
         }
@@ -84,9 +84,10 @@ void interi(unsigned parte, Conta& conta, unsigned tipo) {
 void reali(unsigned parte, Conta& conta) {
     for (const modello::RigaUdm& riga : righe()) {
         const Lettore lettore(canale(6), 0x10, riga);
-        for (std::uint32_t i = 0; i < kPerParte; i++) {
-            const std::uint32_t grezzo = parte * kPerParte + i;
-            confronta(conta, lettore.libreria, &grezzo, lettore.modello.valore(byteDi(grezzo).data()), 6, riga, grezzo);
+        for (std::uint32_t i = 0; i < PER_PARTE; i++) {
+            const std::uint32_t grezzo = parte * PER_PARTE + i;
+            confronta(conta, lettore.libreria, &grezzo, lettore.modello.valore(byte_di(grezzo).data()), 6, riga,
+                      grezzo);
         }
     }
 }
@@ -102,9 +103,9 @@ void altri(unsigned parte, Conta& conta) {
             const Lettore interi(canale(0), 0x10, comune);
             const Lettore lettore(canale(tipo), 0x10, riga);
             const bool stessa = lettore.libreria.valore == interi.libreria.valore;
-            for (std::uint32_t i = 0; i < kPerParte; i += stessa ? kPerParte - 1 : 1) {
-                const std::uint32_t grezzo = parte * kPerParte + i;
-                confronta(conta, lettore.libreria, &grezzo, lettore.modello.valore(byteDi(grezzo).data()), tipo, riga,
+            for (std::uint32_t i = 0; i < PER_PARTE; i += stessa ? PER_PARTE - 1 : 1) {
+                const std::uint32_t grezzo = parte * PER_PARTE + i;
+                confronta(conta, lettore.libreria, &grezzo, lettore.modello.valore(byte_di(grezzo).data()), tipo, riga,
                           grezzo);
             }
         }
@@ -114,17 +115,17 @@ void altri(unsigned parte, Conta& conta) {
 void piccoli(unsigned parte, Conta& conta) {
     constexpr std::array<unsigned, 7> tipi = {1, 2, 4, 5, 11, 13, 20};
     const unsigned tipo = tipi[parte];
-    const std::uint32_t valori = modello::dimensioneCampione(tipo) == 1 ? 256 : 65536;
+    const std::uint32_t valori = modello::dimensione_campione(tipo) == 1 ? 256 : 65536;
     for (const modello::RigaUdm& riga : righe()) {
         Lettore lettore(canale(tipo), 0x10, riga);
         for (std::uint32_t grezzo = 0; grezzo < valori; grezzo++)
-            confronta(conta, lettore.libreria, &grezzo, lettore.modello.valore(byteDi(grezzo).data()), tipo, riga,
+            confronta(conta, lettore.libreria, &grezzo, lettore.modello.valore(byte_di(grezzo).data()), tipo, riga,
                       grezzo);
         for (const modello::Aspetto& come : {modello::Aspetto{5, 1, 0, 0}, modello::Aspetto{6, 0, 0, 1},
                                              modello::Aspetto{4, 2, 0, 2}, modello::Aspetto{4, 0, 1, 0}}) {
             lettore.aspetto(come);
             for (std::uint32_t grezzo = 0; grezzo < valori; grezzo++)
-                conta.testi(lettore.testoLibreria(&grezzo), lettore.modello.testo(byteDi(grezzo).data()),
+                conta.testi(lettore.testo_libreria(&grezzo), lettore.modello.testo(byte_di(grezzo).data()),
                             [&] { return dove(tipo, riga, grezzo) + " " + descrivi(come); });
         }
     }
@@ -132,21 +133,21 @@ void piccoli(unsigned parte, Conta& conta) {
 
 // Texts of 32-bit samples, through every step: reserved samples, status texts, numbers.
 void coordinate(unsigned parte, Conta& conta) {
-    Lettore lettore(canale(21), 0x10, unitaIdentita());
-    for (std::uint32_t i = 0; i < kPerParte; i++) {
-        const std::uint32_t grezzo = parte * kPerParte + i;
-        conta.testi(lettore.testoLibreria(&grezzo), lettore.modello.testo(byteDi(grezzo).data()),
+    Lettore lettore(canale(21), 0x10, unita_identita());
+    for (std::uint32_t i = 0; i < PER_PARTE; i++) {
+        const std::uint32_t grezzo = parte * PER_PARTE + i;
+        conta.testi(lettore.testo_libreria(&grezzo), lettore.modello.testo(byte_di(grezzo).data()),
                     [&] { return "coordinate " + esadecimale(grezzo); });
     }
 }
 
 // Numbers with a text: every number, every first character, with and without a gear's function.
-void numeriETesti(unsigned /*parte*/, Conta& conta) {
+void numeri_e_testi(unsigned /*parte*/, Conta& conta) {
     for (const unsigned tipo : {15U, 16U})
         for (const modello::Fid fid : {0x10U, 0x1FU, 0x61FU, 0x4860FU + 0x10U, 0x606U, 0x506U, 0x6U, 0x40606U}) {
             modello::Canale uno = canale(tipo);
             uno.fid = fid;
-            Lettore lettore(uno, fid, unitaIdentita());
+            Lettore lettore(uno, fid, unita_identita());
             std::array<modello::Byte, 32> campione{};
             for (unsigned i = 2; i < campione.size(); i++)
                 campione[i] = static_cast<modello::Byte>('a' + i % 26);
@@ -155,12 +156,12 @@ void numeriETesti(unsigned /*parte*/, Conta& conta) {
                 campione[1] = static_cast<modello::Byte>(grezzo >> 8);
                 campione[2] = static_cast<modello::Byte>(grezzo * 7 + grezzo / 256);
                 confronta(conta, lettore.libreria, campione.data(), lettore.modello.valore(campione.data()), tipo,
-                          unitaIdentita(), grezzo);
+                          unita_identita(), grezzo);
                 const std::size_t fine = 2 + grezzo % 30;  // where the text ends
                 const modello::Byte tolto = campione[fine];
                 campione[fine] = 0;
-                conta.testi(lettore.testoLibreria(campione.data()), lettore.modello.testo(campione.data()),
-                            [&] { return dove(tipo, unitaIdentita(), grezzo); });
+                conta.testi(lettore.testo_libreria(campione.data()), lettore.modello.testo(campione.data()),
+                            [&] { return dove(tipo, unita_identita(), grezzo); });
                 campione[fine] = tolto;
             }
         }
@@ -169,7 +170,7 @@ void numeriETesti(unsigned /*parte*/, Conta& conta) {
 // The text of every status word of 16 bits; without a bit that has a text the output stays as it was.
 void stati(Conta& conta) {
     for (const unsigned tipo : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 20U, 21U}) {
-        const Lettore lettore(canale(tipo), 0x10, unitaIdentita());
+        const Lettore lettore(canale(tipo), 0x10, unita_identita());
         if (lettore.libreria.testo_stato == nullptr) {
             conta.numeri(0, 1, [&] { return "status text of sample type " + std::to_string(tipo); });
             continue;
@@ -177,7 +178,7 @@ void stati(Conta& conta) {
         for (std::uint32_t stato = 0; stato < 65536; stato++) {
             std::array<char, 32> testo = {'b', 'e', 'f', 'o', 'r', 'e'};
             lettore.libreria.testo_stato(stato, testo.data());
-            const std::string atteso = stato % 16 == 0 ? "before" : modello::testoStato(stato);
+            const std::string atteso = stato % 16 == 0 ? "before" : modello::testo_stato(stato);
             conta.testi(testo.data(), atteso, [&] { return "status " + std::to_string(stato); });
         }
     }
@@ -191,15 +192,16 @@ void codici(unsigned /*parte*/, Conta& conta) {
         campione[i] = static_cast<modello::Byte>(i * 37 + 11);
     for (unsigned codice = 0; codice < 100000; codice++) {
         const unsigned tipo = codice < 99990 ? codice : 0xFFFFFFFFU - (99999 - codice);
-        conta.numeri(kelFunGetSamplSize(tipo), modello::dimensioneCampione(tipo), [&] { return std::to_string(tipo); });
-        Lettore lettore(canale(tipo), 0x10, unitaIdentita());
+        conta.numeri(kelFunGetSamplSize(tipo), modello::dimensione_campione(tipo),
+                     [&] { return std::to_string(tipo); });
+        Lettore lettore(canale(tipo), 0x10, unita_identita());
         lettore.aspetto({5, 1, 0, 0});
         float valore = -77;
         const int riuscito = kelConvGetValFloat(&lettore.libreria, campione.data(), &valore);
-        const float atteso = lettore.modello.haValore() ? lettore.modello.valore(campione.data()).valore : 0.0F;
-        conta.numeri(riuscito, lettore.modello.haValore() ? 1 : 0, [&] { return "value of " + std::to_string(tipo); });
+        const float atteso = lettore.modello.ha_valore() ? lettore.modello.valore(campione.data()).valore : 0.0F;
+        conta.numeri(riuscito, lettore.modello.ha_valore() ? 1 : 0, [&] { return "value of " + std::to_string(tipo); });
         conta.reali(valore, atteso, [&] { return "value of " + std::to_string(tipo); });
-        const std::string testo(lettore.testoLibreria(campione.data()));
+        const std::string testo(lettore.testo_libreria(campione.data()));
         conta.testi(testo, lettore.modello.testo(campione.data()), [&] { return "text of " + std::to_string(tipo); });
         conta.numeri(lettore.riuscito ? 1 : 0, 1, [&] { return "text of " + std::to_string(tipo) + " given"; });
     }
@@ -207,19 +209,19 @@ void codici(unsigned /*parte*/, Conta& conta) {
 
 }  // namespace
 
-std::vector<Spazio> spaziCampioni() {
+std::vector<Spazio> spazi_campioni() {
     const auto conSegno = [](unsigned p, Conta& c) { interi<std::int32_t>(p, c, 0); };
-    const auto senzaSegno = [](unsigned p, Conta& c) { interi<std::uint32_t>(p, c, 3); };
+    const auto senza_segno = [](unsigned p, Conta& c) { interi<std::uint32_t>(p, c, 3); };
     return {
         {"sample-codes", "sizes, values and texts of all sample type codes; texts of all status words", 1, 1, codici},
         {"samples-small", "all samples of one and two bytes in every unit row, values and texts", 7, 1, piccoli},
-        {"samples-text", "all numbers with a text", 1, 1, numeriETesti},
-        {"samples-other", "lap times, coordinates and differences in every unit row", kParti, 16, altri,
-         kInteriNotevoli},
-        {"coordinates", "all coordinates as texts", kParti, 128, coordinate, kInteriNotevoli},
-        {"samples-int32", "all signed 32-bit samples in every unit row", kParti, 512, conSegno, kInteriNotevoli},
-        {"samples-uint32", "all unsigned 32-bit samples in every unit row", kParti, 512, senzaSegno, kInteriNotevoli},
-        {"samples-float", "all floats in every unit row", kParti, 512, reali, kRealiNotevoli}};
+        {"samples-text", "all numbers with a text", 1, 1, numeri_e_testi},
+        {"samples-other", "lap times, coordinates and differences in every unit row", PARTI, 16, altri,
+         INTERI_NOTEVOLI},
+        {"coordinates", "all coordinates as texts", PARTI, 128, coordinate, INTERI_NOTEVOLI},
+        {"samples-int32", "all signed 32-bit samples in every unit row", PARTI, 512, conSegno, INTERI_NOTEVOLI},
+        {"samples-uint32", "all unsigned 32-bit samples in every unit row", PARTI, 512, senza_segno, INTERI_NOTEVOLI},
+        {"samples-float", "all floats in every unit row", PARTI, 512, reali, REALI_NOTEVOLI}};
 }
 
 }  // namespace esaustivo

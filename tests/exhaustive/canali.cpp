@@ -13,7 +13,7 @@ namespace {
 
 using modello::Fid;
 
-std::vector<Fid> canaliProvati() {
+std::vector<Fid> canali_provati() {
     std::vector<Fid> canali = {0, 0x10, 0x05070010, 0x0040060B, 0x1F40060B, 0x07C0060B, 0x1C};
     for (const modello::RigaVecchia& riga : modello::tabelle().funz_kel)
         canali.push_back(riga.fid);
@@ -29,7 +29,7 @@ std::array<unsigned, 4> scelte(unsigned valore, unsigned valori) {
 }
 
 template <typename Prova>
-void perOgniRichiesta(Fid c, Prova prova) {
+void per_ogni_richiesta(Fid c, Prova prova) {
     for (const unsigned q : scelte(modello::grandezza(c), 128))
         for (const unsigned o : scelte(modello::oggetto(c), 256))
             for (const unsigned p : scelte(modello::posizione(c), 32))
@@ -43,7 +43,7 @@ void perOgniRichiesta(Fid c, Prova prova) {
 
 // Alone in its set every channel is found or not; in a set of three its place is found.
 void corrispondenze(unsigned parte, Conta& conta) {
-    const std::vector<Fid> provati = canaliProvati();
+    const std::vector<Fid> provati = canali_provati();
     const Fid c = provati.at(parte);
     std::vector<modello::Canale> canali(3);
     std::array<s_kel_canale, 3> record{};
@@ -54,10 +54,10 @@ void corrispondenze(unsigned parte, Conta& conta) {
     const modello::SetCanali modello{&canali, 3, 3};
     const auto posto = [&](const s_kel_canale* trovato) { return trovato == nullptr ? -1 : trovato - record.data(); };
     const auto atteso = [](const std::optional<unsigned>& uno) { return uno ? static_cast<long long>(*uno) : -1; };
-    perOgniRichiesta(c, [&](Fid fid) {
+    per_ogni_richiesta(c, [&](Fid fid) {
         const auto dove = [&] { return "request " + esadecimale(fid) + " beside channel " + esadecimale(c); };
         conta.numeri(posto(kelFunGetMatchCh(&set, fid)), atteso(modello.corrispondente(fid)), dove);
-        conta.numeri(posto(kelFunGetMatchChFull(&set, fid)), atteso(modello.corrispondentePieno(fid)), dove);
+        conta.numeri(posto(kelFunGetMatchChFull(&set, fid)), atteso(modello.corrispondente_pieno(fid)), dove);
         std::array<s_kel_canale*, 3> trovati{};
         unsigned numero = 3;
         const int esito = kelFunGetMatchChList(&set, fid, trovati.data(), &numero);
@@ -72,9 +72,9 @@ void corrispondenze(unsigned parte, Conta& conta) {
 
 }  // namespace
 
-std::vector<Spazio> spaziCanali() {
+std::vector<Spazio> spazi_canali() {
     return {{"matching", "requests with every field empty, equal or other, in sets of three channels",
-             static_cast<unsigned>(canaliProvati().size()), 1, corrispondenze}};
+             static_cast<unsigned>(canali_provati().size()), 1, corrispondenze}};
 }
 
 }  // namespace esaustivo

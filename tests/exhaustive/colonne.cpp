@@ -13,9 +13,9 @@ namespace esaustivo {
 
 namespace {
 
-constexpr unsigned kParti = 4096;
-constexpr std::uint32_t kPerParte = 1U << 20;
-constexpr std::uint32_t kPerChiamata = 1U << 14;
+constexpr unsigned PARTI = 4096;
+constexpr std::uint32_t PER_PARTE = 1U << 20;
+constexpr std::uint32_t PER_CHIAMATA = 1U << 14;
 
 struct Testo {
     char byte[32];
@@ -115,16 +115,16 @@ private:
 
 // The words of a part, some at a time.
 template <typename Opera>
-void aPezzi(unsigned parte, Opera opera) {
-    std::vector<std::uint32_t> parole(kPerChiamata);
-    for (std::uint32_t fatte = 0; fatte < kPerParte; fatte += kPerChiamata) {
-        for (std::uint32_t i = 0; i < kPerChiamata; ++i)
-            parole[i] = parte * kPerParte + fatte + i;
+void a_pezzi(unsigned parte, Opera opera) {
+    std::vector<std::uint32_t> parole(PER_CHIAMATA);
+    for (std::uint32_t fatte = 0; fatte < PER_PARTE; fatte += PER_CHIAMATA) {
+        for (std::uint32_t i = 0; i < PER_CHIAMATA; ++i)
+            parole[i] = parte * PER_PARTE + fatte + i;
         opera(reinterpret_cast<const unsigned char*>(parole.data()));
     }
 }
 
-constexpr std::array<Lettura, 9> kParole = {{
+constexpr std::array<Lettura, 9> PAROLE = {{
     {"int32", KEL_TIPO_INT32, 0.25F, 0.1F, 0, 0, 0, 5, 1, 0, FORMATO_DESTRA},
     {"int32, reciprocal", KEL_TIPO_INT32, 0.25F, 0.1F, 1, 0, 0, 5, 1, 0, FORMATO_DESTRA},
     {"uint32", KEL_TIPO_UINT32, -17.3F, 3.3333F, 0, 0, 0, 5, 1, 0, FORMATO_DESTRA},
@@ -137,17 +137,17 @@ constexpr std::array<Lettura, 9> kParole = {{
 }};
 
 void parole(unsigned parte, Conta& conta) {
-    for (const Lettura& lettura : kParole) {
+    for (const Lettura& lettura : PAROLE) {
         Prova prova(lettura);
         const std::size_t byte = kelFunGetSamplSize(lettura.tipo);
         // Shorter samples repeat themselves: their low bytes take all values in every part.
-        aPezzi(parte, [&](const unsigned char* campioni) {
-            prova.valori(campioni, byte, byte == 4 ? kPerChiamata : kPerChiamata / 16, conta);
+        a_pezzi(parte, [&](const unsigned char* campioni) {
+            prova.valori(campioni, byte, byte == 4 ? PER_CHIAMATA : PER_CHIAMATA / 16, conta);
         });
     }
 }
 
-constexpr std::array<Lettura, 8> kTempi = {{
+constexpr std::array<Lettura, 8> TEMPI = {{
     {"lap time", KEL_TIPO_TEMPO_GIRO, 0, 1, 0, 0, 0, 8, 2, 0, FORMATO_DESTRA},
     {"lap time, tenths", KEL_TIPO_TEMPO_GIRO, 0, 1, 0, 0, 0, 8, 1, 0, FORMATO_DESTRA},
     {"lap time, compact", KEL_TIPO_TEMPO_GIRO, 0, 1, 0, 0, 0, 5, 2, 0, FORMATO_DESTRA},
@@ -159,19 +159,19 @@ constexpr std::array<Lettura, 8> kTempi = {{
 }};
 
 void tempi(unsigned parte, Conta& conta) {
-    for (const Lettura& lettura : kTempi) {
+    for (const Lettura& lettura : TEMPI) {
         Prova prova(lettura);
         const std::size_t byte = kelFunGetSamplSize(lettura.tipo);
-        std::vector<unsigned char> pacchetti(byte == 4 ? 0 : kPerChiamata * byte);
-        aPezzi(parte, [&](const unsigned char* campioni) {
-            for (std::uint32_t i = 0; byte != 4 && i < kPerChiamata; ++i)
+        std::vector<unsigned char> pacchetti(byte == 4 ? 0 : PER_CHIAMATA * byte);
+        a_pezzi(parte, [&](const unsigned char* campioni) {
+            for (std::uint32_t i = 0; byte != 4 && i < PER_CHIAMATA; ++i)
                 std::memcpy(pacchetti.data() + i * byte + 4, campioni + 4 * i, 4);
-            prova.testi(byte == 4 ? campioni : pacchetti.data(), byte, kPerChiamata, conta);
+            prova.testi(byte == 4 ? campioni : pacchetti.data(), byte, PER_CHIAMATA, conta);
         });
     }
 }
 
-constexpr std::array<Lettura, 10> kNumeri = {{
+constexpr std::array<Lettura, 10> NUMERI = {{
     {"4.0", KEL_TIPO_FLOAT, 0, 1, 0, 0, 0, 4, 0, 0, FORMATO_DESTRA},
     {"4.1", KEL_TIPO_FLOAT, 0, 1, 0, 0, 0, 4, 1, 0, FORMATO_DESTRA},
     {"5.2, left", KEL_TIPO_FLOAT, 0, 1, 0, 0, 0, 5, 2, 0, FORMATO_SINISTRA},
@@ -185,22 +185,21 @@ constexpr std::array<Lettura, 10> kNumeri = {{
 }};
 
 void numeri(unsigned parte, Conta& conta) {
-    for (const Lettura& lettura : kNumeri) {
+    for (const Lettura& lettura : NUMERI) {
         Prova prova(lettura);
-        aPezzi(parte, [&](const unsigned char* campioni) { prova.testi(campioni, 4, kPerChiamata, conta); });
+        a_pezzi(parte, [&](const unsigned char* campioni) { prova.testi(campioni, 4, PER_CHIAMATA, conta); });
     }
 }
 
 // Where infinities, NaNs, reserved patterns and the numbers that texts show lie.
-const std::vector<unsigned> kNotevoli = {0x000, 0x3F8, 0x412, 0x42C, 0x447, 0x461, 0x7F8, 0xBF8, 0xC12, 0xFF8, 0xFFF};
+const std::vector<unsigned> NOTEVOLI = {0x000, 0x3F8, 0x412, 0x42C, 0x447, 0x461, 0x7F8, 0xBF8, 0xC12, 0xFF8, 0xFFF};
 
 }  // namespace
 
-std::vector<Spazio> spaziColonne() {
-    return {
-        {"column-words", "all words of 32 bits as columns of values", kParti, 256, parole, kNotevoli},
-        {"column-times", "all words of 32 bits as columns of times and coordinates", kParti, 1024, tempi, kNotevoli},
-        {"column-numbers", "all floats as columns of texts in ten looks", kParti, 1024, numeri, kNotevoli}};
+std::vector<Spazio> spazi_colonne() {
+    return {{"column-words", "all words of 32 bits as columns of values", PARTI, 256, parole, NOTEVOLI},
+            {"column-times", "all words of 32 bits as columns of times and coordinates", PARTI, 1024, tempi, NOTEVOLI},
+            {"column-numbers", "all floats as columns of texts in ten looks", PARTI, 1024, numeri, NOTEVOLI}};
 }
 
 }  // namespace esaustivo

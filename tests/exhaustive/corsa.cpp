@@ -14,18 +14,18 @@ namespace esaustivo {
 
 namespace {
 
-double secondiDelFilo() {
+double secondi_del_filo() {
     timespec ora{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ora);
     return static_cast<double>(ora.tv_sec) + static_cast<double>(ora.tv_nsec) / 1e9;
 }
 
 Esito esegui(const Compito& compito, std::size_t da_mostrare) {
-    const double inizio = secondiDelFilo();
+    const double inizio = secondi_del_filo();
     Conta conta(da_mostrare);
     compito.spazio->esegui(compito.parte, conta);
     Esito esito = conta.esito();
-    esito.secondi = secondiDelFilo() - inizio;
+    esito.secondi = secondi_del_filo() - inizio;
     return esito;
 }
 
@@ -63,7 +63,7 @@ private:
 
     // Seconds of work that the parts not yet started will take: each as long as the parts of its space that have run,
     // or as the average of all.
-    double lavoroRimasto() {
+    double lavoro_rimasto() {
         double secondi_tutti = 0;
         double parti_tutte = 0;
         std::map<std::string, double> media;
@@ -95,7 +95,7 @@ private:
         while (fatti_ < compiti_.size()) {
             finito_.wait_for(blocco, std::chrono::seconds(1));
             const auto trascorsi = std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-            const double rimasti = lavoroRimasto() / lavoratori_;
+            const double rimasti = lavoro_rimasto() / lavoratori_;
             const std::string& nome = compiti_[fatti_ < compiti_.size() ? fatti_ : compiti_.size() - 1].spazio->nome;
             std::fprintf(stderr, "\r\033[K%zu of %zu parts, %s; %.0f s gone, about %.0f s left; %llu differences",
                          fatti_, compiti_.size(), nome.c_str(), trascorsi, rimasti,

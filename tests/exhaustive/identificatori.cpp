@@ -20,12 +20,12 @@ namespace {
 
 using modello::Fid;
 
-constexpr unsigned kParti = 32;
-constexpr Fid kGrandezzeOggetti = 1U << 15;           // values of bits 0 to 14
-constexpr Fid kPosizioni = 32;                        // values of bits 15 to 19
-constexpr Fid kGrandezzeOggettiPosizioni = 1U << 20;  // values of bits 0 to 19
-constexpr Fid kLati = 16;                             // values of bits 20 to 23
-constexpr Fid kIgnorati = 8;                          // values of bits 29 to 31
+constexpr unsigned PARTI = 32;
+constexpr Fid GRANDEZZE_OGGETTI = 1U << 15;            // values of bits 0 to 14
+constexpr Fid POSIZIONI = 32;                          // values of bits 15 to 19
+constexpr Fid GRANDEZZE_OGGETTI_POSIZIONI = 1U << 20;  // values of bits 0 to 19
+constexpr Fid LATI = 16;                               // values of bits 20 to 23
+constexpr Fid IGNORATI = 8;                            // values of bits 29 to 31
 
 // Identifiers that a table lists whole, and whether an identifier can be one of them by its low 20 bits.
 class Elencati {
@@ -39,16 +39,16 @@ public:
             metti(riga.fid);
     }
 
-    bool ha(Fid fid) const { return bassi_[fid % kGrandezzeOggettiPosizioni] && interi_.contains(fid); }
+    bool ha(Fid fid) const { return bassi_[fid % GRANDEZZE_OGGETTI_POSIZIONI] && interi_.contains(fid); }
 
 private:
     void metti(Fid fid) {
         interi_.insert(fid);
-        bassi_[fid % kGrandezzeOggettiPosizioni] = true;
+        bassi_[fid % GRANDEZZE_OGGETTI_POSIZIONI] = true;
     }
 
     std::set<Fid> interi_;
-    std::vector<bool> bassi_ = std::vector<bool>(kGrandezzeOggettiPosizioni);
+    std::vector<bool> bassi_ = std::vector<bool>(GRANDEZZE_OGGETTI_POSIZIONI);
 };
 
 const Elencati& elencati() {
@@ -72,28 +72,28 @@ void confronta(Conta& conta, std::string_view libreria, const Atteso& atteso, Fi
 
 // Calls `prova(fid)` for every identifier with the given bits 0 to 19 and 20 to 28, and any bits 29 to 31.
 template <typename Prova>
-void conIgnorati(Fid bassi, Fid lati, unsigned parte, Prova prova) {
-    for (Fid ignorati = 0; ignorati < kIgnorati; ignorati++)
+void con_ignorati(Fid bassi, Fid lati, unsigned parte, Prova prova) {
+    for (Fid ignorati = 0; ignorati < IGNORATI; ignorati++)
         prova(bassi | lati << 20 | static_cast<Fid>(parte) << 24 | ignorati << 29);
 }
 
 // Compares the library's name of every identifier of a part. `comune(q, o, p)` gives the index of an expected name that
 // the sides do not change, or none; `composto` composes it.
 template <typename Libreria, typename DaTabella, typename Composto, typename Intero>
-void nomi(unsigned parte, Conta& conta, Libreria libreria, DaTabella daTabella, Composto composto, Intero intero) {
-    for (Fid lati = 0; lati < kLati; lati++) {
-        for (Fid qo = 0; qo < kGrandezzeOggetti; qo++) {
+void nomi(unsigned parte, Conta& conta, Libreria libreria, DaTabella da_tabella, Composto composto, Intero intero) {
+    for (Fid lati = 0; lati < LATI; lati++) {
+        for (Fid qo = 0; qo < GRANDEZZE_OGGETTI; qo++) {
             const bool pacchetto = modello::grandezza(qo) == 26;
             Atteso atteso;
             bool noto = false;
-            for (Fid posizione = 0; posizione < kPosizioni; posizione++) {
+            for (Fid posizione = 0; posizione < POSIZIONI; posizione++) {
                 const Fid bassi = qo | posizione << 15;
-                const Atteso* tabella = daTabella(bassi);
+                const Atteso* tabella = da_tabella(bassi);
                 if (tabella == nullptr && (!noto || pacchetto)) {
                     atteso = Atteso(composto(bassi | lati << 20 | static_cast<Fid>(parte) << 24));
                     noto = true;
                 }
-                conIgnorati(bassi, lati, parte, [&](Fid fid) {
+                con_ignorati(bassi, lati, parte, [&](Fid fid) {
                     if (elencati().ha(fid)) [[unlikely]]
                         confronta(conta, libreria(fid), Atteso(intero(fid)), fid);
                     else
@@ -109,8 +109,8 @@ class NomiGrandezze {
 public:
     NomiGrandezze() {
         attesi_.reserve(256);
-        for (Fid bassi = 0; bassi < kGrandezzeOggettiPosizioni; bassi++) {
-            const auto nome = modello::nomeLungoGrandezza(bassi);
+        for (Fid bassi = 0; bassi < GRANDEZZE_OGGETTI_POSIZIONI; bassi++) {
+            const auto nome = modello::nome_lungo_grandezza(bassi);
             indici_[bassi] = nome ? posto(*nome) : 0;
         }
     }
@@ -127,20 +127,20 @@ private:
     }
 
     std::vector<Atteso> attesi_;
-    std::vector<std::uint16_t> indici_ = std::vector<std::uint16_t>(kGrandezzeOggettiPosizioni);
+    std::vector<std::uint16_t> indici_ = std::vector<std::uint16_t>(GRANDEZZE_OGGETTI_POSIZIONI);
 };
 
-void nomiLunghi(unsigned parte, Conta& conta, bool tutti) {
+void nomi_lunghi(unsigned parte, Conta& conta, bool tutti) {
     static const NomiGrandezze grandezze;
     const IFunzioni& funzioni = catalogo();
     nomi(
         parte, conta, [&](Fid fid) { return funzioni.getNomeFunzione(fid, tutti); },
-        [](Fid bassi) { return grandezze(bassi); }, [&](Fid fid) { return modello::nomeLungoComposto(fid, tutti); },
-        [&](Fid fid) { return modello::nomeLungo(fid, tutti); });
+        [](Fid bassi) { return grandezze(bassi); }, [&](Fid fid) { return modello::nome_lungo_composto(fid, tutti); },
+        [&](Fid fid) { return modello::nome_lungo(fid, tutti); });
 }
 
 // All 32 bytes of the name, the NULs after it included.
-void nomiBrevi(unsigned parte, Conta& conta) {
+void nomi_brevi(unsigned parte, Conta& conta) {
     const auto riempi = [](std::string nome) {
         nome.resize(32);
         return nome;
@@ -152,16 +152,17 @@ void nomiBrevi(unsigned parte, Conta& conta) {
             breve = kelFunGetNomeFunzioneShort(nullptr, fid);
             return std::string_view(breve.testo, sizeof breve.testo);
         },
-        [](Fid) -> const Atteso* { return nullptr; }, [&](Fid fid) { return riempi(modello::nomeBreveComposto(fid)); },
-        [&](Fid fid) { return riempi(modello::nomeBreve(fid)); });
+        [](Fid) -> const Atteso* { return nullptr; },
+        [&](Fid fid) { return riempi(modello::nome_breve_composto(fid)); },
+        [&](Fid fid) { return riempi(modello::nome_breve(fid)); });
 }
 
 // The object face's short name: the characters and one NUL. It is the flat name put into a string: one value of the
 // ignored bits is enough.
-void nomiBreviOggetto(unsigned parte, Conta& conta) {
+void nomi_brevi_oggetto(unsigned parte, Conta& conta) {
     const IFunzioni& funzioni = catalogo();
-    for (Fid lati = 0; lati < kLati; lati++)
-        for (Fid bassi = 0; bassi < kGrandezzeOggettiPosizioni; bassi++) {
+    for (Fid lati = 0; lati < LATI; lati++)
+        for (Fid bassi = 0; bassi < GRANDEZZE_OGGETTI_POSIZIONI; bassi++) {
             const Fid fid = bassi | lati << 20 | static_cast<Fid>(parte) << 24;
             std::string atteso = kelFunGetNomeFunzioneShort(nullptr, fid).testo;
             atteso += '\0';
@@ -171,9 +172,9 @@ void nomiBreviOggetto(unsigned parte, Conta& conta) {
 
 // Fields taken out with the header's functions, and the identifier composed of them again.
 void campi(unsigned parte, Conta& conta) {
-    for (Fid lati = 0; lati < kLati; lati++)
-        for (Fid bassi = 0; bassi < kGrandezzeOggettiPosizioni; bassi++)
-            conIgnorati(bassi, lati, parte, [&](Fid fid) {
+    for (Fid lati = 0; lati < LATI; lati++)
+        for (Fid bassi = 0; bassi < GRANDEZZE_OGGETTI_POSIZIONI; bassi++)
+            con_ignorati(bassi, lati, parte, [&](Fid fid) {
                 const Fid sedi = modello::numerato(fid)
                                      ? kelFidIstanza(kelFidNumero(fid))
                                      : kelFidLati(kelFidLeftRight(fid), kelFidFrontRear(fid), kelFidUpDown(fid));
@@ -181,11 +182,11 @@ void campi(unsigned parte, Conta& conta) {
                                      kelFidBitInOut(kelFidInOut(fid)) | sedi;
                 const bool uguale =
                     kelFidGrandezza(fid) == modello::grandezza(fid) && kelFidOggetto(fid) == modello::oggetto(fid) &&
-                    kelFidPosizione(fid) == modello::posizione(fid) && kelFidInOut(fid) == modello::inOut(fid) &&
+                    kelFidPosizione(fid) == modello::posizione(fid) && kelFidInOut(fid) == modello::in_out(fid) &&
                     (kelFidNumerato(fid) == 1) == modello::numerato(fid) && kelFidNumero(fid) == modello::numero(fid) &&
-                    kelFidLeftRight(fid) == modello::leftRight(fid) &&
-                    kelFidFrontRear(fid) == modello::frontRear(fid) && kelFidUpDown(fid) == modello::upDown(fid) &&
-                    (kelFidFineTabella(fid) != 0) == modello::fineTabella(fid) && composto == fid % (1U << 29);
+                    kelFidLeftRight(fid) == modello::left_right(fid) &&
+                    kelFidFrontRear(fid) == modello::front_rear(fid) && kelFidUpDown(fid) == modello::up_down(fid) &&
+                    (kelFidFineTabella(fid) != 0) == modello::fine_tabella(fid) && composto == fid % (1U << 29);
                 conta.caso(uguale, composto, [&] { return esadecimale(fid) + ": other fields"; });
             });
 }
@@ -200,11 +201,11 @@ struct Classe {
 const std::vector<Classe>& classi() {
     static const std::vector<Classe> tutte = [] {
         std::vector<Classe> classi;
-        for (Fid qo = 0; qo < kGrandezzeOggetti; qo++) {
-            const modello::RigaGrandezza* riga = modello::rigaGrandezza(qo);
+        for (Fid qo = 0; qo < GRANDEZZE_OGGETTI; qo++) {
+            const modello::RigaGrandezza* riga = modello::riga_grandezza(qo);
             classi.push_back(
                 {riga == nullptr ? nullptr : uib_grandezza_fisica_uiv + (riga - modello::tabelle().grandezze.data()),
-                 modello::unitaBase(qo), modello::fidEquivalente(qo)});
+                 modello::unita_base(qo), modello::fid_equivalente(qo)});
         }
         return classi;
     }();
@@ -213,10 +214,10 @@ const std::vector<Classe>& classi() {
 
 void righe(unsigned parte, Conta& conta) {
     const IFunzioni& funzioni = catalogo();
-    for (Fid lati = 0; lati < kLati; lati++)
-        for (Fid bassi = 0; bassi < kGrandezzeOggettiPosizioni; bassi++) {
-            const Classe& classe = classi()[bassi % kGrandezzeOggetti];
-            conIgnorati(bassi, lati, parte, [&](Fid fid) {
+    for (Fid lati = 0; lati < LATI; lati++)
+        for (Fid bassi = 0; bassi < GRANDEZZE_OGGETTI_POSIZIONI; bassi++) {
+            const Classe& classe = classi()[bassi % GRANDEZZE_OGGETTI];
+            con_ignorati(bassi, lati, parte, [&](Fid fid) {
                 const s_grandezza_fisica_uiv* riga = kelFunGetUIVs(fid);
                 const bool uguale = riga == classe.riga && classe.unita == kelFunGetUnitaBase(fid) &&
                                     funzioni.getFidEquivalente(fid) == classe.equivalente;
@@ -229,19 +230,19 @@ void righe(unsigned parte, Conta& conta) {
         }
 }
 
-const t_SFunzioneZumikoCam* rigaDellaLibreria(const std::optional<modello::RigaDiCamera>& riga) {
+const t_SFunzioneZumikoCam* riga_della_libreria(const std::optional<modello::RigaDiCamera>& riga) {
     if (!riga)
         return nullptr;
     return (riga->estesa ? funz_ZumikoCam_estese : funz_ZumikoCam_base) + riga->riga;
 }
 
 void camera(unsigned parte, Conta& conta) {
-    for (Fid lati = 0; lati < kLati; lati++)
-        for (Fid bassi = 0; bassi < kGrandezzeOggettiPosizioni; bassi++)
-            conIgnorati(bassi, lati, parte, [&](Fid fid) {
+    for (Fid lati = 0; lati < LATI; lati++)
+        for (Fid bassi = 0; bassi < GRANDEZZE_OGGETTI_POSIZIONI; bassi++)
+            con_ignorati(bassi, lati, parte, [&](Fid fid) {
                 const t_SFunzioneZumikoCam* riga = kelFunGetParamZumikoCam(fid);
                 const t_SFunzioneZumikoCam* attesa =
-                    elencati().ha(fid) ? rigaDellaLibreria(modello::cameraDaFid(fid)) : nullptr;
+                    elencati().ha(fid) ? riga_della_libreria(modello::camera_da_fid(fid)) : nullptr;
                 conta.caso(riga == attesa && kelFunGetFunVecchiaZumikoDaFID(fid) == attesa,
                            riga == nullptr ? 0 : riga->fid, [&] { return esadecimale(fid) + ": another camera row"; });
             });
@@ -253,12 +254,12 @@ void scelte(unsigned parte, Conta& conta) {
     const IFunzioni& funzioni = catalogo();
     std::map<unsigned, std::string> lati_trovati;
     std::map<unsigned, std::string> inout_trovati;
-    for (Fid bassi = 0; bassi < kGrandezzeOggettiPosizioni; bassi++) {
+    for (Fid bassi = 0; bassi < GRANDEZZE_OGGETTI_POSIZIONI; bassi++) {
         const auto attesi = modello::dettagli(bassi);
         const modello::Dettagli nessuno{{}, {}, -77, -78};
         const modello::Dettagli& attesa = attesi ? *attesi : nessuno;
-        for (Fid lati = 0; lati < kLati; lati++)
-            conIgnorati(bassi, lati, parte, [&](Fid fid) {
+        for (Fid lati = 0; lati < LATI; lati++)
+            con_ignorati(bassi, lati, parte, [&](Fid fid) {
                 int primo = -77;
                 int ultimo = -78;
                 funzioni.getFunzDettagli(fid, lati_trovati, inout_trovati, primo, ultimo);
@@ -275,16 +276,16 @@ void scelte(unsigned parte, Conta& conta) {
 
 }  // namespace
 
-std::vector<Spazio> spaziIdentificatori() {
-    const auto lunghi = [](bool tutti) { return [tutti](unsigned p, Conta& c) { nomiLunghi(p, c, tutti); }; };
-    return {{"fields", "fields of all identifiers, and the identifiers composed again", kParti, 16, campi},
-            {"long-names", "long names of all identifiers", kParti, 16, lunghi(false)},
-            {"long-names-all", "long names with all fields of all identifiers", kParti, 16, lunghi(true)},
-            {"short-names", "short names of all identifiers", kParti, 16, nomiBrevi},
-            {"short-strings", "short names through the object face, unused bits 0", kParti, 16, nomiBreviOggetto},
-            {"quantity-rows", "quantity row, base unit and class of all identifiers", kParti, 16, righe},
-            {"camera-rows", "camera row of all identifiers", kParti, 16, camera},
-            {"side-choices", "sides, in/out and numbers of all identifiers", kParti, 16, scelte}};
+std::vector<Spazio> spazi_identificatori() {
+    const auto lunghi = [](bool tutti) { return [tutti](unsigned p, Conta& c) { nomi_lunghi(p, c, tutti); }; };
+    return {{"fields", "fields of all identifiers, and the identifiers composed again", PARTI, 16, campi},
+            {"long-names", "long names of all identifiers", PARTI, 16, lunghi(false)},
+            {"long-names-all", "long names with all fields of all identifiers", PARTI, 16, lunghi(true)},
+            {"short-names", "short names of all identifiers", PARTI, 16, nomi_brevi},
+            {"short-strings", "short names through the object face, unused bits 0", PARTI, 16, nomi_brevi_oggetto},
+            {"quantity-rows", "quantity row, base unit and class of all identifiers", PARTI, 16, righe},
+            {"camera-rows", "camera row of all identifiers", PARTI, 16, camera},
+            {"side-choices", "sides, in/out and numbers of all identifiers", PARTI, 16, scelte}};
 }
 
 }  // namespace esaustivo

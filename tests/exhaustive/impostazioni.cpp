@@ -17,7 +17,7 @@ namespace {
 using modello::Canale;
 using modello::Fid;
 
-constexpr unsigned kTipi = 40;  // those above 24 are none
+constexpr unsigned TIPI = 40;  // those above 24 are none
 
 // Where the record finds its unit.
 enum class Unita { data, rimasta, proibita };
@@ -40,7 +40,7 @@ std::string descrivi(const Caso& caso) {
            unita.at(static_cast<std::size_t>(caso.unita)) + " bytes " + esadecimale(caso.byte);
 }
 
-std::vector<Fid> funzioniDelCanale() {
+std::vector<Fid> funzioni_del_canale() {
     std::vector<Fid> tutte = {0x10, 0x0F, 0x1F, 0x606, modello::componi(26, 4, 0)};
     for (const unsigned dettagli : {1U, 2U, 3U})
         for (unsigned spec = 0; spec < 4; spec++)
@@ -49,8 +49,8 @@ std::vector<Fid> funzioniDelCanale() {
 }
 
 // The model's converter; none where it needs a unit and has none, which no caller may ask for.
-std::optional<modello::Convertitore> modelloDi(const Caso& caso, std::uint32_t maschera,
-                                               const modello::RigaUdm& unita) {
+std::optional<modello::Convertitore> modello_di(const Caso& caso, std::uint32_t maschera,
+                                                const modello::RigaUdm& unita) {
     const modello::Prima prima{maschera, caso.unita == Unita::rimasta ? &unita : nullptr};
     try {
         return modello::Convertitore(prima, caso.canale, caso.fid, caso.unita == Unita::data ? &unita : nullptr,
@@ -63,19 +63,19 @@ std::optional<modello::Convertitore> modelloDi(const Caso& caso, std::uint32_t m
 void imposta(const Caso& caso, const kel_test::Recinto& recinto, Conta& conta) {
     modello::RigaUdm unita = modello::tabelle().udm.at("C_udm_associate").at(1);
     unita.reciproco = caso.reciproco ? 1 : 0;
-    const s_converter_data dati = datiDi(unita);
-    s_kel_converter record = registroQualunque(caso.byte);
-    const auto atteso = modelloDi(caso, record.maschera, unita);
+    const s_converter_data dati = dati_di(unita);
+    s_kel_converter record = registro_qualunque(caso.byte);
+    const auto atteso = modello_di(caso, record.maschera, unita);
     if (!atteso)
         return;
     // A row's worth of the forbidden page behind the fence.
-    const void* proibito = recinto.InFondo(0);
+    const void* proibito = recinto.in_fondo(0);
     if (caso.unita == Unita::rimasta)
         record.dati = &dati;
     else if (caso.unita == Unita::proibita)
         record.dati = static_cast<const s_converter_data*>(proibito);
     s_kel_converter prima = record;
-    const s_kel_canale canale = canaleDi(caso.canale);
+    const s_kel_canale canale = canale_di(caso.canale);
     kelConvInit(&record, &canale, caso.fid, caso.unita == Unita::data ? &dati : nullptr,
                 static_cast<unsigned short>(caso.campo.pos_bit), static_cast<unsigned short>(caso.campo.num_bit),
                 caso.in_testa ? 1 : 0);
@@ -97,9 +97,9 @@ void impostazioni(unsigned tipo, Conta& conta) {
     Caso caso;
     caso.canale.tipo = tipo;
     caso.canale.offset = 70000;
-    for (const Fid canale : funzioniDelCanale()) {
+    for (const Fid canale : funzioni_del_canale()) {
         caso.canale.fid = canale;
-        std::list<Fid> funzioni = modello::funzioniInterne(canale);
+        std::list<Fid> funzioni = modello::funzioni_interne(canale);
         funzioni.insert(funzioni.end(), {canale, 0x11U, 0xB9D20U, 0U});
         for (const Fid fid : funzioni)
             for (const modello::Campo& campo : campi)
@@ -120,8 +120,8 @@ void impostazioni(unsigned tipo, Conta& conta) {
 
 }  // namespace
 
-std::vector<Spazio> spaziImpostazioni() {
-    return {{"set-ups", "every sample type set up in records of any bytes, with and without a unit", kTipi, 1,
+std::vector<Spazio> spazi_impostazioni() {
+    return {{"set-ups", "every sample type set up in records of any bytes, with and without a unit", TIPI, 1,
              impostazioni}};
 }
 

@@ -12,12 +12,12 @@
 namespace esaustivo {
 
 // The unit without conversion.
-inline const modello::RigaUdm& unitaIdentita() {
+inline const modello::RigaUdm& unita_identita() {
     return modello::tabelle().udm.at("NULL_udm_associate").at(0);
 }
 
 // What a caller's record holds before anything is set: any bytes, and a pointer that leads nowhere.
-inline s_kel_converter registroQualunque(unsigned char byte = 0xA5) {
+inline s_kel_converter registro_qualunque(unsigned char byte = 0xA5) {
     s_kel_converter record;
     std::memset(&record, byte, sizeof record);
     return record;
@@ -31,9 +31,9 @@ inline std::string differenza(const s_kel_converter& record, const modello::Conv
         return "bit field";
     if (record.maschera != modello.campo().maschera)
         return "mask";
-    if ((record.valore != nullptr) != modello.haValore())
+    if ((record.valore != nullptr) != modello.ha_valore())
         return "value function";
-    if ((record.testo_stato != nullptr) != modello.haTestoStato())
+    if ((record.testo_stato != nullptr) != modello.ha_testo_stato())
         return "status-text function";
     return record.testo == nullptr ? "text function" : "";
 }
@@ -42,11 +42,11 @@ inline std::string differenza(const s_kel_converter& record, const modello::Conv
 struct Lettore {
     Lettore(const modello::Canale& canale, modello::Fid fid, const modello::RigaUdm& unita, modello::Campo campo = {},
             bool in_testa = true)
-        : dati(datiDi(unita)),
-          libreria(registroQualunque()),
+        : dati(dati_di(unita)),
+          libreria(registro_qualunque()),
           modello({libreria.maschera, nullptr}, canale, fid, &unita, campo, in_testa) {
         aspetto({});
-        const s_kel_canale record = canaleDi(canale);
+        const s_kel_canale record = canale_di(canale);
         kelConvInit(&libreria, &record, fid, &dati, static_cast<unsigned short>(campo.pos_bit),
                     static_cast<unsigned short>(campo.num_bit), in_testa ? 1 : 0);
     }
@@ -63,7 +63,7 @@ struct Lettore {
     }
 
     // The text as the library wrote it: 32 bytes up to the last that is not NUL.
-    std::string_view testoLibreria(const void* buffer) {
+    std::string_view testo_libreria(const void* buffer) {
         riuscito = kelConvGetString(&libreria, buffer, testo) == 1;
         const std::string_view intero(testo, sizeof testo);
         return intero.substr(0, intero.find_last_not_of('\0') + 1);

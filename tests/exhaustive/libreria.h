@@ -13,15 +13,15 @@
 namespace esaustivo {
 
 // The library's row that the model found.
-const s_udm_associata& rigaUnita(const modello::RigaTrovata& riga);
+const s_udm_associata& riga_unita(const modello::RigaTrovata& riga);
 // A subfield table by the model's name of it.
-const s_sottocampo* sottocampiDi(const std::string& nome);
+const s_sottocampo* sottocampi_di(const std::string& nome);
 
 // A unit row of the model as the library takes it.
-s_converter_data datiDi(const modello::RigaUdm& riga);
+s_converter_data dati_di(const modello::RigaUdm& riga);
 
 // A channel record with these members, the others 0.
-s_kel_canale canaleDi(const modello::Canale& canale);
+s_kel_canale canale_di(const modello::Canale& canale);
 
 // The library's catalogue.
 IFunzioni& catalogo();

@@ -27,7 +27,7 @@ struct Opzioni {
     bool elenca = false;
     bool ctest = false;
     bool markdown = false;
-    bool daCapo = false;
+    bool da_capo = false;
 };
 
 struct Frammento {
@@ -35,9 +35,9 @@ struct Frammento {
 };
 
 // Which part of so many ctest runs. The parts go by the top bits, so that the selection takes inputs of every size.
-constexpr unsigned kAssaggio = 10;
+constexpr unsigned ASSAGGIO = 10;
 
-Frammento leggiFrammento(const std::string& testo) {
+Frammento leggi_frammento(const std::string& testo) {
     Frammento frammento;
     char resto = 0;
     if (!testo.empty() && (std::sscanf(testo.c_str(), "%u/%u%c", &frammento.indice, &frammento.totale, &resto) != 2 ||
@@ -62,7 +62,7 @@ std::vector<Spazio> scegli(const std::vector<Spazio>& tutti, const std::vector<s
 
 bool tocca(const Spazio& spazio, unsigned parte, const Opzioni& opzioni, const Frammento& frammento) {
     if (opzioni.assaggio)
-        return parte % spazio.assaggio == kAssaggio % spazio.assaggio ||
+        return parte % spazio.assaggio == ASSAGGIO % spazio.assaggio ||
                std::find(spazio.notevoli.begin(), spazio.notevoli.end(), parte) != spazio.notevoli.end();
     return parte % frammento.totale == frammento.indice - 1;
 }
@@ -73,7 +73,7 @@ void elenca(const std::vector<Spazio>& spazi) {
 }
 
 // The spaces as tests of ctest, for the build.
-void elencaPerCtest(const std::vector<Spazio>& spazi, const char* programma) {
+void elenca_per_ctest(const std::vector<Spazio>& spazi, const char* programma) {
     for (const Spazio& spazio : spazi) {
         const char* nome = spazio.nome.c_str();
         std::printf("add_test(exhaustive.%s \"%s\" --sixteenth --jobs 1 %s)\n", nome, programma, nome);
@@ -82,15 +82,15 @@ void elencaPerCtest(const std::vector<Spazio>& spazi, const char* programma) {
 }
 
 int prova(const Opzioni& opzioni, const char* programma) {
-    const std::vector<Spazio> tutti = esaustivo::tuttiGliSpazi();
+    const std::vector<Spazio> tutti = esaustivo::tutti_gli_spazi();
     const std::vector<Spazio> spazi = scegli(tutti, opzioni.nomi);
-    const Frammento frammento = leggiFrammento(opzioni.frammento);
+    const Frammento frammento = leggi_frammento(opzioni.frammento);
     if (opzioni.elenca) {
         elenca(spazi);
         return 0;
     }
     if (opzioni.ctest) {
-        elencaPerCtest(spazi, programma);
+        elenca_per_ctest(spazi, programma);
         return 0;
     }
     std::vector<Compito> compiti;
@@ -98,10 +98,10 @@ int prova(const Opzioni& opzioni, const char* programma) {
         for (unsigned parte = 0; parte < spazio.parti; parte++)
             if (tocca(spazio, parte, opzioni, frammento))
                 compiti.push_back({&spazio, parte});
-    Risultati risultati(opzioni.cartella, spazi, opzioni.daCapo);
+    Risultati risultati(opzioni.cartella, spazi, opzioni.da_capo);
     esaustivo::corri(compiti, risultati, std::max(1U, opzioni.lavoratori), opzioni.da_mostrare);
     const std::uint64_t differenze = opzioni.markdown
-                                         ? esaustivo::riferisciMarkdown(spazi, compiti, risultati)
+                                         ? esaustivo::riferisci_markdown(spazi, compiti, risultati)
                                          : esaustivo::riferisci(spazi, compiti, risultati, opzioni.da_mostrare);
     return differenze == 0 ? 0 : 1;
 }
@@ -114,7 +114,7 @@ int esegui(int argc, char** argv) {
     app.add_flag("--sixteenth", opzioni.assaggio, "The fixed selection that ctest runs")->excludes("--shard");
     app.add_option("--jobs,-j", opzioni.lavoratori, "Parts to run at once")->capture_default_str();
     app.add_option("--state", opzioni.cartella, "Folder that keeps the results, to resume from");
-    app.add_flag("--fresh", opzioni.daCapo, "Forget the results that are kept");
+    app.add_flag("--fresh", opzioni.da_capo, "Forget the results that are kept");
     app.add_option("--differences", opzioni.da_mostrare, "Differences to show of each space")->capture_default_str();
     app.add_flag("--list", opzioni.elenca, "List the spaces");
     app.add_flag("--markdown", opzioni.markdown, "Report as a table of Markdown, without the differences themselves");

@@ -8,7 +8,7 @@ namespace esaustivo {
 namespace {
 
 // Where subnormal halves begin and end, where infinity begins, NaNs; both signs.
-const std::vector<unsigned> kNotevoli = {0x00, 0x33, 0x38, 0x47, 0x7F, 0x80, 0xB3, 0xB8, 0xC7, 0xFF};
+const std::vector<unsigned> NOTEVOLI = {0x00, 0x33, 0x38, 0x47, 0x7F, 0x80, 0xB3, 0xB8, 0xC7, 0xFF};
 
 void comprimi(unsigned parte, Conta& conta) {
     for (std::uint32_t i = 0; i < 1U << 24; i++) {
@@ -26,8 +26,8 @@ void espandi(unsigned parte, Conta& conta) {
 
 }  // namespace
 
-std::vector<Spazio> spaziMezzi() {
-    return {{"to-halves", "all floats as 16-bit floats", 256, 16, comprimi, kNotevoli},
+std::vector<Spazio> spazi_mezzi() {
+    return {{"to-halves", "all floats as 16-bit floats", 256, 16, comprimi, NOTEVOLI},
             {"from-halves", "all 16-bit floats as floats, with and without bits above them", 17, 1, espandi}};
 }
 

@@ -99,9 +99,9 @@ void leggi(Conta& conta, Lettore& lettore, const Canale& canale, Fid fid, const 
     const auto dove = [&] { return descrivi(canale, fid, unita, byte); };
     float valore = -77;
     const int riuscito = kelConvGetValFloat(&lettore.libreria, byte.data(), &valore);
-    conta.numeri(riuscito, lettore.modello.haValore() ? 1 : 0, dove);
+    conta.numeri(riuscito, lettore.modello.ha_valore() ? 1 : 0, dove);
     conta.reali(valore, lettore.modello.valore(byte.data()).valore, dove);
-    conta.testi(lettore.testoLibreria(byte.data()), lettore.modello.testo(byte.data()), dove);
+    conta.testi(lettore.testo_libreria(byte.data()), lettore.modello.testo(byte.data()), dove);
 }
 
 // Every subfield of every kind of packet, the packet itself, and functions that it does not have.
@@ -110,7 +110,7 @@ void sottocampi(unsigned parte, Conta& conta) {
     std::vector<Pacchetto> pacchetti;
     for (int i = 0; i < 20000; i++)
         pacchetti.push_back(pacchetto(caso));
-    std::vector<modello::RigaUdm> unita = {unitaIdentita(), modello::tabelle().udm.at("C_udm_associate").at(1),
+    std::vector<modello::RigaUdm> unita = {unita_identita(), modello::tabelle().udm.at("C_udm_associate").at(1),
                                            modello::tabelle().udm.at("kmh_udm_associate").at(1)};
     for (std::size_t i = 0; i < 2; i++) {
         unita.push_back(unita[i]);
@@ -118,7 +118,7 @@ void sottocampi(unsigned parte, Conta& conta) {
     }
     const Canale canale = canali().at(parte);
     for (const bool in_testa : {true, false}) {
-        std::list<Fid> funzioni = modello::funzioniInterne(canale.fid);
+        std::list<Fid> funzioni = modello::funzioni_interne(canale.fid);
         funzioni.insert(funzioni.end(), {canale.fid, 0x10U, 0xB9D20U, 0U});
         for (const Fid fid : funzioni)
             for (const modello::RigaUdm& una : unita) {
@@ -137,31 +137,31 @@ void sottocampi(unsigned parte, Conta& conta) {
 }
 
 // Every fix type with every number of satellites: texts of both packets, speed of the first.
-void fixESatelliti(unsigned /*parte*/, Conta& conta) {
+void fix_e_satelliti(unsigned /*parte*/, Conta& conta) {
     Pacchetto byte{};
     numero32(byte, 32, 100);
     numero32(byte, 36, 0xFFFFFF00U);
     const Canale kel = canali()[0];
     const Canale navsol = canali()[1];
-    Lettore testo_kel(kel, kel.fid, unitaIdentita());
-    Lettore testo_navsol(navsol, navsol.fid, unitaIdentita());
-    Lettore velocita(kel, 0xA8010, unitaIdentita());
+    Lettore testo_kel(kel, kel.fid, unita_identita());
+    Lettore testo_navsol(navsol, navsol.fid, unita_identita());
+    Lettore velocita(kel, 0xA8010, unita_identita());
     velocita.aspetto({5, 1, 0, 0});
     for (unsigned fix = 0; fix < 256; fix++)
         for (unsigned satelliti = 0; satelliti < 256; satelliti++) {
             byte[10] = byte[14] = static_cast<Byte>(fix);
             byte[47] = byte[51] = static_cast<Byte>(satelliti);
-            leggi(conta, testo_kel, kel, kel.fid, unitaIdentita(), byte);
-            leggi(conta, testo_navsol, navsol, navsol.fid, unitaIdentita(), byte);
-            leggi(conta, velocita, kel, 0xA8010, unitaIdentita(), byte);
+            leggi(conta, testo_kel, kel, kel.fid, unita_identita(), byte);
+            leggi(conta, testo_navsol, navsol, navsol.fid, unita_identita(), byte);
+            leggi(conta, velocita, kel, 0xA8010, unita_identita(), byte);
         }
 }
 
 // Positions without system and on the axes: latitude and longitude to the last bit.
 void posizioni(unsigned parte, Conta& conta) {
     const Canale kel = canali()[0];
-    Lettore latitudine(kel, 0xA8A07, unitaIdentita());
-    Lettore longitudine(kel, 0xA8A87, unitaIdentita());
+    Lettore latitudine(kel, 0xA8A07, unita_identita());
+    Lettore longitudine(kel, 0xA8A87, unita_identita());
     Caso caso(1000 + parte);
     Pacchetto byte{};
     for (int i = 0; i < 100000; i++) {
@@ -173,12 +173,12 @@ void posizioni(unsigned parte, Conta& conta) {
             float valore = -77;
             kelConvGetValFloat(&lettore->libreria, byte.data(), &valore);
             conta.reali(valore, lettore->modello.valore(byte.data()).valore,
-                        [&] { return descrivi(kel, 0xA8A07, unitaIdentita(), byte); });
+                        [&] { return descrivi(kel, 0xA8A07, unita_identita(), byte); });
         }
     }
 }
 
-std::list<Fid> funzioniNote() {
+std::list<Fid> funzioni_note() {
     std::list<Fid> note = {0, 1, 26, 0x7F, 0xB9D20, 0x1D20, 0xFFFFFFFF};
     for (const auto& [nome, righe] : modello::tabelle().sottocampi)
         for (const modello::RigaSottocampo& riga : righe)
@@ -188,48 +188,49 @@ std::list<Fid> funzioniNote() {
 
 // Tables and look-ups: details 0 to 300 with specialisations 0 to 40, and all identifiers below bit 20.
 void tabelle(unsigned /*parte*/, Conta& conta) {
-    const auto indirizzo = [](const std::optional<std::string>& nome) { return nome ? sottocampiDi(*nome) : nullptr; };
-    const std::list<Fid> note = funzioniNote();
+    const auto indirizzo = [](const std::optional<std::string>& nome) { return nome ? sottocampi_di(*nome) : nullptr; };
+    const std::list<Fid> note = funzioni_note();
     for (unsigned dettagli = 0; dettagli <= 300; dettagli++)
         for (unsigned spec = 0; spec <= 40; spec++) {
             const auto dove = [&] { return std::to_string(dettagli) + ", " + std::to_string(spec); };
-            const auto tabella = modello::tabellaPacchetto(dettagli, spec);
+            const auto tabella = modello::tabella_pacchetto(dettagli, spec);
             conta.numeri(search_sottocampi_struct(dettagli, spec) == indirizzo(tabella) ? 1 : 0, 1, dove);
             for (const Fid fid : note)
                 conta.numeri(kelConvMatchSottocampo(dettagli, spec, fid),
-                             modello::haSottocampo(dettagli, spec, fid) ? 1 : 0,
+                             modello::ha_sottocampo(dettagli, spec, fid) ? 1 : 0,
                              [&] { return dove() + " with " + esadecimale(fid); });
         }
-    for (const auto& [nome, righe] : modello::tabelle().sottocampi)
+    for (const auto& tabella : modello::tabelle().sottocampi)
         for (const Fid fid : note) {
-            const auto riga = modello::rigaSottocampo(nome, fid);
-            const s_sottocampo* attesa = riga ? sottocampiDi(nome) + *riga : nullptr;
-            conta.numeri(getDettagliSottocampo(sottocampiDi(nome), fid) == attesa ? 1 : 0, 1,
+            const std::string& nome = tabella.first;
+            const auto riga = modello::riga_sottocampo(nome, fid);
+            const s_sottocampo* attesa = riga ? sottocampi_di(nome) + *riga : nullptr;
+            conta.numeri(getDettagliSottocampo(sottocampi_di(nome), fid) == attesa ? 1 : 0, 1,
                          [&] { return nome + " with " + esadecimale(fid); });
         }
     for (const Fid fid : note)
         conta.numeri(getDettagliSottocampo(nullptr, fid) == nullptr ? 1 : 0,
-                     modello::rigaSottocampo(std::nullopt, fid) ? 0 : 1,
+                     modello::riga_sottocampo(std::nullopt, fid) ? 0 : 1,
                      [&] { return "no table with " + esadecimale(fid); });
     for (Fid bassi = 0; bassi < 1U << 20; bassi++) {
         const Fid fid = bassi | (bassi * 2654435761U & 0xFFF00000U);
-        conta.numeri(kelConvGetSottoCampiLapTime(fid) == indirizzo(modello::tabellaLap(fid)) ? 1 : 0, 1,
+        conta.numeri(kelConvGetSottoCampiLapTime(fid) == indirizzo(modello::tabella_lap(fid)) ? 1 : 0, 1,
                      [&] { return "lap table of " + esadecimale(fid); });
-        conta.numeri(kelConvGetSottoCampiGPS(fid) == indirizzo(modello::tabellaGps(fid)) ? 1 : 0, 1,
+        conta.numeri(kelConvGetSottoCampiGPS(fid) == indirizzo(modello::tabella_gps(fid)) ? 1 : 0, 1,
                      [&] { return "GPS table of " + esadecimale(fid); });
         conta.numeri(kelConvGetSottoCampiDataOra(fid) == indirizzo("data_ora") ? 1 : 0, 1,
                      [&] { return "date table of " + esadecimale(fid); });
         std::list<kel_funpos> interne = {7};
         CConverter::getAllInnerFunpos(fid, interne);
-        conta.numeri(interne == modello::funzioniInterne(fid) ? 1 : 0, 1,
+        conta.numeri(interne == modello::funzioni_interne(fid) ? 1 : 0, 1,
                      [&] { return "inner functions of " + esadecimale(fid); });
     }
 }
 
 }  // namespace
 
-std::vector<Spazio> spaziPacchetti() {
-    return {{"fix-satellites", "every fix type with every number of satellites", 1, 1, fixESatelliti},
+std::vector<Spazio> spazi_pacchetti() {
+    return {{"fix-satellites", "every fix type with every number of satellites", 1, 1, fix_e_satelliti},
             {"subfield-tables", "look-ups in the subfield tables", 1, 1, tabelle},
             {"subfields", "every subfield in 20000 packets of every kind", 7, 1, sottocampi},
             {"positions", "latitude and longitude of 100000 places a part", 64, 16, posizioni}};

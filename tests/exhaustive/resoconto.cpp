@@ -11,7 +11,7 @@ struct Somma {
     unsigned parti = 0;
 };
 
-Somma sommaDi(const Spazio& spazio, const std::vector<Compito>& compiti, Risultati& risultati) {
+Somma somma_di(const Spazio& spazio, const std::vector<Compito>& compiti, Risultati& risultati) {
     Somma somma;
     for (const Compito& compito : compiti) {
         if (compito.spazio->nome != spazio.nome)
@@ -42,7 +42,7 @@ std::uint64_t riferisci(const std::vector<Spazio>& spazi, const std::vector<Comp
     std::uint64_t differenze = 0;
     std::printf("%-16s %10s %18s %10s %12s  %s\n", "SPACE", "PARTS", "CASES", "SECONDS", "DIFFERENCES", "HASH");
     for (const Spazio& spazio : spazi) {
-        const Somma somma = sommaDi(spazio, compiti, risultati);
+        const Somma somma = somma_di(spazio, compiti, risultati);
         if (somma.parti == 0)
             continue;
         std::printf("%-16s %10s %18llu %10.1f %12llu  %016llx\n", spazio.nome.c_str(), frazione(somma, spazio).c_str(),
@@ -55,13 +55,13 @@ std::uint64_t riferisci(const std::vector<Spazio>& spazi, const std::vector<Comp
     return differenze;
 }
 
-std::uint64_t riferisciMarkdown(const std::vector<Spazio>& spazi, const std::vector<Compito>& compiti,
-                                Risultati& risultati) {
+std::uint64_t riferisci_markdown(const std::vector<Spazio>& spazi, const std::vector<Compito>& compiti,
+                                 Risultati& risultati) {
     Esito tutti;
     std::printf("| space | inputs | parts | cases | core seconds | differences | hash of the outputs |\n");
     std::printf("|---|---|--:|--:|--:|--:|---|\n");
     for (const Spazio& spazio : spazi) {
-        const Somma somma = sommaDi(spazio, compiti, risultati);
+        const Somma somma = somma_di(spazio, compiti, risultati);
         if (somma.parti == 0)
             continue;
         std::printf("| %s | %s | %s | %llu | %.0f | %llu | `%016llx` |\n", spazio.nome.c_str(),

@@ -9,8 +9,8 @@ namespace esaustivo {
 // Both print the results of the tasks and return the number of differences.
 std::uint64_t riferisci(const std::vector<Spazio>& spazi, const std::vector<Compito>& compiti, Risultati& risultati,
                         std::size_t da_mostrare);
-std::uint64_t riferisciMarkdown(const std::vector<Spazio>& spazi, const std::vector<Compito>& compiti,
-                                Risultati& risultati);
+std::uint64_t riferisci_markdown(const std::vector<Spazio>& spazi, const std::vector<Compito>& compiti,
+                                 Risultati& risultati);
 
 }  // namespace esaustivo
 

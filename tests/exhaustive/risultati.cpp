@@ -14,12 +14,12 @@ namespace esaustivo {
 
 namespace {
 
-std::uint64_t improntaDelFile(const std::filesystem::path& percorso) {
+std::uint64_t impronta_del_file(const std::filesystem::path& percorso) {
     std::ifstream file(percorso, std::ios::binary);
     return impronta(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
-std::filesystem::path fileDellaLibreria() {
+std::filesystem::path file_della_libreria() {
     Dl_info informazioni{};
     if (dladdr(dlsym(RTLD_NEXT, "kelFunInit"), &informazioni) == 0 || informazioni.dli_fname == nullptr) {
         std::fprintf(stderr, "cannot find the file of the library\n");
@@ -30,27 +30,27 @@ std::filesystem::path fileDellaLibreria() {
 
 }  // namespace
 
-std::string improntaDellaProva() {
-    std::uint64_t h = improntaDelFile(fileDellaLibreria());
-    h = mescola(h, improntaDelFile("/proc/self/exe"));
+std::string impronta_della_prova() {
+    std::uint64_t h = impronta_del_file(file_della_libreria());
+    h = mescola(h, impronta_del_file("/proc/self/exe"));
     std::vector<std::filesystem::path> tabelle;
     for (const auto& voce : std::filesystem::directory_iterator(KEL_MODELLO_TABELLE))
         tabelle.push_back(voce.path());
     std::sort(tabelle.begin(), tabelle.end());
     for (const auto& tabella : tabelle)
-        h = mescola(h, improntaDelFile(tabella));
+        h = mescola(h, impronta_del_file(tabella));
     char testo[32];
     std::snprintf(testo, sizeof testo, "%016llx", static_cast<unsigned long long>(h));
     return testo;
 }
 
-Risultati::Risultati(const std::string& cartella, const std::vector<Spazio>& spazi, bool daCapo)
-    : cartella_(cartella), prova_(improntaDellaProva()) {
+Risultati::Risultati(const std::string& cartella, const std::vector<Spazio>& spazi, bool da_capo)
+    : cartella_(cartella), prova_(impronta_della_prova()) {
     if (cartella_.empty())
         return;
     std::filesystem::create_directories(cartella_);
     for (const Spazio& spazio : spazi) {
-        if (daCapo)
+        if (da_capo)
             std::filesystem::remove(file(spazio.nome));
         riprendi(spazio.nome);
     }

@@ -10,12 +10,12 @@
 namespace esaustivo {
 
 // One text for the library and everything that judges it: results of anything else are not taken up.
-std::string improntaDellaProva();
+std::string impronta_della_prova();
 
 class Risultati {
 public:
-    // An empty folder name keeps nothing. `daCapo`: forget what is kept.
-    Risultati(const std::string& cartella, const std::vector<Spazio>& spazi, bool daCapo);
+    // An empty folder name keeps nothing. `da_capo`: forget what is kept.
+    Risultati(const std::string& cartella, const std::vector<Spazio>& spazi, bool da_capo);
 
     void aggiungi(const std::string& spazio, unsigned parte, const Esito& esito);
 

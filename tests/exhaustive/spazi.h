@@ -6,19 +6,19 @@
 
 namespace esaustivo {
 
-std::vector<Spazio> spaziTabelle();
-std::vector<Spazio> spaziIdentificatori();
-std::vector<Spazio> spaziUnita();
-std::vector<Spazio> spaziCanali();
-std::vector<Spazio> spaziMezzi();
-std::vector<Spazio> spaziTesti();
-std::vector<Spazio> spaziPacchetti();
-std::vector<Spazio> spaziImpostazioni();
-std::vector<Spazio> spaziBit();
-std::vector<Spazio> spaziNumeri();
-std::vector<Spazio> spaziTempi();
-std::vector<Spazio> spaziCampioni();
-std::vector<Spazio> spaziColonne();
+std::vector<Spazio> spazi_tabelle();
+std::vector<Spazio> spazi_identificatori();
+std::vector<Spazio> spazi_unita();
+std::vector<Spazio> spazi_canali();
+std::vector<Spazio> spazi_mezzi();
+std::vector<Spazio> spazi_testi();
+std::vector<Spazio> spazi_pacchetti();
+std::vector<Spazio> spazi_impostazioni();
+std::vector<Spazio> spazi_bit();
+std::vector<Spazio> spazi_numeri();
+std::vector<Spazio> spazi_tempi();
+std::vector<Spazio> spazi_campioni();
+std::vector<Spazio> spazi_colonne();
 
 }  // namespace esaustivo
 

@@ -93,7 +93,7 @@ struct Spazio {
 };
 
 // All spaces, in the order in which they run.
-std::vector<Spazio> tuttiGliSpazi();
+std::vector<Spazio> tutti_gli_spazi();
 
 // A number as it is written in differences: 0x and eight digits.
 std::string esadecimale(std::uint32_t numero);

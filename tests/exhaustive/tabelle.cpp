@@ -36,7 +36,7 @@ void visibili(Conta& conta) {
             conta.numeri(funzioni.is_est_valid(riga.codice) ? 1 : 0, riga.visibile == "si" ? 1 : 0,
                          [&] { return "visible " + riga.id; });
     for (int codice = -70000; codice < 1 << 20; codice++)
-        conta.numeri(funzioni.is_est_valid(codice) ? 1 : 0, modello::visibileEstesa(codice) ? 1 : 0,
+        conta.numeri(funzioni.is_est_valid(codice) ? 1 : 0, modello::visibile_estesa(codice) ? 1 : 0,
                      [&] { return "visible code " + std::to_string(codice); });
 }
 
@@ -44,7 +44,7 @@ void tutte(unsigned /*parte*/, Conta& conta) {
     CelleContate celle(conta);
     celle.campi();
     celle.unita();
-    celle.codiciUnita();
+    celle.codici_unita();
     celle.grandezze();
     celle.varianti();
     celle.scelte();
@@ -56,7 +56,7 @@ void tutte(unsigned /*parte*/, Conta& conta) {
 
 }  // namespace
 
-std::vector<Spazio> spaziTabelle() {
+std::vector<Spazio> spazi_tabelle() {
     return {{"tables", "every cell of every exported table", 1, 1, tutte}};
 }
 

@@ -15,8 +15,8 @@ namespace esaustivo {
 
 namespace {
 
-constexpr unsigned kParti = 1024;
-constexpr std::uint32_t kPerParte = 1U << 22;
+constexpr unsigned PARTI = 1024;
+constexpr std::uint32_t PER_PARTE = 1U << 22;
 
 // What the text of a time shows: from one hour on its hours, and the rest (without a sign) to the second; below, all.
 std::int64_t mostrato(std::int32_t t) {
@@ -26,23 +26,23 @@ std::int64_t mostrato(std::int32_t t) {
 }
 
 // Around no time, an hour, ten and a hundred hours, the longest and the shortest time.
-const std::vector<unsigned> kNotevoli = {0, 8, 85, 511, 512, 1023};
+const std::vector<unsigned> NOTEVOLI = {0, 8, 85, 511, 512, 1023};
 
 template <typename Prova>
-void perOgniTempo(unsigned parte, Prova prova) {
-    for (std::uint32_t i = 0; i < kPerParte; i++)
-        prova(static_cast<std::int32_t>(parte * kPerParte + i));
+void per_ogni_tempo(unsigned parte, Prova prova) {
+    for (std::uint32_t i = 0; i < PER_PARTE; i++)
+        prova(static_cast<std::int32_t>(parte * PER_PARTE + i));
 }
 
 void testi(unsigned parte, Conta& conta) {
     std::int64_t chiave = INT64_MIN;
     std::string atteso;
     std::int32_t riletto = 0;
-    perOgniTempo(parte, [&](std::int32_t t) {
+    per_ogni_tempo(parte, [&](std::int32_t t) {
         if (mostrato(t) != chiave) {
             chiave = mostrato(t);
             atteso = modello::tempo(t);
-            riletto = modello::leggiTempo(atteso);
+            riletto = modello::leggi_tempo(atteso);
         }
         const std::string testo = CLaptimeAndStrings::LapTimeToStringa(t);
         conta.testi(testo, atteso, [&] { return std::to_string(t); });
@@ -60,13 +60,13 @@ void righe(unsigned parte, Conta& conta) {
         modello::Giro giro{0, 0};
     };
     std::array<Attesa, numeri.size()> attese;
-    perOgniTempo(parte, [&](std::int32_t t) {
+    per_ogni_tempo(parte, [&](std::int32_t t) {
         const std::size_t quale = static_cast<std::uint32_t>(t) % numeri.size();
         Attesa& attesa = attese[quale];
         if (mostrato(t) != attesa.chiave) {
             attesa.chiave = mostrato(t);
-            attesa.testo = modello::rigaGiro(numeri[quale], t);
-            attesa.giro = modello::leggiGiro(attesa.testo);
+            attesa.testo = modello::riga_giro(numeri[quale], t);
+            attesa.giro = modello::leggi_giro(attesa.testo);
         }
         const std::string testo = CLaptimeAndStrings::LapNumAndTimeToStringa(numeri[quale], t);
         conta.testi(testo, attesa.testo, [&] { return std::to_string(numeri[quale]) + ", " + std::to_string(t); });
@@ -85,13 +85,13 @@ void campioni(unsigned parte, Conta& conta, unsigned tipo, unsigned decimali, un
     modello::Canale canale;
     canale.fid = tipo == 7 ? 0x9A : 0x992;
     canale.tipo = tipo;
-    Lettore lettore(canale, canale.fid, unitaIdentita());
+    Lettore lettore(canale, canale.fid, unita_identita());
     lettore.aspetto({larghezza, decimali, 0, 0});
     const std::uint32_t posto = tipo == 7 ? 4 : 0;
     std::array<modello::Byte, 28> campione{};
     std::int64_t chiave = INT64_MIN;
     std::string atteso;
-    perOgniTempo(parte, [&](std::int32_t t) {
+    per_ogni_tempo(parte, [&](std::int32_t t) {
         const auto grezzo = static_cast<std::uint32_t>(t);
         for (std::uint32_t i = 0; i < 4; i++)
             campione[posto + i] = static_cast<modello::Byte>(grezzo >> (8 * i));
@@ -100,35 +100,35 @@ void campioni(unsigned parte, Conta& conta, unsigned tipo, unsigned decimali, un
             chiave = questa;
             atteso = lettore.modello.testo(campione.data());
         }
-        conta.testi(lettore.testoLibreria(campione.data()), atteso, [&] {
+        conta.testi(lettore.testo_libreria(campione.data()), atteso, [&] {
             return "sample type " + std::to_string(tipo) + " decimals " + std::to_string(decimali) + " width " +
                    std::to_string(larghezza) + ", " + std::to_string(t) + " ms";
         });
     });
 }
 
-Spazio campioniDi(const std::string& nome, const std::string& descrizione, unsigned tipo, unsigned decimali,
-                  unsigned larghezza) {
+Spazio campioni_di(const std::string& nome, const std::string& descrizione, unsigned tipo, unsigned decimali,
+                   unsigned larghezza) {
     return {nome,
             descrizione,
-            kParti,
+            PARTI,
             128,
             [=](unsigned parte, Conta& conta) { campioni(parte, conta, tipo, decimali, larghezza); },
-            kNotevoli};
+            NOTEVOLI};
 }
 
 }  // namespace
 
-std::vector<Spazio> spaziTempi() {
-    return {{"lap-texts", "all lap times as texts and back", kParti, 64, testi, kNotevoli},
-            {"lap-lines", "all lap times in lines with lap numbers, and back", kParti, 64, righe, kNotevoli},
-            campioniDi("lap-normal", "all lap time samples", 12, 2, 8),
-            campioniDi("lap-tenths", "all lap time samples in tenths", 12, 1, 8),
-            campioniDi("lap-compact", "all lap time samples in the compact form", 12, 2, 5),
-            campioniDi("lap-compact-1", "all lap time samples in the compact form in tenths", 12, 1, 5),
-            campioniDi("lap-packet", "all times of lap packets", 7, 2, 8),
-            campioniDi("diff-normal", "all time difference samples", 24, 2, 8),
-            campioniDi("diff-compact", "all time difference samples in the compact form", 24, 2, 5)};
+std::vector<Spazio> spazi_tempi() {
+    return {{"lap-texts", "all lap times as texts and back", PARTI, 64, testi, NOTEVOLI},
+            {"lap-lines", "all lap times in lines with lap numbers, and back", PARTI, 64, righe, NOTEVOLI},
+            campioni_di("lap-normal", "all lap time samples", 12, 2, 8),
+            campioni_di("lap-tenths", "all lap time samples in tenths", 12, 1, 8),
+            campioni_di("lap-compact", "all lap time samples in the compact form", 12, 2, 5),
+            campioni_di("lap-compact-1", "all lap time samples in the compact form in tenths", 12, 1, 5),
+            campioni_di("lap-packet", "all times of lap packets", 7, 2, 8),
+            campioni_di("diff-normal", "all time difference samples", 24, 2, 8),
+            campioni_di("diff-compact", "all time difference samples in the compact form", 24, 2, 5)};
 }
 
 }  // namespace esaustivo

@@ -18,14 +18,14 @@ namespace {
 
 using modello::Fid;
 
-const t_SFunzioneZumikoCam* rigaDi(const std::optional<modello::RigaDiCamera>& riga) {
+const t_SFunzioneZumikoCam* riga_di(const std::optional<modello::RigaDiCamera>& riga) {
     if (!riga)
         return nullptr;
     return (riga->estesa ? funz_ZumikoCam_estese : funz_ZumikoCam_base) + riga->riga;
 }
 
 // One function for each unit table.
-const std::vector<Fid>& funzioniDiOgniUnita() {
+const std::vector<Fid>& funzioni_di_ogni_unita() {
     static const std::vector<Fid> una = [] {
         std::vector<Fid> funzioni = {0x1C};
         std::set<std::string> viste;
@@ -37,7 +37,7 @@ const std::vector<Fid>& funzioniDiOgniUnita() {
     return una;
 }
 
-bool testoDiUnita(const std::string& testo) {
+bool testo_di_unita(const std::string& testo) {
     static const std::set<std::string> tutti = [] {
         std::set<std::string> testi;
         for (const auto& [nome, tabella] : modello::tabelle().udm)
@@ -56,19 +56,19 @@ void unita(Conta& conta, const std::string& testo) {
         const s_converter_data* dati;
     };
     const auto chiedi = [](Fid fid, const std::string& udm) {
-        const modello::RigaTrovata riga = modello::rigaConversione(fid, udm);
-        return Attesa{riga, modello::decimaliDefault(fid, udm), modello::decimaliMax(fid, udm),
-                      modello::decimaliMin(fid, udm), &rigaUnita(riga).dati};
+        const modello::RigaTrovata riga = modello::riga_conversione(fid, udm);
+        return Attesa{riga, modello::decimali_default(fid, udm), modello::decimali_max(fid, udm),
+                      modello::decimali_min(fid, udm), &riga_unita(riga).dati};
     };
     static const std::vector<Attesa> sconosciute = [&] {
         std::vector<Attesa> attese;
-        for (const Fid fid : funzioniDiOgniUnita())
+        for (const Fid fid : funzioni_di_ogni_unita())
             attese.push_back(chiedi(fid, "\x01"));
         return attese;
     }();
-    const bool nota = testoDiUnita(testo);
-    for (std::size_t i = 0; i < funzioniDiOgniUnita().size(); i++) {
-        const Fid fid = funzioniDiOgniUnita()[i];
+    const bool nota = testo_di_unita(testo);
+    for (std::size_t i = 0; i < funzioni_di_ogni_unita().size(); i++) {
+        const Fid fid = funzioni_di_ogni_unita()[i];
         const Attesa attesa = nota ? chiedi(fid, testo) : sconosciute[i];
         const s_converter_data* dati = kelFunGetConvData(fid, testo.c_str());
         const int trovati = kelFunGetNumDecimaliDefault(fid, testo.c_str());
@@ -82,16 +82,16 @@ void unita(Conta& conta, const std::string& testo) {
 
 // From and into the first and the last unit of every table. A text that is no unit gives the identity.
 void tra(Conta& conta, const std::string& testo) {
-    for (const Fid fid : funzioniDiOgniUnita()) {
-        const modello::RigaGrandezza* riga = modello::rigaGrandezza(fid);
+    for (const Fid fid : funzioni_di_ogni_unita()) {
+        const modello::RigaGrandezza* riga = modello::riga_grandezza(fid);
         if (riga == nullptr || riga->num_udm < 2)
             continue;
         const auto& tabella = modello::tabelle().udm.at(riga->udm);
         for (const modello::RigaUdm* unita : {&tabella.front(), &tabella.back()}) {
-            const bool nota = testoDiUnita(testo);
+            const bool nota = testo_di_unita(testo);
             const modello::Conversione identita{0.0F, 1.0F};
-            const auto da = nota ? modello::conversioneTra(fid, testo, unita->testo) : identita;
-            const auto a = nota ? modello::conversioneTra(fid, unita->testo, testo) : identita;
+            const auto da = nota ? modello::conversione_tra(fid, testo, unita->testo) : identita;
+            const auto a = nota ? modello::conversione_tra(fid, unita->testo, testo) : identita;
             const s_converter_data l = kelFunGetConvDatas(fid, testo.c_str(), unita->testo.c_str());
             const s_converter_data m = kelFunGetConvDatas(fid, unita->testo.c_str(), testo.c_str());
             conta.caso(l.gain == da.gain && l.offset == da.offset && m.gain == a.gain && m.offset == a.offset,
@@ -107,27 +107,27 @@ void tra(Conta& conta, const std::string& testo) {
 void ricerche(Conta& conta, const std::string& testo) {
     IFunzioni& f = catalogo();
     const auto dove = [&] { return Conta::citato(testo); };
-    conta.numeri(kelFunGetUdmCode(testo.c_str()), modello::codiceTesto(testo), dove);
-    conta.numeri(kelFunGetFidDaID(testo.c_str()), modello::fidDaIdVecchio(testo), dove);
-    conta.numeri(f.getFidDaID(testo), modello::fidDaId(testo), dove);
-    const t_SFunzioneZumikoCam* riga = rigaDi(modello::cameraDaId(testo));
+    conta.numeri(kelFunGetUdmCode(testo.c_str()), modello::codice_testo(testo), dove);
+    conta.numeri(kelFunGetFidDaID(testo.c_str()), modello::fid_da_id_vecchio(testo), dove);
+    conta.numeri(f.getFidDaID(testo), modello::fid_da_id(testo), dove);
+    const t_SFunzioneZumikoCam* riga = riga_di(modello::camera_da_id(testo));
     conta.caso(kelFunGetFunVecchiaZumikoDaID(testo.c_str()) == riga && f.getFunVecchiaZumikoDaID(testo) == riga,
                riga == nullptr ? 0 : riga->fid, [&] { return dove() + ": another camera row"; });
-    conta.numeri(f.getIdxPhi(testo), modello::valoreCampo("grandezza_fisica_FunzKel", testo), dove);
-    conta.numeri(f.getIdxObj(testo), modello::valoreCampo("oggetto_misurato_FunzKel", testo), dove);
-    conta.numeri(f.getIdxPos(testo), modello::valoreCampo("posizione_FunzKel", testo), dove);
-    conta.numeri(f.getIdxFrontRear(testo), modello::valoreCampo("frontrear_FunzKel", testo), dove);
+    conta.numeri(f.getIdxPhi(testo), modello::valore_campo("grandezza_fisica_FunzKel", testo), dove);
+    conta.numeri(f.getIdxObj(testo), modello::valore_campo("oggetto_misurato_FunzKel", testo), dove);
+    conta.numeri(f.getIdxPos(testo), modello::valore_campo("posizione_FunzKel", testo), dove);
+    conta.numeri(f.getIdxFrontRear(testo), modello::valore_campo("frontrear_FunzKel", testo), dove);
     unita(conta, testo);
     tra(conta, testo);
 }
 
 void tempo(Conta& conta, const std::string& testo) {
-    conta.numeri(CLaptimeAndStrings::StringaToLapTime(testo), modello::leggiTempo(testo),
+    conta.numeri(CLaptimeAndStrings::StringaToLapTime(testo), modello::leggi_tempo(testo),
                  [&] { return "lap time " + Conta::citato(testo); });
 }
 
 void giro(Conta& conta, const std::string& testo) {
-    const modello::Giro atteso = modello::leggiGiro(testo);
+    const modello::Giro atteso = modello::leggi_giro(testo);
     int numero = -77;
     int tempo = -78;
     bool corto = false;
@@ -144,7 +144,7 @@ void giro(Conta& conta, const std::string& testo) {
                });
 }
 
-std::string daByte(std::initializer_list<unsigned> byte) {
+std::string da_byte(std::initializer_list<unsigned> byte) {
     std::string testo;
     for (const unsigned uno : byte)
         testo += static_cast<char>(static_cast<unsigned char>(uno));
@@ -153,13 +153,13 @@ std::string daByte(std::initializer_list<unsigned> byte) {
 
 // The first part holds the texts of no, one and two bytes; the others those of three, by the first byte.
 template <typename Prova>
-void finoATreByte(unsigned parte, unsigned da, Prova prova) {
+void fino_a_tre_byte(unsigned parte, unsigned da, Prova prova) {
     if (parte == 0) {
         prova(std::string());
         for (unsigned a = da; a < 256; a++) {
-            prova(daByte({a}));
+            prova(da_byte({a}));
             for (unsigned b = da; b < 256; b++)
-                prova(daByte({a, b}));
+                prova(da_byte({a, b}));
         }
         return;
     }
@@ -168,16 +168,16 @@ void finoATreByte(unsigned parte, unsigned da, Prova prova) {
         return;
     for (unsigned b = da; b < 256; b++)
         for (unsigned c = da; c < 256; c++)
-            prova(daByte({a, b, c}));
+            prova(da_byte({a, b, c}));
 }
 
 void corti(unsigned parte, Conta& conta) {
-    finoATreByte(parte, 1, [&](const std::string& testo) { ricerche(conta, testo); });
+    fino_a_tre_byte(parte, 1, [&](const std::string& testo) { ricerche(conta, testo); });
 }
 
 // As lap times NULs are read as well.
-void tempiCorti(unsigned parte, Conta& conta) {
-    finoATreByte(parte, 0, [&](const std::string& testo) {
+void tempi_corti(unsigned parte, Conta& conta) {
+    fino_a_tre_byte(parte, 0, [&](const std::string& testo) {
         tempo(conta, testo);
         tempo(conta, "1:2" + testo + "4");
         tempo(conta, "4294967295" + testo);
@@ -189,7 +189,7 @@ void tempiCorti(unsigned parte, Conta& conta) {
 }
 
 // Every character that fields are made of, up to seven places.
-void campiDiTempo(unsigned parte, Conta& conta) {
+void campi_di_tempo(unsigned parte, Conta& conta) {
     const std::string alfabeto = "09:.- +x";
     std::string testo(7, '0');
     for (std::uint32_t i = 0; i < 1U << 18; i++) {
@@ -204,7 +204,7 @@ void campiDiTempo(unsigned parte, Conta& conta) {
     }
 }
 
-std::vector<std::string> testiDelleTabelle() {
+std::vector<std::string> testi_delle_tabelle() {
     std::set<std::string> testi = {"  7 - 1:23.456", "1:23.456", "1:02:03", "59:59.999", "4294967295:71582:47"};
     for (const auto& [nome, righe] : modello::tabelle().campi)
         for (const modello::RigaCampo& riga : righe)
@@ -225,7 +225,7 @@ std::vector<std::string> testiDelleTabelle() {
 
 // The text, and all that a one-byte change, a cut or an extension makes of it.
 template <typename Prova>
-void conVarianti(const std::string& testo, Prova prova) {
+void con_varianti(const std::string& testo, Prova prova) {
     prova(testo);
     for (std::size_t i = 0; i < testo.size(); i++) {
         prova(testo.substr(0, i));
@@ -238,17 +238,17 @@ void conVarianti(const std::string& testo, Prova prova) {
         }
     }
     for (unsigned byte = 1; byte < 256; byte++) {
-        prova(testo + daByte({byte}));
-        prova(daByte({byte}) + testo);
+        prova(testo + da_byte({byte}));
+        prova(da_byte({byte}) + testo);
     }
 }
 
-constexpr unsigned kPartiMutati = 32;
+constexpr unsigned PARTI_MUTATI = 32;
 
 void mutati(unsigned parte, Conta& conta) {
-    static const std::vector<std::string> testi = testiDelleTabelle();
-    for (std::size_t i = parte; i < testi.size(); i += kPartiMutati)
-        conVarianti(testi[i], [&](const std::string& testo) {
+    static const std::vector<std::string> testi = testi_delle_tabelle();
+    for (std::size_t i = parte; i < testi.size(); i += PARTI_MUTATI)
+        con_varianti(testi[i], [&](const std::string& testo) {
             ricerche(conta, testo);
             tempo(conta, testo);
             giro(conta, testo + "123456");
@@ -257,11 +257,11 @@ void mutati(unsigned parte, Conta& conta) {
 
 }  // namespace
 
-std::vector<Spazio> spaziTesti() {
+std::vector<Spazio> spazi_testi() {
     return {{"texts-short", "all texts up to three bytes through every look-up", 257, 16, corti},
-            {"texts-changed", "every table text with each one-byte change, cut and extension", kPartiMutati, 2, mutati},
-            {"times-short", "all texts up to three bytes as lap times and lap lines", 257, 32, tempiCorti},
-            {"times-fields", "lap times of seven of the characters that matter", 8, 2, campiDiTempo}};
+            {"texts-changed", "every table text with each one-byte change, cut and extension", PARTI_MUTATI, 2, mutati},
+            {"times-short", "all texts up to three bytes as lap times and lap lines", 257, 32, tempi_corti},
+            {"times-fields", "lap times of seven of the characters that matter", 8, 2, campi_di_tempo}};
 }
 
 }  // namespace esaustivo

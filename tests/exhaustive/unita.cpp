@@ -16,7 +16,7 @@ namespace {
 
 using modello::Fid;
 
-std::vector<std::string> testiDelleUnita() {
+std::vector<std::string> testi_delle_unita() {
     std::set<std::string> testi = {"", "?", "KM/H", "km/h ", "lambda", "a/f"};
     for (const auto& [nome, tabella] : modello::tabelle().udm)
         for (const modello::RigaUdm& riga : tabella)
@@ -25,17 +25,17 @@ std::vector<std::string> testiDelleUnita() {
 }
 
 void decimali(unsigned parte, Conta& conta) {
-    static const std::vector<std::string> testi = testiDelleUnita();
+    static const std::vector<std::string> testi = testi_delle_unita();
     const IFunzioni& funzioni = catalogo();
     for (Fid fid = parte << 11; fid < (parte + 1) << 11; fid++)
         for (const std::string& udm : testi) {
             const auto dove = [&] { return esadecimale(fid) + " in " + udm; };
-            const auto riga = modello::rigaConversione(fid, udm);
+            const auto riga = modello::riga_conversione(fid, udm);
             const char* testo = udm.c_str();
-            conta.numeri(kelFunGetNumDecimaliDefault(fid, testo), modello::decimaliDefault(fid, udm), dove);
-            conta.numeri(kelFunGetNumDecimaliMax(fid, testo), modello::decimaliMax(fid, udm), dove);
-            conta.numeri(kelFunGetNumDecimaliMin(fid, testo), modello::decimaliMin(fid, udm), dove);
-            const s_converter_data* attesa = &rigaUnita(riga).dati;
+            conta.numeri(kelFunGetNumDecimaliDefault(fid, testo), modello::decimali_default(fid, udm), dove);
+            conta.numeri(kelFunGetNumDecimaliMax(fid, testo), modello::decimali_max(fid, udm), dove);
+            conta.numeri(kelFunGetNumDecimaliMin(fid, testo), modello::decimali_min(fid, udm), dove);
+            const s_converter_data* attesa = &riga_unita(riga).dati;
             conta.caso(kelFunGetConvData(fid, testo) == attesa && funzioni.getParamConv(fid, udm) == attesa &&
                            funzioni.getNumDecimaliDefault(fid, udm) == kelFunGetNumDecimaliDefault(fid, testo) &&
                            funzioni.getNumDecimaliMax(fid, udm) == kelFunGetNumDecimaliMax(fid, testo) &&
@@ -47,7 +47,7 @@ void decimali(unsigned parte, Conta& conta) {
 void tra(Conta& conta, Fid fid, const std::string& da, const std::string& a) {
     const s_converter_data libreria = kelFunGetConvDatas(fid, da.c_str(), a.c_str());
     const s_converter_data oggetto = catalogo().getParamConv(fid, da, a);
-    const modello::Conversione atteso = modello::conversioneTra(fid, da, a);
+    const modello::Conversione atteso = modello::conversione_tra(fid, da, a);
     const auto dove = [&] { return esadecimale(fid) + " from " + da + " to " + a; };
     conta.reali(libreria.gain, atteso.gain, dove);
     conta.reali(libreria.offset, atteso.offset, dove);
@@ -58,7 +58,7 @@ void tra(Conta& conta, Fid fid, const std::string& da, const std::string& a) {
 
 // From every unit text to every other, of one function of every row of the quantity table and some without a row.
 void conversioni(unsigned /*parte*/, Conta& conta) {
-    const std::vector<std::string> testi = testiDelleUnita();
+    const std::vector<std::string> testi = testi_delle_unita();
     std::vector<Fid> fid = {0, 0x1C, 0x21, 0x7F, 0xFFFFFFFF};
     for (const modello::RigaGrandezza& riga : modello::tabelle().grandezze)
         fid.push_back(riga.chiave);
@@ -68,26 +68,26 @@ void conversioni(unsigned /*parte*/, Conta& conta) {
                 tra(conta, uno, da, a);
 }
 
-void unitaDelleFunzioni(unsigned /*parte*/, Conta& conta) {
+void unita_delle_funzioni(unsigned /*parte*/, Conta& conta) {
     for (Fid fid = 0; fid < 1U << 15; fid++) {
         std::list<std::string> lista = {"before"};
         catalogo().getFunzUIVs(fid, lista);
         const std::vector<std::string> attese = modello::unita(fid);
         conta.numeri(std::equal(lista.begin(), lista.end(), attese.begin(), attese.end()) ? 1 : 0, 1,
                      [&] { return "units of " + esadecimale(fid); });
-        conta.testi(catalogo().getUnitaBase(fid), modello::unitaBase(fid), [&] { return esadecimale(fid); });
+        conta.testi(catalogo().getUnitaBase(fid), modello::unita_base(fid), [&] { return esadecimale(fid); });
         conta.caso(kelFunGetConvData(fid, nullptr) == &NULL_udm_associate[0].dati, 0,
                    [&] { return "null unit of " + esadecimale(fid); });
     }
     for (unsigned codice = 0; codice < 70000; codice++) {
         const unsigned uno = codice < 65536 ? codice : 0U - (codice - 65535);
         const char* testo = kelFunGetUdmTxt(uno);
-        conta.testi(testo == nullptr ? "(null)" : testo, modello::testoCodice(uno).value_or("(null)"),
+        conta.testi(testo == nullptr ? "(null)" : testo, modello::testo_codice(uno).value_or("(null)"),
                     [&] { return "unit code " + std::to_string(uno); });
     }
 }
 
-void confrontaFunzioni(Conta& conta, std::vector<unsigned> filtro) {
+void confronta_funzioni(Conta& conta, std::vector<unsigned> filtro) {
     std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> trovate = {{FID_PHI_CUSTOM, {}}};
     catalogo().getFunzioni(trovate, filtro);
     std::map<unsigned, std::vector<std::pair<Fid, std::string>>> semplici;
@@ -107,10 +107,10 @@ void confrontaFunzioni(Conta& conta, std::vector<unsigned> filtro) {
 // Filters of one identifier: all of quantity and object, also with bits above; and of two.
 void funzioni(unsigned parte, Conta& conta) {
     if (parte == 0)
-        confrontaFunzioni(conta, {});
+        confronta_funzioni(conta, {});
     for (unsigned f = parte << 11; f < (parte + 1) << 11; f++) {
-        confrontaFunzioni(conta, {f});
-        confrontaFunzioni(conta, {f | 0xFFFF8000U, (f * 2654435761U) >> 17});
+        confronta_funzioni(conta, {f});
+        confronta_funzioni(conta, {f | 0xFFFF8000U, (f * 2654435761U) >> 17});
     }
 }
 
@@ -121,24 +121,24 @@ void valori(unsigned /*parte*/, Conta& conta) {
         const auto dove = [&] { return "field value " + std::to_string(i); };
         const auto phi = static_cast<GRANDEZZA_FISICA_FUNZKEL>(i);
         const auto obj = static_cast<OGGETTO_MISURATO_FUNZKEL>(i);
-        conta.testi(f.getStrPhi(phi), modello::testoCampo("grandezza_fisica_FunzKel", i), dove);
-        conta.testi(f.getStrObj(obj), modello::testoCampo("oggetto_misurato_FunzKel", i), dove);
-        conta.testi(f.getStrPos(static_cast<POSIZIONE_FUNZKEL>(i)), modello::testoCampo("posizione_FunzKel", i), dove);
-        conta.testi(f.getXmlStrPhi(phi), modello::xmlCampo("grandezza_fisica_FunzKel", i), dove);
-        conta.testi(f.getXmlStrObj(obj), modello::xmlCampo("oggetto_misurato_FunzKel", i), dove);
+        conta.testi(f.getStrPhi(phi), modello::testo_campo("grandezza_fisica_FunzKel", i), dove);
+        conta.testi(f.getStrObj(obj), modello::testo_campo("oggetto_misurato_FunzKel", i), dove);
+        conta.testi(f.getStrPos(static_cast<POSIZIONE_FUNZKEL>(i)), modello::testo_campo("posizione_FunzKel", i), dove);
+        conta.testi(f.getXmlStrPhi(phi), modello::xml_campo("grandezza_fisica_FunzKel", i), dove);
+        conta.testi(f.getXmlStrObj(obj), modello::xml_campo("oggetto_misurato_FunzKel", i), dove);
     }
     std::vector<std::list<std::string>> liste(12);
     f.GetValoriCampiFID(liste[0], liste[1], liste[2], liste[3], liste[4], liste[5], liste[6], liste[7], liste[8],
                         liste[9], liste[10], liste[11]);
-    const std::vector<std::list<std::string>> attese = modello::valoriCampi();
+    const std::vector<std::list<std::string>> attese = modello::valori_campi();
     for (std::size_t i = 0; i < 12; i++)
         conta.numeri(liste[i] == attese.at(i) ? 1 : 0, 1, [&] { return "list " + std::to_string(i); });
 }
 
 }  // namespace
 
-std::vector<Spazio> spaziUnita() {
-    return {{"units", "units, base units and unit codes of every quantity and object", 1, 1, unitaDelleFunzioni},
+std::vector<Spazio> spazi_unita() {
+    return {{"units", "units, base units and unit codes of every quantity and object", 1, 1, unita_delle_funzioni},
             {"decimals", "decimals and unit row of every quantity, object and unit text", 16, 1, decimali},
             {"conversions", "conversions between all unit texts of every quantity row", 1, 1, conversioni},
             {"function-lists", "function lists with every filter of one quantity and object", 16, 1, funzioni},

@@ -18,12 +18,12 @@ namespace {
 using fuzz::Ingredienti;
 using fuzz::pretendi;
 
-constexpr std::array<modello::Fid, 12> kFunzioni = {0x9A,    0x809A, 0x1009A, 0x11A,   0x19A,   0x819A,
-                                                    0x1019A, 0x98B,  0x992,   0xA8010, 0xA940B, 0x10};
+constexpr std::array<modello::Fid, 12> FUNZIONI = {0x9A,    0x809A, 0x1009A, 0x11A,   0x19A,   0x819A,
+                                                   0x1019A, 0x98B,  0x992,   0xA8010, 0xA940B, 0x10};
 
 modello::Fid funzione(Ingredienti& da) {
-    const std::size_t quale = da.scelta(kFunzioni.size() + 1);
-    return quale < kFunzioni.size() ? kFunzioni.at(quale) : da.u32();
+    const std::size_t quale = da.scelta(FUNZIONI.size() + 1);
+    return quale < FUNZIONI.size() ? FUNZIONI.at(quale) : da.u32();
 }
 
 class Prova {
@@ -97,13 +97,13 @@ private:
 
     void ultimo() {
         modello::SetCanali atteso = modello();
-        const bool reso = atteso.rendiUltimo();
+        const bool reso = atteso.rendi_ultimo();
         pretendi((kelFunFreeLastCh(&set_) == 1) == reso && set_.usati == atteso.usati, "the last record is given back");
     }
 
     void cerca(modello::Fid fid) {
         pretendi(posto(kelFunGetMatchCh(&set_, fid)) == modello().corrispondente(fid), "the channel is the model's");
-        pretendi(posto(kelFunGetMatchChFull(&set_, fid)) == modello().corrispondentePieno(fid),
+        pretendi(posto(kelFunGetMatchChFull(&set_, fid)) == modello().corrispondente_pieno(fid),
                  "the channel of all fields is the model's");
     }
 
@@ -132,7 +132,7 @@ private:
     }
 
     void somma() {
-        pretendi(kelFunGetSizeBufferValori(&set_) == modello().dimensioneBuffer(), "the sum of the buffers");
+        pretendi(kelFunGetSizeBufferValori(&set_) == modello().dimensione_buffer(), "the sum of the buffers");
         pretendi(kelFunGetNumChUsed(&set_) == set_.usati && kelFunGetNumChTot(&set_) == totale_, "the counts");
     }
 

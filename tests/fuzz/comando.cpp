@@ -22,7 +22,7 @@ using fuzz::Ingredienti;
 using fuzz::pretendi;
 
 // The inputs kept tell words by their places: new ones come at the end, up to PAROLE_E_TESTI less one.
-constexpr std::array<const char*, 84> kParole = {
+constexpr std::array<const char*, 84> PAROLE = {
     "find",       "fid",        "functions",  "units",     "convert",    "decode",    "match",     "camera",
     "lap",        "ubx",        "record",     "catalogue", "--json",     "--ndjson",  "--csv",     "--color=always",
     "--quantity", "--object",   "--position", "--inout",   "--side",     "--number",  "--details", "--specialisation",
@@ -36,7 +36,7 @@ constexpr std::array<const char*, 84> kParole = {
     "45,10,90",   "40x20",      "0:10",       "350"};
 
 constexpr std::size_t PAROLE_E_TESTI = 96;  // places behind the last word stand for any text
-static_assert(kParole.size() < PAROLE_E_TESTI);
+static_assert(PAROLE.size() < PAROLE_E_TESTI);
 
 // An empty folder to be in, no programs to start, and nobody to read what is printed.
 bool prepara() {
@@ -61,7 +61,7 @@ std::vector<std::string> argomenti(Ingredienti& da) {
     std::vector<std::string> parole = {"kelfun"};
     for (std::size_t quanti = da.scelta(10); quanti > 0; quanti--) {
         const std::size_t quale = da.scelta(PAROLE_E_TESTI);
-        std::string parola = quale < kParole.size() ? kParole.at(quale) : da.testo();
+        std::string parola = quale < PAROLE.size() ? PAROLE.at(quale) : da.testo();
         parola = parola.c_str();  // no argument holds a NUL
         if (parola.empty() || parola.find('/') == std::string::npos || parola == "km/h")
             parole.push_back(parola);

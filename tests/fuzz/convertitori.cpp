@@ -26,12 +26,12 @@ using esaustivo::Lettore;
 using fuzz::Ingredienti;
 using fuzz::pretendi;
 
-constexpr std::array<modello::Fid, 12> kFunzioni = {0x1A,   0x9A,    0x809A, 0x1009A, 0x11A, 0x19A,
-                                                    0x819A, 0x1019A, 0x1F,   0x606,   0xF,   0x10};
+constexpr std::array<modello::Fid, 12> FUNZIONI = {0x1A,   0x9A,    0x809A, 0x1009A, 0x11A, 0x19A,
+                                                   0x819A, 0x1019A, 0x1F,   0x606,   0xF,   0x10};
 
-modello::Fid funzioneCanale(Ingredienti& da) {
-    const std::size_t quale = da.scelta(kFunzioni.size() + 1);
-    return quale < kFunzioni.size() ? kFunzioni.at(quale) : da.u32();
+modello::Fid funzione_canale(Ingredienti& da) {
+    const std::size_t quale = da.scelta(FUNZIONI.size() + 1);
+    return quale < FUNZIONI.size() ? FUNZIONI.at(quale) : da.u32();
 }
 
 // The channel's own function, one of its packet's subfields, or any.
@@ -78,12 +78,12 @@ s_kel_converter indefinito(Ingredienti& da, const kel_test::Recinto& recinto) {
     std::memset(static_cast<void*>(&prima), da.u8() ^ 0xA5, sizeof prima);
     const auto byte = da.byte(sizeof prima);
     std::memcpy(static_cast<void*>(&prima), byte.data(), byte.size());
-    prima.dati = reinterpret_cast<const s_converter_data*>(recinto.InFondo(0));
+    prima.dati = reinterpret_cast<const s_converter_data*>(recinto.in_fondo(0));
     return prima;
 }
 
 // Whether a packet channel is asked for something that its packet does not have: the set-up ends there.
-bool senzaSottocampo(const modello::Canale& canale, modello::Fid fid) {
+bool senza_sottocampo(const modello::Canale& canale, modello::Fid fid) {
     return modello::grandezza(canale.fid) == FID_PHI_PACKAGE && canale.fid != fid &&
            kelConvMatchSottocampo(modello::oggetto(canale.fid), modello::posizione(canale.fid), fid) == 0;
 }
@@ -112,11 +112,11 @@ bool uguali(float uno, float altro) {
 void leggi(Lettore& lettore, const unsigned char* buffer) {
     float valore = -77;
     const bool riuscito = kelConvGetValFloat(&lettore.libreria, buffer, &valore) == 1;
-    const float atteso = lettore.modello.haValore() ? lettore.modello.valore(buffer).valore : 0.0F;
-    pretendi(riuscito == lettore.modello.haValore(), "there is a value where the model has one");
+    const float atteso = lettore.modello.ha_valore() ? lettore.modello.valore(buffer).valore : 0.0F;
+    pretendi(riuscito == lettore.modello.ha_valore(), "there is a value where the model has one");
     pretendi(uguali(valore, atteso), "the value is the model's",
              [&] { return std::to_string(valore) + ", not " + std::to_string(atteso); });
-    const std::string testo(lettore.testoLibreria(buffer));
+    const std::string testo(lettore.testo_libreria(buffer));
     const std::string aspettato = lettore.modello.testo(buffer);
     pretendi(testo.size() < 32, "the text ends inside its 32 bytes");
     pretendi(testo == aspettato, "the text is the model's", [&] { return "'" + testo + "', not '" + aspettato + "'"; });
@@ -124,8 +124,8 @@ void leggi(Lettore& lettore, const unsigned char* buffer) {
 }
 
 // The object face, which has no automatic decimals and no bit fields, on the same sample.
-void leggiOggetto(const s_kel_canale& canale, modello::Fid fid, const Lettore& lettore, bool in_testa,
-                  const s_kel_converter& prima, const s_converter_data* dati, const unsigned char* buffer) {
+void leggi_oggetto(const s_kel_canale& canale, modello::Fid fid, const Lettore& lettore, bool in_testa,
+                   const s_kel_converter& prima, const s_converter_data* dati, const unsigned char* buffer) {
     s_kel_converter conv = prima;
     conv.auto_decimali = 0;
     conv.larghezza = lettore.libreria.larghezza;
@@ -154,7 +154,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
 
     Ingredienti da(byte, quanti);
     modello::Canale canale;
-    canale.fid = funzioneCanale(da);
+    canale.fid = funzione_canale(da);
     const unsigned tipo = da.u8();
     canale.tipo = tipo < 250 ? tipo % 27 : da.u32();
     const modello::Fid fid = funzione(da, canale.fid);
@@ -168,10 +168,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     const std::size_t grande = dimensione(canale, fid);
     std::vector<std::uint8_t> campione(grande);
     std::ranges::copy(da.byte(grande), campione.begin());
-    const s_kel_canale record = esaustivo::canaleDi(canale);
-    const bool con_dati = kel_test::UnitaNecessaria(canale.fid, canale.tipo, fid) || da.scelta(2) == 1;
+    const s_kel_canale record = esaustivo::canale_di(canale);
+    const bool con_dati = kel_test::unita_necessaria(canale.fid, canale.tipo, fid) || da.scelta(2) == 1;
     const s_kel_converter prima = indefinito(da, recinto);
-    for (unsigned char* posto : {recinto.InFondo(grande), recinto.InTesta()}) {
+    for (unsigned char* posto : {recinto.in_fondo(grande), recinto.in_testa()}) {
         std::ranges::copy(campione, posto);
         // A record of all samples begins before this one: where, only its address tells.
         const unsigned char* buffer = in_testa ? posto : posto - canale.offset;
@@ -185,11 +185,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
         pretendi(kelConvGetConvData(&lettore.libreria) == (con_dati ? dati : prima.dati),
                  "the unit is the one given, or the pointer as it was");
         pretendi(lettore.libreria.maschera ==
-                     (senzaSottocampo(canale, fid) ? prima.maschera : lettore.modello.campo().maschera),
+                     (senza_sottocampo(canale, fid) ? prima.maschera : lettore.modello.campo().maschera),
                  "the mask is the model's, or as it was when the set-up ends early");
         leggi(lettore, buffer);
         leggi(lettore, buffer);  // automatic decimals remember
-        leggiOggetto(record, fid, lettore, in_testa, prima, dati, buffer);
+        leggi_oggetto(record, fid, lettore, in_testa, prima, dati, buffer);
     }
     return 0;
 }

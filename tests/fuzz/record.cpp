@@ -20,7 +20,7 @@ using namespace kel::strumento;
 using fuzz::Ingredienti;
 using fuzz::pretendi;
 
-constexpr std::size_t kMassimo = 1U << 14;  // bytes of a record that are tried; larger ones only cost time
+constexpr std::size_t MASSIMO = 1U << 14;  // bytes of a record that are tried; larger ones only cost time
 
 // Channel records: any bytes, but some fields more likely to be accepted.
 std::vector<std::uint8_t> channels(Ingredienti& da) {
@@ -48,12 +48,12 @@ void mostra(IFunzioni& catalogo, const std::vector<s_kel_canale>& canali, Ingred
         scelta.unita.push_back(da.testo());
     if (da.scelta(4) == 3)
         scelta.solo.push_back(da.testo());
-    std::vector<ColonnaRecord> colonne = colonneRecord(catalogo, canali, scelta);
-    const std::size_t dimensione = dimensioneRecord(canali);
+    std::vector<ColonnaRecord> colonne = colonne_record(catalogo, canali, scelta);
+    const std::size_t dimensione = dimensione_record(canali);
     const auto orario = static_cast<Orario>(da.scelta(3));
     const std::size_t pezzo = 1 + da.u8();
     auto resto = da.resto();
-    const std::size_t attesi = resto.size() / (dimensione + byteOrario(orario));
+    const std::size_t attesi = resto.size() / (dimensione + byte_orario(orario));
     LettoreRecord lettore(
         [&resto, pezzo](std::uint8_t* dove, std::size_t spazio) {
             const auto arrivati = resto.first(std::min({spazio, pezzo, resto.size()}));
@@ -85,8 +85,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     const auto disposizione = da.scelta(2) == 0 ? Disposizione::dichiarata : Disposizione::compatta;
     const std::vector<std::uint8_t> file = channels(da);
     try {
-        const std::vector<s_kel_canale> canali = leggiCanali(file, disposizione);
-        if (dimensioneRecord(canali) <= kMassimo)
+        const std::vector<s_kel_canale> canali = leggi_canali(file, disposizione);
+        if (dimensione_record(canali) <= MASSIMO)
             mostra(*catalogo, canali, da);
     } catch (const Errore&) {
         return 0;  // refused, and said why

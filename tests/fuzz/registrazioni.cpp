@@ -18,7 +18,7 @@ using fuzz::Ingredienti;
 using fuzz::pretendi;
 using Byte = std::span<const std::uint8_t>;
 
-constexpr std::size_t kRighe = 64;  // read of each table
+constexpr std::size_t RIGHE = 64;  // read of each table
 
 struct Chiudi {
     void operator()(s_kel_registrazione* reg) const { kelRegChiudi(reg); }
@@ -47,7 +47,7 @@ std::vector<std::uint8_t> channels(Ingredienti& da) {
 // The rows at hand, each column in memory of exactly its size.
 void leggi(s_kel_registrazione* reg) {
     const std::uint64_t da = kelRegPrima(reg);
-    const auto quante = static_cast<std::size_t>(std::min<std::uint64_t>(kelRegRighe(reg), kRighe));
+    const auto quante = static_cast<std::size_t>(std::min<std::uint64_t>(kelRegRighe(reg), RIGHE));
     const auto tempi = std::make_unique<double[]>(quante);
     kelRegTempi(reg, da, quante, tempi.get());
     for (unsigned i = 0; i < kelRegNumColonne(reg); i++) {
@@ -66,7 +66,7 @@ void leggi(s_kel_registrazione* reg) {
 
 void consuma(s_kel_registrazione* reg, bool testi, bool tutto) {
     ArrowArrayStream flusso{};
-    pretendi(kelRegArrow(reg, kelRegPrima(reg), std::min<std::uint64_t>(kelRegRighe(reg), kRighe), testi ? 1 : 0,
+    pretendi(kelRegArrow(reg, kelRegPrima(reg), std::min<std::uint64_t>(kelRegRighe(reg), RIGHE), testi ? 1 : 0,
                          &flusso, nullptr) == 1,
              "every table is a stream");
     ArrowSchema schema{};
@@ -114,7 +114,7 @@ void giri(const s_kel_registrazione* reg, std::size_t fonte) {
 }
 
 // The rows of a stream that comes in pieces; nothing where it was refused.
-std::uint64_t aPezzi(s_kel_registrazione* reg, Byte byte, std::size_t pezzo, bool& rifiutata) {
+std::uint64_t a_pezzi(s_kel_registrazione* reg, Byte byte, std::size_t pezzo, bool& rifiutata) {
     std::uint64_t righe = 0;
     s_kel_errore errore{};
     for (bool fine = false; !fine; byte = byte.subspan(std::min(pezzo, byte.size()))) {
@@ -148,7 +148,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
         giri(intero.get(), pezzo % 6);
         bool rifiutata = false;
         const Registrazione pezzi(kelRegApriUbx(nullptr, 0, nullptr));
-        pretendi(aPezzi(pezzi.get(), flusso, pezzo, rifiutata) == kelRegRighe(intero.get()) && !rifiutata,
+        pretendi(a_pezzi(pezzi.get(), flusso, pezzo, rifiutata) == kelRegRighe(intero.get()) && !rifiutata,
                  "pieces have the rows of the whole");
         pretendi(kelRegAvanzo(pezzi.get()) == kelRegAvanzo(intero.get()), "and the same rest");
         return 0;
@@ -178,7 +178,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     if (!pezzi)
         return 0;
     bool rifiutata = false;
-    const std::uint64_t righe = aPezzi(pezzi.get(), campioni, pezzo, rifiutata);
+    const std::uint64_t righe = a_pezzi(pezzi.get(), campioni, pezzo, rifiutata);
     // The head of a stream may decide a framing that its length, known at its end, speaks against.
     pretendi(!intera || rifiutata || kelRegOrario(pezzi.get()) != kelRegOrario(intera.get()) ||
                  righe == kelRegRighe(intera.get()),

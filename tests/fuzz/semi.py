@@ -194,7 +194,7 @@ PAROLE = re.compile(r'"([^"]*)"')
 
 def comando():
     sorgente = (QUI / "comando.cpp").read_text()
-    parole = PAROLE.findall(sorgente[sorgente.index("kParole = {"):sorgente.index("};", sorgente.index("kParole = {"))])
+    parole = PAROLE.findall(sorgente[sorgente.index("PAROLE = {"):sorgente.index("};", sorgente.index("PAROLE = {"))])
 
     def riga(*argomenti, ingresso=b""):
         seme = u8(len(argomenti))

@@ -16,7 +16,7 @@ namespace {
 using fuzz::pretendi;
 
 void leggi(const std::string& testo) {
-    pretendi(CLaptimeAndStrings::StringaToLapTime(testo) == modello::leggiTempo(testo),
+    pretendi(CLaptimeAndStrings::StringaToLapTime(testo) == modello::leggi_tempo(testo),
              "a time is read as a stream reads it", [&] { return "'" + testo + "'"; });
     int numero = 12345;
     int tempo = 67890;
@@ -26,7 +26,7 @@ void leggi(const std::string& testo) {
     } catch (const std::out_of_range&) {
         corto = true;
     }
-    const modello::Giro giro = modello::leggiGiro(testo);
+    const modello::Giro giro = modello::leggi_giro(testo);
     pretendi(corto == !giro.tempo, "a line of fewer than 6 characters throws");
     pretendi(numero == giro.numero, "a number is read as a stream reads it");
     pretendi(tempo == giro.tempo.value_or(67890), "the time of a line is read");
@@ -37,7 +37,7 @@ void scrivi(int numero, int tempo) {
     const std::string riga = CLaptimeAndStrings::LapNumAndTimeToStringa(numero, tempo);
     pretendi(testo == modello::tempo(tempo), "a time is written as a stream writes it",
              [&] { return "'" + testo + "'"; });
-    pretendi(riga == modello::rigaGiro(numero, tempo), "a line is written as a stream writes it");
+    pretendi(riga == modello::riga_giro(numero, tempo), "a line is written as a stream writes it");
     if (tempo >= 0)  // from an hour on the milliseconds are cut
         pretendi(CLaptimeAndStrings::StringaToLapTime(testo) == (tempo < 3600000 ? tempo : tempo / 1000 * 1000),
                  "what was written reads back", [&] { return "'" + testo + "'"; });

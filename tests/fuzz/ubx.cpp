@@ -22,7 +22,7 @@ using kel_registrazioni::MessaggioUbx;
 using Byte = std::span<const std::uint8_t>;
 
 // The good message at the front of some bytes: bytes of its frame, 0 when there is none. RFC 1145 as it stands.
-std::size_t messaggioIn(Byte byte) {
+std::size_t messaggio_in(Byte byte) {
     if (byte.size() < 8 || byte[0] != 0xB5 || byte[1] != 0x62)
         return 0;
     const std::size_t corpo = 4U + byte[4] + 256U * byte[5];
@@ -37,10 +37,10 @@ std::size_t messaggioIn(Byte byte) {
     return byte[corpo + 2] == a && byte[corpo + 3] == b ? corpo + 4 : 0;
 }
 
-std::vector<MessaggioUbx> messaggiDi(Byte byte) {
+std::vector<MessaggioUbx> messaggi_di(Byte byte) {
     std::vector<MessaggioUbx> trovati;
     while (!byte.empty()) {
-        const std::size_t lungo = messaggioIn(byte);
+        const std::size_t lungo = messaggio_in(byte);
         if (lungo != 0)
             trovati.push_back(
                 {byte[2], byte[3], {byte.begin() + 6, byte.begin() + static_cast<std::ptrdiff_t>(lungo) - 2}});
@@ -49,21 +49,21 @@ std::vector<MessaggioUbx> messaggiDi(Byte byte) {
     return trovati;
 }
 
-void mostraDispositivo(const kel::strumento::CanaleNavSol& canale,
-                       std::span<const std::uint8_t, kel_registrazioni::NAV_SOL_BYTE> payload) {
+void mostra_dispositivo(const kel::strumento::CanaleNavSol& canale,
+                        std::span<const std::uint8_t, kel_registrazioni::NAV_SOL_BYTE> payload) {
     const auto soluzione = canale.leggi(payload);
     pretendi(std::isfinite(soluzione.velocita) && soluzione.velocita >= 0, "a speed is a number");
     pretendi(soluzione.fix < 256 && soluzione.satelliti < 256, "fix and satellites are bytes");
 }
 
-void mostraWgs84(const kel_registrazioni::Soluzione& soluzione) {
+void mostra_wgs84(const kel_registrazioni::Soluzione& soluzione) {
     using kel_registrazioni::CampoGps;
     for (const CampoGps campo : kel_registrazioni::CAMPI_GPS) {
-        const auto valore = kel_registrazioni::valoreGps(soluzione, campo);
+        const auto valore = kel_registrazioni::valore_gps(soluzione, campo);
         pretendi(!valore || std::isfinite(*valore), "a value is a number");
-        pretendi(!kel::strumento::cellaGps(soluzione, campo, 1, 3).perPersone().empty(), "a cell shows something");
+        pretendi(!kel::strumento::cella_gps(soluzione, campo, 1, 3).per_persone().empty(), "a cell shows something");
     }
-    const bool senza = !kel_registrazioni::conPosizione(soluzione.fix);
+    const bool senza = !kel_registrazioni::con_posizione(soluzione.fix);
     pretendi(!senza || (!soluzione.luogo && !soluzione.velocita), "there is nothing without a fix");
     pretendi(!soluzione.luogo ||
                  (std::fabs(soluzione.luogo->latitudine) <= 90 && std::fabs(soluzione.luogo->longitudine) <= 180),
@@ -78,8 +78,8 @@ void mostra(const kel::strumento::CanaleNavSol& canale, Byte flusso) {
         return arrivati.size();
     });
     while (lettore.prossima()) {
-        mostraDispositivo(canale, lettore.navSol());
-        mostraWgs84(lettore.soluzione());
+        mostra_dispositivo(canale, lettore.nav_sol());
+        mostra_wgs84(lettore.soluzione());
     }
     const auto& conta = lettore.conteggi();
     pretendi(conta.soluzioni + conta.stessa_epoca + conta.altri + conta.lunghezza_errata == lettore.byte().messaggi,
@@ -103,7 +103,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     });
     MessaggioUbx messaggio;
     std::size_t letti = 0;
-    const std::vector<MessaggioUbx> attesi = messaggiDi(flusso);
+    const std::vector<MessaggioUbx> attesi = messaggi_di(flusso);
     for (; lettore.prossimo(messaggio); letti++) {
         pretendi(letti < attesi.size(), "there are no more messages than the plain reader's");
         const MessaggioUbx& atteso = attesi[letti];

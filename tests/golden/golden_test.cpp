@@ -36,7 +36,7 @@ struct Illeggibile : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-std::string Ritaglia(std::string_view testo) {
+std::string ritaglia(std::string_view testo) {
     const auto primo = testo.find_first_not_of(" \t\r");
     if (primo == std::string_view::npos) {
         return {};
@@ -45,7 +45,7 @@ std::string Ritaglia(std::string_view testo) {
 }
 
 // Cuts a line at its bars; a bar between double quotes is part of a text.
-std::vector<std::string> Colonne(std::string_view riga) {
+std::vector<std::string> spezza_in_colonne(std::string_view riga) {
     std::vector<std::string> colonne;
     std::string colonna;
     bool virgolette = false;
@@ -54,7 +54,7 @@ std::vector<std::string> Colonne(std::string_view riga) {
             virgolette = !virgolette;
         }
         if (carattere == '|' && !virgolette) {
-            colonne.push_back(Ritaglia(colonna));
+            colonne.push_back(ritaglia(colonna));
             colonna.clear();
         } else {
             colonna += carattere;
@@ -63,12 +63,12 @@ std::vector<std::string> Colonne(std::string_view riga) {
     if (virgolette) {
         throw Illeggibile("a double quote is not closed");
     }
-    colonne.push_back(Ritaglia(colonna));
+    colonne.push_back(ritaglia(colonna));
     return colonne;
 }
 
 template <typename Numero>
-Numero LeggiNumero(std::string_view testo, int base = 10) {
+Numero leggi_numero(std::string_view testo, int base = 10) {
     Numero numero{};
     const auto [fine, errore] = std::from_chars(testo.data(), testo.data() + testo.size(), numero, base);
     if (errore != std::errc() || fine != testo.data() + testo.size() || testo.empty()) {
@@ -77,14 +77,14 @@ Numero LeggiNumero(std::string_view testo, int base = 10) {
     return numero;
 }
 
-kel_funpos LeggiFid(std::string_view testo) {
+kel_funpos leggi_fid(std::string_view testo) {
     if (testo.substr(0, 2) != "0x") {
         throw Illeggibile("the identifier \"" + std::string(testo) + "\" does not begin with 0x");
     }
-    return LeggiNumero<std::uint32_t>(testo.substr(2), 16);
+    return leggi_numero<std::uint32_t>(testo.substr(2), 16);
 }
 
-std::string LeggiTesto(std::string_view testo) {
+std::string leggi_testo(std::string_view testo) {
     if (testo.size() < 2 || testo.front() != '"' || testo.back() != '"' ||
         testo.substr(1, testo.size() - 2).find('"') != std::string_view::npos) {
         throw Illeggibile(std::string(testo) + " is no text in double quotes");
@@ -92,7 +92,7 @@ std::string LeggiTesto(std::string_view testo) {
     return std::string(testo.substr(1, testo.size() - 2));
 }
 
-std::vector<unsigned char> LeggiCampione(const std::string& testo) {
+std::vector<unsigned char> leggi_campione(const std::string& testo) {
     std::vector<unsigned char> campione;
     if (testo == "-") {
         return campione;
@@ -105,11 +105,11 @@ std::vector<unsigned char> LeggiCampione(const std::string& testo) {
         if (byte.size() != 2) {
             throw Illeggibile("\"" + pezzo + "\" is no byte of two hexadecimal digits");
         }
-        const unsigned volte = stella == std::string::npos ? 1 : LeggiNumero<unsigned>(pezzo.substr(stella + 1));
+        const unsigned volte = stella == std::string::npos ? 1 : leggi_numero<unsigned>(pezzo.substr(stella + 1));
         if (volte == 0 || volte > 1000) {
             throw Illeggibile("\"" + pezzo + "\" repeats a byte too often, or never");
         }
-        campione.insert(campione.end(), volte, static_cast<unsigned char>(LeggiNumero<unsigned>(byte, 16)));
+        campione.insert(campione.end(), volte, static_cast<unsigned char>(leggi_numero<unsigned>(byte, 16)));
     }
     if (campione.empty()) {
         throw Illeggibile("the sample is empty; write - for a sample without bytes");
@@ -122,7 +122,7 @@ std::vector<unsigned char> LeggiCampione(const std::string& testo) {
 using Errori = std::vector<std::string>;
 
 template <typename Uno, typename Altro>
-void Confronta(Errori& errori, const char* che, const Uno& avuto, const Altro& atteso) {
+void confronta(Errori& errori, const char* che, const Uno& avuto, const Altro& atteso) {
     if (!(avuto == atteso)) {
         std::ostringstream testo;
         testo.imbue(std::locale::classic());
@@ -132,7 +132,7 @@ void Confronta(Errori& errori, const char* che, const Uno& avuto, const Altro& a
     }
 }
 
-std::string Esadecimale(std::uint32_t bit) {
+std::string esadecimale(std::uint32_t bit) {
     char cifre[8];
     for (int i = 0; i < 8; ++i) {
         cifre[i] = "0123456789ABCDEF"[bit >> (28 - 4 * i) & 15u];
@@ -142,18 +142,18 @@ std::string Esadecimale(std::uint32_t bit) {
 
 struct CasoCampione {
     explicit CasoCampione(const std::vector<std::string>& c)
-        : canale(LeggiFid(c[0])),
-          funzione(LeggiFid(c[1])),
-          tipo(LeggiNumero<unsigned>(c[2])),
-          udm(LeggiTesto(c[3])),
-          larghezza(LeggiNumero<std::uint32_t>(c[4])),
-          decimali(LeggiNumero<std::uint32_t>(c[5])),
-          automatici(LeggiNumero<std::uint32_t>(c[6])),
-          formato(static_cast<eFormatoConv>(LeggiNumero<unsigned>(c[7]))),
-          campione(LeggiCampione(c[8])),
+        : canale(leggi_fid(c[0])),
+          funzione(leggi_fid(c[1])),
+          tipo(leggi_numero<unsigned>(c[2])),
+          udm(leggi_testo(c[3])),
+          larghezza(leggi_numero<std::uint32_t>(c[4])),
+          decimali(leggi_numero<std::uint32_t>(c[5])),
+          automatici(leggi_numero<std::uint32_t>(c[6])),
+          formato(static_cast<eFormatoConv>(leggi_numero<unsigned>(c[7]))),
+          campione(leggi_campione(c[8])),
           valore(c[9]),
           stato(c[10]),
-          testo(LeggiTesto(c[11])) {
+          testo(leggi_testo(c[11])) {
         if (automatici > 1) {
             throw Illeggibile("auto is neither 0 nor 1");
         }
@@ -166,10 +166,10 @@ struct CasoCampione {
             if (valore.size() != 8) {
                 throw Illeggibile("the value \"" + valore + "\" is no 8 hexadecimal digits");
             }
-            valore = Esadecimale(LeggiNumero<std::uint32_t>(valore, 16));
+            valore = esadecimale(leggi_numero<std::uint32_t>(valore, 16));
         }
         if (stato != "-") {
-            LeggiTesto(stato);
+            leggi_testo(stato);
         }
         record.fid = canale;
         record.tipo_campione = tipo;
@@ -189,14 +189,14 @@ struct CasoCampione {
     std::unique_ptr<unsigned char[]> memoria;
 };
 
-std::string ValoreLetto(bool letto, float valore) {
+std::string valore_letto(bool letto, float valore) {
     if (!letto) {
         return valore == 0.0f ? "-" : "- but with a value other than 0";
     }
-    return std::isnan(valore) ? "nan" : Esadecimale(std::bit_cast<std::uint32_t>(valore));
+    return std::isnan(valore) ? "nan" : esadecimale(std::bit_cast<std::uint32_t>(valore));
 }
 
-Errori CampionePiatto(const std::vector<std::string>& colonne) {
+Errori campione_piatto(const std::vector<std::string>& colonne) {
     const CasoCampione caso(colonne);
     s_kel_converter conv{};
     conv.larghezza = caso.larghezza;
@@ -208,7 +208,7 @@ Errori CampionePiatto(const std::vector<std::string>& colonne) {
     Errori errori;
     float valore = -1.0f;
     const int letto = kelConvGetValFloat(&conv, caso.memoria.get(), &valore);
-    Confronta(errori, "valore", ValoreLetto(letto == 1, valore), caso.valore);
+    confronta(errori, "valore", valore_letto(letto == 1, valore), caso.valore);
 
     std::string stato = "-";
     if (conv.valore != nullptr && conv.testo_stato != nullptr) {
@@ -218,18 +218,18 @@ Errori CampionePiatto(const std::vector<std::string>& colonne) {
         conv.testo_stato(parola, testo_stato);
         stato = std::string("\"") + testo_stato + '"';
     }
-    Confronta(errori, "stato", stato, caso.stato);
+    confronta(errori, "stato", stato, caso.stato);
 
     char testo[32];
     std::memset(testo, 'x', sizeof testo);
     kelConvGetString(&conv, caso.memoria.get(), testo);
     std::string atteso = caso.testo;
     atteso.resize(sizeof testo, '\0');
-    Confronta(errori, "testo, 32 bytes", std::string(testo, sizeof testo), atteso);
+    confronta(errori, "testo, 32 bytes", std::string(testo, sizeof testo), atteso);
     return errori;
 }
 
-Errori CampioneOggetto(const std::vector<std::string>& colonne) {
+Errori campione_oggetto(const std::vector<std::string>& colonne) {
     const CasoCampione caso(colonne);
     Errori errori;
     if (caso.automatici != 0) {
@@ -240,80 +240,80 @@ Errori CampioneOggetto(const std::vector<std::string>& colonne) {
                                                                      caso.decimali, caso.formato, caso.larghezza));
     float valore = -1.0f;
     const bool letto = conv->GetVal(caso.memoria.get(), &valore);
-    Confronta(errori, "valore", ValoreLetto(letto, valore), caso.valore);
+    confronta(errori, "valore", valore_letto(letto, valore), caso.valore);
     std::string testo = "left over";
-    Confronta(errori, "result of GetString", conv->GetString(caso.memoria.get(), testo), true);
-    Confronta(errori, "testo with its NUL", testo, caso.testo + '\0');
+    confronta(errori, "result of GetString", conv->GetString(caso.memoria.get(), testo), true);
+    confronta(errori, "testo with its NUL", testo, caso.testo + '\0');
     return errori;
 }
 
-Errori TempoScritto(const std::vector<std::string>& colonne) {
+Errori tempo_scritto(const std::vector<std::string>& colonne) {
     Errori errori;
-    Confronta(errori, "testo", CLaptimeAndStrings::LapTimeToStringa(LeggiNumero<int>(colonne[0])),
-              LeggiTesto(colonne[1]));
+    confronta(errori, "testo", CLaptimeAndStrings::LapTimeToStringa(leggi_numero<int>(colonne[0])),
+              leggi_testo(colonne[1]));
     return errori;
 }
 
-Errori RigaScritta(const std::vector<std::string>& colonne) {
+Errori riga_scritta(const std::vector<std::string>& colonne) {
     Errori errori;
-    Confronta(errori, "testo",
-              CLaptimeAndStrings::LapNumAndTimeToStringa(LeggiNumero<int>(colonne[0]), LeggiNumero<int>(colonne[1])),
-              LeggiTesto(colonne[2]));
+    confronta(errori, "testo",
+              CLaptimeAndStrings::LapNumAndTimeToStringa(leggi_numero<int>(colonne[0]), leggi_numero<int>(colonne[1])),
+              leggi_testo(colonne[2]));
     return errori;
 }
 
-Errori TempoLetto(const std::vector<std::string>& colonne) {
+Errori tempo_letto(const std::vector<std::string>& colonne) {
     Errori errori;
-    Confronta(errori, "tempo", CLaptimeAndStrings::StringaToLapTime(LeggiTesto(colonne[0])),
-              LeggiNumero<int>(colonne[1]));
+    confronta(errori, "tempo", CLaptimeAndStrings::StringaToLapTime(leggi_testo(colonne[0])),
+              leggi_numero<int>(colonne[1]));
     return errori;
 }
 
-Errori RigaLetta(const std::vector<std::string>& colonne) {
+Errori riga_letta(const std::vector<std::string>& colonne) {
     Errori errori;
-    const int atteso = LeggiNumero<int>(colonne[1]);
+    const int atteso = leggi_numero<int>(colonne[1]);
     const std::optional<int> tempo_atteso =
-        colonne[2] == "!" ? std::nullopt : std::optional<int>(LeggiNumero<int>(colonne[2]));
+        colonne[2] == "!" ? std::nullopt : std::optional<int>(leggi_numero<int>(colonne[2]));
     int numero = -77;
     int tempo = -77;
     std::string eccezione;
     try {
-        CLaptimeAndStrings::StringaToLapNumAndTime(LeggiTesto(colonne[0]), numero, tempo);
+        CLaptimeAndStrings::StringaToLapNumAndTime(leggi_testo(colonne[0]), numero, tempo);
     } catch (const std::out_of_range& errore) {
         eccezione = errore.what();
     }
-    Confronta(errori, "numero", numero, atteso);
-    Confronta(errori, "tempo", tempo, tempo_atteso.value_or(-77));
-    Confronta(errori, "exception", eccezione, std::string(tempo_atteso ? "" : "basic_string::substr"));
+    confronta(errori, "numero", numero, atteso);
+    confronta(errori, "tempo", tempo, tempo_atteso.value_or(-77));
+    confronta(errori, "exception", eccezione, std::string(tempo_atteso ? "" : "basic_string::substr"));
     return errori;
 }
 
-Errori MezzoEspanso(const std::vector<std::string>& colonne) {
+Errori mezzo_espanso(const std::vector<std::string>& colonne) {
     Errori errori;
-    Confronta(errori, "float", Esadecimale(kelF16decompress(LeggiNumero<unsigned>(colonne[0], 16))),
-              Esadecimale(LeggiNumero<unsigned>(colonne[1], 16)));
+    confronta(errori, "float", esadecimale(kelF16decompress(leggi_numero<unsigned>(colonne[0], 16))),
+              esadecimale(leggi_numero<unsigned>(colonne[1], 16)));
     return errori;
 }
 
-Errori MezzoCompresso(const std::vector<std::string>& colonne) {
+Errori mezzo_compresso(const std::vector<std::string>& colonne) {
     Errori errori;
-    Confronta(errori, "mezzo", Esadecimale(kelF16compress(LeggiNumero<unsigned>(colonne[0], 16))),
-              Esadecimale(LeggiNumero<unsigned>(colonne[1], 16)));
+    confronta(errori, "mezzo", esadecimale(kelF16compress(leggi_numero<unsigned>(colonne[0], 16))),
+              esadecimale(leggi_numero<unsigned>(colonne[1], 16)));
     return errori;
 }
 
-Errori Nome(const std::vector<std::string>& colonne) {
+Errori nome(const std::vector<std::string>& colonne) {
     Errori errori;
-    const kel_funpos fid = LeggiFid(colonne[0]);
-    const std::string breve = LeggiTesto(colonne[1]);
+    const kel_funpos fid = leggi_fid(colonne[0]);
+    const std::string breve = leggi_testo(colonne[1]);
     std::string campo = breve;
     campo.resize(32, '\0');
     const s_nome_breve piatto = kelFunGetNomeFunzioneShort(nullptr, fid);
-    Confronta(errori, "breve, 32 bytes", std::string(piatto.testo, sizeof piatto.testo), campo);
+    confronta(errori, "breve, 32 bytes", std::string(piatto.testo, sizeof piatto.testo), campo);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    Confronta(errori, "breve with its NUL", catalogo->getNomeFunzioneShort(fid), breve + '\0');
-    Confronta(errori, "lungo", catalogo->getNomeFunzione(fid, false), LeggiTesto(colonne[2]));
-    Confronta(errori, "tutti", catalogo->getNomeFunzione(fid, true), LeggiTesto(colonne[3]));
+    confronta(errori, "breve with its NUL", catalogo->getNomeFunzioneShort(fid), breve + '\0');
+    confronta(errori, "lungo", catalogo->getNomeFunzione(fid, false), leggi_testo(colonne[2]));
+    confronta(errori, "tutti", catalogo->getNomeFunzione(fid, true), leggi_testo(colonne[3]));
     return errori;
 }
 
@@ -325,22 +325,22 @@ struct Genere {
     std::vector<std::function<Errori(const std::vector<std::string>&)>> prove;
 };
 
-const std::vector<Genere>& Generi() {
+const std::vector<Genere>& generi() {
     static const std::vector<Genere> generi = {
-        {"campioni_", 13, {CampionePiatto, CampioneOggetto}},
-        {"tempi_scrittura", 3, {TempoScritto}},
-        {"tempi_lettura", 3, {TempoLetto}},
-        {"righe_scrittura", 4, {RigaScritta}},
-        {"righe_lettura", 4, {RigaLetta}},
-        {"mezzi_espansione", 3, {MezzoEspanso}},
-        {"mezzi_compressione", 3, {MezzoCompresso}},
-        {"nomi", 5, {Nome}},
+        {"campioni_", 13, {campione_piatto, campione_oggetto}},
+        {"tempi_scrittura", 3, {tempo_scritto}},
+        {"tempi_lettura", 3, {tempo_letto}},
+        {"righe_scrittura", 4, {riga_scritta}},
+        {"righe_lettura", 4, {riga_letta}},
+        {"mezzi_espansione", 3, {mezzo_espanso}},
+        {"mezzi_compressione", 3, {mezzo_compresso}},
+        {"nomi", 5, {nome}},
     };
     return generi;
 }
 
-const Genere* GenereDi(const std::string& nome) {
-    for (const Genere& genere : Generi()) {
+const Genere* genere_di(const std::string& nome) {
+    for (const Genere& genere : generi()) {
         if (nome.rfind(genere.inizio, 0) == 0) {
             return &genere;
         }
@@ -354,16 +354,16 @@ struct Guasto {
 };
 
 // Runs the cases of one file; `casi` receives their columns.
-std::vector<Guasto> Esegui(const Genere& genere, std::istream& file, std::vector<std::vector<std::string>>* casi) {
+std::vector<Guasto> esegui(const Genere& genere, std::istream& file, std::vector<std::vector<std::string>>* casi) {
     std::vector<Guasto> guasti;
     std::string riga;
     for (int numero = 1; std::getline(file, riga); ++numero) {
-        const std::string senza_blanchi = Ritaglia(riga);
+        const std::string senza_blanchi = ritaglia(riga);
         if (senza_blanchi.empty() || senza_blanchi.front() == '#') {
             continue;
         }
         try {
-            const std::vector<std::string> colonne = Colonne(riga);
+            const std::vector<std::string> colonne = spezza_in_colonne(riga);
             if (colonne.size() != genere.colonne) {
                 throw Illeggibile(std::to_string(colonne.size()) + " columns, expected " +
                                   std::to_string(genere.colonne));
@@ -384,7 +384,7 @@ std::vector<Guasto> Esegui(const Genere& genere, std::istream& file, std::vector
     return guasti;
 }
 
-std::vector<std::filesystem::path> Elenco() {
+std::vector<std::filesystem::path> elenco() {
     std::vector<std::filesystem::path> file;
     for (const auto& voce : std::filesystem::directory_iterator(std::string(KEL_TEST_SORGENTI) + "/golden")) {
         if (voce.path().extension() == ".txt") {
@@ -395,23 +395,23 @@ std::vector<std::filesystem::path> Elenco() {
     return file;
 }
 
-std::vector<std::vector<std::string>> EseguiTutti(const std::string& inizio) {
+std::vector<std::vector<std::string>> esegui_tutti(const std::string& inizio) {
     std::vector<std::vector<std::string>> casi;
     int quanti = 0;
-    for (const std::filesystem::path& percorso : Elenco()) {
+    for (const std::filesystem::path& percorso : elenco()) {
         const std::string nome = percorso.filename().string();
         if (nome.rfind(inizio, 0) != 0) {
             continue;
         }
         ++quanti;
-        const Genere* genere = GenereDi(nome);
+        const Genere* genere = genere_di(nome);
         if (genere == nullptr) {
             ADD_FAILURE_AT(percorso.c_str(), 1) << "no kind of case begins its file's name like this";
             continue;
         }
         std::ifstream file(percorso);
         EXPECT_TRUE(file.is_open()) << percorso;
-        for (const Guasto& guasto : Esegui(*genere, file, &casi)) {
+        for (const Guasto& guasto : esegui(*genere, file, &casi)) {
             ADD_FAILURE_AT(percorso.c_str(), guasto.riga) << guasto.che;
         }
         EXPECT_FALSE(file.bad()) << percorso;
@@ -424,39 +424,39 @@ std::vector<std::vector<std::string>> EseguiTutti(const std::string& inizio) {
 // --- the files of this folder ---------------------------------------------------------------------------------------
 
 TEST(GoldenSamples, ReadAsTheyAreWritten) {
-    EXPECT_GE(EseguiTutti("campioni_").size(), 300u);
+    EXPECT_GE(esegui_tutti("campioni_").size(), 300u);
 }
 
 TEST(GoldenLapTimes, AreWrittenAndReadAsTheyAreWritten) {
-    EseguiTutti("tempi_");
-    EseguiTutti("righe_");
+    esegui_tutti("tempi_");
+    esegui_tutti("righe_");
 }
 
 TEST(GoldenHalfFloats, ConvertAsTheyAreWritten) {
-    EseguiTutti("mezzi_");
+    esegui_tutti("mezzi_");
 }
 
 TEST(GoldenNames, AreAsTheyAreWritten) {
-    EseguiTutti("nomi");
+    esegui_tutti("nomi");
 }
 
 TEST(GoldenFiles, AreAllOfAKnownKind) {
-    for (const std::filesystem::path& percorso : Elenco()) {
-        EXPECT_NE(GenereDi(percorso.filename().string()), nullptr) << percorso;
+    for (const std::filesystem::path& percorso : elenco()) {
+        EXPECT_NE(genere_di(percorso.filename().string()), nullptr) << percorso;
     }
-    EXPECT_GE(Elenco().size(), 10u);
+    EXPECT_GE(elenco().size(), 10u);
 }
 
 // Every case again in a fresh reading, for what the files have to cover.
-std::vector<CasoCampione> TuttiICampioni() {
+std::vector<CasoCampione> tutti_i_campioni() {
     std::vector<CasoCampione> casi;
-    for (const std::filesystem::path& percorso : Elenco()) {
+    for (const std::filesystem::path& percorso : elenco()) {
         if (percorso.filename().string().rfind("campioni_", 0) == 0) {
             std::ifstream file(percorso);
             for (std::string riga; std::getline(file, riga);) {
-                const std::string senza_blanchi = Ritaglia(riga);
+                const std::string senza_blanchi = ritaglia(riga);
                 if (!senza_blanchi.empty() && senza_blanchi.front() != '#') {
-                    casi.emplace_back(Colonne(riga));
+                    casi.emplace_back(spezza_in_colonne(riga));
                 }
             }
         }
@@ -466,11 +466,11 @@ std::vector<CasoCampione> TuttiICampioni() {
 
 TEST(GoldenFiles, CoverEverySampleTypeAndFormat) {
     std::set<unsigned> tipi, formati;
-    for (const CasoCampione& caso : TuttiICampioni()) {
+    for (const CasoCampione& caso : tutti_i_campioni()) {
         tipi.insert(caso.tipo);
         formati.insert(caso.formato);
     }
-    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
+    for (unsigned tipo = 0; tipo < kel_test::TIPI_CAMPIONE; ++tipo) {
         EXPECT_TRUE(tipi.count(tipo)) << "no case of sample type " << tipo;
     }
     for (unsigned formato = 0; formato <= 2; ++formato) {
@@ -481,7 +481,7 @@ TEST(GoldenFiles, CoverEverySampleTypeAndFormat) {
 TEST(GoldenFiles, CoverEveryUnitOfEveryQuantity) {
     std::set<std::pair<kel_funpos, std::string>> usate;
     std::set<const s_converter_data*> righe;
-    for (const CasoCampione& caso : TuttiICampioni()) {
+    for (const CasoCampione& caso : tutti_i_campioni()) {
         usate.insert({caso.funzione, caso.udm});
         righe.insert(kelFunGetConvData(caso.funzione, caso.udm.c_str()));
     }
@@ -498,15 +498,15 @@ TEST(GoldenFiles, CoverEveryUnitOfEveryQuantity) {
 
 // --- the runner itself ----------------------------------------------------------------------------------------------
 
-std::vector<Guasto> EseguiTesto(const char* nome, const std::string& testo) {
+std::vector<Guasto> esegui_testo(const char* nome, const std::string& testo) {
     std::istringstream file(testo);
-    return Esegui(*GenereDi(nome), file, nullptr);
+    return esegui(*genere_di(nome), file, nullptr);
 }
 
-const std::string kBuona = R"(0x0000F | 0x0000F | 4 | "rpm" | 4 | 0 | 0 | 0 | D2 04 | 449A4000 | "" | "1234" | )";
+const std::string BUONA = R"(0x0000F | 0x0000F | 4 | "rpm" | 4 | 0 | 0 | 0 | D2 04 | 449A4000 | "" | "1234" | )";
 
 TEST(GoldenRunner, AcceptsAGoodLine) {
-    EXPECT_TRUE(EseguiTesto("campioni_x.txt", "# a comment\n\n   \n  # another\n" + kBuona + "why\n").empty());
+    EXPECT_TRUE(esegui_testo("campioni_x.txt", "# a comment\n\n   \n  # another\n" + BUONA + "why\n").empty());
 }
 
 TEST(GoldenRunner, ReportsALineThatCannotBeRead) {
@@ -536,7 +536,7 @@ TEST(GoldenRunner, ReportsALineThatCannotBeRead) {
     };
     for (const char* cattiva : cattive) {
         const std::vector<Guasto> guasti =
-            EseguiTesto("campioni_x.txt", kBuona + "\n# comment\n" + cattiva + "\n" + kBuona);
+            esegui_testo("campioni_x.txt", BUONA + "\n# comment\n" + cattiva + "\n" + BUONA);
         ASSERT_EQ(guasti.size(), 1u) << cattiva;
         EXPECT_EQ(guasti[0].riga, 3) << cattiva;
         EXPECT_NE(guasti[0].che.find("cannot be read"), std::string::npos) << guasti[0].che;
@@ -544,7 +544,7 @@ TEST(GoldenRunner, ReportsALineThatCannotBeRead) {
 }
 
 TEST(GoldenRunner, ReportsACaseThatFails) {
-    const char* const false_[] = {
+    const char* const rotte[] = {
         R"(0x0000F | 0x0000F | 4 | "rpm" | 4 | 0 | 0 | 0 | D3 04 | 449A4000 | "" | "1234" | )",  // another sample
         R"(0x0000F | 0x0000F | 4 | "rpm" | 4 | 0 | 0 | 0 | D2 04 | 449A4001 | "" | "1234" | )",  // another value
         R"(0x0000F | 0x0000F | 4 | "rpm" | 4 | 0 | 0 | 0 | D2 04 | -        | "" | "1234" | )",
@@ -555,8 +555,8 @@ TEST(GoldenRunner, ReportsACaseThatFails) {
         R"(0x0000F | 0x0000F | 4 | "rpm" | 4 | 0 | 0 | 0 | D2 04 | 449A4000 | "" | "1234 " | )",
         R"(0x0000F | 0x0000F | 4 | "rpm" | 4 | 0 | 0 | 0 | D2 04 | 449A4000 | "" | "" | )",
     };
-    for (const char* falsa : false_) {
-        const std::vector<Guasto> guasti = EseguiTesto("campioni_x.txt", std::string("# comment\n") + falsa);
+    for (const char* falsa : rotte) {
+        const std::vector<Guasto> guasti = esegui_testo("campioni_x.txt", std::string("# comment\n") + falsa);
         ASSERT_FALSE(guasti.empty()) << falsa;
         EXPECT_EQ(guasti[0].riga, 2) << falsa;
         EXPECT_EQ(guasti[0].che.find("cannot be read"), std::string::npos) << guasti[0].che;
@@ -564,7 +564,7 @@ TEST(GoldenRunner, ReportsACaseThatFails) {
 }
 
 TEST(GoldenRunner, ReportsFailuresOfTheOtherKinds) {
-    const std::pair<const char*, const char*> false_[] = {
+    const std::pair<const char*, const char*> rotte[] = {
         {"tempi_scrittura.txt", R"(83456 | "1:23.457" | )"},
         {"tempi_scrittura.txt", R"(2147483648 | "1:23.457" | )"},
         {"tempi_lettura.txt", R"("1:23.456" | 83457 | )"},
@@ -579,14 +579,14 @@ TEST(GoldenRunner, ReportsFailuresOfTheOtherKinds) {
         {"nomi.txt", R"(0x0001C | "Custom" | "Custum" | "Custom" | )"},
         {"nomi.txt", R"(0x0001C | "Custom" | "Custom" | "Custum" | )"},
     };
-    for (const auto& [nome, falsa] : false_) {
-        EXPECT_FALSE(EseguiTesto(nome, falsa).empty()) << nome << ": " << falsa;
+    for (const auto& [nome, falsa] : rotte) {
+        EXPECT_FALSE(esegui_testo(nome, falsa).empty()) << nome << ": " << falsa;
     }
 }
 
 TEST(GoldenRunner, KnowsNoOtherKinds) {
-    EXPECT_EQ(GenereDi("campion.txt"), nullptr);
-    EXPECT_EQ(GenereDi("readme.txt"), nullptr);
+    EXPECT_EQ(genere_di("campion.txt"), nullptr);
+    EXPECT_EQ(genere_di("readme.txt"), nullptr);
 }
 
 }  // namespace

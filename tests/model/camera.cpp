@@ -19,17 +19,17 @@ std::optional<RigaDiCamera> cerca(Prova prova) {
 
 }  // namespace
 
-std::optional<RigaDiCamera> cameraDaFid(Fid fid) {
+std::optional<RigaDiCamera> camera_da_fid(Fid fid) {
     return cerca([&](const RigaCamera& riga) { return riga.fid == fid; });
 }
 
-std::optional<RigaDiCamera> cameraDaId(const std::string& id) {
+std::optional<RigaDiCamera> camera_da_id(const std::string& id) {
     return cerca([&](const RigaCamera& riga) { return riga.id == id; });
 }
 
-Fid fidDaIdVecchio(const std::string& id) {
+Fid fid_da_id_vecchio(const std::string& id) {
     for (const RigaVecchia& riga : tabelle().funz_kel) {
-        if (fineTabella(riga.fid))
+        if (fine_tabella(riga.fid))
             break;
         if (riga.id == id)
             return riga.fid;
@@ -37,13 +37,13 @@ Fid fidDaIdVecchio(const std::string& id) {
     return 0;
 }
 
-Fid fidDaId(const std::string& id) {
-    if (const auto riga = cameraDaId(id))
+Fid fid_da_id(const std::string& id) {
+    if (const auto riga = camera_da_id(id))
         return riga->dati().fid;
-    return fidDaIdVecchio(id);
+    return fid_da_id_vecchio(id);
 }
 
-bool visibileEstesa(int codice) {
+bool visibile_estesa(int codice) {
     const unsigned bit = static_cast<unsigned>(codice);
     const unsigned famiglia = bit / 256 % 256 * 256;
     const unsigned n = bit % 256;
@@ -55,44 +55,44 @@ bool visibileEstesa(int codice) {
     return true;
 }
 
-std::optional<RigaDiCamera> Passeggiata::attualeBase() const {
+std::optional<RigaDiCamera> Passeggiata::attuale_base() const {
     if (grandezza(tabelle().camera_base.at(base_).fid) == 32)
         return std::nullopt;
     return RigaDiCamera{false, base_};
 }
 
-std::optional<RigaDiCamera> Passeggiata::primaBase() {
+std::optional<RigaDiCamera> Passeggiata::prima_base() {
     base_ = 0;
-    return attualeBase();
+    return attuale_base();
 }
 
-std::optional<RigaDiCamera> Passeggiata::prossimaBase() {
+std::optional<RigaDiCamera> Passeggiata::prossima_base() {
     if (base_ >= tabelle().camera_base.size() - 1)
         return std::nullopt;
     base_ += 1;
-    return attualeBase();
+    return attuale_base();
 }
 
-std::optional<RigaDiCamera> Passeggiata::attualeEstesa() {
+std::optional<RigaDiCamera> Passeggiata::attuale_estesa() {
     const std::vector<RigaCamera>& tabella = tabelle().camera_estese;
     while (grandezza(tabella.at(estesa_).fid) != 32) {
-        if (visibileEstesa(tabella[estesa_].codice))
+        if (visibile_estesa(tabella[estesa_].codice))
             return RigaDiCamera{true, estesa_};
         estesa_ += 1;
     }
     return std::nullopt;
 }
 
-std::optional<RigaDiCamera> Passeggiata::primaEstesa() {
+std::optional<RigaDiCamera> Passeggiata::prima_estesa() {
     estesa_ = 0;
-    return attualeEstesa();
+    return attuale_estesa();
 }
 
-std::optional<RigaDiCamera> Passeggiata::prossimaEstesa() {
+std::optional<RigaDiCamera> Passeggiata::prossima_estesa() {
     if (estesa_ >= tabelle().camera_estese.size() - 1)
         return std::nullopt;
     estesa_ += 1;
-    return attualeEstesa();
+    return attuale_estesa();
 }
 
 namespace {
@@ -102,7 +102,7 @@ std::vector<RigaDiCamera> tutte(bool estesa) {
     const std::vector<RigaCamera>& tabella = estesa ? tabelle().camera_estese : tabelle().camera_base;
     for (std::size_t i = 0; i < tabella.size(); i++) {
         const Fid fid = tabella[i].fid;
-        if (fineTabella(fid) && posizione(fid) == 23)
+        if (fine_tabella(fid) && posizione(fid) == 23)
             break;
         righe.push_back({estesa, i});
     }
@@ -111,11 +111,11 @@ std::vector<RigaDiCamera> tutte(bool estesa) {
 
 }  // namespace
 
-std::vector<RigaDiCamera> tutteBase() {
+std::vector<RigaDiCamera> tutte_base() {
     return tutte(false);
 }
 
-std::vector<RigaDiCamera> tutteEstese() {
+std::vector<RigaDiCamera> tutte_estese() {
     return tutte(true);
 }
 

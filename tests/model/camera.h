@@ -21,33 +21,33 @@ struct RigaDiCamera {
 };
 
 // Row of an identifier, or of a legacy identifier; the end rows take part.
-std::optional<RigaDiCamera> cameraDaFid(Fid fid);
-std::optional<RigaDiCamera> cameraDaId(const std::string& id);
+std::optional<RigaDiCamera> camera_da_fid(Fid fid);
+std::optional<RigaDiCamera> camera_da_id(const std::string& id);
 
 // Identifier of a legacy identifier: in the legacy table alone, and in all tables. 0 when there is none.
-Fid fidDaIdVecchio(const std::string& id);
-Fid fidDaId(const std::string& id);
+Fid fid_da_id_vecchio(const std::string& id);
+Fid fid_da_id(const std::string& id);
 
-bool visibileEstesa(int codice);
+bool visibile_estesa(int codice);
 
 // The two walks of one catalogue.
 class Passeggiata {
 public:
-    std::optional<RigaDiCamera> primaBase();
-    std::optional<RigaDiCamera> prossimaBase();
-    std::optional<RigaDiCamera> primaEstesa();
-    std::optional<RigaDiCamera> prossimaEstesa();
+    std::optional<RigaDiCamera> prima_base();
+    std::optional<RigaDiCamera> prossima_base();
+    std::optional<RigaDiCamera> prima_estesa();
+    std::optional<RigaDiCamera> prossima_estesa();
 
 private:
-    std::optional<RigaDiCamera> attualeBase() const;
-    std::optional<RigaDiCamera> attualeEstesa();
+    std::optional<RigaDiCamera> attuale_base() const;
+    std::optional<RigaDiCamera> attuale_estesa();
     std::size_t base_ = 0;
     std::size_t estesa_ = 0;
 };
 
 // All rows before the end row, visible or not.
-std::vector<RigaDiCamera> tutteBase();
-std::vector<RigaDiCamera> tutteEstese();
+std::vector<RigaDiCamera> tutte_base();
+std::vector<RigaDiCamera> tutte_estese();
 
 }  // namespace modello
 

@@ -13,7 +13,7 @@ unsigned oggetto(Fid fid) {
 unsigned posizione(Fid fid) {
     return fid / 32768 % 32;
 }
-unsigned inOut(Fid fid) {
+unsigned in_out(Fid fid) {
     return fid / 1048576 % 4;
 }
 bool numerato(Fid fid) {
@@ -22,13 +22,13 @@ bool numerato(Fid fid) {
 unsigned numero(Fid fid) {
     return fid / 8388608 % 64;
 }
-unsigned leftRight(Fid fid) {
+unsigned left_right(Fid fid) {
     return fid / 8388608 % 4;
 }
-unsigned frontRear(Fid fid) {
+unsigned front_rear(Fid fid) {
     return fid / 33554432 % 4;
 }
-unsigned upDown(Fid fid) {
+unsigned up_down(Fid fid) {
     return fid / 134217728 % 4;
 }
 
@@ -36,44 +36,44 @@ Fid componi(unsigned grandezza, unsigned oggetto, unsigned posizione) {
     return grandezza % 128 + oggetto % 256 * 128 + posizione % 32 * 32768;
 }
 
-Fid bitInOut(unsigned inout) {
+Fid bit_in_out(unsigned inout) {
     return inout % 4 * 1048576;
 }
 
-Fid bitLati(unsigned leftright, unsigned frontrear, unsigned updown) {
+Fid bit_lati(unsigned leftright, unsigned frontrear, unsigned updown) {
     return leftright % 4 * 8388608 + frontrear % 4 * 33554432 + updown % 4 * 134217728;
 }
 
-Fid bitIstanza(unsigned numero) {
+Fid bit_istanza(unsigned numero) {
     return 4194304 + numero % 64 * 8388608;
 }
 
-bool fineTabella(Fid fid) {
+bool fine_tabella(Fid fid) {
     return grandezza(fid) == 32 && oggetto(fid) == 58;
 }
 
-std::string testoCampo(const std::string& tabella, long long valore) {
+std::string testo_campo(const std::string& tabella, long long valore) {
     for (const RigaCampo& riga : tabelle().campi.at(tabella))
         if (riga.valore == valore)
             return riga.testo;
     return "";
 }
 
-std::string xmlCampo(const std::string& tabella, long long valore) {
+std::string xml_campo(const std::string& tabella, long long valore) {
     for (const RigaCampo& riga : tabelle().campi.at(tabella))
         if (riga.valore == valore)
             return riga.xml;
     return "";
 }
 
-int valoreCampo(const std::string& tabella, const std::string& xml) {
+int valore_campo(const std::string& tabella, const std::string& xml) {
     for (const RigaCampo& riga : tabelle().campi.at(tabella))
         if (riga.xml == xml)
             return riga.valore;
     return 0;
 }
 
-std::vector<std::list<std::string>> valoriCampi() {
+std::vector<std::list<std::string>> valori_campi() {
     const std::vector<std::string> nomi = {"grandezza_fisica_FunzKel",
                                            "oggetto_misurato_FunzKel",
                                            "posizione_FunzKel",

@@ -26,7 +26,7 @@ std::int16_t i16(const Byte* byte) {
 
 namespace {
 
-float daBit(std::uint32_t bit) {
+float da_bit(std::uint32_t bit) {
     float x = 0;
     std::memcpy(&x, &bit, sizeof x);
     return x;
@@ -35,10 +35,10 @@ float daBit(std::uint32_t bit) {
 }  // namespace
 
 float f32(const Byte* byte) {
-    return daBit(u32(byte));
+    return da_bit(u32(byte));
 }
 
-unsigned dimensioneCampione(unsigned tipo) {
+unsigned dimensione_campione(unsigned tipo) {
     return tipo < tabelle().dimensioni.size() ? tabelle().dimensioni[tipo] : 0;
 }
 
@@ -77,11 +77,11 @@ unsigned riservato16(std::uint32_t grezzo) {
     return riservato(grezzo, 0);
 }
 
-std::uint32_t campoBit(std::uint32_t grezzo, const Campo& campo) {
+std::uint32_t campo_bit(std::uint32_t grezzo, const Campo& campo) {
     return campo.pos_bit >= 32 ? 0 : (grezzo & campo.maschera) >> campo.pos_bit;
 }
 
-Letto virgolaMobile(float x, bool reciproco, const RigaUdm& unita) {
+Letto virgola_mobile(float x, bool reciproco, const RigaUdm& unita) {
     if (std::isnan(x))
         return {0.0F, 8};
     if (std::isinf(x))
@@ -94,7 +94,7 @@ Letto mezzo(std::uint32_t grezzo, bool reciproco, const RigaUdm& unita) {
         return {0.0F, 12};
     if (grezzo == 0xFC00)
         return {0.0F, 2};
-    return buono(daBit(espandi(grezzo)), reciproco, unita);
+    return buono(da_bit(espandi(grezzo)), reciproco, unita);
 }
 
 Letto marcia(const Byte* campione) {
@@ -105,7 +105,7 @@ Letto marcia(const Byte* campione) {
 }
 
 // 1-based numbers of the set bits, the highest bit in the units place.
-double listaBit(unsigned byte) {
+double lista_bit(unsigned byte) {
     double somma = 0;
     double peso = 1;
     for (int bit = 8; bit >= 1; bit--)
@@ -117,8 +117,8 @@ double listaBit(unsigned byte) {
 }
 
 // 0-based numbers of the set bits of the field, one place a bit.
-double listaBitMascherata(unsigned byte, const Campo& campo) {
-    const std::uint32_t x = campoBit(byte, campo);
+double lista_bit_mascherata(unsigned byte, const Campo& campo) {
+    const std::uint32_t x = campo_bit(byte, campo);
     double somma = 0;
     double peso = 1;
     for (unsigned i = 0; i < campo.num_bit && i < 32; i++) {
@@ -129,7 +129,7 @@ double listaBitMascherata(unsigned byte, const Campo& campo) {
     return somma;
 }
 
-float radiceQuadrati(const Byte* x, const Byte* y, const Byte* z) {
+float radice_quadrati(const Byte* x, const Byte* y, const Byte* z) {
     const float vx = static_cast<float>(i32(x));
     const float vy = static_cast<float>(i32(y));
     const float vz = static_cast<float>(i32(z));
@@ -139,23 +139,23 @@ float radiceQuadrati(const Byte* x, const Byte* y, const Byte* z) {
 float velocita(const Byte* pacchetto, bool reciproco, const RigaUdm& unita) {
     if (pacchetto[14] < 3 || pacchetto[51] < 4)
         return 0.0F;
-    const float v = radiceQuadrati(pacchetto + 32, pacchetto + 36, pacchetto + 40) * 0.036F;
+    const float v = radice_quadrati(pacchetto + 32, pacchetto + 36, pacchetto + 40) * 0.036F;
     return reciproco ? inverso(v, unita) : lineare(v, unita);
 }
 
-float velocitaSemplice(const Byte* pacchetto, bool reciproco, const RigaUdm& unita) {
-    const float v = radiceQuadrati(pacchetto + 28, pacchetto + 32, pacchetto + 36);
+float velocita_semplice(const Byte* pacchetto, bool reciproco, const RigaUdm& unita) {
+    const float v = radice_quadrati(pacchetto + 28, pacchetto + 32, pacchetto + 36);
     return reciproco ? inverso(v, unita) : lineare(v, unita);
 }
 
-constexpr double kGradi = 180 / 3.141592653589793;
+constexpr double GRADI = 180 / 3.141592653589793;
 
 float longitudine(const Byte* pacchetto) {
     const double x = i32(pacchetto + 16);
     const double y = i32(pacchetto + 20);
     if (x * x + y * y < 1e-10)
         return 0.0F;
-    return static_cast<float>(std::atan2(y, x) * kGradi);
+    return static_cast<float>(std::atan2(y, x) * GRADI);
 }
 
 float latitudine(const Byte* pacchetto) {
@@ -184,11 +184,11 @@ float latitudine(const Byte* pacchetto) {
             break;
     }
     if (p2 >= 1e-10)
-        return static_cast<float>(std::atan2(zz, std::sqrt(p2)) * kGradi);
+        return static_cast<float>(std::atan2(zz, std::sqrt(p2)) * GRADI);
     return z > 0 ? 90.0F : -90.0F;
 }
 
-Letto numeroOCifra(const Byte* campione) {
+Letto numero_o_cifra(const Byte* campione) {
     if (campione[2] >= '1' && campione[2] <= '9')
         return {static_cast<float>(campione[2] - '0'), 0};
     return {static_cast<float>(i16(campione)), 0};
@@ -196,7 +196,7 @@ Letto numeroOCifra(const Byte* campione) {
 
 }  // namespace
 
-Letto leggiValore(Valore modo, bool reciproco, const RigaUdm& unita, const Campo& campo, const Byte* campione) {
+Letto leggi_valore(Valore modo, bool reciproco, const RigaUdm& unita, const Campo& campo, const Byte* campione) {
     switch (modo) {
         case Valore::nessuno:
         case Valore::zero:
@@ -220,33 +220,33 @@ Letto leggiValore(Valore modo, bool reciproco, const RigaUdm& unita, const Campo
                 return {0.0F, stato};
             return buono(static_cast<float>(u16(campione)), reciproco, unita);
         case Valore::virgola_mobile:
-            return virgolaMobile(f32(campione), reciproco, unita);
+            return virgola_mobile(f32(campione), reciproco, unita);
         case Valore::mezzo:
             return mezzo(u16(campione), reciproco, unita);
         case Valore::uint32_bit:
             if (const unsigned stato = riservato32(u32(campione)))
                 return {0.0F, stato};
-            return {lineare(static_cast<float>(campoBit(u32(campione), campo)), unita), 0};
+            return {lineare(static_cast<float>(campo_bit(u32(campione), campo)), unita), 0};
         case Valore::uint16_bit:
             if (const unsigned stato = riservato16(u16(campione)))
                 return {0.0F, stato};
-            return {lineare(static_cast<float>(campoBit(u16(campione), campo)), unita), 0};
+            return {lineare(static_cast<float>(campo_bit(u16(campione), campo)), unita), 0};
         case Valore::uint8_bit:
-            return {lineare(static_cast<float>(campoBit(campione[0], campo) % 256), unita), 0};
+            return {lineare(static_cast<float>(campo_bit(campione[0], campo) % 256), unita), 0};
         case Valore::marcia:
             return marcia(campione);
         case Valore::lista_bit:
-            return {lineare(static_cast<float>(listaBit(campione[0])), unita), 0};
+            return {lineare(static_cast<float>(lista_bit(campione[0])), unita), 0};
         case Valore::lista_bit_mascherata:
-            return {lineare(static_cast<float>(listaBitMascherata(campione[0], campo)), unita), 0};
+            return {lineare(static_cast<float>(lista_bit_mascherata(campione[0], campo)), unita), 0};
         case Valore::numero:
             return {static_cast<float>(i16(campione)), 0};
         case Valore::numero_o_cifra:
-            return numeroOCifra(campione);
+            return numero_o_cifra(campione);
         case Valore::velocita:
             return {velocita(campione, reciproco, unita), 0};
         case Valore::velocita_semplice:
-            return {velocitaSemplice(campione, reciproco, unita), 0};
+            return {velocita_semplice(campione, reciproco, unita), 0};
         case Valore::latitudine:
             return {latitudine(campione), 0};
         case Valore::longitudine:
@@ -255,7 +255,7 @@ Letto leggiValore(Valore modo, bool reciproco, const RigaUdm& unita, const Campo
     return {0.0F, 0};
 }
 
-std::string testoStato(unsigned stato) {
+std::string testo_stato(unsigned stato) {
     if (stato / 4 % 2 == 1)
         return "---";
     if (stato / 2 % 2 == 1)
@@ -267,7 +267,7 @@ std::string testoStato(unsigned stato) {
     return "";
 }
 
-std::string testoMarcia(const Byte* campione) {
+std::string testo_marcia(const Byte* campione) {
     const int grezzo = i16(campione);
     if (grezzo >= 1 && grezzo <= 9)
         return std::to_string(grezzo);
@@ -301,7 +301,7 @@ std::string scrivi(const char* formato, Numeri... numeri) {
 
 }  // namespace
 
-std::string testoTempoGiro(std::int32_t millisecondi, unsigned decimali, bool compatto) {
+std::string testo_tempo_giro(std::int32_t millisecondi, unsigned decimali, bool compatto) {
     const Parti p = parti(millisecondi);
     if (compatto) {
         if (p.ore >= 1)
@@ -318,7 +318,7 @@ std::string testoTempoGiro(std::int32_t millisecondi, unsigned decimali, bool co
     return scrivi("%2d:%02d.%02d", p.minuti, p.secondi, p.centesimi);
 }
 
-std::string testoDifferenza(std::int32_t millisecondi, bool compatto) {
+std::string testo_differenza(std::int32_t millisecondi, bool compatto) {
     const Parti p = parti(millisecondi);
     const bool negativa = millisecondi < 0;
     const int secondi = negativa ? -p.secondi : p.secondi;
@@ -328,21 +328,21 @@ std::string testoDifferenza(std::int32_t millisecondi, bool compatto) {
     return scrivi(negativa ? " -%2d.%02d" : " +%2d.%02d", secondi, centesimi);
 }
 
-std::string testoTempoPacchetto(std::int32_t millisecondi) {
+std::string testo_tempo_pacchetto(std::int32_t millisecondi) {
     const Parti p = parti(millisecondi);
     if (p.ore >= 1)
         return scrivi("%2d:%02d:%02d", p.ore % 100, p.minuti, p.secondi);
     return scrivi("%2d:%02d.%03d", p.minuti, p.secondi, p.centesimi * 10);
 }
 
-std::string testoCoordinata(const Byte* campione) {
+std::string testo_coordinata(const Byte* campione) {
     if (riservato32(u32(campione)) != 0)
         return "";
     const int grezzo = i32(campione);
     return scrivi("%d.%07d", grezzo / 10000000, grezzo % 10000000).substr(0, 31);
 }
 
-std::string testoGps(unsigned fix, unsigned satelliti) {
+std::string testo_gps(unsigned fix, unsigned satelliti) {
     if (fix > 249 && satelliti > 249)
         return "No GPS";
     if (fix < 2)
@@ -352,7 +352,7 @@ std::string testoGps(unsigned fix, unsigned satelliti) {
     return scrivi("GPS Fix=%u SVs=%u", fix, satelliti);
 }
 
-std::string testoCopiato(const Byte* campione, unsigned dimensione) {
+std::string testo_copiato(const Byte* campione, unsigned dimensione) {
     std::string testo;
     for (unsigned i = 2; i < dimensione && campione[i] != 0; i++)
         testo += static_cast<char>(campione[i]);

@@ -53,20 +53,20 @@ struct Letto {
     unsigned stato;
 };
 
-unsigned dimensioneCampione(unsigned tipo);
+unsigned dimensione_campione(unsigned tipo);
 
 // `reciproco`: the quantity is shown as its reciprocal.
-Letto leggiValore(Valore modo, bool reciproco, const RigaUdm& unita, const Campo& campo, const Byte* campione);
+Letto leggi_valore(Valore modo, bool reciproco, const RigaUdm& unita, const Campo& campo, const Byte* campione);
 
-std::string testoStato(unsigned stato);
-std::string testoMarcia(const Byte* campione);
-std::string testoTempoGiro(std::int32_t millisecondi, unsigned decimali, bool compatto);
-std::string testoDifferenza(std::int32_t millisecondi, bool compatto);
-std::string testoTempoPacchetto(std::int32_t millisecondi);
-std::string testoCoordinata(const Byte* campione);
-std::string testoGps(unsigned fix, unsigned satelliti);
+std::string testo_stato(unsigned stato);
+std::string testo_marcia(const Byte* campione);
+std::string testo_tempo_giro(std::int32_t millisecondi, unsigned decimali, bool compatto);
+std::string testo_differenza(std::int32_t millisecondi, bool compatto);
+std::string testo_tempo_pacchetto(std::int32_t millisecondi);
+std::string testo_coordinata(const Byte* campione);
+std::string testo_gps(unsigned fix, unsigned satelliti);
 // Text after the number of types 15 and 16; ends at its NUL or with the sample.
-std::string testoCopiato(const Byte* campione, unsigned dimensione);
+std::string testo_copiato(const Byte* campione, unsigned dimensione);
 
 }  // namespace modello
 

@@ -14,7 +14,7 @@ std::optional<unsigned> SetCanali::libero() {
     return usati - 1;
 }
 
-bool SetCanali::rendiUltimo() {
+bool SetCanali::rendi_ultimo() {
     if (canali == nullptr || usati == 0)
         return false;
     usati -= 1;
@@ -33,7 +33,7 @@ std::optional<unsigned> SetCanali::nome(unsigned indice) const {
     return indice;
 }
 
-std::uint32_t SetCanali::dimensioneBuffer() const {
+std::uint32_t SetCanali::dimensione_buffer() const {
     std::uint32_t somma = 0;
     if (canali != nullptr)
         for (unsigned i = 0; i < usati; i++)
@@ -43,8 +43,8 @@ std::uint32_t SetCanali::dimensioneBuffer() const {
 
 namespace {
 
-bool pacchettoCon(Fid canale, Fid fid) {
-    return grandezza(canale) == 26 && haSottocampo(oggetto(canale), posizione(canale), fid);
+bool pacchetto_con(Fid canale, Fid fid) {
+    return grandezza(canale) == 26 && ha_sottocampo(oggetto(canale), posizione(canale), fid);
 }
 
 // A field of the request that is 0 matches anything.
@@ -52,7 +52,7 @@ bool concorda(unsigned richiesto, unsigned presente) {
     return richiesto == 0 || richiesto == presente;
 }
 
-bool concordanoTre(Fid fid, Fid c) {
+bool concordano_tre(Fid fid, Fid c) {
     return concorda(grandezza(fid), grandezza(c)) && concorda(oggetto(fid), oggetto(c)) &&
            concorda(posizione(fid), posizione(c));
 }
@@ -64,24 +64,24 @@ std::optional<unsigned> SetCanali::corrispondente(Fid fid) const {
         return std::nullopt;
     for (unsigned i = 0; i < usati; i++) {
         const Fid c = canali->at(i).fid;
-        if (pacchettoCon(c, fid) || concordanoTre(fid, c))
+        if (pacchetto_con(c, fid) || concordano_tre(fid, c))
             return i;
     }
     return std::nullopt;
 }
 
-std::optional<unsigned> SetCanali::corrispondentePieno(Fid fid) const {
+std::optional<unsigned> SetCanali::corrispondente_pieno(Fid fid) const {
     if (canali == nullptr)
         return std::nullopt;
     for (unsigned i = 0; i < usati; i++) {
         const Fid c = canali->at(i).fid;
-        if (pacchettoCon(c, fid))
+        if (pacchetto_con(c, fid))
             return i;
-        if (!concordanoTre(fid, c) || (numerato(fid) && !numerato(c)))
+        if (!concordano_tre(fid, c) || (numerato(fid) && !numerato(c)))
             continue;
         // Sides are compared pair by pair, whether they are sides or an instance number.
-        if (concorda(inOut(fid), inOut(c)) && concorda(leftRight(fid), leftRight(c)) &&
-            concorda(frontRear(fid), frontRear(c)) && concorda(upDown(fid), upDown(c)))
+        if (concorda(in_out(fid), in_out(c)) && concorda(left_right(fid), left_right(c)) &&
+            concorda(front_rear(fid), front_rear(c)) && concorda(up_down(fid), up_down(c)))
             return i;
     }
     return std::nullopt;
@@ -93,7 +93,7 @@ std::optional<std::vector<unsigned>> SetCanali::corrispondenti(Fid fid, unsigned
         return std::nullopt;
     for (unsigned i = 0; i < usati; i++) {
         const Fid c = canali->at(i).fid;
-        if (grandezza(c) == 26 ? !pacchettoCon(c, fid) : !concordanoTre(fid, c))
+        if (grandezza(c) == 26 ? !pacchetto_con(c, fid) : !concordano_tre(fid, c))
             continue;
         trovati.push_back(i);
         if (trovati.size() == capacita)

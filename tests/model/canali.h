@@ -27,13 +27,13 @@ struct SetCanali {
     unsigned totale = 0, usati = 0;
 
     std::optional<unsigned> libero();  // place of the record handed out, cleared
-    bool rendiUltimo();
+    bool rendi_ultimo();
     std::optional<unsigned> canale(unsigned indice) const;
     std::optional<unsigned> nome(unsigned indice) const;  // place of the record whose name is given
-    std::uint32_t dimensioneBuffer() const;
+    std::uint32_t dimensione_buffer() const;
 
     std::optional<unsigned> corrispondente(Fid fid) const;
-    std::optional<unsigned> corrispondentePieno(Fid fid) const;
+    std::optional<unsigned> corrispondente_pieno(Fid fid) const;
     // Places of the matching records, no more than the capacity when that is above 0; without value: the answer is 0.
     std::optional<std::vector<unsigned>> corrispondenti(Fid fid, unsigned capacita) const;
 };

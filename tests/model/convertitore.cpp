@@ -5,7 +5,7 @@
 
 namespace modello {
 
-std::uint32_t mascheraBit(unsigned pos_bit, unsigned num_bit) {
+std::uint32_t maschera_bit(unsigned pos_bit, unsigned num_bit) {
     if (num_bit == 0 || num_bit + pos_bit >= 32)
         return 0;
     std::uint32_t maschera = 1;
@@ -22,8 +22,8 @@ Convertitore::Convertitore(const Prima& prima, const Canale& canale, Fid fid, co
         unita_ = *vale;
     unsigned tipo = canale.tipo;
     if (grandezza(canale.fid) == 26 && canale.fid != fid) {
-        const auto tabella = tabellaPacchetto(oggetto(canale.fid), posizione(canale.fid));
-        const auto indice = rigaSottocampo(tabella, fid);
+        const auto tabella = tabella_pacchetto(oggetto(canale.fid), posizione(canale.fid));
+        const auto indice = riga_sottocampo(tabella, fid);
         if (!indice)
             return;  // the mask stays what it was
         const RigaSottocampo& riga = tabelle().sottocampi.at(*tabella).at(*indice);
@@ -31,12 +31,12 @@ Convertitore::Convertitore(const Prima& prima, const Canale& canale, Fid fid, co
         offset_ += riga.offset;
         campo_ = {riga.pos_bit, riga.num_bit, 0};
         if (tipo == 25) {
-            scegliCalcolato(riga);
+            scegli_calcolato(riga);
             return;
         }
     }
-    campo_.maschera = mascheraBit(campo_.pos_bit, campo_.num_bit);
-    scegliFormato(tipo, canale.fid);
+    campo_.maschera = maschera_bit(campo_.pos_bit, campo_.num_bit);
+    scegli_formato(tipo, canale.fid);
 }
 
 const RigaUdm& Convertitore::unita() const {
@@ -45,7 +45,7 @@ const RigaUdm& Convertitore::unita() const {
     return *unita_;
 }
 
-void Convertitore::scegliCalcolato(const RigaSottocampo& riga) {
+void Convertitore::scegli_calcolato(const RigaSottocampo& riga) {
     reciproco_ = reciproco();
     const std::string& nome = reciproco_ ? riga.valore_reciproco : riga.valore;
     if (nome == "velocita" || nome == "velocita_reciproca")
@@ -60,7 +60,7 @@ void Convertitore::scegliCalcolato(const RigaSottocampo& riga) {
 }
 
 // Types that are shown as numbers. All have a reciprocal form but the bit list.
-void Convertitore::scegliNumero(unsigned tipo) {
+void Convertitore::scegli_numero(unsigned tipo) {
     reciproco_ = tipo != 13 && reciproco();
     const bool bit = campo_.maschera != 0 && !reciproco_;
     testo_ = Testo::numerico;
@@ -96,9 +96,9 @@ void Convertitore::scegliNumero(unsigned tipo) {
     }
 }
 
-void Convertitore::scegliFormato(unsigned tipo, Fid canale) {
+void Convertitore::scegli_formato(unsigned tipo, Fid canale) {
     const bool marcia = grandezza(canale) == 31 || (grandezza(canale) == 6 && oggetto(canale) == 12);
-    dimensione_ = dimensioneCampione(tipo);
+    dimensione_ = dimensione_campione(tipo);
     const auto scegli = [this](Valore modo, Testo testo) {
         modo_ = modo;
         testo_ = testo;
@@ -152,7 +152,7 @@ void Convertitore::scegliFormato(unsigned tipo, Fid canale) {
         case 6:
         case 13:
         case 20:
-            scegliNumero(tipo);
+            scegli_numero(tipo);
             break;
         default:
             break;
@@ -162,7 +162,7 @@ void Convertitore::scegliFormato(unsigned tipo, Fid canale) {
 namespace {
 
 // Packets, gears, plain numbers and places are read without a unit.
-bool vuoleUnita(Valore modo) {
+bool vuole_unita(Valore modo) {
     switch (modo) {
         case Valore::nessuno:
         case Valore::zero:
@@ -181,7 +181,7 @@ bool vuoleUnita(Valore modo) {
 
 Letto Convertitore::valore(const Byte* buffer) const {
     static const RigaUdm nessuna{};
-    return leggiValore(modo_, reciproco_, vuoleUnita(modo_) ? unita() : nessuna, campo_, buffer + offset_);
+    return leggi_valore(modo_, reciproco_, vuole_unita(modo_) ? unita() : nessuna, campo_, buffer + offset_);
 }
 
 std::string Convertitore::testo(const Byte* buffer) {
@@ -193,25 +193,25 @@ std::string Convertitore::testo(const Byte* buffer) {
         case Testo::numerico: {
             const Letto letto = modo_ == Valore::nessuno ? Letto{0.0F, 1} : valore(buffer);
             if (letto.stato != 0)
-                return stato_in_testo_ ? testoStato(letto.stato) : "?";
-            return testoNumerico(aspetto, letto.valore);
+                return stato_in_testo_ ? testo_stato(letto.stato) : "?";
+            return testo_numerico(aspetto, letto.valore);
         }
         case Testo::marcia:
-            return testoMarcia(campione);
+            return testo_marcia(campione);
         case Testo::tempo_giro:
-            return testoTempoGiro(i32(campione), aspetto.decimali, compatto);
+            return testo_tempo_giro(i32(campione), aspetto.decimali, compatto);
         case Testo::differenza:
-            return testoDifferenza(i32(campione), compatto);
+            return testo_differenza(i32(campione), compatto);
         case Testo::tempo_pacchetto:
-            return testoTempoPacchetto(i32(campione + 4));
+            return testo_tempo_pacchetto(i32(campione + 4));
         case Testo::coordinata:
-            return testoCoordinata(campione);
+            return testo_coordinata(campione);
         case Testo::gps_kel:
-            return testoGps(campione[14], campione[51]);
+            return testo_gps(campione[14], campione[51]);
         case Testo::gps_navsol:
-            return testoGps(campione[10], campione[47]);
+            return testo_gps(campione[10], campione[47]);
         case Testo::copia:
-            return testoCopiato(campione, dimensione_);
+            return testo_copiato(campione, dimensione_);
         case Testo::data_ora:
             return "Date and Time Packet";
         case Testo::lap_1g:

@@ -55,18 +55,18 @@ public:
     unsigned offset() const { return offset_; }
     const Campo& campo() const { return campo_; }
     Valore modo() const { return modo_; }
-    const RigaUdm* unitaScelta() const { return unita_ ? &*unita_ : nullptr; }
+    const RigaUdm* unita_scelta() const { return unita_ ? &*unita_ : nullptr; }
     // Whether a status has a text of its own.
-    bool haTestoStato() const { return stato_in_testo_; }
+    bool ha_testo_stato() const { return stato_in_testo_; }
 
-    bool haValore() const { return modo_ != Valore::nessuno; }
+    bool ha_valore() const { return modo_ != Valore::nessuno; }
     Letto valore(const Byte* buffer) const;
     std::string testo(const Byte* buffer);
 
 private:
-    void scegliFormato(unsigned tipo, Fid canale);
-    void scegliNumero(unsigned tipo);
-    void scegliCalcolato(const RigaSottocampo& riga);
+    void scegli_formato(unsigned tipo, Fid canale);
+    void scegli_numero(unsigned tipo);
+    void scegli_calcolato(const RigaSottocampo& riga);
     const RigaUdm& unita() const;
     bool reciproco() const { return unita().reciproco != 0; }
 
@@ -81,7 +81,7 @@ private:
 };
 
 // Mask of a bit field: the single bit above it.
-std::uint32_t mascheraBit(unsigned pos_bit, unsigned num_bit);
+std::uint32_t maschera_bit(unsigned pos_bit, unsigned num_bit);
 
 }  // namespace modello
 

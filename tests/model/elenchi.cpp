@@ -21,7 +21,7 @@ bool tenuta(Fid chiave, const std::vector<unsigned>& filtro) {
 std::map<unsigned, std::vector<std::pair<Fid, std::string>>> funzioni(const std::vector<unsigned>& filtro) {
     std::map<unsigned, std::vector<std::pair<Fid, std::string>>> elenco;
     for (const RigaGrandezza& riga : tabelle().grandezze) {
-        if (fineTabella(riga.chiave))
+        if (fine_tabella(riga.chiave))
             break;
         if (!tenuta(riga.chiave, filtro))
             continue;
@@ -49,7 +49,7 @@ std::map<unsigned, std::string> scelte(const std::string& nome) {
 }  // namespace
 
 std::optional<Dettagli> dettagli(Fid fid) {
-    const RigaGrandezza* riga = rigaGrandezza(fid);
+    const RigaGrandezza* riga = riga_grandezza(fid);
     if (riga == nullptr || riga->num_varianti < 1)
         return std::nullopt;
     for (const Variante& variante : tabelle().varianti.at(riga->varianti))
@@ -58,7 +58,7 @@ std::optional<Dettagli> dettagli(Fid fid) {
     return std::nullopt;
 }
 
-void riempiGrandezze(std::map<unsigned, std::string>& mappa) {
+void riempi_grandezze(std::map<unsigned, std::string>& mappa) {
     for (const RigaCampo& riga : tabelle().campi.at("grandezza_fisica_FunzKel"))
         mappa.emplace(static_cast<unsigned>(riga.valore), riga.testo);
 }

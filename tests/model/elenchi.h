@@ -24,7 +24,7 @@ struct Dettagli {
 std::optional<Dettagli> dettagli(Fid fid);
 
 // Texts of the quantities, added to a map without overwriting.
-void riempiGrandezze(std::map<unsigned, std::string>& mappa);
+void riempi_grandezze(std::map<unsigned, std::string>& mappa);
 
 }  // namespace modello
 

@@ -13,7 +13,7 @@ float reale(std::uint32_t bit) {
     return x;
 }
 
-std::uint32_t bitDi(float x) {
+std::uint32_t bit_di(float x) {
     std::uint32_t bit = 0;
     std::memcpy(&bit, &x, sizeof bit);
     return bit;
@@ -51,7 +51,7 @@ std::uint32_t espandi(std::uint32_t mezzo) {
         grandezza = frazione * std::ldexp(1.0, -24);
     else
         grandezza = (1024.0 + frazione) * std::ldexp(1.0, static_cast<int>(esponente) - 25);
-    return segno + bitDi(static_cast<float>(grandezza));
+    return segno + bit_di(static_cast<float>(grandezza));
 }
 
 }  // namespace modello

@@ -4,21 +4,21 @@
 
 namespace modello {
 
-std::optional<std::string> nomeLungoElencato(Fid fid) {
+std::optional<std::string> nome_lungo_elencato(Fid fid) {
     for (const RigaCamera& riga : tabelle().camera_base) {
-        if (fineTabella(riga.fid))
+        if (fine_tabella(riga.fid))
             break;
         if (riga.fid == fid)
             return riga.testo;
     }
     for (const RigaCamera& riga : tabelle().camera_estese) {
-        if (fineTabella(riga.fid))
+        if (fine_tabella(riga.fid))
             break;
         if (riga.fid == fid)
             return riga.testo;
     }
     for (const RigaVecchia& riga : tabelle().funz_kel) {
-        if (fineTabella(riga.fid))
+        if (fine_tabella(riga.fid))
             break;
         if (riga.fid == fid)
             return riga.testo;
@@ -26,9 +26,9 @@ std::optional<std::string> nomeLungoElencato(Fid fid) {
     return std::nullopt;
 }
 
-std::optional<std::string> nomeLungoGrandezza(Fid fid) {
+std::optional<std::string> nome_lungo_grandezza(Fid fid) {
     for (const RigaGrandezza& riga : tabelle().grandezze) {
-        if (fineTabella(riga.chiave))
+        if (fine_tabella(riga.chiave))
             break;
         if (grandezza(riga.chiave) != grandezza(fid))
             continue;
@@ -47,51 +47,51 @@ std::optional<std::string> nomeLungoGrandezza(Fid fid) {
 
 namespace {
 
-std::string composizioneLunga(Fid fid, bool tutti) {
+std::string composizione_lunga(Fid fid, bool tutti) {
     std::string nome;
     if (grandezza(fid) < 32)
-        nome += testoCampo("grandezza_fisica_FunzKel", grandezza(fid)) + " ";
+        nome += testo_campo("grandezza_fisica_FunzKel", grandezza(fid)) + " ";
     if (grandezza(fid) == 26) {
         if (oggetto(fid) <= 3)
-            nome += testoCampo("dettagli_FunzKel", oggetto(fid)) + " ";
+            nome += testo_campo("dettagli_FunzKel", oggetto(fid)) + " ";
         if ((posizione(fid) >= 1 && posizione(fid) <= 22) || (posizione(fid) == 0 && tutti))
-            nome += testoCampo("posizione_FunzKel", posizione(fid)) + " ";
+            nome += testo_campo("posizione_FunzKel", posizione(fid)) + " ";
     } else {
         if ((oggetto(fid) != 0 && oggetto(fid) <= 57) || (oggetto(fid) == 0 && tutti))
-            nome += testoCampo("oggetto_misurato_FunzKel", oggetto(fid)) + " ";
+            nome += testo_campo("oggetto_misurato_FunzKel", oggetto(fid)) + " ";
     }
-    if (inOut(fid) != 0 || tutti)
-        nome += testoCampo("inout_FunzKel", inOut(fid)) + " ";
+    if (in_out(fid) != 0 || tutti)
+        nome += testo_campo("inout_FunzKel", in_out(fid)) + " ";
     if (numerato(fid))
         return nome + std::to_string(numero(fid)) + " ";
-    if (leftRight(fid) != 0 || tutti)
-        nome += testoCampo("leftright_FunzKel", leftRight(fid));
-    if (frontRear(fid) != 0 || tutti)
-        nome += testoCampo("frontrear_FunzKel", frontRear(fid));
-    if (upDown(fid) != 0 || tutti)
-        nome += testoCampo("updown_FunzKel", upDown(fid));
+    if (left_right(fid) != 0 || tutti)
+        nome += testo_campo("leftright_FunzKel", left_right(fid));
+    if (front_rear(fid) != 0 || tutti)
+        nome += testo_campo("frontrear_FunzKel", front_rear(fid));
+    if (up_down(fid) != 0 || tutti)
+        nome += testo_campo("updown_FunzKel", up_down(fid));
     return nome + " ";
 }
 
 }  // namespace
 
-std::string nomeLungoComposto(Fid fid, bool tutti) {
-    std::string nome = composizioneLunga(fid, tutti);
+std::string nome_lungo_composto(Fid fid, bool tutti) {
+    std::string nome = composizione_lunga(fid, tutti);
     const std::size_t ultimo = nome.find_last_not_of(' ');
     if (ultimo == std::string::npos)
         return nome;
     return nome.substr(0, ultimo + 1);
 }
 
-std::string nomeLungo(Fid fid, bool tutti) {
-    if (const auto elencato = nomeLungoElencato(fid))
+std::string nome_lungo(Fid fid, bool tutti) {
+    if (const auto elencato = nome_lungo_elencato(fid))
         return *elencato;
-    if (const auto della_grandezza = nomeLungoGrandezza(fid))
+    if (const auto della_grandezza = nome_lungo_grandezza(fid))
         return *della_grandezza;
-    return nomeLungoComposto(fid, tutti);
+    return nome_lungo_composto(fid, tutti);
 }
 
-std::optional<std::string> nomeBreveElencato(Fid fid) {
+std::optional<std::string> nome_breve_elencato(Fid fid) {
     for (const RigaCamera& riga : tabelle().camera_base)  // the end row takes part
         if (riga.fid == fid)
             return riga.breve;
@@ -101,29 +101,29 @@ std::optional<std::string> nomeBreveElencato(Fid fid) {
     return std::nullopt;
 }
 
-std::string nomeBreveComposto(Fid fid) {
-    std::string nome = testoCampo("grandezza_fisica_FunzKel", grandezza(fid));
+std::string nome_breve_composto(Fid fid) {
+    std::string nome = testo_campo("grandezza_fisica_FunzKel", grandezza(fid));
     if (grandezza(fid) == 26) {
-        nome += testoCampo("dettagli_FunzKel", oggetto(fid));
-        nome += testoCampo("posizione_FunzKel", posizione(fid));
+        nome += testo_campo("dettagli_FunzKel", oggetto(fid));
+        nome += testo_campo("posizione_FunzKel", posizione(fid));
     } else {
-        nome += testoCampo("oggetto_misurato_FunzKel", oggetto(fid));
+        nome += testo_campo("oggetto_misurato_FunzKel", oggetto(fid));
     }
-    nome += testoCampo("inout_FunzKel", inOut(fid));
+    nome += testo_campo("inout_FunzKel", in_out(fid));
     if (numerato(fid)) {
         nome += std::to_string(numero(fid));
     } else {
-        nome += testoCampo("leftright_FunzKel", leftRight(fid));
-        nome += testoCampo("frontrear_FunzKel", frontRear(fid));
-        nome += testoCampo("updown_FunzKel", upDown(fid));
+        nome += testo_campo("leftright_FunzKel", left_right(fid));
+        nome += testo_campo("frontrear_FunzKel", front_rear(fid));
+        nome += testo_campo("updown_FunzKel", up_down(fid));
     }
     return nome.substr(0, 31);
 }
 
-std::string nomeBreve(Fid fid) {
-    if (const auto elencato = nomeBreveElencato(fid))
+std::string nome_breve(Fid fid) {
+    if (const auto elencato = nome_breve_elencato(fid))
         return *elencato;
-    return nomeBreveComposto(fid);
+    return nome_breve_composto(fid);
 }
 
 }  // namespace modello

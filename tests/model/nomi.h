@@ -10,18 +10,18 @@
 namespace modello {
 
 // Name of an identifier that a camera table or the legacy table lists whole.
-std::optional<std::string> nomeLungoElencato(Fid fid);
+std::optional<std::string> nome_lungo_elencato(Fid fid);
 // Name that the quantity table gives: depends on quantity, object and position alone.
-std::optional<std::string> nomeLungoGrandezza(Fid fid);
+std::optional<std::string> nome_lungo_grandezza(Fid fid);
 // Name composed of the fields: the position counts for packets alone, bits 29 to 31 never.
-std::string nomeLungoComposto(Fid fid, bool tutti);
+std::string nome_lungo_composto(Fid fid, bool tutti);
 // The first of the three that there is.
-std::string nomeLungo(Fid fid, bool tutti);
+std::string nome_lungo(Fid fid, bool tutti);
 
 // The same for the short name: no more than 31 characters.
-std::optional<std::string> nomeBreveElencato(Fid fid);
-std::string nomeBreveComposto(Fid fid);
-std::string nomeBreve(Fid fid);
+std::optional<std::string> nome_breve_elencato(Fid fid);
+std::string nome_breve_composto(Fid fid);
+std::string nome_breve(Fid fid);
 
 }  // namespace modello
 

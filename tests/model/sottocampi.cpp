@@ -4,7 +4,7 @@
 
 namespace modello {
 
-std::optional<std::string> tabellaPacchetto(unsigned dettagli, unsigned spec) {
+std::optional<std::string> tabella_pacchetto(unsigned dettagli, unsigned spec) {
     if (dettagli == 2)
         return "data_ora";
     if (dettagli == 3 && spec == 0)
@@ -18,15 +18,15 @@ std::optional<std::string> tabellaPacchetto(unsigned dettagli, unsigned spec) {
     return std::nullopt;
 }
 
-std::optional<std::string> tabellaLap(Fid fid) {
-    return tabellaPacchetto(1, posizione(fid));
+std::optional<std::string> tabella_lap(Fid fid) {
+    return tabella_pacchetto(1, posizione(fid));
 }
 
-std::optional<std::string> tabellaGps(Fid fid) {
-    return tabellaPacchetto(3, posizione(fid));
+std::optional<std::string> tabella_gps(Fid fid) {
+    return tabella_pacchetto(3, posizione(fid));
 }
 
-std::optional<std::size_t> rigaSottocampo(const std::string& tabella, Fid fid) {
+std::optional<std::size_t> riga_sottocampo(const std::string& tabella, Fid fid) {
     const std::vector<RigaSottocampo>& righe = tabelle().sottocampi.at(tabella);
     for (std::size_t i = 0; grandezza(righe.at(i).fid) != 32; i++)
         if (righe[i].fid == fid)
@@ -34,19 +34,19 @@ std::optional<std::size_t> rigaSottocampo(const std::string& tabella, Fid fid) {
     return std::nullopt;
 }
 
-std::optional<std::size_t> rigaSottocampo(const std::optional<std::string>& tabella, Fid fid) {
-    return tabella ? rigaSottocampo(*tabella, fid) : std::nullopt;
+std::optional<std::size_t> riga_sottocampo(const std::optional<std::string>& tabella, Fid fid) {
+    return tabella ? riga_sottocampo(*tabella, fid) : std::nullopt;
 }
 
-bool haSottocampo(unsigned dettagli, unsigned spec, Fid fid) {
-    return rigaSottocampo(tabellaPacchetto(dettagli, spec), fid).has_value();
+bool ha_sottocampo(unsigned dettagli, unsigned spec, Fid fid) {
+    return riga_sottocampo(tabella_pacchetto(dettagli, spec), fid).has_value();
 }
 
-std::list<Fid> funzioniInterne(Fid fid) {
+std::list<Fid> funzioni_interne(Fid fid) {
     std::list<Fid> interne;
     if (grandezza(fid) != 26)
         return interne;
-    const auto tabella = tabellaPacchetto(oggetto(fid), posizione(fid));
+    const auto tabella = tabella_pacchetto(oggetto(fid), posizione(fid));
     if (!tabella)
         return interne;
     for (const RigaSottocampo& riga : tabelle().sottocampi.at(*tabella)) {
@@ -57,7 +57,7 @@ std::list<Fid> funzioniInterne(Fid fid) {
     return interne;
 }
 
-void canaliGps(NomiCanali& mappa) {
+void canali_gps(NomiCanali& mappa) {
     for (const RigaSottocampo& riga : tabelle().sottocampi.at("gps_kel"))
         if (!riga.testo.empty())
             mappa.emplace(riga.fid, std::make_pair(riga.breve, riga.testo));
@@ -65,19 +65,19 @@ void canaliGps(NomiCanali& mappa) {
 
 namespace {
 
-void canaliLap(NomiCanali& mappa, const std::string& pacchetto) {
+void canali_lap(NomiCanali& mappa, const std::string& pacchetto) {
     for (const NomeCanale& riga : tabelle().nomi_canali.at(pacchetto))
         mappa.emplace(riga.fid, std::make_pair(riga.breve, riga.testo));
 }
 
 }  // namespace
 
-void canaliLapNum(NomiCanali& mappa) {
-    canaliLap(mappa, "lap_num");
+void canali_lap_num(NomiCanali& mappa) {
+    canali_lap(mappa, "lap_num");
 }
 
-void canaliLapTime(NomiCanali& mappa) {
-    canaliLap(mappa, "lap_time");
+void canali_lap_time(NomiCanali& mappa) {
+    canali_lap(mappa, "lap_time");
 }
 
 }  // namespace modello

@@ -95,12 +95,12 @@ void deve(const Riga& riga, const std::string& colonna, std::size_t valore) {
         rinuncia(colonna, riga.at(colonna) + " in place of " + std::to_string(valore));
 }
 
-void leggiCampi(Tabelle& t) {
+void leggi_campi(Tabelle& t) {
     for (const Riga& r : leggi("campi_fid"))
         t.campi[r.at("tabella")].push_back({num(r, "valore"), testo(r, "xml"), testo(r, "breve"), testo(r, "testo")});
 }
 
-void leggiUnita(Tabelle& t) {
+void leggi_unita(Tabelle& t) {
     for (const Riga& r : leggi("grandezze")) {
         deve(r, "chiave", nat(r, "grandezza") | nat(r, "oggetto") << 7U);
         t.grandezze.push_back({nat(r, "chiave"), testo(r, "breve"), testo(r, "testo"), num(r, "num_udm"), r.at("udm"),
@@ -122,7 +122,7 @@ void leggiUnita(Tabelle& t) {
         t.scelte[r.at("tabella")].push_back({nat(r, "chiave"), testo(r, "breve"), testo(r, "testo")});
 }
 
-void leggiPacchetti(Tabelle& t) {
+void leggi_pacchetti(Tabelle& t) {
     for (const Riga& r : leggi("sottocampi"))
         t.sottocampi[r.at("tabella")].push_back({nat(r, "fid"), nat(r, "offset"), nat(r, "pos_bit"), nat(r, "num_bit"),
                                                  nat(r, "tipo"), r.at("valore"), r.at("valore_reciproco"),
@@ -135,7 +135,7 @@ void leggiPacchetti(Tabelle& t) {
         t.nomi_canali[r.at("pacchetto")].push_back({nat(r, "fid"), testo(r, "breve"), testo(r, "testo")});
 }
 
-void leggiCamera(Tabelle& t) {
+void leggi_camera(Tabelle& t) {
     for (const Riga& r : leggi("camera")) {
         const RigaCamera riga{nat(r, "fid"),       testo(r, "udm"),   reale(r, "scala"), num(r, "codice"),
                               reale(r, "fattore"), testo(r, "breve"), testo(r, "testo"), testo(r, "id"),
@@ -154,19 +154,19 @@ void leggiCamera(Tabelle& t) {
     }
 }
 
-Tabelle leggiTutto() {
+Tabelle leggi_tutto() {
     Tabelle t;
-    leggiCampi(t);
-    leggiUnita(t);
-    leggiPacchetti(t);
-    leggiCamera(t);
+    leggi_campi(t);
+    leggi_unita(t);
+    leggi_pacchetti(t);
+    leggi_camera(t);
     return t;
 }
 
 }  // namespace
 
 const Tabelle& tabelle() {
-    static const Tabelle lette = leggiTutto();
+    static const Tabelle lette = leggi_tutto();
     return lette;
 }
 

@@ -24,14 +24,14 @@ std::string tempo(std::int32_t millisecondi) {
     return flusso.str();
 }
 
-std::string rigaGiro(std::int32_t numero, std::int32_t millisecondi) {
+std::string riga_giro(std::int32_t numero, std::int32_t millisecondi) {
     std::ostringstream flusso;
     flusso.imbue(std::locale::classic());
     flusso << std::setw(3) << numero << " - " << tempo(millisecondi);
     return flusso.str();
 }
 
-std::int32_t leggiTempo(const std::string& testo) {
+std::int32_t leggi_tempo(const std::string& testo) {
     std::istringstream flusso(testo);
     flusso.imbue(std::locale::classic());
     std::uint32_t campo = 0;
@@ -49,13 +49,13 @@ std::int32_t leggiTempo(const std::string& testo) {
     return static_cast<std::int32_t>(a * 3600000U + b * 60000U + c * 1000U);
 }
 
-Giro leggiGiro(const std::string& testo) {
+Giro leggi_giro(const std::string& testo) {
     std::istringstream flusso(testo);
     flusso.imbue(std::locale::classic());
     Giro giro{0, std::nullopt};
     flusso >> giro.numero;
     if (testo.size() >= 6)
-        giro.tempo = leggiTempo(testo.substr(6));
+        giro.tempo = leggi_tempo(testo.substr(6));
     return giro;
 }
 

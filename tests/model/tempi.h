@@ -9,15 +9,15 @@
 namespace modello {
 
 std::string tempo(std::int32_t millisecondi);
-std::string rigaGiro(std::int32_t numero, std::int32_t millisecondi);
+std::string riga_giro(std::int32_t numero, std::int32_t millisecondi);
 
-std::int32_t leggiTempo(const std::string& testo);
+std::int32_t leggi_tempo(const std::string& testo);
 
 struct Giro {
     std::int32_t numero;
     std::optional<std::int32_t> tempo;  // without value: the text is too short, which is thrown
 };
-Giro leggiGiro(const std::string& testo);
+Giro leggi_giro(const std::string& testo);
 
 }  // namespace modello
 

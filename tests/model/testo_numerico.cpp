@@ -8,12 +8,12 @@ namespace modello {
 
 namespace {
 
-constexpr unsigned kLunghezzaMassima = 31;  // a text has 32 bytes with its terminator
+constexpr unsigned LUNGHEZZA_MASSIMA = 31;  // a text has 32 bytes with its terminator
 
 // Wider than every text, and its powers of ten beyond every float: all widths above it are the same.
-constexpr unsigned kLarghezzaMassima = 100;
+constexpr unsigned LARGHEZZA_MASSIMA = 100;
 
-unsigned decimaliMostrati(const Aspetto& aspetto) {
+unsigned decimali_mostrati(const Aspetto& aspetto) {
     return aspetto.decimali > 3 ? 3 : aspetto.decimali;
 }
 
@@ -23,7 +23,7 @@ double potenza10(int esponente) {
 
 }  // namespace
 
-void scegliDecimali(Aspetto& aspetto, float valore) {
+void scegli_decimali(Aspetto& aspetto, float valore) {
     if (aspetto.auto_decimali == 0)
         return;
     if (aspetto.larghezza <= 2) {
@@ -83,7 +83,7 @@ std::string stendi(const std::string& numero, unsigned lunghezza, unsigned decim
 }
 
 // Takes the leading zeros away; the last of them becomes the sign of a negative number.
-std::string senzaZeri(const std::string& testo, bool negativo, unsigned formato) {
+std::string senza_zeri(const std::string& testo, bool negativo, unsigned formato) {
     std::size_t zeri = 0;
     while (zeri + 1 < testo.size() && testo[zeri] == '0' && testo[zeri + 1] != '.')
         zeri += 1;
@@ -100,13 +100,13 @@ std::string senzaZeri(const std::string& testo, bool negativo, unsigned formato)
 
 }  // namespace
 
-std::string testoNumerico(Aspetto& aspetto, float valore) {
-    scegliDecimali(aspetto, valore);
-    const unsigned decimali = decimaliMostrati(aspetto);
-    unsigned larghezza = std::min(aspetto.larghezza, kLarghezzaMassima);
+std::string testo_numerico(Aspetto& aspetto, float valore) {
+    scegli_decimali(aspetto, valore);
+    const unsigned decimali = decimali_mostrati(aspetto);
+    unsigned larghezza = std::min(aspetto.larghezza, LARGHEZZA_MASSIMA);
     unsigned lunghezza = decimali == 0 ? larghezza : larghezza + 1;
-    if (lunghezza > kLunghezzaMassima) {
-        lunghezza = kLunghezzaMassima;
+    if (lunghezza > LUNGHEZZA_MASSIMA) {
+        lunghezza = LUNGHEZZA_MASSIMA;
         larghezza = decimali == 0 ? lunghezza : lunghezza - 1;
     }
     const bool negativo = valore < 0;
@@ -119,7 +119,7 @@ std::string testoNumerico(Aspetto& aspetto, float valore) {
     std::string numero = cifre(std::fabs(valore), decimali, ammesse);
     if (numero.empty())
         numero = std::string(larghezza, '-');
-    return senzaZeri(stendi(numero, lunghezza, decimali), negativo, aspetto.formato);
+    return senza_zeri(stendi(numero, lunghezza, decimali), negativo, aspetto.formato);
 }
 
 }  // namespace modello

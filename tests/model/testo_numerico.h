@@ -15,7 +15,7 @@ struct Aspetto {
 };
 
 // Chooses between 1 and 0 decimals by magnitude, when the look asks for it.
-void scegliDecimali(Aspetto& aspetto, float valore);
+void scegli_decimali(Aspetto& aspetto, float valore);
 
 // A magnitude scaled by its decimals (0 to 3) and rounded to a whole number. The product is single precision, so that
 // 123.45, a little less than that as a float, is with one decimal 1235. Rounding itself is exact: 8388609 stays what it
@@ -26,7 +26,7 @@ double arrotondata(float grandezza, unsigned decimali);
 std::string cifre(float grandezza, unsigned decimali, unsigned ammesse);
 
 // The text; first chooses the decimals.
-std::string testoNumerico(Aspetto& aspetto, float valore);
+std::string testo_numerico(Aspetto& aspetto, float valore);
 
 }  // namespace modello
 

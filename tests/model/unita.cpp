@@ -4,7 +4,7 @@
 
 namespace modello {
 
-const RigaGrandezza* rigaGrandezza(Fid fid) {
+const RigaGrandezza* riga_grandezza(Fid fid) {
     for (const RigaGrandezza& riga : tabelle().grandezze) {
         if (riga.chiave == 0x1D20)
             break;
@@ -16,19 +16,19 @@ const RigaGrandezza* rigaGrandezza(Fid fid) {
     return nullptr;
 }
 
-Fid fidEquivalente(Fid fid) {
-    const RigaGrandezza* riga = rigaGrandezza(fid);
+Fid fid_equivalente(Fid fid) {
+    const RigaGrandezza* riga = riga_grandezza(fid);
     return riga == nullptr ? 0 : riga->chiave;
 }
 
-std::string unitaBase(Fid fid) {
-    const RigaGrandezza* riga = rigaGrandezza(fid);
+std::string unita_base(Fid fid) {
+    const RigaGrandezza* riga = riga_grandezza(fid);
     return tabelle().udm.at(riga == nullptr ? "NULL_udm_associate" : riga->udm).at(0).testo;
 }
 
 std::vector<std::string> unita(Fid fid) {
     std::vector<std::string> testi;
-    const RigaGrandezza* riga = rigaGrandezza(fid);
+    const RigaGrandezza* riga = riga_grandezza(fid);
     if (riga == nullptr)
         return testi;
     for (int i = 0; i < riga->num_udm; i++)
@@ -36,13 +36,13 @@ std::vector<std::string> unita(Fid fid) {
     return testi;
 }
 
-std::optional<std::string> testoCodice(unsigned codice) {
+std::optional<std::string> testo_codice(unsigned codice) {
     if (codice > 32)
         return std::nullopt;
     return tabelle().codici_udm.at(codice);
 }
 
-int codiceTesto(const std::string& testo) {
+int codice_testo(const std::string& testo) {
     for (std::size_t i = 0; i < tabelle().codici_udm.size(); i++)
         if (tabelle().codici_udm[i] == testo)
             return static_cast<int>(i);
@@ -52,7 +52,7 @@ int codiceTesto(const std::string& testo) {
 namespace {
 
 // Row of a unit text in the unit table of a row of the quantity table; the base unit's when it has no such unit.
-std::size_t indiceUnita(const RigaGrandezza& riga, const std::string& udm) {
+std::size_t indice_unita(const RigaGrandezza& riga, const std::string& udm) {
     const std::vector<RigaUdm>& tabella = tabelle().udm.at(riga.udm);
     for (std::size_t i = 0; i < tabella.size() && i < static_cast<std::size_t>(riga.num_udm); i++)
         if (tabella[i].testo == udm)
@@ -62,35 +62,35 @@ std::size_t indiceUnita(const RigaGrandezza& riga, const std::string& udm) {
 
 }  // namespace
 
-RigaTrovata rigaDecimali(Fid fid, const std::string& udm) {
-    const RigaGrandezza* riga = rigaGrandezza(fid);
+RigaTrovata riga_decimali(Fid fid, const std::string& udm) {
+    const RigaGrandezza* riga = riga_grandezza(fid);
     if (riga == nullptr)
         return {"NULL_udm_associate", 0};
-    return {riga->udm, indiceUnita(*riga, udm)};
+    return {riga->udm, indice_unita(*riga, udm)};
 }
 
-RigaTrovata rigaConversione(Fid fid, const std::optional<std::string>& udm) {
-    const RigaGrandezza* riga = rigaGrandezza(fid);
+RigaTrovata riga_conversione(Fid fid, const std::optional<std::string>& udm) {
+    const RigaGrandezza* riga = riga_grandezza(fid);
     if (riga == nullptr || !udm)
         return {"NULL_udm_associate", 0};
-    return {riga->udm, indiceUnita(*riga, *udm)};
+    return {riga->udm, indice_unita(*riga, *udm)};
 }
 
-int decimaliDefault(Fid fid, const std::string& udm) {
-    return rigaDecimali(fid, udm).dati().decimali_default;
+int decimali_default(Fid fid, const std::string& udm) {
+    return riga_decimali(fid, udm).dati().decimali_default;
 }
 
-int decimaliMax(Fid fid, const std::string& udm) {
-    return rigaDecimali(fid, udm).dati().decimali_max;
+int decimali_max(Fid fid, const std::string& udm) {
+    return riga_decimali(fid, udm).dati().decimali_max;
 }
 
-int decimaliMin(Fid fid, const std::string& udm) {
-    return rigaDecimali(fid, udm).dati().decimali_min;
+int decimali_min(Fid fid, const std::string& udm) {
+    return riga_decimali(fid, udm).dati().decimali_min;
 }
 
-Conversione conversioneTra(Fid fid, const std::string& da, const std::string& a) {
+Conversione conversione_tra(Fid fid, const std::string& da, const std::string& a) {
     const Conversione identita{0.0F, 1.0F};
-    const RigaGrandezza* riga = rigaGrandezza(fid);
+    const RigaGrandezza* riga = riga_grandezza(fid);
     if (da == a || riga == nullptr)
         return identita;
     const RigaUdm* sorgente = nullptr;

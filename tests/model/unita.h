@@ -11,15 +11,15 @@
 namespace modello {
 
 // Row of the quantity table that an identifier falls under, or null. Depends on quantity and object alone.
-const RigaGrandezza* rigaGrandezza(Fid fid);
+const RigaGrandezza* riga_grandezza(Fid fid);
 // Key of that row; 0 when there is none.
-Fid fidEquivalente(Fid fid);
+Fid fid_equivalente(Fid fid);
 
-std::string unitaBase(Fid fid);
+std::string unita_base(Fid fid);
 std::vector<std::string> unita(Fid fid);
 
-std::optional<std::string> testoCodice(unsigned codice);
-int codiceTesto(const std::string& testo);
+std::optional<std::string> testo_codice(unsigned codice);
+int codice_testo(const std::string& testo);
 
 // Where the decimals of a unit and its conversion are read: a row of a unit table.
 struct RigaTrovata {
@@ -28,17 +28,17 @@ struct RigaTrovata {
     const RigaUdm& dati() const { return tabelle().udm.at(tabella).at(riga); }
 };
 // `udm` without value stands for a null text.
-RigaTrovata rigaDecimali(Fid fid, const std::string& udm);
-RigaTrovata rigaConversione(Fid fid, const std::optional<std::string>& udm);
+RigaTrovata riga_decimali(Fid fid, const std::string& udm);
+RigaTrovata riga_conversione(Fid fid, const std::optional<std::string>& udm);
 
-int decimaliDefault(Fid fid, const std::string& udm);
-int decimaliMax(Fid fid, const std::string& udm);
-int decimaliMin(Fid fid, const std::string& udm);
+int decimali_default(Fid fid, const std::string& udm);
+int decimali_max(Fid fid, const std::string& udm);
+int decimali_min(Fid fid, const std::string& udm);
 
 struct Conversione {
     float offset, gain;
 };
-Conversione conversioneTra(Fid fid, const std::string& da, const std::string& a);
+Conversione conversione_tra(Fid fid, const std::string& da, const std::string& a);
 
 }  // namespace modello
 

@@ -18,9 +18,9 @@
 
 namespace {
 
-constexpr int kSaltata = 77;
-constexpr int kSenzaFiltro = 3;
-constexpr int kCasi = 500;
+constexpr int SALTATA = 77;
+constexpr int SENZA_FILTRO = 3;
+constexpr int CASI = 500;
 
 // Only what ends the process is left.
 bool chiudi() {
@@ -44,8 +44,8 @@ Esito esito(void (*prova)(digest::Caso&, digest::Impronta&)) {
         digest::Caso caso(1);
         digest::Impronta impronta;
         if (!chiudi())
-            _exit(kSenzaFiltro);
-        for (int i = 0; i < kCasi; i++)
+            _exit(SENZA_FILTRO);
+        for (int i = 0; i < CASI; i++)
             prova(caso, impronta);
         syscall(SYS_exit_group, 0);
     }
@@ -54,7 +54,7 @@ Esito esito(void (*prova)(digest::Caso&, digest::Impronta&)) {
         return Esito::altro;
     if (WIFEXITED(stato))
         return WEXITSTATUS(stato) == 0              ? Esito::silenzio
-               : WEXITSTATUS(stato) == kSenzaFiltro ? Esito::senza_filtro
+               : WEXITSTATUS(stato) == SENZA_FILTRO ? Esito::senza_filtro
                                                     : Esito::altro;
     return WIFSIGNALED(stato) && WTERMSIG(stato) == SIGSYS ? Esito::chiamata : Esito::altro;
 }
@@ -66,21 +66,21 @@ int main() {
     const Esito controllo = esito([](digest::Caso&, digest::Impronta& impronta) { impronta.segno(getppid()); });
     if (controllo == Esito::senza_filtro) {
         std::printf("skipped: this kernel, or what runs this program, takes no seccomp filter\n");
-        return kSaltata;
+        return SALTATA;
     }
     if (controllo != Esito::chiamata) {
         std::printf("the filter lets system calls through: nothing would be proved\n");
         return 1;
     }
     int falliti = 0;
-    for (const digest::Famiglia& famiglia : digest::famiglieFlat()) {
+    for (const digest::Famiglia& famiglia : digest::famiglie_flat()) {
         const Esito suo = esito(famiglia.prova);
         if (suo == Esito::silenzio)
             continue;
         std::printf("%s %s\n", famiglia.nome, suo == Esito::chiamata ? "made a system call" : "ended its process");
         falliti++;
     }
-    std::printf("%zu operations, %d calls each, %d with a system call\n", digest::famiglieFlat().size(), kCasi,
+    std::printf("%zu operations, %d calls each, %d with a system call\n", digest::famiglie_flat().size(), CASI,
                 falliti);
     return falliti == 0 ? 0 : 1;
 }

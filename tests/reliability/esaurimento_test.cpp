@@ -103,13 +103,13 @@ std::string descrivi(const Uscita& uscita) {
 using Operazione = std::function<void(IFunzioni&, Uscita&)>;
 
 // Texts longer than what a string holds without allocating: also the copies that are taken of them can fail.
-const std::string kLungo = "a text that no table of the library has";
-const std::string kId = "FG_GEAR_BOX_TEMP";
+const std::string LUNGO = "a text that no table of the library has";
+const std::string ID = "FG_GEAR_BOX_TEMP";
 s_kel_canale canali[2];
 
 void leggi(IFunzioni& f, Uscita& u) {
     const std::unique_ptr<IConverter> conv(
-        f.CreateConverter(&canali[0], canali[0].fid, kLungo, true, 3, FORMATO_DESTRA, 24));
+        f.CreateConverter(&canali[0], canali[0].fid, LUNGO, true, 3, FORMATO_DESTRA, 24));
     constexpr unsigned char campione[64] = {1, 2, 3, 4, 5};
     float valore = 0;
     u.numero = conv->GetVal(campione, &valore) ? 1 : 0;
@@ -117,12 +117,12 @@ void leggi(IFunzioni& f, Uscita& u) {
     conv->GetString(campione, u.testo);
 }
 
-void valoriCampi(IFunzioni& f, Uscita& u) {
+void valori_campi(IFunzioni& f, Uscita& u) {
     f.GetValoriCampiFID(u.testi[0], u.testi[1], u.testi[2], u.testi[3], u.testi[4], u.testi[5], u.testi[6], u.testi[7],
                         u.testi[8], u.testi[9], u.testi[10], u.testi[11]);
 }
 
-void elencaFunzioni(IFunzioni& f, Uscita& u) {
+void elenca_funzioni(IFunzioni& f, Uscita& u) {
     std::vector<unsigned> filtro;
     f.getFunzioni(u.funzioni, filtro);
 }
@@ -137,7 +137,7 @@ void dettagli(IFunzioni& f, Uscita& u) {
 void parametri(IFunzioni& f, Uscita& u) {
     int codice = 0;
     float scala = 0;
-    u.testo = kLungo;
+    u.testo = LUNGO;
     f.FunGetParamZumikoCam(0x10, codice, scala, u.testo);
     u.numero = codice;
 }
@@ -150,7 +150,7 @@ void riga(IFunzioni&, Uscita& u) {
 }
 
 // clang-format off
-const std::map<std::string, Operazione> operazioni = {
+const std::map<std::string, Operazione> OPERAZIONI = {
     {"CreateMe",               [](IFunzioni&, Uscita& u) { u.numero = std::unique_ptr<IFunzioni>(IFunzioni::CreateMe(canali, 2))->getNumChUsed(); }},
     {"getNomeCanale",          [](IFunzioni& f, Uscita& u) { u.testo = f.getNomeCanale(0); }},
     {"getNomeCanaleShort",     [](IFunzioni& f, Uscita& u) { u.testo = f.getNomeCanaleShort(0); }},
@@ -164,9 +164,9 @@ const std::map<std::string, Operazione> operazioni = {
     {"getNomeFunzione composed", [](IFunzioni& f, Uscita& u) { u.testo = f.getNomeFunzione(0x0123459C, true); }},
     {"getFidEquivalente",      [](IFunzioni& f, Uscita& u) { u.numero = f.getFidEquivalente(0x1091); }},
     {"getUnitaBase",           [](IFunzioni& f, Uscita& u) { u.testo = f.getUnitaBase(0x10); }},
-    {"getFidDaID",             [](IFunzioni& f, Uscita& u) { u.numero = f.getFidDaID(kId); }},
+    {"getFidDaID",             [](IFunzioni& f, Uscita& u) { u.numero = f.getFidDaID(ID); }},
     {"getFunVecchiaZumikoDaFID", [](IFunzioni& f, Uscita& u) { u.numero = f.getFunVecchiaZumikoDaFID(0x10)->codice; }},
-    {"getFunVecchiaZumikoDaID", [](IFunzioni& f, Uscita& u) { u.numero = f.getFunVecchiaZumikoDaID(kLungo) == nullptr; }},
+    {"getFunVecchiaZumikoDaID", [](IFunzioni& f, Uscita& u) { u.numero = f.getFunVecchiaZumikoDaID(LUNGO) == nullptr; }},
     {"getParamZumikoCam",      [](IFunzioni& f, Uscita& u) { u.numero = f.getParamZumikoCam(0x10)->codice; }},
     {"getFirstFunzVisZumikoCam", [](IFunzioni& f, Uscita& u) { u.numero = f.getFirstFunzVisZumikoCam()->codice; }},
     {"getFirstFunzVisZumikoCamEstese", [](IFunzioni& f, Uscita& u) { u.numero = f.getFirstFunzVisZumikoCamEstese()->codice; }},
@@ -174,16 +174,16 @@ const std::map<std::string, Operazione> operazioni = {
     {"getNextFunzVisZumikoCamEstese", [](IFunzioni& f, Uscita& u) { f.getFirstFunzVisZumikoCamEstese(); u.numero = f.getNextFunzVisZumikoCamEstese()->codice; }},
     {"getAllFunzZumikoCamBasePerSw", [](IFunzioni& f, Uscita& u) { f.getAllFunzZumikoCamBasePerSw(u.righe); }},
     {"getAllFunzZumikoCamEstesePerSw", [](IFunzioni& f, Uscita& u) { f.getAllFunzZumikoCamEstesePerSw(u.righe); }},
-    {"getNumDecimaliDefault",  [](IFunzioni& f, Uscita& u) { u.numero = f.getNumDecimaliDefault(0x0E, kLungo); }},
-    {"getNumDecimaliMax",      [](IFunzioni& f, Uscita& u) { u.numero = f.getNumDecimaliMax(0x0E, kLungo); }},
-    {"getNumDecimaliMin",      [](IFunzioni& f, Uscita& u) { u.numero = f.getNumDecimaliMin(0x0E, kLungo); }},
+    {"getNumDecimaliDefault",  [](IFunzioni& f, Uscita& u) { u.numero = f.getNumDecimaliDefault(0x0E, LUNGO); }},
+    {"getNumDecimaliMax",      [](IFunzioni& f, Uscita& u) { u.numero = f.getNumDecimaliMax(0x0E, LUNGO); }},
+    {"getNumDecimaliMin",      [](IFunzioni& f, Uscita& u) { u.numero = f.getNumDecimaliMin(0x0E, LUNGO); }},
     {"getFunzUIVs",            [](IFunzioni& f, Uscita& u) { f.getFunzUIVs(0x0E, u.testi[0]); }},
-    {"getFunzioni",            elencaFunzioni},
+    {"getFunzioni",            elenca_funzioni},
     {"getFunzDettagli",        dettagli},
     {"getFormati",             [](IFunzioni& f, Uscita& u) { unsigned formati[32] = {}; u.numero = f.getFormati(0x10, formati); }},
     {"getAllInnerFunpos",      [](IFunzioni& f, Uscita& u) { f.getAllInnerFunpos(0x19A, u.fid); }},
-    {"getParamConv",           [](IFunzioni& f, Uscita& u) { u.testo = f.getParamConv(0x0E, kLungo)->udm; }},
-    {"getParamConv of two",    [](IFunzioni& f, Uscita& u) { u.numero = f.getParamConv(0x0E, kLungo, kId).reciproco; }},
+    {"getParamConv",           [](IFunzioni& f, Uscita& u) { u.testo = f.getParamConv(0x0E, LUNGO)->udm; }},
+    {"getParamConv of two",    [](IFunzioni& f, Uscita& u) { u.numero = f.getParamConv(0x0E, LUNGO, ID).reciproco; }},
     {"FunGetParamZumikoCam",   parametri},
     {"getCanaliGPS",           [](IFunzioni& f, Uscita& u) { f.getCanaliGPS(u.canali); }},
     {"getCanaliLapTime",       [](IFunzioni& f, Uscita& u) { f.getCanaliLapTime(u.canali); }},
@@ -194,12 +194,12 @@ const std::map<std::string, Operazione> operazioni = {
     {"getXmlStrPhi",           [](IFunzioni& f, Uscita& u) { u.testo = f.getXmlStrPhi(FID_PHI_VOLUME_LAP_PRODUCT); }},
     {"getXmlStrObj",           [](IFunzioni& f, Uscita& u) { u.testo = f.getXmlStrObj(FID_OBJ_CLUTCH_ENGAGEMENT); }},
     {"RiempiMapGrandezzaFisica", [](IFunzioni& f, Uscita& u) { f.RiempiMapGrandezzaFisica(u.grandezze); }},
-    {"getIdxPhi",              [](IFunzioni& f, Uscita& u) { u.numero = f.getIdxPhi(kLungo); }},
-    {"getIdxObj",              [](IFunzioni& f, Uscita& u) { u.numero = f.getIdxObj(kLungo); }},
-    {"getIdxPos",              [](IFunzioni& f, Uscita& u) { u.numero = f.getIdxPos(kLungo); }},
-    {"getIdxFrontRear",        [](IFunzioni& f, Uscita& u) { u.numero = f.getIdxFrontRear(kLungo); }},
+    {"getIdxPhi",              [](IFunzioni& f, Uscita& u) { u.numero = f.getIdxPhi(LUNGO); }},
+    {"getIdxObj",              [](IFunzioni& f, Uscita& u) { u.numero = f.getIdxObj(LUNGO); }},
+    {"getIdxPos",              [](IFunzioni& f, Uscita& u) { u.numero = f.getIdxPos(LUNGO); }},
+    {"getIdxFrontRear",        [](IFunzioni& f, Uscita& u) { u.numero = f.getIdxFrontRear(LUNGO); }},
     {"CreateConverter and reads", leggi},
-    {"GetValoriCampiFID",      valoriCampi},
+    {"GetValoriCampiFID",      valori_campi},
     {"LapTimeToStringa",       [](IFunzioni&, Uscita& u) { u.testo = CLaptimeAndStrings::LapTimeToStringa(83456); }},
     {"LapNumAndTimeToStringa", [](IFunzioni&, Uscita& u) { u.testo = CLaptimeAndStrings::LapNumAndTimeToStringa(1234567890, 2147483647); }},
     {"StringaToLapTime",       [](IFunzioni&, Uscita& u) { u.numero = CLaptimeAndStrings::StringaToLapTime("0000000000000001:23.456"); }},
@@ -220,7 +220,7 @@ std::unique_ptr<IFunzioni> catalogo() {
 class OutOfMemory : public testing::TestWithParam<std::string> {};
 
 TEST_P(OutOfMemory, ComesOutOfTheOperationAndLeavesNothingBehind) {
-    const Operazione& operazione = operazioni.at(GetParam());
+    const Operazione& operazione = OPERAZIONI.at(GetParam());
     const std::unique_ptr<IFunzioni> f = catalogo();
     Uscita intatta;
     operazione(*f, intatta);
@@ -250,8 +250,8 @@ TEST_P(OutOfMemory, ComesOutOfTheOperationAndLeavesNothingBehind) {
 
 std::vector<std::string> nomi() {
     std::vector<std::string> nomi;
-    nomi.reserve(operazioni.size());
-    for (const auto& [nome, operazione] : operazioni)
+    nomi.reserve(OPERAZIONI.size());
+    for (const auto& [nome, operazione] : OPERAZIONI)
         nomi.push_back(nome);
     return nomi;
 }
@@ -266,7 +266,7 @@ TEST(OutOfMemoryCounter, FindsTheAllocationsOfOperationsThatMakeSome) {
         bool fallita = false;
         prima_della_fine = 0;
         try {
-            operazioni.at(nome)(*f, uscita);
+            OPERAZIONI.at(nome)(*f, uscita);
         } catch (const std::bad_alloc&) {
             fallita = true;
         }

@@ -16,10 +16,10 @@ using modello::Canale;
 using modello::SetCanali;
 using sequenze::Operazione;
 
-constexpr unsigned kRecord = 8;  // names are also read of the record past the last used one
+constexpr unsigned RECORD = 8;  // names are also read of the record past the last used one
 
 // A record's members; bytes of the caller that differ from one another count as a change.
-Canale daRecord(const s_kel_canale& record) {
+Canale da_record(const s_kel_canale& record) {
     Canale canale;
     canale.indice = record.indice;
     canale.fid = record.fid;
@@ -78,32 +78,32 @@ public:
                 RC_ASSERT(posto(kelFunGetFreeCh(&set_)) == modello_.libero());
                 break;
             case 1:
-                RC_ASSERT((kelFunFreeLastCh(&set_) == 1) == modello_.rendiUltimo());
+                RC_ASSERT((kelFunFreeLastCh(&set_) == 1) == modello_.rendi_ultimo());
                 break;
             case 2:
                 RC_ASSERT(posto(kelFunGetCanale(&set_, i)) == modello_.canale(i));
                 break;
             case 3:
-                provaNomi(i);
+                prova_nomi(i);
                 break;
             case 4:
-                RC_ASSERT(kelFunGetSizeBufferValori(&set_) == modello_.dimensioneBuffer());
+                RC_ASSERT(kelFunGetSizeBufferValori(&set_) == modello_.dimensione_buffer());
                 break;
             case 5:
-                scrivi(i % kRecord, operazione.fid, operazione.secondo);
+                scrivi(i % RECORD, operazione.fid, operazione.secondo);
                 break;
             case 6:
                 RC_ASSERT(posto(kelFunGetMatchCh(&set_, operazione.fid)) == modello_.corrispondente(operazione.fid));
                 break;
             case 7:
                 RC_ASSERT(posto(kelFunGetMatchChFull(&set_, operazione.fid)) ==
-                          modello_.corrispondentePieno(operazione.fid));
+                          modello_.corrispondente_pieno(operazione.fid));
                 break;
             case 8:
-                provaLista(operazione.fid, operazione.secondo % 10);
+                prova_lista(operazione.fid, operazione.secondo % 10);
                 break;
             default:
-                inizia(i % kRecord, operazione.secondo % kRecord % (i % kRecord + 1), operazione.secondo % 16 == 0);
+                inizia(i % RECORD, operazione.secondo % RECORD % (i % RECORD + 1), operazione.secondo % 16 == 0);
                 break;
         }
     }
@@ -111,12 +111,12 @@ public:
     void uguali() const {
         RC_ASSERT(kelFunGetNumChUsed(&set_) == modello_.usati);
         RC_ASSERT(kelFunGetNumChTot(&set_) == modello_.totale);
-        for (unsigned i = 0; i < kRecord; i++)
-            RC_ASSERT(daRecord(record_[i]) == canali_[i]);
+        for (unsigned i = 0; i < RECORD; i++)
+            RC_ASSERT(da_record(record_[i]) == canali_[i]);
     }
 
 private:
-    void provaNomi(unsigned indice) const {
+    void prova_nomi(unsigned indice) const {
         const char* nome = kelFunGetNomeCanale(&set_, indice);
         const char* breve = kelFunGetNomeCanaleShort(&set_, indice);
         const auto atteso = modello_.nome(indice);
@@ -129,8 +129,8 @@ private:
     }
 
     // The places past those stored, and the count where nothing matches, must stay as they were.
-    void provaLista(modello::Fid fid, unsigned capacita) {
-        std::array<s_kel_canale*, kRecord + 2> trovati;
+    void prova_lista(modello::Fid fid, unsigned capacita) {
+        std::array<s_kel_canale*, RECORD + 2> trovati;
         s_kel_canale niente{};
         trovati.fill(&niente);
         unsigned numero = capacita;
@@ -146,8 +146,8 @@ private:
         }
     }
 
-    std::array<s_kel_canale, kRecord> record_{};
-    std::vector<Canale> canali_ = std::vector<Canale>(kRecord);
+    std::array<s_kel_canale, RECORD> record_{};
+    std::vector<Canale> canali_ = std::vector<Canale>(RECORD);
     s_set_canali set_{};
     SetCanali modello_;
 };
@@ -162,12 +162,12 @@ RC_GTEST_PROP(ChannelSetSequences, FlatFunctionsFollowTheModel, ()) {
 
 // The catalogue holds a set of its own, over the caller's array: all of it counts as used from the start.
 RC_GTEST_PROP(ChannelSetSequences, CatalogueFollowsTheModel, ()) {
-    std::array<s_kel_canale, kRecord> record{};
-    std::vector<Canale> canali(kRecord);
-    for (unsigned i = 0; i < kRecord; i++)
-        record[i].fid = canali[i].fid = *sequenze::unFid();
-    const std::unique_ptr<IFunzioni> funzioni(IFunzioni::CreateMe(record.data(), kRecord));
-    SetCanali modello{&canali, kRecord, kRecord};
+    std::array<s_kel_canale, RECORD> record{};
+    std::vector<Canale> canali(RECORD);
+    for (unsigned i = 0; i < RECORD; i++)
+        record[i].fid = canali[i].fid = *sequenze::un_fid();
+    const std::unique_ptr<IFunzioni> funzioni(IFunzioni::CreateMe(record.data(), RECORD));
+    SetCanali modello{&canali, RECORD, RECORD};
     const auto posto = [&](const s_kel_canale* trovato) {
         return trovato == nullptr ? std::nullopt
                                   : std::optional<unsigned>(static_cast<unsigned>(trovato - record.data()));
@@ -180,7 +180,7 @@ RC_GTEST_PROP(ChannelSetSequences, CatalogueFollowsTheModel, ()) {
             RC_ASSERT(posto(funzioni->getCanale(i)) == modello.canale(i));
         else if (operazione.quale == 2)
             RC_ASSERT(posto(funzioni->getMatchCh(operazione.fid)) == modello.corrispondente(operazione.fid));
-        else if (operazione.quale == 3 && i < kRecord)
+        else if (operazione.quale == 3 && i < RECORD)
             RC_ASSERT(funzioni->getNomeCanale(i) + funzioni->getNomeCanaleShort(i) == std::string());
         else
             RC_ASSERT(funzioni->getSizeBufferValori() == 0U);

@@ -35,7 +35,7 @@ struct Fianco {
         int codice = -77;
         float scala = -78;
         std::string udm = "before";
-        const auto attesa = modello::cameraDaFid(fid);
+        const auto attesa = modello::camera_da_fid(fid);
         RC_ASSERT(libreria->FunGetParamZumikoCam(static_cast<int>(fid), codice, scala, udm) == attesa.has_value());
         if (!attesa)
             return RC_ASSERT(codice == -77 && scala == -78 && udm == "before");
@@ -47,33 +47,33 @@ struct Fianco {
     void prova(const Operazione& operazione) {
         switch (operazione.quale) {
             case 0:
-                RC_ASSERT(libreria->getFirstFunzVisZumikoCam() == riga(modello.primaBase()));
+                RC_ASSERT(libreria->getFirstFunzVisZumikoCam() == riga(modello.prima_base()));
                 break;
             case 1:
             case 2:
-                RC_ASSERT(libreria->getNextFunzVisZumikoCam() == riga(modello.prossimaBase()));
+                RC_ASSERT(libreria->getNextFunzVisZumikoCam() == riga(modello.prossima_base()));
                 break;
             case 3:
-                RC_ASSERT(libreria->getFirstFunzVisZumikoCamEstese() == riga(modello.primaEstesa()));
+                RC_ASSERT(libreria->getFirstFunzVisZumikoCamEstese() == riga(modello.prima_estesa()));
                 break;
             case 4:
             case 5:
-                RC_ASSERT(libreria->getNextFunzVisZumikoCamEstese() == riga(modello.prossimaEstesa()));
+                RC_ASSERT(libreria->getNextFunzVisZumikoCamEstese() == riga(modello.prossima_estesa()));
                 break;
             case 6:
                 libreria->getAllFunzZumikoCamBasePerSw(raccolte);
-                aggiungi(attese, modello::tutteBase());
+                aggiungi(attese, modello::tutte_base());
                 break;
             case 7:
                 libreria->getAllFunzZumikoCamEstesePerSw(raccolte);
-                aggiungi(attese, modello::tutteEstese());
+                aggiungi(attese, modello::tutte_estese());
                 break;
             case 8:
                 parametri(operazione.fid);
                 break;
             default:
                 RC_ASSERT(libreria->getNomeFunzione(operazione.fid, operazione.secondo % 2 == 0) ==
-                          modello::nomeLungo(operazione.fid, operazione.secondo % 2 == 0));
+                          modello::nome_lungo(operazione.fid, operazione.secondo % 2 == 0));
                 break;
         }
         RC_ASSERT(raccolte == attese);

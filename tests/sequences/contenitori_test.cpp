@@ -26,7 +26,7 @@ public:
                 break;
             case 1:
                 libreria_->getAllInnerFunpos(operazione.fid, interne_);
-                interne_attese_ = modello::funzioniInterne(operazione.fid);
+                interne_attese_ = modello::funzioni_interne(operazione.fid);
                 break;
             case 2:
                 funzioni(operazione);
@@ -36,7 +36,7 @@ public:
                 break;
             case 4:
                 libreria_->RiempiMapGrandezzaFisica(grandezze_);
-                modello::riempiGrandezze(grandezze_attese_);
+                modello::riempi_grandezze(grandezze_attese_);
                 break;
             case 5:
                 canali(operazione.primo);
@@ -45,7 +45,7 @@ public:
                 valori();
                 break;
             default:
-                mettiDelChiamante(operazione);
+                metti_del_chiamante(operazione);
                 break;
         }
         uguali();
@@ -53,7 +53,7 @@ public:
 
 private:
     // Entries of the caller, which some of the operations must respect.
-    void mettiDelChiamante(const Operazione& operazione) {
+    void metti_del_chiamante(const Operazione& operazione) {
         const std::string nome = "mine " + std::to_string(operazione.primo);
         unita_.push_back(nome);
         unita_attese_.push_back(nome);
@@ -92,20 +92,20 @@ private:
     void canali(unsigned quali) {
         if (quali % 3 == 0) {
             libreria_->getCanaliGPS(canali_);
-            modello::canaliGps(canali_attesi_);
+            modello::canali_gps(canali_attesi_);
         } else if (quali % 3 == 1) {
             libreria_->getCanaliLapTime(canali_);
-            modello::canaliLapTime(canali_attesi_);
+            modello::canali_lap_time(canali_attesi_);
         } else {
             libreria_->getCanaliLapNum(canali_);
-            modello::canaliLapNum(canali_attesi_);
+            modello::canali_lap_num(canali_attesi_);
         }
     }
 
     void valori() {
         std::vector<std::list<std::string>>& v = valori_;
         libreria_->GetValoriCampiFID(v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8], v[9], v[10], v[11]);
-        const auto altri = modello::valoriCampi();
+        const auto altri = modello::valori_campi();
         for (std::size_t i = 0; i < 12; i++)
             valori_attesi_[i].insert(valori_attesi_[i].end(), altri[i].begin(), altri[i].end());
     }

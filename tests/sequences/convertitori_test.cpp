@@ -53,7 +53,7 @@ public:
         std::memset(&libreria_, 0xA5, sizeof libreria_);
         libreria_.larghezza = libreria_.decimali = libreria_.auto_decimali = 0;
         libreria_.formato = FORMATO_DESTRA;
-        const void* proibito = recinto.InFondo(0);
+        const void* proibito = recinto.in_fondo(0);
         libreria_.dati = static_cast<const s_converter_data*>(proibito);
         imposta({0, 6, 8, 0x10});  // a packet, which has no unit
     }
@@ -63,14 +63,14 @@ public:
         canale.fid = operazione.fid;
         canale.tipo = operazione.secondo % 27;
         canale.offset = operazione.primo;
-        const auto riga = modello::rigaConversione(
+        const auto riga = modello::riga_conversione(
             0x14, modello::tabelle().udm.at("kmh_vel_udm_associate").at(operazione.primo % 7).testo);
         const bool data = operazione.secondo / 32 % 2 == 1;
         const s_converter_data* dati = data ? kelFunGetConvData(0x14, riga.dati().testo.c_str()) : nullptr;
         const auto interne = modello::grandezza(operazione.fid) == 26 ? 0xA8010U : operazione.fid;
         const modello::Campo bit{operazione.secondo / 27 % 20, operazione.secondo / 540 % 3, 0};
         const bool in_testa = operazione.secondo % 2 == 0;
-        const modello::Prima prima{libreria_.maschera, modello_ ? modello_->unitaScelta() : nullptr};
+        const modello::Prima prima{libreria_.maschera, modello_ ? modello_->unita_scelta() : nullptr};
         std::unique_ptr<Convertitore> nuovo;
         try {
             nuovo =
@@ -91,7 +91,7 @@ public:
         RC_ASSERT(libreria_.maschera == modello_->campo().maschera);
         RC_ASSERT(libreria_.pos_bit == modello_->campo().pos_bit);
         RC_ASSERT(libreria_.num_bit == modello_->campo().num_bit);
-        RC_ASSERT((libreria_.testo_stato != nullptr) == modello_->haTestoStato());
+        RC_ASSERT((libreria_.testo_stato != nullptr) == modello_->ha_testo_stato());
     }
 
     // What needs a unit and has none is not read: that is undefined.
@@ -103,9 +103,9 @@ public:
             char testo[32];
             RC_ASSERT(kelConvGetString(&libreria_, buffer.data(), testo) == 1);
             RC_ASSERT(std::string(testo, sizeof testo) == atteso);
-            const float voluto = modello_->haValore() ? modello_->valore(buffer.data()).valore : 0.0F;
+            const float voluto = modello_->ha_valore() ? modello_->valore(buffer.data()).valore : 0.0F;
             float valore = -77;
-            RC_ASSERT((kelConvGetValFloat(&libreria_, buffer.data(), &valore) == 1) == modello_->haValore());
+            RC_ASSERT((kelConvGetValFloat(&libreria_, buffer.data(), &valore) == 1) == modello_->ha_valore());
             RC_ASSERT(std::bit_cast<std::uint32_t>(valore) == std::bit_cast<std::uint32_t>(voluto));
         } catch (const modello::SenzaUnita&) {
             return;
@@ -154,7 +154,7 @@ RC_GTEST_PROP(ConverterSequences, FlatRecordsFollowTheModel, ()) {
 
 // Reads of the object face end with a NUL that counts; decimals are set between them.
 RC_GTEST_PROP(ConverterSequences, ObjectsFollowTheModel, ()) {
-    const auto fid = *sequenze::unFid();
+    const auto fid = *sequenze::un_fid();
     const unsigned tipo = *rc::gen::inRange(0U, 27U);
     const auto larghezza = *rc::gen::inRange(0U, 12U);
     const auto formato = *rc::gen::inRange(0U, 4U);
@@ -173,7 +173,7 @@ RC_GTEST_PROP(ConverterSequences, ObjectsFollowTheModel, ()) {
     const std::unique_ptr<IFunzioni> funzioni(IFunzioni::CreateMe());
     const std::unique_ptr<IConverter> libreria(
         funzioni->CreateConverter(&record, fid, udm, inTesta, 1, static_cast<eFormatoConv>(formato), larghezza));
-    Convertitore modello(canale, fid, modello::rigaConversione(fid, udm).dati(), {}, inTesta);
+    Convertitore modello(canale, fid, modello::riga_conversione(fid, udm).dati(), {}, inTesta);
     modello.aspetto = {larghezza, 1, 0, formato};
 
     for (const Operazione& operazione : *sequenze::operazioni(3)) {
@@ -189,9 +189,9 @@ RC_GTEST_PROP(ConverterSequences, ObjectsFollowTheModel, ()) {
             RC_ASSERT(testo == modello.testo(buffer.data()) + '\0');
         } else {
             float valore = -77;
-            RC_ASSERT(libreria->GetVal(buffer.data(), &valore) == modello.haValore());
+            RC_ASSERT(libreria->GetVal(buffer.data(), &valore) == modello.ha_valore());
             RC_ASSERT(std::bit_cast<std::uint32_t>(valore) ==
-                      std::bit_cast<std::uint32_t>(modello.haValore() ? modello.valore(buffer.data()).valore : 0.0F));
+                      std::bit_cast<std::uint32_t>(modello.ha_valore() ? modello.valore(buffer.data()).valore : 0.0F));
         }
     }
 }

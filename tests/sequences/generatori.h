@@ -27,7 +27,7 @@ inline void showValue(const Operazione& operazione, std::ostream& flusso) {
 }
 
 // Identifiers of table rows, whole or with other sides, of packets and of their subfields; now and then any number.
-inline rc::Gen<modello::Fid> unFid() {
+inline rc::Gen<modello::Fid> un_fid() {
     std::vector<modello::Fid> noti = {0, 0x1A, 0x9A, 0x809A, 0x1009A, 0x11A, 0x19A, 0x819A, 0x1019A, 0x1C, 0x1F};
     for (const modello::RigaGrandezza& riga : modello::tabelle().grandezze)
         noti.push_back(riga.chiave);
@@ -49,7 +49,7 @@ inline rc::Gen<std::vector<Operazione>> operazioni(unsigned quante) {
                                  rc::gen::set(&Operazione::quale, rc::gen::inRange(0U, quante)),
                                  rc::gen::set(&Operazione::primo, rc::gen::inRange(0U, 12U)),
                                  rc::gen::set(&Operazione::secondo, rc::gen::arbitrary<unsigned>()),
-                                 rc::gen::set(&Operazione::fid, unFid()))));
+                                 rc::gen::set(&Operazione::fid, un_fid()))));
 }
 
 }  // namespace sequenze

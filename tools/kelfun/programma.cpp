@@ -49,7 +49,7 @@ std::vector<std::string> parole(const CLI::App& comando, bool comandi) {
 }
 
 // The error for an option before the command. If a command has it, the error says where such options stand.
-std::string primaDelComando(const CLI::App& programma, const std::string& nome) {
+std::string prima_del_comando(const CLI::App& programma, const std::string& nome) {
     for (const CLI::App* sotto : programma.get_subcommands([](const CLI::App*) { return true; }))
         if (sotto->get_option_no_throw(nome) != nullptr)
             return "'" + nome + "' is an option of commands, and stands behind them; ";
@@ -57,17 +57,17 @@ std::string primaDelComando(const CLI::App& programma, const std::string& nome) 
 }
 
 // A word that the command has no place for: an option that it does not know, or an argument more than it takes.
-std::string diTroppo(const CLI::App& comando, const std::string& parola) {
+std::string di_troppo(const CLI::App& comando, const std::string& parola) {
     const std::string nome = parola.substr(0, parola.find('='));
     if (!parola.starts_with("-"))
-        return "'" + senzaSegno(parola) + "' is one argument too many; accepted: " + accettati(comando);
+        return "'" + senza_segno(parola) + "' is one argument too many; accepted: " + accettati(comando);
     return "there is no option '" + nome + "'; " + forse(nome, parole(comando, false)) +
            "accepted: " + accettati(comando);
 }
 
 // The words of the command line in reverse order, as the parser takes them. After "--" every word is an argument; only
 // when "--" comes first is the next word still the command.
-std::vector<std::string> perParser(int argc, char** argv) {
+std::vector<std::string> per_parser(int argc, char** argv) {
     std::vector<std::string> tutte(argv + 1, argv + argc);
     const auto fine = std::find(tutte.begin(), tutte.end(), "--");
     const bool prima_del_comando = fine == tutte.begin();
@@ -93,7 +93,7 @@ std::string colori(const CLI::App& comando) {
 }
 
 int errore(const CLI::App& comando, const std::string& chi, const std::string& testo, int stato) {
-    const bool colorato = ammetteColori(colori(comando), stderr);
+    const bool colorato = ammette_colori(colori(comando), stderr);
     messaggio(chi, testo, colorato ? ROSSO : std::string_view());
     return stato;
 }
@@ -105,20 +105,20 @@ int esegui(int argc, char** argv) {
     programma.set_version_flag("--version", "kelfun " KELFUN_VERSIONE, "Print the version and exit");
     programma.get_formatter()->column_width(30);
     programma.require_subcommand(1);
-    aggiungiFind(programma);
-    aggiungiFid(programma);
-    aggiungiFunctions(programma);
-    aggiungiUnits(programma);
-    aggiungiConvert(programma);
-    aggiungiDecode(programma);
-    aggiungiMatch(programma);
-    aggiungiCamera(programma);
-    aggiungiLap(programma);
-    aggiungiUbx(programma);
-    aggiungiRecord(programma);
-    aggiungiLaps(programma);
-    aggiungiCatalogue(programma);
-    rifiutaCodiceAltrove(programma);
+    aggiungi_find(programma);
+    aggiungi_fid(programma);
+    aggiungi_functions(programma);
+    aggiungi_units(programma);
+    aggiungi_convert(programma);
+    aggiungi_decode(programma);
+    aggiungi_match(programma);
+    aggiungi_camera(programma);
+    aggiungi_lap(programma);
+    aggiungi_ubx(programma);
+    aggiungi_record(programma);
+    aggiungi_laps(programma);
+    aggiungi_catalogue(programma);
+    rifiuta_codice_altrove(programma);
     programma.footer(
         esempi("kelfun COMMAND --help tells more and gives examples.\n"
                "Tables have colours on a terminal only, and none where NO_COLOR is set or TERM is dumb.\n"
@@ -134,11 +134,11 @@ int esegui(int argc, char** argv) {
             completa(programma, {argv + 2, argv + argc});
             return USCITA_BENE;
         }
-        std::vector<std::string> argomenti = perParser(argc, argv);
+        std::vector<std::string> argomenti = per_parser(argc, argv);
         const std::string primo = argomenti.empty() ? "" : argomenti.back();
         const std::string opzione = primo.starts_with("-") ? primo.substr(0, primo.find('=')) : "";
         if (!opzione.empty() && programma.get_option_no_throw(opzione) == nullptr)
-            return errore(*comando, chi, primaDelComando(programma, opzione) + "accepted: " + accettati(programma),
+            return errore(*comando, chi, prima_del_comando(programma, opzione) + "accepted: " + accettati(programma),
                           USCITA_USO);
         if (primo.empty() && argc == 1)
             return errore(*comando, chi, "there is no command; accepted: " + accettati(programma), USCITA_USO);
@@ -157,13 +157,13 @@ int esegui(int argc, char** argv) {
     } catch (const CLI::Success& richiesta) {  // --help, --version
         std::ostringstream testo;
         programma.exit(richiesta, testo, testo);
-        scriviUscita(testo.str());
+        scrivi_uscita(testo.str());
         return USCITA_BENE;
     } catch (const CLI::ParseError& e) {
         // A mistyped option is reported first: what else the parser misses may be its consequence.
         for (const std::string& parola : comando->remaining())
             if (parola.starts_with("-") || dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr)
-                return errore(*comando, chi, diTroppo(*comando, parola), USCITA_USO);
+                return errore(*comando, chi, di_troppo(*comando, parola), USCITA_USO);
         return errore(*comando, chi, std::string(e.what()) + "; accepted: " + accettati(*comando), USCITA_USO);
     } catch (const ErroreUso& e) {
         return errore(*comando, chi, e.what(), USCITA_USO);

@@ -28,7 +28,7 @@ void scrivi(std::string& record, std::size_t dove, Intero valore) {
         record[dove + i] = static_cast<char>(static_cast<std::uint64_t>(valore) >> 8 * i & 0xFF);
 }
 
-std::uint16_t mezzoFloat(double valore) {
+std::uint16_t mezzo_float(double valore) {
     return static_cast<std::uint16_t>(kelF16compress(std::bit_cast<std::uint32_t>(static_cast<float>(valore))));
 }
 
@@ -86,13 +86,13 @@ std::string Centralina::record(const Istante& istante, const PianoLocale& piano)
     scrivi(campioni, giri_->offset_campione, static_cast<std::uint16_t>(regime_));
     scrivi(campioni, marcia_->offset_campione, static_cast<std::int16_t>(in_marcia_));
     scrivi(campioni, acceleratore_->offset_campione, static_cast<std::uint8_t>(spinta_));
-    scrivi(campioni, laterale_->offset_campione, mezzoFloat(laterale(istante)));
+    scrivi(campioni, laterale_->offset_campione, mezzo_float(laterale(istante)));
     scrivi(campioni, acqua_->offset_campione,
            istante.secondi < ACCENSIONE_SONDA ? MANCANTE : static_cast<std::uint16_t>(acqua_c_));
-    scrivi(campioni, olio_->offset_campione, mezzoFloat(1.2 + 3.6 * regime_ / REGIME_MASSIMO));
-    pacchettoGiro(campioni, ora_ms);
+    scrivi(campioni, olio_->offset_campione, mezzo_float(1.2 + 3.6 * regime_ / REGIME_MASSIMO));
+    pacchetto_giro(campioni, ora_ms);
     scrivi(campioni, gps_->offset_campione, ora_ms);
-    const std::string navsol = payloadNavSol(istante, piano);
+    const std::string navsol = payload_nav_sol(istante, piano);
     std::copy(navsol.begin(), navsol.end(), campioni.begin() + gps_->offset_campione + sizeof ora_ms);
 
     std::string orario(sizeof ora_ms, '\0');
@@ -131,7 +131,7 @@ void Centralina::cronometra(const Istante& istante) {
 }
 
 // Bytes of the packet: run 0, split 1, laps done 2, times of the last lap 4, of the best 12, of the lap now running 16.
-void Centralina::pacchettoGiro(std::string& record, std::uint32_t ora_ms) const {
+void Centralina::pacchetto_giro(std::string& record, std::uint32_t ora_ms) const {
     const std::size_t da = giro_->offset_campione;
     scrivi(record, da, std::uint8_t{1});
     scrivi(record, da + 2, static_cast<std::uint16_t>(passaggi_ > 0 ? passaggi_ - 1 : 0));

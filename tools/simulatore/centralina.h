@@ -30,7 +30,7 @@ private:
     static double laterale(const Istante& istante);
     void misura(const Istante& istante);
     void cronometra(const Istante& istante);
-    void pacchettoGiro(std::string& record, std::uint32_t ora_ms) const;
+    void pacchetto_giro(std::string& record, std::uint32_t ora_ms) const;
 
     static constexpr unsigned CANALI = 9;
     std::array<s_kel_canale, CANALI> memoria_{};

@@ -87,12 +87,12 @@ Circuito::Circuito() : lunghezza_(LUNGHEZZA) {
         punto.curvatura = (s.d[0] * s.dd[1] - s.d[1] * s.dd[0]) / (passo * passo * passo) / scala;
         punti_.push_back(punto);
     }
-    profiloVelocita();
+    profilo_velocita();
 }
 
 // The grip in the corners limits the speed; engine and brakes limit its change along the way. Two rounds are computed,
 // because the speed at the end of a lap is that at its beginning.
-void Circuito::profiloVelocita() {
+void Circuito::profilo_velocita() {
     const std::size_t n = punti_.size();
     const double passo = lunghezza_ / static_cast<double>(n);
     for (PuntoCircuito& p : punti_)

@@ -33,7 +33,7 @@ public:
     PuntoCircuito punto(double distanza) const;
 
 private:
-    void profiloVelocita();
+    void profilo_velocita();
 
     double lunghezza_ = 0;
     std::vector<PuntoCircuito> punti_;  // at equal distances

@@ -38,7 +38,7 @@ public:
     bool prossimo(Istante& istante);
 
     /// Length of a lap, m.
-    double lunghezzaGiro() const { return circuito_.lunghezza(); }
+    double lunghezza_giro() const { return circuito_.lunghezza(); }
 
 private:
     double rumore();

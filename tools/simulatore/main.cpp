@@ -19,7 +19,7 @@
 namespace {
 
 // A whole number within bounds, or the reason why the argument is none.
-CLI::Validator traNumeri(unsigned long long minimo, unsigned long long massimo) {
+CLI::Validator tra_numeri(unsigned long long minimo, unsigned long long massimo) {
     return CLI::Validator(
         [minimo, massimo](std::string& testo) -> std::string {
             unsigned long long valore = 0;
@@ -40,13 +40,13 @@ struct Argomenti {
     unsigned giri = 3;
     unsigned frequenza = 10;
     unsigned long long seme = 1;
-    kel::simulatore::Soluzioni soluzioni = kel::simulatore::Soluzioni::SOL;
+    kel::simulatore::Soluzioni soluzioni = kel::simulatore::Soluzioni::sol;
 };
 
 const std::map<std::string, kel::simulatore::Soluzioni> SOLUZIONI = {
-    {"sol", kel::simulatore::Soluzioni::SOL},
-    {"pvt", kel::simulatore::Soluzioni::PVT},
-    {"both", kel::simulatore::Soluzioni::ENTRAMBE},
+    {"sol", kel::simulatore::Soluzioni::sol},
+    {"pvt", kel::simulatore::Soluzioni::pvt},
+    {"both", kel::simulatore::Soluzioni::entrambe},
 };
 
 // The text below the options.
@@ -86,19 +86,19 @@ void dichiara(CLI::App& programma, Argomenti& argomenti) {
             "Solutions in the capture: NAV-SOL, NAV-PVT or both messages (default sol)")
         ->type_name("sol|pvt|both");
     programma.add_option("--laps", argomenti.giri, "Closed laps (default 3)")
-        ->check(traNumeri(1, 1000))
+        ->check(tra_numeri(1, 1000))
         ->type_name("N");
     programma.add_option("--rate", argomenti.frequenza, "Solutions and records a second (default 10)")
-        ->check(traNumeri(1, 25))
+        ->check(tra_numeri(1, 25))
         ->type_name("N");
     programma.add_option("--seed", argomenti.seme, "Seed of the receiver's noise and the driver's pace (default 1)")
-        ->check(traNumeri(0, ~0ull))
+        ->check(tra_numeri(0, ~0ull))
         ->type_name("N");
     programma.set_version_flag("--version", "kelsim " KELSIM_VERSIONE)->description("Show the version and exit");
     programma.footer(note());
 }
 
-std::string senzaOpzione(const std::string& nome, const std::vector<std::string>& opzioni) {
+std::string senza_opzione(const std::string& nome, const std::vector<std::string>& opzioni) {
     return "there is no option '" + nome + "'; " + kel::strumento::forse(nome, opzioni);
 }
 
@@ -114,7 +114,7 @@ std::string sbagliato(const CLI::App& programma, const CLI::ParseError& errore) 
         accettati += ", " + opzione;
     for (const std::string& parola : programma.remaining()) {
         if (parola.starts_with("-"))
-            return senzaOpzione(parola.substr(0, parola.find('=')), opzioni) + accettati;
+            return senza_opzione(parola.substr(0, parola.find('=')), opzioni) + accettati;
         if (dynamic_cast<const CLI::ExtrasError*>(&errore) != nullptr)
             return std::string("'").append(parola).append("' is one argument too many; ").append(accettati);
     }
@@ -162,7 +162,7 @@ void registra(const Argomenti& argomenti) {
     Uscita campioni(argomenti.campioni);
     const PianoLocale piano(LUOGO);
     Kart kart(argomenti.giri, argomenti.frequenza, argomenti.seme);
-    Centralina centralina(kart.lunghezzaGiro());
+    Centralina centralina(kart.lunghezza_giro());
     canali.scrivi(centralina.canali());
     canali.chiudi();
     for (Istante istante; kart.prossimo(istante);)

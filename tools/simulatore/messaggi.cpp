@@ -12,7 +12,7 @@ namespace kel::simulatore {
 namespace {
 
 // Degrees as NMEA writes them: degrees and minutes without a sign, "4449.38600".
-std::string gradiMinuti(double gradi, int cifre) {
+std::string gradi_minuti(double gradi, int cifre) {
     const auto centomillesimi = static_cast<unsigned long>(std::lround(std::fabs(gradi) * 6000000.0));
     char testo[32];
     std::snprintf(testo, sizeof testo, "%0*lu%02lu.%05lu", cifre, centomillesimi / 6000000,
@@ -22,7 +22,7 @@ std::string gradiMinuti(double gradi, int cifre) {
 
 }  // namespace
 
-Vettore velocitaLocale(const Istante& i, const PianoLocale& piano) {
+Vettore velocita_locale(const Istante& i, const PianoLocale& piano) {
     return PianoLocale(piano.geodetiche(i.posizione)).locale(piano.velocita(i.velocita));
 }
 
@@ -35,7 +35,7 @@ double rotta(const Vettore& v) {
     return gradi < 0 ? gradi + 360 : gradi;
 }
 
-std::string payloadNavSol(const Istante& i, const PianoLocale& piano) {
+std::string payload_nav_sol(const Istante& i, const PianoLocale& piano) {
     const Vettore r = piano.posizione(i.posizione);
     const Vettore v = piano.velocita(i.velocita);
     std::string dati;
@@ -57,11 +57,11 @@ std::string payloadNavSol(const Istante& i, const PianoLocale& piano) {
     return dati;
 }
 
-std::string navSol(const Istante& istante, const PianoLocale& piano) {
-    return messaggioUbx(0x01, 0x06, payloadNavSol(istante, piano));
+std::string nav_sol(const Istante& istante, const PianoLocale& piano) {
+    return messaggio_ubx(0x01, 0x06, payload_nav_sol(istante, piano));
 }
 
-void aggiungiPosizione(std::string& dati, const Istante& i, const PianoLocale& piano) {
+void aggiungi_posizione(std::string& dati, const Istante& i, const PianoLocale& piano) {
     const Geodetiche luogo = piano.geodetiche(i.posizione);
     aggiungi(dati, intero(luogo.longitudine * 1e7), 4);
     aggiungi(dati, intero(luogo.latitudine * 1e7), 4);
@@ -71,15 +71,15 @@ void aggiungiPosizione(std::string& dati, const Istante& i, const PianoLocale& p
     aggiungi(dati, i.accuratezza_posizione * QUOTA_MM, 4);
 }
 
-std::string navPosLlh(const Istante& i, const PianoLocale& piano) {
+std::string nav_pos_llh(const Istante& i, const PianoLocale& piano) {
     std::string dati;
     aggiungi(dati, i.settimana_ms, 4);
-    aggiungiPosizione(dati, i, piano);
-    return messaggioUbx(0x01, 0x02, dati);
+    aggiungi_posizione(dati, i, piano);
+    return messaggio_ubx(0x01, 0x02, dati);
 }
 
-std::string navVelNed(const Istante& i, const PianoLocale& piano) {
-    const Vettore v = velocitaLocale(i, piano);
+std::string nav_vel_ned(const Istante& i, const PianoLocale& piano) {
+    const Vettore v = velocita_locale(i, piano);
     std::string dati;
     aggiungi(dati, i.settimana_ms, 4);
     for (const double metri_al_secondo : {v.y, v.x, -v.z})
@@ -89,10 +89,10 @@ std::string navVelNed(const Istante& i, const PianoLocale& piano) {
     aggiungi(dati, intero(rotta(v) * 1e5), 4);
     aggiungi(dati, i.accuratezza_velocita, 4);
     aggiungi(dati, 120000, 4);
-    return messaggioUbx(0x01, 0x12, dati);
+    return messaggio_ubx(0x01, 0x12, dati);
 }
 
-std::string navStatus(const Istante& i) {
+std::string nav_status(const Istante& i) {
     std::string dati;
     aggiungi(dati, i.settimana_ms, 4);
     aggiungi(dati, i.fix, 1);
@@ -100,7 +100,7 @@ std::string navStatus(const Istante& i) {
     aggiungi(dati, 0, 2);
     aggiungi(dati, 26800, 4);           // time to first fix, ms
     aggiungi(dati, i.settimana_ms, 4);  // since start-up
-    return messaggioUbx(0x01, 0x03, dati);
+    return messaggio_ubx(0x01, 0x03, dati);
 }
 
 std::string gga(const Istante& i, const PianoLocale& piano) {
@@ -109,8 +109,8 @@ std::string gga(const Istante& i, const PianoLocale& piano) {
     char testo[128];
     const auto decimetri = std::lround((luogo.altezza - GEOIDE) * 10);
     std::snprintf(testo, sizeof testo, "GPGGA,%02u%02u%02u.%02u,%s,N,%s,E,%u,%02u,1.0,%ld.%ld,M,%.1f,M,,", ora.ore,
-                  ora.minuti, ora.secondi, ora.millesimi / 10, gradiMinuti(luogo.latitudine, 2).c_str(),
-                  gradiMinuti(luogo.longitudine, 3).c_str(), i.fix >= 2 ? 1u : 0u, i.satelliti, decimetri / 10,
+                  ora.minuti, ora.secondi, ora.millesimi / 10, gradi_minuti(luogo.latitudine, 2).c_str(),
+                  gradi_minuti(luogo.longitudine, 3).c_str(), i.fix >= 2 ? 1u : 0u, i.satelliti, decimetri / 10,
                   decimetri % 10, GEOIDE);
     unsigned somma = 0;
     for (const char* c = testo; *c != '\0'; ++c)
@@ -127,13 +127,13 @@ void registrazione(unsigned giri, unsigned frequenza, std::uint64_t seme,
     Istante istante;
     while (kart.prossimo(istante)) {
         if (istante.settimana_ms % 1000 == 0)
-            uscita(gga(istante, piano) + navStatus(istante));
-        uscita(navPosLlh(istante, piano));
-        if (soluzioni != Soluzioni::PVT)
-            uscita(navSol(istante, piano));
-        if (soluzioni != Soluzioni::SOL)
-            uscita(navPvt(istante, piano));
-        uscita(navVelNed(istante, piano));
+            uscita(gga(istante, piano) + nav_status(istante));
+        uscita(nav_pos_llh(istante, piano));
+        if (soluzioni != Soluzioni::pvt)
+            uscita(nav_sol(istante, piano));
+        if (soluzioni != Soluzioni::sol)
+            uscita(nav_pvt(istante, piano));
+        uscita(nav_vel_ned(istante, piano));
     }
 }
 

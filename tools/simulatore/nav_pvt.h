@@ -10,7 +10,7 @@
 namespace kel::simulatore {
 
 /// NAV-PVT (01 07), 92 bytes: UTC, geodetic position, velocity north, east, down, and their accuracies.
-std::string navPvt(const Istante& istante, const PianoLocale& piano);
+std::string nav_pvt(const Istante& istante, const PianoLocale& piano);
 
 }  // namespace kel::simulatore
 

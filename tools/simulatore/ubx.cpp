@@ -13,7 +13,7 @@ std::uint32_t intero(double valore) {
     return static_cast<std::uint32_t>(static_cast<std::int32_t>(std::lround(valore)));
 }
 
-std::string messaggioUbx(unsigned classe, unsigned id, const std::string& dati) {
+std::string messaggio_ubx(unsigned classe, unsigned id, const std::string& dati) {
     std::string corpo;
     aggiungi(corpo, classe, 1);
     aggiungi(corpo, id, 1);

@@ -14,7 +14,7 @@ void aggiungi(std::string& byte, std::uint32_t valore, int quanti);
 std::uint32_t intero(double valore);
 
 /// A whole message: sync, class, id, length, payload, and the 8-bit Fletcher checksum over class to payload.
-std::string messaggioUbx(unsigned classe, unsigned id, const std::string& dati);
+std::string messaggio_ubx(unsigned classe, unsigned id, const std::string& dati);
 
 }  // namespace kel::simulatore
 

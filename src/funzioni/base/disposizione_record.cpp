@@ -7,15 +7,15 @@
 namespace {
 
 // Where pointers are 32 bits wide, as on the device, every byte is fixed; elsewhere only the order of the members is.
-constexpr bool puntatori_larghi = sizeof(void*) != 4;
+constexpr bool PUNTATORI_LARGHI = sizeof(void*) != 4;
 
 template <typename Record>
 constexpr bool byte_sul_dispositivo(std::size_t byte) {
-    return puntatori_larghi || (sizeof(Record) == byte && alignof(Record) == 4);
+    return PUNTATORI_LARGHI || (sizeof(Record) == byte && alignof(Record) == 4);
 }
 
 constexpr bool sul_dispositivo(std::size_t offset, std::size_t atteso) {
-    return puntatori_larghi || offset == atteso;
+    return PUNTATORI_LARGHI || offset == atteso;
 }
 
 }  // namespace

@@ -14,12 +14,12 @@ public:
             resto /= 10;
         } while (resto != 0);
     }
-    std::string_view vista() const noexcept { return {cifre_ + prima_, massimo - prima_}; }
+    std::string_view vista() const noexcept { return {cifre_ + prima_, MASSIMO - prima_}; }
 
 private:
-    static constexpr unsigned massimo = 10;  // 2^31 has ten digits
-    char cifre_[massimo];
-    unsigned prima_ = massimo;
+    static constexpr unsigned MASSIMO = 10;  // 2^31 has ten digits
+    char cifre_[MASSIMO];
+    unsigned prima_ = MASSIMO;
 };
 
 }  // namespace

@@ -7,8 +7,8 @@
 
 namespace kel {
 
-inline constexpr unsigned byte_testo = 32;                   // of the caller's buffer
-inline constexpr unsigned caratteri_testo = byte_testo - 1;  // of the longest text: one byte is the NUL's
+inline constexpr unsigned BYTE_TESTO = 32;                   // of the caller's buffer
+inline constexpr unsigned CARATTERI_TESTO = BYTE_TESTO - 1;  // of the longest text: one byte is the NUL's
 
 // Appends to a text. It checks no limit, because no text comes near one: the longest, "Date and Time Packet", has 20
 // characters. It writes no NUL, because the buffer's zeros end the text.

@@ -8,7 +8,7 @@
 #include "tables/camera.h"
 
 const t_SFunzioneZumikoCam* kelFunGetParamZumikoCam(kel_funpos fid) noexcept {
-    const t_SFunzioneZumikoCam& riga = kel::riga_camera(kel::indice_camera_fid.riga(fid));
+    const t_SFunzioneZumikoCam& riga = kel::riga_camera(kel::INDICE_CAMERA_FID.riga(fid));
     return riga.fid == fid ? &riga : nullptr;
 }
 
@@ -18,15 +18,15 @@ const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaFID(kel_funpos fid) noexc
 
 const t_SFunzioneZumikoCam* kelFunGetFunVecchiaZumikoDaID(const char* id) noexcept {
     const std::string_view testo(id);
-    const std::size_t numero = kel::indice_camera_id.riga(testo);
+    const std::size_t numero = kel::INDICE_CAMERA_ID.riga(testo);
     const t_SFunzioneZumikoCam& riga = kel::riga_camera(numero);
-    return kel::indice_camera_id.uguale(numero, riga.id, testo) ? &riga : nullptr;
+    return kel::INDICE_CAMERA_ID.uguale(numero, riga.id, testo) ? &riga : nullptr;
 }
 
 unsigned getFunzVisSize() noexcept {
-    return kel::righe_base;
+    return kel::RIGHE_BASE;
 }
 
 unsigned getFunzVisEstSize() noexcept {
-    return kel::righe_estese;
+    return kel::RIGHE_ESTESE;
 }

@@ -16,12 +16,12 @@ bool ha_sottocampo(kel_funpos canale, kel_funpos richiesta) noexcept {
 }
 
 // Quantity, object and position.
-constexpr kel_funpos tre_campi[] = {kel::bit_grandezza, kel::bit_oggetto, kel::bit_posizione};
+constexpr kel_funpos TRE_CAMPI[] = {kel::BIT_GRANDEZZA, kel::BIT_OGGETTO, kel::BIT_POSIZIONE};
 
 // Bit 22 is a field of one bit like the others: a request without it accepts channels with it. Bits 23 to 28 are
 // compared as three sides also where they are an instance number: clients depend on the channels that this finds.
-constexpr kel_funpos tutti_i_campi[] = {kel::bit_grandezza, kel::bit_oggetto,   kel::bit_posizione, kel::bit_numerato,
-                                        kel::bit_inout,     kel::bit_leftright, kel::bit_frontrear, kel::bit_updown};
+constexpr kel_funpos TUTTI_I_CAMPI[] = {kel::BIT_GRANDEZZA, kel::BIT_OGGETTO,   kel::BIT_POSIZIONE, kel::BIT_NUMERATO,
+                                        kel::BIT_INOUT,     kel::BIT_LEFTRIGHT, kel::BIT_FRONTREAR, kel::BIT_UPDOWN};
 
 // A request. A field of 0 in it accepts every value, so that only the bits of the other fields are compared.
 class Richiesta {
@@ -56,17 +56,17 @@ s_kel_canale* primo_canale(const s_set_canali* set, const Richiesta& richiesta) 
 }  // namespace
 
 s_kel_canale* kelFunGetMatchCh(const s_set_canali* set, kel_funpos fid) noexcept {
-    return primo_canale(set, Richiesta(fid, tre_campi));
+    return primo_canale(set, Richiesta(fid, TRE_CAMPI));
 }
 
 s_kel_canale* kelFunGetMatchChFull(const s_set_canali* set, kel_funpos fid) noexcept {
-    return primo_canale(set, Richiesta(fid, tutti_i_campi));
+    return primo_canale(set, Richiesta(fid, TUTTI_I_CAMPI));
 }
 
 int kelFunGetMatchChList(const s_set_canali* set, kel_funpos fid, s_kel_canale** trovati, unsigned* numero) noexcept {
     if (set->canali == nullptr || trovati == nullptr)
         return 0;
-    const Richiesta richiesta(fid, tre_campi);
+    const Richiesta richiesta(fid, TRE_CAMPI);
     unsigned quanti = 0;
     for (unsigned i = 0; i < set->usati; ++i) {
         const kel_funpos canale = set->canali[i].fid;

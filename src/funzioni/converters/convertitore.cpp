@@ -99,7 +99,7 @@ int kelConvGetValFloat(const s_kel_converter* conv, const void* buffer, float* v
 }
 
 int kelConvGetString(s_kel_converter* conv, const void* buffer, char testo[32]) noexcept {
-    std::memset(testo, 0, kel::byte_testo);
+    std::memset(testo, 0, kel::BYTE_TESTO);
     if (conv->testo == nullptr) {
         kel::testo_assente(conv, buffer, testo);
         return 0;

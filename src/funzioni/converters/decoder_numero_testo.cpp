@@ -9,12 +9,12 @@
 namespace kel {
 namespace {
 
-constexpr std::size_t inizio_testo = 2;  // behind the number
+constexpr std::size_t INIZIO_TESTO = 2;  // behind the number
 
 template <std::size_t Byte>
 void copia(const void* campione, char* testo) noexcept {
-    static_assert(Byte < byte_testo, "the copy leaves room for its NUL");
-    const char* sorgente = static_cast<const char*>(campione) + inizio_testo;
+    static_assert(Byte < BYTE_TESTO, "the copy leaves room for its NUL");
+    const char* sorgente = static_cast<const char*>(campione) + INIZIO_TESTO;
     for (std::size_t i = 0; i < Byte && sorgente[i] != '\0'; ++i)
         testo[i] = sorgente[i];
 }
@@ -27,7 +27,7 @@ float numero(const s_kel_converter*, const void* campione, uint32_t* stato) noex
 }
 
 float numero_o_cifra(const s_kel_converter* conv, const void* campione, uint32_t* stato) noexcept {
-    const char cifra = leggi<char>(campione, inizio_testo);
+    const char cifra = leggi<char>(campione, INIZIO_TESTO);
     if (cifra < '1' || cifra > '9')
         return numero(conv, campione, stato);
     *stato = 0;

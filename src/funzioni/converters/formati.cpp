@@ -18,55 +18,55 @@ namespace kel {
 namespace {
 
 // clang-format off
-constexpr f_valore_conv no = nullptr;
-constexpr f_stato_conv muto = nullptr;  // no text for a status
+constexpr f_valore_conv NO = nullptr;
+constexpr f_stato_conv MUTO = nullptr;  // no text for a status
 
 // A channel of KEL_TIPO_NUMERO_TESTO_6 whose function is a gear has another value function than the row's: set-up puts
 // `numero_o_cifra` in place of `numero`.
 //   sample type                value                     reciprocal                  bit field                   text                     status       unit data
-constexpr Formato formati[] = {
-    {KEL_TIPO_INT32,            intero_lineare<int32_t>,  intero_reciproco<int32_t>,  no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_INT16,            intero_lineare<int16_t>,  intero_reciproco<int16_t>,  no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_UINT8_INTERO,     intero_lineare<uint8_t>,  intero_reciproco<uint8_t>,  no,                         testo_numerico,          testo_stato, true},
+constexpr Formato FORMATI[] = {
+    {KEL_TIPO_INT32,            intero_lineare<int32_t>,  intero_reciproco<int32_t>,  NO,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_INT16,            intero_lineare<int16_t>,  intero_reciproco<int16_t>,  NO,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_UINT8_INTERO,     intero_lineare<uint8_t>,  intero_reciproco<uint8_t>,  NO,                         testo_numerico,          testo_stato, true},
     {KEL_TIPO_UINT32,           intero_lineare<uint32_t>, intero_reciproco<uint32_t>, intero_campo_bit<uint32_t>, testo_numerico,          testo_stato, true},
     {KEL_TIPO_UINT16,           intero_lineare<uint16_t>, intero_reciproco<uint16_t>, intero_campo_bit<uint16_t>, testo_numerico,          testo_stato, true},
     {KEL_TIPO_UINT8,            intero_lineare<uint8_t>,  intero_reciproco<uint8_t>,  intero_campo_bit<uint8_t>,  testo_numerico,          testo_stato, true},
-    {KEL_TIPO_FLOAT,            float_lineare,            float_reciproco,            no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_LAP_2G,           pacchetto_senza_valore,   no,                         no,                         testo_tempo_pacchetto,   muto,        false},
-    {KEL_TIPO_GPS_KEL,          pacchetto_senza_valore,   no,                         no,                         testo_gps_kel,           muto,        false},
-    {KEL_TIPO_GPS_NAVSOL,       pacchetto_senza_valore,   no,                         no,                         testo_gps_navsol,        muto,        false},
-    {KEL_TIPO_DATA_ORA,         pacchetto_senza_valore,   no,                         no,                         testo_data_ora,          muto,        false},
-    {KEL_TIPO_MARCIA,           marcia,                   no,                         no,                         testo_marcia,            muto,        false},
-    {KEL_TIPO_TEMPO_GIRO,       intero_lineare<int32_t>,  no,                         no,                         testo_tempo_giro,        muto,        true},
-    {KEL_TIPO_LISTA_BIT,        lista_bit,                no,                         lista_bit_mascherata,       testo_numerico,          muto,        true},
-    {KEL_TIPO_NESSUNO,          no,                       no,                         no,                         testo_assente,           muto,        false},
-    {KEL_TIPO_NUMERO_TESTO_6,   numero,                   no,                         no,                         testo_copia_6,           muto,        false},
-    {KEL_TIPO_NUMERO_TESTO_30,  numero,                   no,                         no,                         testo_copia_30,          muto,        false},
-    {KEL_TIPO_LAP_1G,           pacchetto_senza_valore,   no,                         no,                         testo_lap_1g,            muto,        false},
-    {KEL_TIPO_GPS_SATELLITI,    pacchetto_senza_valore,   no,                         no,                         testo_gps_satelliti,     muto,        false},
-    {KEL_TIPO_OTTO_BYTE,        no,                       no,                         no,                         testo_assente,           muto,        false},
-    {KEL_TIPO_MEZZO_FLOAT,      mezzo_lineare,            mezzo_reciproco,            no,                         testo_numerico,          testo_stato, true},
-    {KEL_TIPO_COORDINATA,       intero_lineare<int32_t>,  intero_reciproco<int32_t>,  no,                         testo_coordinata,        testo_stato, true},
-    {KEL_TIPO_TEMPO_PACCHETTO,  pacchetto_senza_valore,   no,                         no,                         testo_tempo_pacchetto,   muto,        false},
-    {KEL_TIPO_NESSUNO_2,        no,                       no,                         no,                         testo_assente,           muto,        false},
-    {KEL_TIPO_DIFFERENZA_TEMPO, intero_lineare<int32_t>,  no,                         no,                         testo_differenza_tempo,  muto,        true},
+    {KEL_TIPO_FLOAT,            float_lineare,            float_reciproco,            NO,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_LAP_2G,           pacchetto_senza_valore,   NO,                         NO,                         testo_tempo_pacchetto,   MUTO,        false},
+    {KEL_TIPO_GPS_KEL,          pacchetto_senza_valore,   NO,                         NO,                         testo_gps_kel,           MUTO,        false},
+    {KEL_TIPO_GPS_NAVSOL,       pacchetto_senza_valore,   NO,                         NO,                         testo_gps_navsol,        MUTO,        false},
+    {KEL_TIPO_DATA_ORA,         pacchetto_senza_valore,   NO,                         NO,                         testo_data_ora,          MUTO,        false},
+    {KEL_TIPO_MARCIA,           marcia,                   NO,                         NO,                         testo_marcia,            MUTO,        false},
+    {KEL_TIPO_TEMPO_GIRO,       intero_lineare<int32_t>,  NO,                         NO,                         testo_tempo_giro,        MUTO,        true},
+    {KEL_TIPO_LISTA_BIT,        lista_bit,                NO,                         lista_bit_mascherata,       testo_numerico,          MUTO,        true},
+    {KEL_TIPO_NESSUNO,          NO,                       NO,                         NO,                         testo_assente,           MUTO,        false},
+    {KEL_TIPO_NUMERO_TESTO_6,   numero,                   NO,                         NO,                         testo_copia_6,           MUTO,        false},
+    {KEL_TIPO_NUMERO_TESTO_30,  numero,                   NO,                         NO,                         testo_copia_30,          MUTO,        false},
+    {KEL_TIPO_LAP_1G,           pacchetto_senza_valore,   NO,                         NO,                         testo_lap_1g,            MUTO,        false},
+    {KEL_TIPO_GPS_SATELLITI,    pacchetto_senza_valore,   NO,                         NO,                         testo_gps_satelliti,     MUTO,        false},
+    {KEL_TIPO_OTTO_BYTE,        NO,                       NO,                         NO,                         testo_assente,           MUTO,        false},
+    {KEL_TIPO_MEZZO_FLOAT,      mezzo_lineare,            mezzo_reciproco,            NO,                         testo_numerico,          testo_stato, true},
+    {KEL_TIPO_COORDINATA,       intero_lineare<int32_t>,  intero_reciproco<int32_t>,  NO,                         testo_coordinata,        testo_stato, true},
+    {KEL_TIPO_TEMPO_PACCHETTO,  pacchetto_senza_valore,   NO,                         NO,                         testo_tempo_pacchetto,   MUTO,        false},
+    {KEL_TIPO_NESSUNO_2,        NO,                       NO,                         NO,                         testo_assente,           MUTO,        false},
+    {KEL_TIPO_DIFFERENZA_TEMPO, intero_lineare<int32_t>,  NO,                         NO,                         testo_differenza_tempo,  MUTO,        true},
 };
 // clang-format on
 
 consteval bool indice_uguale_codice() {
     uint32_t atteso = 0;
-    for (const Formato& formato : formati)
+    for (const Formato& formato : FORMATI)
         if (formato.tipo_campione != atteso++)
             return false;
     return true;
 }
 static_assert(indice_uguale_codice(), "row i describes sample type i");
-static_assert(std::size(formati) == std::size(byte_campioni), "one row for each type of sample");
+static_assert(std::size(FORMATI) == std::size(BYTE_CAMPIONI), "one row for each type of sample");
 
 }  // namespace
 
 const Formato* formato_campione(uint32_t tipo_campione) noexcept {
-    return tipo_campione < std::size(formati) ? &formati[tipo_campione] : nullptr;
+    return tipo_campione < std::size(FORMATI) ? &FORMATI[tipo_campione] : nullptr;
 }
 
 }  // namespace kel

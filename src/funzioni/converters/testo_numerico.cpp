@@ -36,7 +36,7 @@ uint32_t decimali_automatici(float valore, uint32_t larghezza, uint32_t decimali
     return valore <= basso ? 1 : valore >= alto ? 0 : decimali;
 }
 
-constexpr float scale[] = {1.0f, 10.0f, 100.0f, 1000.0f};
+constexpr float SCALE[] = {1.0f, 10.0f, 100.0f, 1000.0f};
 
 // Rounds halves up: it is added before the fraction is cut. It is not 0.5 but the largest float below it, because the
 // sum is rounded to a float first: with 0.5, 0.49999997 would show as 1 and 8388609 as 8388610. With this number the
@@ -44,10 +44,10 @@ constexpr float scale[] = {1.0f, 10.0f, 100.0f, 1000.0f};
 // - of a fraction of one half, the sum is 2^-25 below the next whole number, and is rounded up to it;
 // - of a smaller fraction, the sum stays below the next whole number;
 // - from 2^23 on floats have no fraction, and less than half their step is added: the sum is rounded back.
-constexpr float quasi_mezzo = 0x1.fffffep-2f;
+constexpr float QUASI_MEZZO = 0x1.fffffep-2f;
 
 uint32_t decimali_mostrati(const s_kel_converter& conv) noexcept {
-    return std::min<uint32_t>(conv.decimali, std::size(scale) - 1);
+    return std::min<uint32_t>(conv.decimali, std::size(SCALE) - 1);
 }
 
 // The digits of a number from the right, and zeros before its first one. A number with too many digits gives dashes.
@@ -113,7 +113,7 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
     const uint32_t permesse = !negativo ? larghezza : posto_segno ? larghezza - 1 : 0;
     CifreDaDestra cifre(numero, permesse, larghezza);
     const uint32_t lunghezza =
-        std::min(std::min(larghezza, caratteri_testo) + (decimali != 0 ? 1u : 0u), caratteri_testo);
+        std::min(std::min(larghezza, CARATTERI_TESTO) + (decimali != 0 ? 1u : 0u), CARATTERI_TESTO);
     uint32_t posto = lunghezza;
     for (uint32_t scritte = 1; posto > 0; ++scritte) {
         testo[--posto] = cifre.prossima();
@@ -125,11 +125,11 @@ void togli_zeri(char* testo, uint32_t lunghezza, bool negativo, eFormatoConv for
 
 // --- Short texts: at most eight characters in one 64-bit word, the first in the lowest byte --------------------------
 
-constexpr uint32_t cifre_parola = 8;
+constexpr uint32_t CIFRE_PAROLA = 8;
 
-// A number below potenze_10[n] fits n places; none fits 0 places.
-constexpr float potenze_10[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
-static_assert(std::size(potenze_10) == cifre_parola + 1);
+// A number below POTENZE_10[n] fits n places; none fits 0 places.
+constexpr float POTENZE_10[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
+static_assert(std::size(POTENZE_10) == CIFRE_PAROLA + 1);
 
 // A word whose lowest bits are set, up to 63 of them.
 constexpr uint64_t primi(uint32_t bit) noexcept {
@@ -150,12 +150,12 @@ constexpr uint64_t primi(uint32_t bit) noexcept {
 // predict such a branch wrongly, which costs some 15 cycles each time.
 void testo_corto(char* testo, uint32_t numero, uint32_t larghezza, uint32_t decimali, uint32_t segno,
                  eFormatoConv formato) noexcept {
-    constexpr uint64_t spazi = ' ' * ogni_byte;
+    constexpr uint64_t spazi = ' ' * OGNI_BYTE;
     const uint32_t interi = 8 * (larghezza - decimali);  // bits of the places before the point
-    uint64_t parola = otto_cifre(numero) >> 8 * (cifre_parola - larghezza);
+    uint64_t parola = otto_cifre(numero) >> 8 * (CIFRE_PAROLA - larghezza);
 
     // The lowest byte that is no '0', or that stands right before the point, is the first to stay.
-    const uint64_t figure = (parola ^ '0' * ogni_byte) | uint64_t{1} << (interi - 8);
+    const uint64_t figure = (parola ^ '0' * OGNI_BYTE) | uint64_t{1} << (interi - 8);
     const uint32_t prima = static_cast<uint32_t>(std::countr_zero(figure)) & 56;  // bits of the characters before it
     parola = (parola & ~primi(prima)) | (spazi & primi(prima));
     parola ^= (uint64_t{segno} * (' ' ^ '-') << prima) >> 8;
@@ -192,14 +192,14 @@ void testo_numerico(s_kel_converter* conv, const void* campione, char* testo) no
 
     // The product is rounded to a float: 123.45 with one decimal is 1234.5, and shows as 123.5.
     const uint32_t decimali = decimali_mostrati(*conv);
-    const float numero = std::fabs(valore) * scale[decimali] + quasi_mezzo;
+    const float numero = std::fabs(valore) * SCALE[decimali] + QUASI_MEZZO;
     const bool negativo = valore < 0.0f;
 
     const uint32_t larghezza = conv->larghezza;
     const uint32_t segno{negativo};
     const int64_t posti = int64_t{larghezza} - segno;  // for digits
     const uint32_t punto{decimali != 0};
-    if (larghezza <= cifre_parola - punto && posti > conv->decimali && numero < potenze_10[posti])
+    if (larghezza <= CIFRE_PAROLA - punto && posti > conv->decimali && numero < POTENZE_10[posti])
         testo_corto(testo, static_cast<uint32_t>(numero), larghezza, decimali, segno, conv->formato);
     else
         testo_lungo(testo, numero, *conv, negativo);

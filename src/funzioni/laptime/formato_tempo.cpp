@@ -25,7 +25,7 @@ template <typename Numero>
     return dove;
 }
 
-constexpr int byte_tempo = 10 + 1 + 10 + 1 + 2;  // "4294967295:4294967295:59": more than any time needs
+constexpr int BYTE_TEMPO = 10 + 1 + 10 + 1 + 2;  // "4294967295:4294967295:59": more than any time needs
 
 // Times below an hour: eight characters are one 64-bit word, the first of them the lowest byte.
 //
@@ -72,13 +72,13 @@ char* scrivi_tempo(char* dove, int millisecondi) {
 }  // namespace
 
 std::string CLaptimeAndStrings::LapTimeToStringa(int lapTime) {
-    char testo[byte_tempo];
+    char testo[BYTE_TEMPO];
     return {testo, scrivi_tempo(testo, lapTime)};
 }
 
 std::string CLaptimeAndStrings::LapNumAndTimeToStringa(int lapNum, int lapTime) {
     constexpr int byte_numero = 11 + 3;  // "-2147483648 - "
-    char testo[byte_numero + byte_tempo];
+    char testo[byte_numero + BYTE_TEMPO];
     char* fine = scrivi(testo, lapNum, 3, ' ');
     for (const char c : {' ', '-', ' '})
         *fine++ = c;

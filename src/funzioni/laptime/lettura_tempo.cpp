@@ -45,7 +45,7 @@ public:
         }
         std::uint64_t modulo = 0;
         for (; !resto_.empty() && cifra(resto_.front()); resto_.remove_prefix(1))
-            modulo = std::min(modulo * 10 + static_cast<std::uint64_t>(resto_.front() - '0'), smisurato);
+            modulo = std::min(modulo * 10 + static_cast<std::uint64_t>(resto_.front() - '0'), SMISURATO);
         assegna(valore, modulo, negativo);
     }
 
@@ -64,7 +64,7 @@ public:
 
 private:
     // Stands for every number that is too large; further digits leave it there.
-    static constexpr std::uint64_t smisurato = std::uint64_t{1} << 40;
+    static constexpr std::uint64_t SMISURATO = std::uint64_t{1} << 40;
 
     // An unsigned number with a minus is negated modulo 2^32; one too large is the largest, whatever its sign.
     void assegna(std::uint32_t& valore, std::uint64_t modulo, bool negativo) {
@@ -90,7 +90,7 @@ private:
     bool punto_ = false;
 };
 
-constexpr int altra_forma = -1;
+constexpr int ALTRA_FORMA = -1;
 
 // "1:23.456" and "12:34.567", as the library writes times below an hour: the last eight characters are read as one
 // 64-bit word, the first of them the lowest byte. -1 for every other text.
@@ -104,7 +104,7 @@ constexpr int altra_forma = -1;
 int leggi_minuti(std::string_view testo) {
     constexpr std::size_t n = sizeof(std::uint64_t);
     if (testo.size() != n && testo.size() != n + 1)
-        return altra_forma;
+        return ALTRA_FORMA;
     const auto decine = testo.size() == n ? 0u : static_cast<std::uint32_t>(testo.front()) - '0';
     std::uint64_t parola = 0;
     std::memcpy(&parola, testo.data() + testo.size() - n, n);
@@ -112,14 +112,14 @@ int leggi_minuti(std::string_view testo) {
     constexpr std::uint64_t limiti = 0x0606060F06060F06;
     const std::uint64_t cifre = parola ^ forma;
     if (((cifre | (cifre + limiti)) & 0xF0F0F0F0F0F0F0F0) != 0 || decine > 9)
-        return altra_forma;
+        return ALTRA_FORMA;
     const auto a = [cifre](int posto) { return static_cast<std::uint32_t>(cifre >> 8 * posto & 0xF); };
     return static_cast<int>(decine * 600000 + a(0) * 60000 + a(2) * 10000 + a(3) * 1000 + a(5) * 100 + a(6) * 10 +
                             a(7));
 }
 
 int leggi_tempo(std::string_view testo) {
-    if (const int tempo = leggi_minuti(testo); tempo != altra_forma)
+    if (const int tempo = leggi_minuti(testo); tempo != ALTRA_FORMA)
         return tempo;
     // One variable for the three fields: a field that nothing is read for repeats the one before it.
     std::uint32_t campo = 0;

@@ -9,7 +9,7 @@ kel_funpos kelFunGetFidDaID(const char* id) noexcept {
     if (id == nullptr)
         return 0;
     const std::string_view testo(id);
-    const std::size_t numero = kel::indice_kel_id.riga(testo);
+    const std::size_t numero = kel::INDICE_KEL_ID.riga(testo);
     const t_SFunzioneVecchia& riga = funz_Kel[numero];
-    return kel::indice_kel_id.uguale(numero, riga.id, testo) ? riga.fid : 0;
+    return kel::INDICE_KEL_ID.uguale(numero, riga.id, testo) ? riga.fid : 0;
 }

@@ -25,7 +25,7 @@ bool CConverter::GetVal(const void* buffer, float* value) {
 
 bool CConverter::GetString(const void* buffer, std::string& text) {
     text.clear();
-    char testo[kel::byte_testo];
+    char testo[kel::BYTE_TESTO];
     // Always true: set-up gives every record a text function.
     const bool letto = kelConvGetString(&conv_, buffer, testo) != 0;
     // A value's text is none of the tables': it is handed out as it stands. Its NUL is part of the string: clients

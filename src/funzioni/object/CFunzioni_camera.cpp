@@ -12,7 +12,7 @@ bool fine_scansione(const t_SFunzioneZumikoCam& riga) {
 
 // The lists of all rows tell it by its whole identifier: quantity, object and position.
 void aggiungi_tutte(const t_SFunzioneZumikoCam* tabella, std::vector<const t_SFunzioneZumikoCam*>& funzioni) {
-    for (; tabella->fid != kel::fine_tabella; ++tabella)
+    for (; tabella->fid != kel::FINE_TABELLA; ++tabella)
         funzioni.push_back(tabella);
 }
 

@@ -16,10 +16,10 @@ struct NomePredefinito {
 using kel::fid;
 
 // clang-format off
-constexpr NomePredefinito numero_giro = {fid(FID_PHI_NUMBER, FID_OBJ_LAP), "nLap", "Lap Number"};
+constexpr NomePredefinito NUMERO_GIRO = {fid(FID_PHI_NUMBER, FID_OBJ_LAP), "nLap", "Lap Number"};
 
 // The predictive time and its difference to the best lap are no subfields: the application computes them.
-constexpr NomePredefinito tempi_giro[] = {
+constexpr NomePredefinito TEMPI_GIRO[] = {
     {fid(FID_PHI_TIME, FID_OBJ_LAP),                     "LapT", "Lap Time"},
     {fid(FID_PHI_TIME, FID_OBJ_RUNNING_LAP),             "RunT", "Rolling Time"},
     {fid(FID_PHI_TIME, FID_OBJ_PREDICTIVE),              "PreT", "Predictive Time"},
@@ -43,10 +43,10 @@ void CFunzioni::getCanaliGPS(Canali& canali) const {
 }
 
 void CFunzioni::getCanaliLapNum(Canali& canali) const {
-    aggiungi(canali, numero_giro);
+    aggiungi(canali, NUMERO_GIRO);
 }
 
 void CFunzioni::getCanaliLapTime(Canali& canali) const {
-    for (const NomePredefinito& canale : tempi_giro)
+    for (const NomePredefinito& canale : TEMPI_GIRO)
         aggiungi(canali, canale);
 }

@@ -12,7 +12,7 @@ namespace {
 bool nel_filtro(kel_funpos chiave, const std::vector<unsigned int>& filtro) {
     return filtro.empty() || std::any_of(filtro.begin(), filtro.end(), [chiave](kel_funpos elemento) {
                return kelFidGrandezza(elemento) == kelFidGrandezza(chiave) &&
-                      ((elemento & kel::bit_oggetto) == 0 || kelFidOggetto(elemento) == kelFidOggetto(chiave));
+                      ((elemento & kel::BIT_OGGETTO) == 0 || kelFidOggetto(elemento) == kelFidOggetto(chiave));
            });
 }
 
@@ -38,7 +38,7 @@ void CFunzioni::getFunzioni(std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzio
         for (int i = 0; i < riga->num_varianti; ++i) {
             const s_variante_posizione& variante = riga->varianti[i];
             const kel_funpos posizione = kelFidComponi(0, 0, variante.posizione);
-            elenco.push_back({(riga->chiave & ~kel::bit_posizione) | posizione, ConvertiDa8(variante.testo)});
+            elenco.push_back({(riga->chiave & ~kel::BIT_POSIZIONE) | posizione, ConvertiDa8(variante.testo)});
         }
     }
 }

@@ -28,8 +28,8 @@ const char* nome_della_grandezza(kel_funpos fid) {
 const char* nome_nelle_tabelle(kel_funpos fid) {
     if (kelFidFineTabella(fid) != 0)
         return nullptr;
-    const t_SFunzioneZumikoCam& camera = kel::riga_camera(kel::indice_camera_fid.riga(fid));
-    const t_SFunzioneVecchia& vecchia = funz_Kel[kel::indice_kel_fid.riga(fid)];
+    const t_SFunzioneZumikoCam& camera = kel::riga_camera(kel::INDICE_CAMERA_FID.riga(fid));
+    const t_SFunzioneVecchia& vecchia = funz_Kel[kel::INDICE_KEL_FID.riga(fid)];
     const char* nome = nome_della_grandezza(fid);
     const char* const nome_vecchio = vecchia.testo;
     const char* const nome_camera = camera.testo;

@@ -9,8 +9,8 @@ namespace {
 
 void testo_stato_gps(const void* campione, std::size_t payload, char* testo) noexcept {
     constexpr int senza_ricevitore = 250;  // and above: a logger without a receiver fills its packets with such numbers
-    const int fix = leggi<uint8_t>(campione, payload + navsol_fix);
-    const int satelliti = leggi<uint8_t>(campione, payload + navsol_satelliti);
+    const int fix = leggi<uint8_t>(campione, payload + NAVSOL_FIX);
+    const int satelliti = leggi<uint8_t>(campione, payload + NAVSOL_SATELLITI);
     Scrittore scrittore(testo);
     if (fix >= senza_ricevitore && satelliti >= senza_ricevitore)
         scrittore.testo("No GPS");
@@ -30,7 +30,7 @@ float pacchetto_senza_valore(const s_kel_converter*, const void*, uint32_t* stat
 }
 
 void testo_gps_kel(s_kel_converter*, const void* campione, char* testo) noexcept {
-    testo_stato_gps(campione, payload_in_gps_kel, testo);
+    testo_stato_gps(campione, PAYLOAD_IN_GPS_KEL, testo);
 }
 
 void testo_gps_navsol(s_kel_converter*, const void* campione, char* testo) noexcept {

@@ -13,19 +13,19 @@ namespace {
 
 // Length of the ECEF velocity vector, cm/s.
 float velocita_ecef(const void* payload) noexcept {
-    const auto vx = static_cast<float>(leggi<int32_t>(payload, navsol_vx));
-    const auto vy = static_cast<float>(leggi<int32_t>(payload, navsol_vy));
-    const auto vz = static_cast<float>(leggi<int32_t>(payload, navsol_vz));
+    const auto vx = static_cast<float>(leggi<int32_t>(payload, NAVSOL_VX));
+    const auto vy = static_cast<float>(leggi<int32_t>(payload, NAVSOL_VY));
+    const auto vz = static_cast<float>(leggi<int32_t>(payload, NAVSOL_VZ));
     return std::sqrt(vx * vx + vy * vy + vz * vz);
 }
 
 const void* payload_di(const void* pacchetto) noexcept {
-    return static_cast<const unsigned char*>(pacchetto) + payload_in_gps_kel;
+    return static_cast<const unsigned char*>(pacchetto) + PAYLOAD_IN_GPS_KEL;
 }
 
 // A 3D fix of four satellites or more. Without one the receiver's solution drifts, and the speed is shown as 0.
 bool fix_utile(const void* payload) noexcept {
-    return leggi<uint8_t>(payload, navsol_fix) >= 3 && leggi<uint8_t>(payload, navsol_satelliti) >= 4;
+    return leggi<uint8_t>(payload, NAVSOL_FIX) >= 3 && leggi<uint8_t>(payload, NAVSOL_SATELLITI) >= 4;
 }
 
 float velocita_kmh(const void* payload) noexcept {
@@ -61,14 +61,14 @@ float velocita_navsol_reciproca(const s_kel_converter* conv, const void* campion
 float latitudine_gps(const s_kel_converter*, const void* campione, uint32_t* stato) noexcept {
     const void* payload = payload_di(campione);
     *stato = 0;
-    return latitudine(leggi<int32_t>(payload, navsol_x), leggi<int32_t>(payload, navsol_y),
-                      leggi<int32_t>(payload, navsol_z));
+    return latitudine(leggi<int32_t>(payload, NAVSOL_X), leggi<int32_t>(payload, NAVSOL_Y),
+                      leggi<int32_t>(payload, NAVSOL_Z));
 }
 
 float longitudine_gps(const s_kel_converter*, const void* campione, uint32_t* stato) noexcept {
     const void* payload = payload_di(campione);
     *stato = 0;
-    return longitudine(leggi<int32_t>(payload, navsol_x), leggi<int32_t>(payload, navsol_y));
+    return longitudine(leggi<int32_t>(payload, NAVSOL_X), leggi<int32_t>(payload, NAVSOL_Y));
 }
 
 }  // namespace kel

@@ -9,10 +9,10 @@
 namespace kel {
 namespace {
 
-constexpr double pi = 3.141592653589793;
-constexpr double quasi_zero = 1e-10;
-constexpr double e2 = 0.00669437999014133;  // first eccentricity squared, WGS 84
-constexpr double a = 6378137.0;             // semi-major axis, WGS 84, m
+constexpr double PI = 3.141592653589793;
+constexpr double QUASI_ZERO = 1e-10;
+constexpr double E2 = 0.00669437999014133;  // first eccentricity squared, WGS 84
+constexpr double A = 6378137.0;             // semi-major axis, WGS 84, m
 
 // --- The definition ------------------------------------------------------------------------------------------------
 
@@ -25,31 +25,31 @@ constexpr double a = 6378137.0;             // semi-major axis, WGS 84, m
 double latitudine_iterata(double x, double y, double z) noexcept {
     constexpr int giri_massimi = 50;
     const double p2 = x * x + y * y;
-    double dz = z * e2;
+    double dz = z * E2;
     double zz = 0.0;
     for (int giro = 1;; ++giro) {
         zz = z + dz;
         const double r = std::sqrt(zz * zz + p2);
-        if (r < quasi_zero)
+        if (r < QUASI_ZERO)
             return 0.0;
         const double s = zz / r;
-        const double t = 1.0 - e2 * s * s;  // never below 0.993, as s is a sine
+        const double t = 1.0 - E2 * s * s;  // never below 0.993, as s is a sine
         if (giro == giri_massimi)
             break;
         const double precedente = dz;
-        dz = e2 * s * (a / std::sqrt(t));
-        if (!(std::fabs(dz - precedente) > quasi_zero))
+        dz = E2 * s * (A / std::sqrt(t));
+        if (!(std::fabs(dz - precedente) > QUASI_ZERO))
             break;
     }
-    if (p2 >= quasi_zero)
-        return std::atan2(zz, std::sqrt(p2)) * 180.0 / pi;
+    if (p2 >= QUASI_ZERO)
+        return std::atan2(zz, std::sqrt(p2)) * 180.0 / PI;
     return z > 0.0 ? 90.0 : -90.0;
 }
 
 // The longitude is that of WGS 84. It is handed out as a float, whose steps beyond 128 degrees are 1.5e-5 degrees,
 // 1.7 m on the equator.
 double longitudine_esatta(double x, double y) noexcept {
-    return x * x + y * y < quasi_zero ? 0.0 : std::atan2(y, x) * 180.0 / pi;
+    return x * x + y * y < QUASI_ZERO ? 0.0 : std::atan2(y, x) * 180.0 / PI;
 }
 
 // --- The short way -------------------------------------------------------------------------------------------------
@@ -61,15 +61,15 @@ double longitudine_esatta(double x, double y) noexcept {
 // The errors are parts of the angle, and upper bounds; the compiler checks that their sum stays below the limit.
 // Measured over 15 million points the short way is wrong by 6.9e-13 at most, the angle alone by 8.3e-14.
 
-constexpr double errore = 4e-12;              // the limit
-constexpr double errore_angolo = 2e-13;       // of `angolo`
-constexpr double errore_definizione = 2e-14;  // of the definition itself
+constexpr double ERRORE = 4e-12;              // the limit
+constexpr double ERRORE_ANGOLO = 2e-13;       // of `angolo`
+constexpr double ERRORE_DEFINIZIONE = 2e-14;  // of the definition itself
 
 // The float nearest to an angle whose error is at most `errore`; nothing when the error leaves two floats to choose
 // from.
 std::optional<float> se_certo(double gradi) noexcept {
-    const auto sotto = static_cast<float>(gradi * (1.0 - errore));
-    const auto sopra = static_cast<float>(gradi * (1.0 + errore));
+    const auto sotto = static_cast<float>(gradi * (1.0 - ERRORE));
+    const auto sopra = static_cast<float>(gradi * (1.0 + ERRORE));
     return sotto == sopra ? std::optional(sotto) : std::nullopt;
 }
 
@@ -84,7 +84,7 @@ std::optional<float> se_certo(double gradi) noexcept {
 double angolo(double y, double x) noexcept {
     constexpr double resto_massimo = 1.0 / 16;
     constexpr double resto_alla_quinta = resto_massimo * resto_massimo * resto_massimo * resto_massimo * resto_massimo;
-    static_assert(resto_alla_quinta * resto_alla_quinta / 11 + 20 * 0x1p-53 < errore_angolo);
+    static_assert(resto_alla_quinta * resto_alla_quinta / 11 + 20 * 0x1p-53 < ERRORE_ANGOLO);
     // atan(k/8)
     static constexpr double ottavi[] = {0.0,
                                         0.12435499454676144,
@@ -100,7 +100,7 @@ double angolo(double y, double x) noexcept {
     struct Ottante {
         double inizio, verso;
     };
-    static constexpr Ottante ottanti[2][2] = {{{0.0, 1.0}, {pi, -1.0}}, {{pi / 2, -1.0}, {pi / 2, 1.0}}};
+    static constexpr Ottante ottanti[2][2] = {{{0.0, 1.0}, {PI, -1.0}}, {{PI / 2, -1.0}, {PI / 2, 1.0}}};
     const double ax = std::fabs(x);
     const double ay = std::fabs(y);
     const double minore = std::min(ax, ay);
@@ -113,7 +113,7 @@ double angolo(double y, double x) noexcept {
         ottavi[k] + t * ((1.0 - q * (1.0 / 3)) + q * q * ((1.0 / 5 - q * (1.0 / 7)) + q * q * (1.0 / 9)));
     // Looked up and not branched on: a track runs through the octants in no order that a processor could predict.
     const Ottante ottante = ottanti[ay > ax ? 1 : 0][x < 0.0 ? 1 : 0];
-    return std::copysign(ottante.inizio + ottante.verso * radianti, y) * (180.0 / pi);
+    return std::copysign(ottante.inizio + ottante.verso * radianti, y) * (180.0 / PI);
 }
 
 // The fixed point of the iteration is
@@ -130,27 +130,27 @@ double angolo(double y, double x) noexcept {
 //
 // Where zz is wrong by a part of itself, the latitude is wrong by no larger part. 1e-10 is the last step of the
 // iteration, and so its error: from |z| = 1e4 on it is at most 1e-14 of zz.
-constexpr double raggio_minimo = 5e8;
-constexpr double z_minimo = 1e4;
-constexpr double g0 = e2 * a;
+constexpr double RAGGIO_MINIMO = 5e8;
+constexpr double Z_MINIMO = 1e4;
+constexpr double G0 = E2 * A;
 
-constexpr double pendenza = g0 / raggio_minimo;
-constexpr double errore_radice = pendenza + 2.5 * 0x1p-24;  // of the first root, taken for that of the first round's zz
-constexpr double errore_primo = pendenza * errore_radice;
-constexpr double errore_secondo = pendenza * (errore_primo + 1.5 * errore_radice * errore_radice);
-static_assert(pendenza < 8.6e-5 && errore_secondo < 1.6e-12);
-static_assert(quasi_zero / z_minimo < errore_definizione);
-static_assert(errore_secondo + errore_angolo + errore_definizione < errore);
+constexpr double PENDENZA = G0 / RAGGIO_MINIMO;
+constexpr double ERRORE_RADICE = PENDENZA + 2.5 * 0x1p-24;  // of the first root, taken for that of the first round's zz
+constexpr double ERRORE_PRIMO = PENDENZA * ERRORE_RADICE;
+constexpr double ERRORE_SECONDO = PENDENZA * (ERRORE_PRIMO + 1.5 * ERRORE_RADICE * ERRORE_RADICE);
+static_assert(PENDENZA < 8.6e-5 && ERRORE_SECONDO < 1.6e-12);
+static_assert(QUASI_ZERO / Z_MINIMO < ERRORE_DEFINIZIONE);
+static_assert(ERRORE_SECONDO + ERRORE_ANGOLO + ERRORE_DEFINIZIONE < ERRORE);
 
 std::optional<float> latitudine_breve(double x, double y, double z) noexcept {
     const double p2 = x * x + y * y;
-    const double r2 = p2 + (1.0 - e2) * z * z;
-    if (p2 == 0.0 || r2 < raggio_minimo * raggio_minimo || std::fabs(z) < z_minimo)
+    const double r2 = p2 + (1.0 - E2) * z * z;
+    if (p2 == 0.0 || r2 < RAGGIO_MINIMO * RAGGIO_MINIMO || std::fabs(z) < Z_MINIMO)
         return std::nullopt;
     const double s = 1.0f / std::sqrt(static_cast<float>(r2));
-    const double primo = z + g0 * z * s;
-    const double meta_q = (0.5 * p2 + (0.5 - 0.5 * e2) * primo * primo) * s * s;
-    const double zz = z + g0 * primo * s * (1.5 - meta_q);
+    const double primo = z + G0 * z * s;
+    const double meta_q = (0.5 * p2 + (0.5 - 0.5 * E2) * primo * primo) * s * s;
+    const double zz = z + G0 * primo * s * (1.5 - meta_q);
     return se_certo(angolo(zz, std::sqrt(p2)));
 }
 

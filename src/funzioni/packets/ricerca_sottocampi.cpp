@@ -10,7 +10,7 @@ const s_sottocampo* tabella_gps(unsigned spec) noexcept {
         case FID_SPEC_GPS_KELNAVSOL:
             return sottocampi_gps_kel;
         case FID_SPEC_GPS_UBXNAVSOL:
-            return sottocampi_gps_navsol;
+            return SOTTOCAMPI_GPS_NAVSOL;
         default:
             return nullptr;
     }
@@ -22,7 +22,7 @@ const s_sottocampo* tabella_lap_time(unsigned spec) noexcept {
         case FID_SPEC_LAPTIME_KEL2Gv2:
             return sottocampi_lap_time_2G;
         case FID_SPEC_LAPTIME_KEL1G:
-            return sottocampi_lap_time_1G;
+            return SOTTOCAMPI_LAP_TIME_1G;
         default:
             return nullptr;
     }
@@ -45,7 +45,7 @@ const s_sottocampo* tabella_sottocampi(unsigned dettagli, unsigned spec) noexcep
         case FID_DETTAGLI_LAPTIME:
             return tabella_lap_time(spec);
         case FID_DETTAGLI_DATETIME:
-            return sottocampi_data_ora;
+            return SOTTOCAMPI_DATA_ORA;
         case FID_DETTAGLI_GPS:
             return tabella_gps(spec);
         default:
@@ -80,5 +80,5 @@ const s_sottocampo* kelConvGetSottoCampiLapTime(kel_funpos fid) noexcept {
 }
 
 const s_sottocampo* kelConvGetSottoCampiDataOra(kel_funpos) noexcept {
-    return kel::sottocampi_data_ora;
+    return kel::SOTTOCAMPI_DATA_ORA;
 }

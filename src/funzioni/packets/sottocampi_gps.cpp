@@ -11,16 +11,16 @@ namespace {
 
 using kel::fid;
 
-constexpr kel_funpos tempo = fid(FID_PHI_TIME, FID_OBJ_MASTER_CLOCK, FID_POS_GPS);
-constexpr kel_funpos tipo_fix = fid(FID_PHI_CODE, FID_OBJ_ACCURACY, FID_POS_GPS);
-constexpr kel_funpos accuratezza_posizione = fid(FID_PHI_POSITION, FID_OBJ_ACCURACY, FID_POS_GPS);
-constexpr kel_funpos accuratezza_velocita = fid(FID_PHI_VELOCITY, FID_OBJ_ACCURACY, FID_POS_GPS);
-constexpr kel_funpos satelliti = fid(FID_PHI_NUMBER, FID_OBJ_SATELLITE, FID_POS_GPS);
-constexpr kel_funpos velocita = fid(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS);
-constexpr kel_funpos latitudine = fid(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS);
-constexpr kel_funpos longitudine = fid(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
+constexpr kel_funpos TEMPO = fid(FID_PHI_TIME, FID_OBJ_MASTER_CLOCK, FID_POS_GPS);
+constexpr kel_funpos TIPO_FIX = fid(FID_PHI_CODE, FID_OBJ_ACCURACY, FID_POS_GPS);
+constexpr kel_funpos ACCURATEZZA_POSIZIONE = fid(FID_PHI_POSITION, FID_OBJ_ACCURACY, FID_POS_GPS);
+constexpr kel_funpos ACCURATEZZA_VELOCITA = fid(FID_PHI_VELOCITY, FID_OBJ_ACCURACY, FID_POS_GPS);
+constexpr kel_funpos SATELLITI = fid(FID_PHI_NUMBER, FID_OBJ_SATELLITE, FID_POS_GPS);
+constexpr kel_funpos VELOCITA = fid(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS);
+constexpr kel_funpos LATITUDINE = fid(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS);
+constexpr kel_funpos LONGITUDINE = fid(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
 
-constexpr uint32_t payload = kel::payload_in_gps_kel;
+constexpr uint32_t PAYLOAD = kel::PAYLOAD_IN_GPS_KEL;
 
 }  // namespace
 
@@ -33,15 +33,15 @@ extern "C" {
 // The logger's packet: a 32-bit time, and then the payload. The numbers of the comments are bytes of the packet.
 //            subfield                offset                                        type               short   name
 constexpr s_sottocampo sottocampi_gps_kel[] = {
-    intero   (tempo,                  0,                                            KEL_TIPO_UINT32),
-    intero   (tipo_fix,               payload + kel::navsol_fix,                    KEL_TIPO_UINT8),  // 14
-    intero   (accuratezza_posizione,  payload + kel::navsol_accuratezza_posizione,  KEL_TIPO_UINT8),  // 28, low byte
-    intero   (accuratezza_velocita,   payload + kel::navsol_accuratezza_velocita,   KEL_TIPO_UINT8),  // 44, low byte
-    intero   (satelliti,              payload + kel::navsol_satelliti,              KEL_TIPO_UINT8,    "nSV",  "Sats Number"),  // 51
-    calcolato(velocita,     kel::velocita_gps,    kel::velocita_gps_reciproca, "Spd", "GPS Speed"),
-    calcolato(latitudine,   kel::latitudine_gps,  nullptr,                     "Lat", "Latitude"),
-    calcolato(longitudine,  kel::longitudine_gps, nullptr,                     "Lon", "Longitude"),
-    kel::fine_sottocampi,
+    intero   (TEMPO,                  0,                                            KEL_TIPO_UINT32),
+    intero   (TIPO_FIX,               PAYLOAD + kel::NAVSOL_FIX,                    KEL_TIPO_UINT8),  // 14
+    intero   (ACCURATEZZA_POSIZIONE,  PAYLOAD + kel::NAVSOL_ACCURATEZZA_POSIZIONE,  KEL_TIPO_UINT8),  // 28, low byte
+    intero   (ACCURATEZZA_VELOCITA,   PAYLOAD + kel::NAVSOL_ACCURATEZZA_VELOCITA,   KEL_TIPO_UINT8),  // 44, low byte
+    intero   (SATELLITI,              PAYLOAD + kel::NAVSOL_SATELLITI,              KEL_TIPO_UINT8,    "nSV",  "Sats Number"),  // 51
+    calcolato(VELOCITA,     kel::velocita_gps,    kel::velocita_gps_reciproca, "Spd", "GPS Speed"),
+    calcolato(LATITUDINE,   kel::latitudine_gps,  nullptr,                     "Lat", "Latitude"),
+    calcolato(LONGITUDINE,  kel::longitudine_gps, nullptr,                     "Lon", "Longitude"),
+    kel::FINE_SOTTOCAMPI,
 };
 
 }  // extern "C"
@@ -49,13 +49,13 @@ constexpr s_sottocampo sottocampi_gps_kel[] = {
 // The payload alone. It has no time; this table offers no coordinates and no names. Its speed is in cm/s and not in
 // km/h, see `velocita_navsol`.
 //            subfield                offset                              type
-constexpr s_sottocampo kel::sottocampi_gps_navsol[] = {
-    intero   (tipo_fix,               kel::navsol_fix,                    KEL_TIPO_UINT8),  // 10
-    intero   (accuratezza_posizione,  kel::navsol_accuratezza_posizione,  KEL_TIPO_UINT8),  // 24, low byte
-    intero   (accuratezza_velocita,   kel::navsol_accuratezza_velocita,   KEL_TIPO_UINT8),  // 40, low byte
-    intero   (satelliti,              kel::navsol_satelliti,              KEL_TIPO_UINT8),  // 47
-    calcolato(velocita,     kel::velocita_navsol, kel::velocita_navsol_reciproca),
-    kel::fine_sottocampi,
+constexpr s_sottocampo kel::SOTTOCAMPI_GPS_NAVSOL[] = {
+    intero   (TIPO_FIX,               kel::NAVSOL_FIX,                    KEL_TIPO_UINT8),  // 10
+    intero   (ACCURATEZZA_POSIZIONE,  kel::NAVSOL_ACCURATEZZA_POSIZIONE,  KEL_TIPO_UINT8),  // 24, low byte
+    intero   (ACCURATEZZA_VELOCITA,   kel::NAVSOL_ACCURATEZZA_VELOCITA,   KEL_TIPO_UINT8),  // 40, low byte
+    intero   (SATELLITI,              kel::NAVSOL_SATELLITI,              KEL_TIPO_UINT8),  // 47
+    calcolato(VELOCITA,     kel::velocita_navsol, kel::velocita_navsol_reciproca),
+    kel::FINE_SOTTOCAMPI,
 };
 // clang-format on
 
@@ -63,7 +63,7 @@ namespace kel {
 
 static_assert(sottocampi_in_regola(sottocampi_gps_kel, KEL_TIPO_GPS_KEL),
               "rows lie in the packet; the end row is last and only last");
-static_assert(sottocampi_in_regola(sottocampi_gps_navsol, KEL_TIPO_GPS_NAVSOL),
+static_assert(sottocampi_in_regola(SOTTOCAMPI_GPS_NAVSOL, KEL_TIPO_GPS_NAVSOL),
               "rows lie in the payload; the end row is last and only last");
 
 }  // namespace kel

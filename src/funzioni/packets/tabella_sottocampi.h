@@ -8,9 +8,9 @@
 
 namespace kel {
 
-extern const s_sottocampo sottocampi_gps_navsol[6];
-extern const s_sottocampo sottocampi_lap_time_1G[8];
-extern const s_sottocampo sottocampi_data_ora[1];
+extern const s_sottocampo SOTTOCAMPI_GPS_NAVSOL[6];
+extern const s_sottocampo SOTTOCAMPI_LAP_TIME_1G[8];
+extern const s_sottocampo SOTTOCAMPI_DATA_ORA[1];
 
 // A row whose subfield is one sample.
 constexpr s_sottocampo intero(kel_funpos fid, uint32_t offset, uint32_t tipo_campione, const char* breve = "",
@@ -30,7 +30,7 @@ constexpr s_sottocampo calcolato(kel_funpos fid, f_valore_conv valore, f_valore_
     return {fid, 0, 0, 0, 0, KEL_TIPO_CALCOLATO, valore, reciproco, nullptr, breve, testo};
 }
 
-inline constexpr s_sottocampo fine_sottocampi = intero(fine_tabella, 0, KEL_TIPO_CALCOLATO);
+inline constexpr s_sottocampo FINE_SOTTOCAMPI = intero(FINE_TABELLA, 0, KEL_TIPO_CALCOLATO);
 
 // Samples lie within their packet, and bit fields within their samples. A computed value is of no type that has a size,
 // and lies nowhere in particular.

@@ -18,7 +18,7 @@ struct ByteCampione {
 
 // clang-format off
 //   sample type                bytes
-inline constexpr auto byte_campioni = std::to_array<ByteCampione>({
+inline constexpr auto BYTE_CAMPIONI = std::to_array<ByteCampione>({
     {KEL_TIPO_INT32,            4},
     {KEL_TIPO_INT16,            2},
     {KEL_TIPO_UINT8_INTERO,     1},
@@ -48,12 +48,12 @@ inline constexpr auto byte_campioni = std::to_array<ByteCampione>({
 // clang-format on
 
 // Derived here alone: the other tables of sample types must have as many rows.
-inline constexpr std::uint32_t tipi_campione = KEL_TIPO_DIFFERENZA_TEMPO + 1;
-static_assert(std::size(byte_campioni) == tipi_campione, "one row for each type of sample");
+inline constexpr std::uint32_t TIPI_CAMPIONE = KEL_TIPO_DIFFERENZA_TEMPO + 1;
+static_assert(std::size(BYTE_CAMPIONI) == TIPI_CAMPIONE, "one row for each type of sample");
 
 constexpr bool righe_per_tipo() {
     std::uint32_t atteso = 0;
-    for (const ByteCampione& riga : byte_campioni)
+    for (const ByteCampione& riga : BYTE_CAMPIONI)
         if (riga.tipo_campione != atteso++)
             return false;
     return true;
@@ -61,16 +61,16 @@ constexpr bool righe_per_tipo() {
 static_assert(righe_per_tipo(), "row i is of sample type i");
 
 // The numbers alone, by the code, for the look-up of programs.
-consteval std::array<std::uint8_t, std::size(byte_campioni)> byte_per_codice() {
-    std::array<std::uint8_t, std::size(byte_campioni)> byte = {};
+consteval std::array<std::uint8_t, std::size(BYTE_CAMPIONI)> byte_per_codice() {
+    std::array<std::uint8_t, std::size(BYTE_CAMPIONI)> byte = {};
     for (std::size_t i = 0; i < byte.size(); ++i)
-        byte[i] = byte_campioni[i].byte;
+        byte[i] = BYTE_CAMPIONI[i].byte;
     return byte;
 }
 
 // For the proofs of tables; 0 for a code that is no type of samples.
 constexpr unsigned byte_campione(std::uint32_t tipo_campione) {
-    return tipo_campione < std::size(byte_campioni) ? byte_campioni[tipo_campione].byte : 0;
+    return tipo_campione < std::size(BYTE_CAMPIONI) ? BYTE_CAMPIONI[tipo_campione].byte : 0;
 }
 
 }  // namespace kel

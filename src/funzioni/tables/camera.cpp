@@ -7,7 +7,7 @@
 #include <string_view>
 
 using kel::fid;
-using kel::fine_tabella;
+using kel::FINE_TABELLA;
 
 // clang-format off
 extern "C" {
@@ -33,7 +33,7 @@ constexpr t_SFunzioneZumikoCam funz_ZumikoCam_base[] = {
     {fid(FID_PHI_PERCENT, FID_OBJ_FUEL),                          "%",      1.0f,   17,   1.0f,    "FueL", "Fuel Level",      "FUEL_LEVEL",      KEL_TIPO_INT32},
     {fid(FID_PHI_VOLTAGE, FID_OBJ_BATTERY),                       "V",      10.0f,  18,   1000.0f, "Batt", "Battery Voltage", "BATTERY",         KEL_TIPO_FLOAT},
     {fid(FID_PHI_ACCELERATION, FID_OBJ_Z),                        "g",      100.0f, 19,   1.0f,    "VerG", "Vertical Accel",  "VERTICAL_ACCEL",  KEL_TIPO_FLOAT},
-    {fine_tabella,                                                "",       1.0f,   -1,   1.0f,    "",     "",                "",                KEL_TIPO_CALCOLATO},
+    {FINE_TABELLA,                                                "",       1.0f,   -1,   1.0f,    "",     "",                "",                KEL_TIPO_CALCOLATO},
 };
 
 // The rows are not in the order of their codes, and the rolling time has no code. Programs know the rows by their
@@ -66,7 +66,7 @@ constexpr t_SFunzioneZumikoCam funz_ZumikoCam_estese[] = {
     {fid(FID_PHI_TIME, FID_OBJ_BEST_LAP),                                 "cs",   1.0f,      0xF005, 10.0f,   "BLpT", "Best Lap Time",    "BEST_LAP_TIME",       KEL_TIPO_INT32},
     {fid(FID_PHI_TIME, FID_OBJ_VIDEORECORDING),                           "cs",   0.01f,     0xB00F, 10.0f,   "VRcT", "Video Rec Time",   "VIDEO_REC_TIME",      KEL_TIPO_FLOAT},
     {fid(FID_PHI_TIME, FID_OBJ_RUNNING_LAP),                              "#",    1.0f,      -1,     1.0f,    "RolT", "Rolling Time",     "FG_RUNNING_LAP_TIME", KEL_TIPO_FLOAT},
-    {fine_tabella,                                                        "",     1.0f,      -1,     1.0f,    "",     "",                 "",                    KEL_TIPO_CALCOLATO},
+    {FINE_TABELLA,                                                        "",     1.0f,      -1,     1.0f,    "",     "",                 "",                    KEL_TIPO_CALCOLATO},
 };
 
 }  // extern "C"
@@ -106,21 +106,21 @@ static_assert(visibili_come_sulla_camera(),
 
 namespace {
 
-constexpr std::size_t righe_tutte = righe_base + righe_estese;
+constexpr std::size_t RIGHE_TUTTE = RIGHE_BASE + RIGHE_ESTESE;
 
 constexpr const t_SFunzioneZumikoCam& riga_numero(std::size_t numero) {
-    return numero < righe_base ? funz_ZumikoCam_base[numero] : funz_ZumikoCam_estese[numero - righe_base];
+    return numero < RIGHE_BASE ? funz_ZumikoCam_base[numero] : funz_ZumikoCam_estese[numero - RIGHE_BASE];
 }
 
-constexpr auto fid_delle_righe = raccogli<righe_tutte>([](std::size_t i) { return riga_numero(i).fid; });
-constexpr auto id_delle_righe =
-    raccogli<righe_tutte>([](std::size_t i) { return std::string_view(riga_numero(i).id); });
+constexpr auto FID_DELLE_RIGHE = raccogli<RIGHE_TUTTE>([](std::size_t i) { return riga_numero(i).fid; });
+constexpr auto ID_DELLE_RIGHE =
+    raccogli<RIGHE_TUTTE>([](std::size_t i) { return std::string_view(riga_numero(i).id); });
 
 }  // namespace
 
-constexpr IndicePerfetto<128> indice_camera_fid = indice_perfetto<128>(fid_delle_righe);
-constexpr IndiceTesti<128, righe_tutte> indice_camera_id = indice_testi<128>(id_delle_righe);
-static_assert(come_la_scansione(indice_camera_fid, fid_delle_righe), "every row is found by its function");
-static_assert(come_la_scansione(indice_camera_id, id_delle_righe), "every row is found by its legacy identifier");
+constexpr IndicePerfetto<128> INDICE_CAMERA_FID = indice_perfetto<128>(FID_DELLE_RIGHE);
+constexpr IndiceTesti<128, RIGHE_TUTTE> INDICE_CAMERA_ID = indice_testi<128>(ID_DELLE_RIGHE);
+static_assert(come_la_scansione(INDICE_CAMERA_FID, FID_DELLE_RIGHE), "every row is found by its function");
+static_assert(come_la_scansione(INDICE_CAMERA_ID, ID_DELLE_RIGHE), "every row is found by its legacy identifier");
 
 }  // namespace kel

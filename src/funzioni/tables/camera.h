@@ -56,10 +56,10 @@ constexpr bool camera_in_regola(const t_SFunzioneZumikoCam (&tabella)[N]) {
 
 // The rows of both tables are numbered together, the basic functions first. The end rows are numbered too, because the
 // look-ups find them: the end marker and the empty text lead to the end row of the basic table.
-inline constexpr std::size_t righe_base = std::size(funz_ZumikoCam_base);
-inline constexpr std::size_t righe_estese = std::size(funz_ZumikoCam_estese);
-extern const IndicePerfetto<128> indice_camera_fid;
-extern const IndiceTesti<128, righe_base + righe_estese> indice_camera_id;
+inline constexpr std::size_t RIGHE_BASE = std::size(funz_ZumikoCam_base);
+inline constexpr std::size_t RIGHE_ESTESE = std::size(funz_ZumikoCam_estese);
+extern const IndicePerfetto<128> INDICE_CAMERA_FID;
+extern const IndiceTesti<128, RIGHE_BASE + RIGHE_ESTESE> INDICE_CAMERA_ID;
 
 // The row of a number. The table is chosen by an index and not by a branch: requests fall into either table in no order
 // that a processor could predict, and a mispredicted branch costs it ten cycles and more.
@@ -67,8 +67,8 @@ inline const t_SFunzioneZumikoCam& riga_camera(std::size_t numero) noexcept {
     static constexpr struct {
         const t_SFunzioneZumikoCam* righe;
         std::size_t prima;
-    } tabelle[] = {{funz_ZumikoCam_base, 0}, {funz_ZumikoCam_estese, righe_base}};
-    const auto& tabella = tabelle[numero >= righe_base ? 1 : 0];
+    } tabelle[] = {{funz_ZumikoCam_base, 0}, {funz_ZumikoCam_estese, RIGHE_BASE}};
+    const auto& tabella = tabelle[numero >= RIGHE_BASE ? 1 : 0];
     return tabella.righe[numero - tabella.prima];
 }
 

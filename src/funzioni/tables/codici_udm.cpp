@@ -59,12 +59,12 @@ static_assert(testi_entro(udm_codici, &s_codice_udm::testo, 6), "texts are ASCII
 
 namespace {
 
-constexpr auto testi =
+constexpr auto TESTI =
     raccogli<std::size(udm_codici)>([](std::size_t i) { return std::string_view(udm_codici[i].testo); });
 
 }  // namespace
 
-constexpr IndiceTesti<128, std::size(udm_codici)> indice_codici_udm = indice_testi<128>(testi);
-static_assert(come_la_scansione(indice_codici_udm, testi), "every code is found by its text");
+constexpr IndiceTesti<128, std::size(udm_codici)> INDICE_CODICI_UDM = indice_testi<128>(TESTI);
+static_assert(come_la_scansione(INDICE_CODICI_UDM, TESTI), "every code is found by its text");
 
 }  // namespace kel

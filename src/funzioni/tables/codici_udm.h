@@ -9,7 +9,7 @@
 
 namespace kel {
 
-extern const IndiceTesti<128, std::size(udm_codici)> indice_codici_udm;
+extern const IndiceTesti<128, std::size(udm_codici)> INDICE_CODICI_UDM;
 
 }  // namespace kel
 

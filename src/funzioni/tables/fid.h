@@ -15,17 +15,17 @@ constexpr kel_funpos fid(GRANDEZZA_FISICA_FUNZKEL grandezza, OGGETTO_MISURATO_FU
 }
 
 // The bits of every field, in their place.
-inline constexpr kel_funpos bit_grandezza = kel_funpos{FID_MASK_PHI} << FID_SHIFT_PHI;
-inline constexpr kel_funpos bit_oggetto = kel_funpos{FID_MASK_OBJ} << FID_SHIFT_OBJ;
-inline constexpr kel_funpos bit_posizione = kel_funpos{FID_MASK_POS} << FID_SHIFT_POS;
-inline constexpr kel_funpos bit_inout = kel_funpos{FID_MASK_INOUT} << FID_SHIFT_INOUT;
-inline constexpr kel_funpos bit_numerato = kel_funpos{FID_MASK_NUMBERED} << FID_SHIFT_NUMBERED;
-inline constexpr kel_funpos bit_leftright = kel_funpos{FID_MASK_LEFTRIGHT} << FID_SHIFT_LEFTRIGHT;
-inline constexpr kel_funpos bit_frontrear = kel_funpos{FID_MASK_FRONTREAR} << FID_SHIFT_FRONTREAR;
-inline constexpr kel_funpos bit_updown = kel_funpos{FID_MASK_UPDOWN} << FID_SHIFT_UPDOWN;
-inline constexpr kel_funpos bit_identificatore =
-    bit_grandezza | bit_oggetto | bit_posizione | bit_inout | bit_numerato | bit_leftright | bit_frontrear | bit_updown;
-static_assert(bit_identificatore == 0x1FFFFFFF, "fields from bit 0 to bit 28, without a gap");
+inline constexpr kel_funpos BIT_GRANDEZZA = kel_funpos{FID_MASK_PHI} << FID_SHIFT_PHI;
+inline constexpr kel_funpos BIT_OGGETTO = kel_funpos{FID_MASK_OBJ} << FID_SHIFT_OBJ;
+inline constexpr kel_funpos BIT_POSIZIONE = kel_funpos{FID_MASK_POS} << FID_SHIFT_POS;
+inline constexpr kel_funpos BIT_INOUT = kel_funpos{FID_MASK_INOUT} << FID_SHIFT_INOUT;
+inline constexpr kel_funpos BIT_NUMERATO = kel_funpos{FID_MASK_NUMBERED} << FID_SHIFT_NUMBERED;
+inline constexpr kel_funpos BIT_LEFTRIGHT = kel_funpos{FID_MASK_LEFTRIGHT} << FID_SHIFT_LEFTRIGHT;
+inline constexpr kel_funpos BIT_FRONTREAR = kel_funpos{FID_MASK_FRONTREAR} << FID_SHIFT_FRONTREAR;
+inline constexpr kel_funpos BIT_UPDOWN = kel_funpos{FID_MASK_UPDOWN} << FID_SHIFT_UPDOWN;
+inline constexpr kel_funpos BIT_IDENTIFICATORE =
+    BIT_GRANDEZZA | BIT_OGGETTO | BIT_POSIZIONE | BIT_INOUT | BIT_NUMERATO | BIT_LEFTRIGHT | BIT_FRONTREAR | BIT_UPDOWN;
+static_assert(BIT_IDENTIFICATORE == 0x1FFFFFFF, "fields from bit 0 to bit 28, without a gap");
 
 // Side bits, to be added to an identifier with `|`.
 constexpr kel_funpos destra_sinistra(unsigned leftright) {
@@ -39,22 +39,22 @@ constexpr kel_funpos alto_basso(unsigned updown) {
 }
 
 // How many values of a field have a meaning: all limits are taken from the tables of their texts.
-inline constexpr unsigned grandezze_note = std::size(grandezza_fisica_FunzKel);
-inline constexpr unsigned oggetti_noti = std::size(oggetto_misurato_FunzKel);
-inline constexpr unsigned posizioni_note = std::size(posizione_FunzKel);
+inline constexpr unsigned GRANDEZZE_NOTE = std::size(grandezza_fisica_FunzKel);
+inline constexpr unsigned OGGETTI_NOTI = std::size(oggetto_misurato_FunzKel);
+inline constexpr unsigned POSIZIONI_NOTE = std::size(posizione_FunzKel);
 
 // The end marker has a quantity that no function has. Its object and position mean nothing by themselves: a new object or
 // position may take their values, and the marker stays.
-static_assert(grandezze_note <= FID_PHI_FINE_TABELLA, "the format ends here: quantity 32 is the end marker");
+static_assert(GRANDEZZE_NOTE <= FID_PHI_FINE_TABELLA, "the format ends here: quantity 32 is the end marker");
 
 // The key of an end row.
-inline constexpr kel_funpos fine_tabella =
+inline constexpr kel_funpos FINE_TABELLA =
     kelFidComponi(FID_PHI_FINE_TABELLA, FID_OBJ_FINE_TABELLA, FID_POS_FINE_TABELLA);
-static_assert(fine_tabella == 0x000B9D20, "programs recognise the end row by this value");
+static_assert(FINE_TABELLA == 0x000B9D20, "programs recognise the end row by this value");
 
 // The quantity table's end row has no position.
-inline constexpr kel_funpos fine_grandezze = kelFidComponi(FID_PHI_FINE_TABELLA, FID_OBJ_FINE_TABELLA, 0);
-static_assert(fine_grandezze == 0x1D20, "programs recognise the end row by this value");
+inline constexpr kel_funpos FINE_GRANDEZZE = kelFidComponi(FID_PHI_FINE_TABELLA, FID_OBJ_FINE_TABELLA, 0);
+static_assert(FINE_GRANDEZZE == 0x1D20, "programs recognise the end row by this value");
 
 // Some searches end at the first row with the quantity of the end marker, whatever its object and its position are.
 constexpr bool grandezza_di_fine(kel_funpos fid) {
@@ -63,8 +63,8 @@ constexpr bool grandezza_di_fine(kel_funpos fid) {
 
 // An identifier whose quantity, object and position have descriptors, and whose unused bits are clear.
 constexpr bool campi_noti(kel_funpos fid) {
-    return kelFidGrandezza(fid) < grandezze_note && kelFidOggetto(fid) < oggetti_noti &&
-           kelFidPosizione(fid) < posizioni_note && (fid & ~bit_identificatore) == 0;
+    return kelFidGrandezza(fid) < GRANDEZZE_NOTE && kelFidOggetto(fid) < OGGETTI_NOTI &&
+           kelFidPosizione(fid) < POSIZIONI_NOTE && (fid & ~BIT_IDENTIFICATORE) == 0;
 }
 
 }  // namespace kel

@@ -8,7 +8,7 @@ using kel::alto_basso;
 using kel::davanti_dietro;
 using kel::destra_sinistra;
 using kel::fid;
-using kel::fine_tabella;
+using kel::FINE_TABELLA;
 
 // clang-format off
 extern "C" {
@@ -36,7 +36,7 @@ constexpr t_SFunzioneVecchia funz_Kel[] = {
     {"GeaP", "Gear Lever Pos",   "GEAR_LEVER_POS",          fid(FID_PHI_NUMBER, FID_OBJ_GEAR)},
     {"RolT", "Rolling Time",     "FG_RUNNING_LAP_TIME",     fid(FID_PHI_TIME, FID_OBJ_RUNNING_LAP)},
     {"DSG",  "DSG",              "DSG",                     fid(FID_PHI_NUMBER, FID_OBJ_GEAR) | kelFidIstanza(0)},
-    {"",     "",                 "",                        fine_tabella},
+    {"",     "",                 "",                        FINE_TABELLA},
 };
 
 }  // extern "C"
@@ -56,14 +56,14 @@ static_assert(testi_entro(funz_Kel, &t_SFunzioneVecchia::breve, 4) &&
 
 namespace {
 
-constexpr auto fid_delle_righe = raccogli<righe_kel>([](std::size_t i) { return funz_Kel[i].fid; });
-constexpr auto id_delle_righe = raccogli<righe_kel>([](std::size_t i) { return std::string_view(funz_Kel[i].id); });
+constexpr auto FID_DELLE_RIGHE = raccogli<RIGHE_KEL>([](std::size_t i) { return funz_Kel[i].fid; });
+constexpr auto ID_DELLE_RIGHE = raccogli<RIGHE_KEL>([](std::size_t i) { return std::string_view(funz_Kel[i].id); });
 
 }  // namespace
 
-constexpr IndicePerfetto<64> indice_kel_fid = indice_perfetto<64>(fid_delle_righe);
-constexpr IndiceTesti<64, righe_kel> indice_kel_id = indice_testi<64>(id_delle_righe);
-static_assert(come_la_scansione(indice_kel_fid, fid_delle_righe), "every row is found by its function");
-static_assert(come_la_scansione(indice_kel_id, id_delle_righe), "every row is found by its legacy identifier");
+constexpr IndicePerfetto<64> INDICE_KEL_FID = indice_perfetto<64>(FID_DELLE_RIGHE);
+constexpr IndiceTesti<64, RIGHE_KEL> INDICE_KEL_ID = indice_testi<64>(ID_DELLE_RIGHE);
+static_assert(come_la_scansione(INDICE_KEL_FID, FID_DELLE_RIGHE), "every row is found by its function");
+static_assert(come_la_scansione(INDICE_KEL_ID, ID_DELLE_RIGHE), "every row is found by its legacy identifier");
 
 }  // namespace kel

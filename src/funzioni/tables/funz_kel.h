@@ -9,9 +9,9 @@
 
 namespace kel {
 
-inline constexpr std::size_t righe_kel = std::size(funz_Kel) - 1;
-extern const IndicePerfetto<64> indice_kel_fid;
-extern const IndiceTesti<64, righe_kel> indice_kel_id;
+inline constexpr std::size_t RIGHE_KEL = std::size(funz_Kel) - 1;
+extern const IndicePerfetto<64> INDICE_KEL_FID;
+extern const IndiceTesti<64, RIGHE_KEL> INDICE_KEL_ID;
 
 }  // namespace kel
 

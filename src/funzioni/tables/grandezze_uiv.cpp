@@ -116,7 +116,7 @@ constexpr s_grandezza_fisica_uiv uib_grandezza_fisica_uiv[] = {
     riga(fid(FID_PHI_LAMBDA),                                   "Lb",   "Lambda",            lambda_tot_udm_associate),
     riga(fid(FID_PHI_GEAR, FID_OBJ_GEAR),                       "GeaN", "Gear",              gear_udm_associate),
     riga(fid(FID_PHI_GEAR),                                     "GeaN", "Generic Gear",      gear_udm_associate),
-    {kel::fine_grandezze, "", "", 0, nullptr, 0, nullptr},
+    {kel::FINE_GRANDEZZE, "", "", 0, nullptr, 0, nullptr},
 };
 
 }  // extern "C"
@@ -129,7 +129,7 @@ static_assert(chiavi_in_regola(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv
 
 constexpr bool chiavi_di_grandezza_e_oggetto() {
     for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
-        if ((riga.chiave & ~(bit_grandezza | bit_oggetto)) != 0)
+        if ((riga.chiave & ~(BIT_GRANDEZZA | BIT_OGGETTO)) != 0)
             return false;
     return true;
 }
@@ -148,7 +148,7 @@ constexpr bool particolari_prima_della_generica() {
 static_assert(particolari_prima_della_generica(), "a row behind its quantity's generic row would never be found");
 
 constexpr bool generica_per_ogni_grandezza() {
-    for (unsigned grandezza = 0; grandezza < kel::grandezze_note; ++grandezza) {
+    for (unsigned grandezza = 0; grandezza < kel::GRANDEZZE_NOTE; ++grandezza) {
         bool trovata = false;
         for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
             trovata = trovata || riga.chiave == grandezza;
@@ -168,7 +168,7 @@ static_assert(testi_entro(uib_grandezza_fisica_uiv, &s_grandezza_fisica_uiv::bre
 // The row that a look-up takes, by searching row by row.
 constexpr unsigned prima_riga(unsigned grandezza, unsigned oggetto) {
     unsigned numero = 0;
-    for (; numero < riga_fine_grandezze; ++numero) {
+    for (; numero < RIGA_FINE_GRANDEZZE; ++numero) {
         const kel_funpos chiave = uib_grandezza_fisica_uiv[numero].chiave;
         if (kelFidGrandezza(chiave) == grandezza && (kelFidOggetto(chiave) == oggetto || kelFidOggetto(chiave) == 0))
             break;
@@ -178,32 +178,32 @@ constexpr unsigned prima_riga(unsigned grandezza, unsigned oggetto) {
 
 constexpr RigheGrandezze scandisci() {
     RigheGrandezze righe = {};
-    for (unsigned grandezza = 0; grandezza < grandezze_con_riga; ++grandezza)
-        for (unsigned oggetto = 0; oggetto < oggetti_con_riga; ++oggetto)
+    for (unsigned grandezza = 0; grandezza < GRANDEZZE_CON_RIGA; ++grandezza)
+        for (unsigned oggetto = 0; oggetto < OGGETTI_CON_RIGA; ++oggetto)
             righe.numeri[grandezza][oggetto] = static_cast<std::uint8_t>(prima_riga(grandezza, oggetto));
     return righe;
 }
 
-constexpr RigheGrandezze righe_grandezze = scandisci();
+constexpr RigheGrandezze RIGHE_GRANDEZZE = scandisci();
 
 // Of the quantities and objects beyond the table's room one of each is tried: the others take the same way.
 constexpr bool come_la_scansione() {
-    for (unsigned grandezza = 0; grandezza <= grandezze_con_riga; ++grandezza)
-        for (unsigned oggetto = 0; oggetto <= oggetti_con_riga; ++oggetto)
-            if (righe_grandezze.riga(kelFidComponi(grandezza, oggetto, 0)) != prima_riga(grandezza, oggetto))
+    for (unsigned grandezza = 0; grandezza <= GRANDEZZE_CON_RIGA; ++grandezza)
+        for (unsigned oggetto = 0; oggetto <= OGGETTI_CON_RIGA; ++oggetto)
+            if (RIGHE_GRANDEZZE.riga(kelFidComponi(grandezza, oggetto, 0)) != prima_riga(grandezza, oggetto))
                 return false;
     return true;
 }
 static_assert(come_la_scansione(), "the row of an identifier is the one that a search row by row finds");
 
 constexpr bool chiavi_in_misura() {
-    for (const s_grandezza_fisica_uiv* riga = uib_grandezza_fisica_uiv; riga->chiave != fine_grandezze; ++riga)
-        if (kelFidGrandezza(riga->chiave) >= grandezze_con_riga || kelFidOggetto(riga->chiave) >= oggetti_con_riga)
+    for (const s_grandezza_fisica_uiv* riga = uib_grandezza_fisica_uiv; riga->chiave != FINE_GRANDEZZE; ++riga)
+        if (kelFidGrandezza(riga->chiave) >= GRANDEZZE_CON_RIGA || kelFidOggetto(riga->chiave) >= OGGETTI_CON_RIGA)
             return false;
     return true;
 }
 static_assert(chiavi_in_misura(), "there is room for the quantity and the object of every row");
-static_assert(prima_riga(FID_PHI_PACKAGE, 0) != riga_fine_grandezze,
+static_assert(prima_riga(FID_PHI_PACKAGE, 0) != RIGA_FINE_GRANDEZZE,
               "every packet has a name in the table: none is composed");
 
 // --- The units by text -------------------------------------------------------------------------------------------------
@@ -211,7 +211,7 @@ static_assert(prima_riga(FID_PHI_PACKAGE, 0) != riga_fine_grandezze,
 // The units go from the last to the first, so that the first of those with the same place stays.
 constexpr PostiUdm trova_posti() {
     PostiUdm posti = {};
-    for (unsigned riga = 0; riga < riga_fine_grandezze; ++riga) {
+    for (unsigned riga = 0; riga < RIGA_FINE_GRANDEZZE; ++riga) {
         const s_grandezza_fisica_uiv& grandezza = uib_grandezza_fisica_uiv[riga];
         for (int i = grandezza.num_udm - 1; i >= 0; --i)
             posti.udm[riga][posto_udm(grandezza.udm[i].dati.udm)] = static_cast<std::uint8_t>(i);
@@ -219,16 +219,16 @@ constexpr PostiUdm trova_posti() {
     return posti;
 }
 
-constexpr PostiUdm posti_udm = trova_posti();
+constexpr PostiUdm POSTI_UDM = trova_posti();
 
 // The number of units at whose place stands another one; or only those where that one stands behind them, so that a
 // search from there would miss them.
 constexpr unsigned fuori_posto(bool solo_dietro) {
     unsigned quante = 0;
-    for (unsigned riga = 0; riga < riga_fine_grandezze; ++riga) {
+    for (unsigned riga = 0; riga < RIGA_FINE_GRANDEZZE; ++riga) {
         const s_grandezza_fisica_uiv& grandezza = uib_grandezza_fisica_uiv[riga];
         for (int i = 0; i < grandezza.num_udm; ++i) {
-            const int al_posto = posti_udm.udm[riga][posto_udm(grandezza.udm[i].dati.udm)];
+            const int al_posto = POSTI_UDM.udm[riga][posto_udm(grandezza.udm[i].dati.udm)];
             quante += (solo_dietro ? al_posto > i : al_posto != i) ? 1 : 0;
         }
     }

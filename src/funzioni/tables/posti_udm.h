@@ -13,7 +13,7 @@
 
 namespace kel {
 
-inline constexpr unsigned posti_per_grandezza = 16;
+inline constexpr unsigned POSTI_PER_GRANDEZZA = 16;
 
 // The place of a text. It is computed without branches, because the units asked for follow in no order that a processor
 // could predict.
@@ -22,16 +22,16 @@ constexpr unsigned posto_udm(const char* testo) noexcept {
     // A text of one or two characters: its NUL stands for the characters that it does not have.
     const char* const secondo = testo + (*testo != '\0' ? 1 : 0);
     const char* const terzo = secondo + (*secondo != '\0' ? 1 : 0);
-    return (numero(*testo) + 3 * numero(*secondo) + numero(*terzo)) / 2 % posti_per_grandezza;
+    return (numero(*testo) + 3 * numero(*secondo) + numero(*terzo)) / 2 % POSTI_PER_GRANDEZZA;
 }
 
 // For every row of the quantity table the unit at each place. Where units have the same place, it is the first of them;
 // at a place that no unit has, it is the base unit.
 struct PostiUdm {
-    std::uint8_t udm[riga_fine_grandezze][posti_per_grandezza];
+    std::uint8_t udm[RIGA_FINE_GRANDEZZE][POSTI_PER_GRANDEZZA];
 };
 
-[[gnu::visibility("hidden")]] extern const PostiUdm posti_udm;
+[[gnu::visibility("hidden")]] extern const PostiUdm POSTI_UDM;
 
 }  // namespace kel
 

@@ -4,10 +4,10 @@
 
 namespace {
 
-constexpr uint32_t davanti = kel::davanti_dietro(FID_FRONTREAR_FRONT);
-constexpr uint32_t dietro = kel::davanti_dietro(FID_FRONTREAR_REAR);
-constexpr uint32_t sinistra = kel::destra_sinistra(FID_LEFTRIGHT_LEFT);
-constexpr uint32_t destra = kel::destra_sinistra(FID_LEFTRIGHT_RIGHT);
+constexpr uint32_t DAVANTI = kel::davanti_dietro(FID_FRONTREAR_FRONT);
+constexpr uint32_t DIETRO = kel::davanti_dietro(FID_FRONTREAR_REAR);
+constexpr uint32_t SINISTRA = kel::destra_sinistra(FID_LEFTRIGHT_LEFT);
+constexpr uint32_t DESTRA = kel::destra_sinistra(FID_LEFTRIGHT_RIGHT);
 
 }  // namespace
 
@@ -32,18 +32,18 @@ constexpr s_scelta_fid ios_solo_inout[] = {
 // Sides: the key is the bits to set in the identifier. The library does not use the first list; programs may read it.
 //   key       short  text
 constexpr s_scelta_fid udfrlrs_solo_fr[] = {
-    {davanti,  "Fr",  "Front"},
-    {dietro,   "Re",  "Rear"},
+    {DAVANTI,  "Fr",  "Front"},
+    {DIETRO,   "Re",  "Rear"},
 };
 
 //   key                  short    text
 constexpr s_scelta_fid udfrlrs_solo_frlr[] = {
-    {davanti,             "Fr",    "Front"},
-    {davanti | sinistra,  "FrLe",  "Front Left"},
-    {davanti | destra,    "FrRi",  "Front Right"},
-    {dietro | sinistra,   "ReLe",  "Rear Left"},
-    {dietro | destra,     "ReRi",  "Rear Right"},
-    {dietro,              "Re",    "Rear"},
+    {DAVANTI,             "Fr",    "Front"},
+    {DAVANTI | SINISTRA,  "FrLe",  "Front Left"},
+    {DAVANTI | DESTRA,    "FrRi",  "Front Right"},
+    {DIETRO | SINISTRA,   "ReLe",  "Rear Left"},
+    {DIETRO | DESTRA,     "ReRi",  "Rear Right"},
+    {DIETRO,              "Re",    "Rear"},
 };
 
 }  // extern "C"
@@ -65,10 +65,10 @@ constexpr bool scelte_distinte(const s_scelta_fid (&tabella)[N], uint32_t bit_am
     return true;
 }
 
-constexpr uint32_t bit_laterali = kelFidLati(FID_MASK_LEFTRIGHT, FID_MASK_FRONTREAR, 0);
+constexpr uint32_t BIT_LATERALI = kelFidLati(FID_MASK_LEFTRIGHT, FID_MASK_FRONTREAR, 0);
 static_assert(scelte_distinte(ios_completo, FID_MASK_INOUT), "keys are values of the in/out field, each once");
 static_assert(scelte_distinte(ios_solo_inout, FID_MASK_INOUT), "keys are values of the in/out field, each once");
-static_assert(scelte_distinte(udfrlrs_solo_fr, bit_laterali), "keys are side bits in their place, each once");
-static_assert(scelte_distinte(udfrlrs_solo_frlr, bit_laterali), "keys are side bits in their place, each once");
+static_assert(scelte_distinte(udfrlrs_solo_fr, BIT_LATERALI), "keys are side bits in their place, each once");
+static_assert(scelte_distinte(udfrlrs_solo_frlr, BIT_LATERALI), "keys are side bits in their place, each once");
 
 }  // namespace kel

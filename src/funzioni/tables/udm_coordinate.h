@@ -43,7 +43,7 @@ constexpr s_udm_associata coord_udm_associate[] = {
 
 namespace kel::misure {
 
-static_assert(unita_in_regola(coord_alt_udm_associate, {1, metro / piede}),
+static_assert(unita_in_regola(coord_alt_udm_associate, {1, METRO / PIEDE}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 static_assert(unita_in_regola(coord_lat_udm_associate),
               "base unit first, each unit once, gains as derived, min <= default <= max");

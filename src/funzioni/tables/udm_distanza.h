@@ -47,12 +47,12 @@ constexpr s_udm_associata pos_udm_associate[] = {
 namespace kel::misure {
 
 static_assert(unita_in_regola(km_udm_associate,
-                              {1, chilometro / miglio, chilometro / metro, chilometro / piede, chilometro / centimetro,
-                               chilometro / pollice, chilometro / millimetro}),
+                              {1, CHILOMETRO / MIGLIO, CHILOMETRO / METRO, CHILOMETRO / PIEDE, CHILOMETRO / CENTIMETRO,
+                               CHILOMETRO / POLLICE, CHILOMETRO / MILLIMETRO}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
-static_assert(unita_in_regola(m_udm_associate, {1, metro / chilometro, metro / miglio, metro / piede}),
+static_assert(unita_in_regola(m_udm_associate, {1, METRO / CHILOMETRO, METRO / MIGLIO, METRO / PIEDE}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
-static_assert(unita_in_regola(pos_udm_associate, {metro / millimetro, metro / pollice}),
+static_assert(unita_in_regola(pos_udm_associate, {METRO / MILLIMETRO, METRO / POLLICE}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 
 }  // namespace kel::misure

@@ -46,9 +46,9 @@ constexpr s_udm_associata kg_sec_udm_associate[] = {
 
 namespace kel::misure {
 
-static_assert(unita_in_regola(l_udm_associate, {1, litro / gallone}),
+static_assert(unita_in_regola(l_udm_associate, {1, LITRO / GALLONE}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
-static_assert(unita_in_regola(l_sec_udm_associate, {1, litro / gallone, ora / secondo, 3600 * 0.264172}),
+static_assert(unita_in_regola(l_sec_udm_associate, {1, LITRO / GALLONE, ORA / SECONDO, 3600 * 0.264172}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 static_assert(unita_in_regola(l_lap_udm_associate),
               "base unit first, each unit once, gains as derived, min <= default <= max");

@@ -36,7 +36,7 @@ constexpr s_udm_associata Nm_udm_associate[] = {
 namespace kel::misure {
 
 static_assert(unita_in_regola(kW_sec_udm_associate,
-                              {1, chilowatt / cavallo_metrico, chilowatt / cavallo_imperiale, chilowatt / watt}),
+                              {1, CHILOWATT / CAVALLO_METRICO, CHILOWATT / CAVALLO_IMPERIALE, CHILOWATT / WATT}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 static_assert(unita_in_regola(Nm_udm_associate),
               "base unit first, each unit once, gains as derived, min <= default <= max");

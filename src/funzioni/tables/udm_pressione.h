@@ -43,11 +43,11 @@ constexpr s_udm_associata bar_brake_udm_associate[] = {
 namespace kel::misure {
 
 static_assert(unita_in_regola(bar_udm_associate,
-                              {1, bar / psi, bar / chilopascal, bar / millibar, bar / pollice_mercurio}),
+                              {1, BAR / PSI, BAR / CHILOPASCAL, BAR / MILLIBAR, BAR / POLLICE_MERCURIO}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
-static_assert(unita_in_regola(bar_oil_udm_associate, {1, bar / psi, bar / chilopascal}),
+static_assert(unita_in_regola(bar_oil_udm_associate, {1, BAR / PSI, BAR / CHILOPASCAL}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
-static_assert(unita_in_regola(bar_brake_udm_associate, {1, bar / psi}),
+static_assert(unita_in_regola(bar_brake_udm_associate, {1, BAR / PSI}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 
 }  // namespace kel::misure

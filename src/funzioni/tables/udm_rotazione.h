@@ -55,10 +55,10 @@ constexpr s_udm_associata rpm_s_udm_associate[] = {
 
 namespace kel::misure {
 
-static_assert(unita_in_regola(deg_udm_associate, {1, grado / radiante}),
+static_assert(unita_in_regola(deg_udm_associate, {1, GRADO / RADIANTE}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
-static_assert(unita_in_regola(deg_sec_udm_associate, {1, grado / radiante, grado / (giro / minuto),
-                                                      grado / (giro / minuto) / 100, 10 * grado / giro}),
+static_assert(unita_in_regola(deg_sec_udm_associate, {1, GRADO / RADIANTE, GRADO / (GIRO / MINUTO),
+                                                      GRADO / (GIRO / MINUTO) / 100, 10 * GRADO / GIRO}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 static_assert(unita_in_regola(gyro_udm_associate),
               "base unit first, each unit once, gains as derived, min <= default <= max");

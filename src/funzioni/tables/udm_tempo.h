@@ -48,10 +48,10 @@ constexpr s_udm_associata date_udm_associate[] = {
 
 namespace kel::misure {
 
-static_assert(unita_in_regola(ms_udm_associate, {1, millisecondo / secondo, millisecondo / minuto,
-                                                 millisecondo / microsecondo, millisecondo / ora}),
+static_assert(unita_in_regola(ms_udm_associate, {1, MILLISECONDO / SECONDO, MILLISECONDO / MINUTO,
+                                                 MILLISECONDO / MICROSECONDO, MILLISECONDO / ORA}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
-static_assert(unita_in_regola(s_udm_associate, {1, secondo / millisecondo, secondo / minuto, secondo / ora}),
+static_assert(unita_in_regola(s_udm_associate, {1, SECONDO / MILLISECONDO, SECONDO / MINUTO, SECONDO / ORA}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 static_assert(unita_in_regola(time_udm_associate),
               "base unit first, each unit once, gains as derived, min <= default <= max");

@@ -40,11 +40,11 @@ constexpr s_udm_associata kmh_vel_udm_associate[] = {
 
 namespace kel::misure {
 
-static_assert(unita_in_regola(kmh_udm_associate, {1, chilometro / miglio}),
+static_assert(unita_in_regola(kmh_udm_associate, {1, CHILOMETRO / MIGLIO}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 static_assert(unita_in_regola(kmh_vel_udm_associate,
-                              {1, chilometro / miglio, chilometro / metro / ora, chilometro / piede / ora,
-                               chilometro / centimetro / ora, chilometro / metro / (ora / minuto), 0.016667}),
+                              {1, CHILOMETRO / MIGLIO, CHILOMETRO / METRO / ORA, CHILOMETRO / PIEDE / ORA,
+                               CHILOMETRO / CENTIMETRO / ORA, CHILOMETRO / METRO / (ORA / MINUTO), 0.016667}),
               "base unit first, each unit once, gains as derived, min <= default <= max");
 
 }  // namespace kel::misure

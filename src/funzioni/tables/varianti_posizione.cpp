@@ -72,7 +72,7 @@ template <std::size_t N>
 constexpr bool varianti_distinte(const s_variante_posizione (&tabella)[N]) {
     for (std::size_t i = 0; i < N; ++i) {
         const s_variante_posizione& riga = tabella[i];
-        if (riga.posizione == FID_POS_UNDEFINED || riga.posizione >= posizioni_note)
+        if (riga.posizione == FID_POS_UNDEFINED || riga.posizione >= POSIZIONI_NOTE)
             return false;
         if (!ascii(riga.breve, 4) || !ascii(riga.testo, 15))
             return false;

@@ -7,6 +7,6 @@ const char* kelFunGetUdmTxt(unsigned codice) noexcept {
 
 int kelFunGetUdmCode(const char* testo) noexcept {
     const std::string_view cercato(testo);
-    const std::size_t riga = kel::indice_codici_udm.riga(cercato);
-    return kel::indice_codici_udm.uguale(riga, udm_codici[riga].testo, cercato) ? udm_codici[riga].codice : -1;
+    const std::size_t riga = kel::INDICE_CODICI_UDM.riga(cercato);
+    return kel::INDICE_CODICI_UDM.uguale(riga, udm_codici[riga].testo, cercato) ? udm_codici[riga].codice : -1;
 }

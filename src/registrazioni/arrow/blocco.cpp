@@ -91,7 +91,7 @@ void accosta(char* testi, const unsigned char* validi, std::int32_t* inizi, std:
         if (ascii)
             std::memmove(testi + fine, testo.data(), testo.size());
         else
-            std::ranges::copy(comeUtf8(testo), testi + fine);
+            std::ranges::copy(come_utf8(testo), testi + fine);
         fine += static_cast<std::int32_t>(testo.size());
     }
     inizi[righe] = fine;
@@ -163,10 +163,10 @@ void blocco(Tabella& tabella, bool testi, std::uint64_t da, std::size_t quante, 
     std::vector<Colonna> colonne;
     std::vector<s_kel_lettura> letture;
     colonne.reserve(voci.size() + 1);
-    if (tabella.conTempo())
+    if (tabella.con_tempo())
         colonne.push_back(tempi(tabella, da, quante));
     for (std::size_t i = 0; i < voci.size(); ++i) {
-        const bool testo = comeTesto(voci[i], testi);
+        const bool testo = come_testo(voci[i], testi);
         Colonna& sua = colonne.emplace_back(colonna(quante, larghezza(voci[i].valori), testo));
         sua.sempre = voci[i].valori == KEL_VALORI_NESSUNO;
         letture.push_back({static_cast<unsigned>(i), testo ? nullptr : sua.valori.get(),

@@ -78,7 +78,7 @@ std::string esadecimale(kel_funpos fid) {
 }
 
 const char* formato(const VoceColonna& voce, bool testi) {
-    if (comeTesto(voce, testi))
+    if (come_testo(voce, testi))
         return "u";
     switch (voce.valori) {
         case KEL_VALORI_DOUBLE:
@@ -95,12 +95,12 @@ const char* formato(const VoceColonna& voce, bool testi) {
 std::unique_ptr<ArrowSchema> campo(const VoceColonna& voce, const char* formato) {
     auto suo = std::make_unique<Sostegno>();
     suo->formato = formato;
-    suo->nome = comeUtf8(voce.nome);
+    suo->nome = come_utf8(voce.nome);
     Metadati metadati;
-    metadati.aggiungi("unit", comeUtf8(voce.udm));
+    metadati.aggiungi("unit", come_utf8(voce.udm));
     if (voce.fid != 0)
         metadati.aggiungi("identifier", esadecimale(voce.fid));
-    metadati.aggiungi("long_name", comeUtf8(voce.lungo.empty() ? voce.nome : voce.lungo));
+    metadati.aggiungi("long_name", come_utf8(voce.lungo.empty() ? voce.nome : voce.lungo));
     suo->metadati = std::move(metadati).byte();
     auto schema = std::make_unique<ArrowSchema>();
     riempi(*schema, std::move(suo), ARROW_FLAG_NULLABLE);
@@ -118,14 +118,14 @@ struct Tutti : Sostegno {
 
 }  // namespace
 
-bool comeTesto(const VoceColonna& voce, bool testi) {
+bool come_testo(const VoceColonna& voce, bool testi) {
     return testi || voce.valori == KEL_VALORI_NESSUNO;
 }
 
 void schema(const Tabella& tabella, bool testi, ArrowSchema& uscita) {
     Tutti campi;
     campi.figli.reserve(tabella.voci().size() + 1);
-    if (tabella.conTempo())
+    if (tabella.con_tempo())
         campi.figli.push_back(campo({"time", "", "us", 0, 0, KEL_VALORI_ISTANTE, 0}, "tDu"));
     for (const VoceColonna& voce : tabella.voci())
         campi.figli.push_back(campo(voce, formato(voce, testi)));

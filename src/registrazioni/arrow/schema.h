@@ -7,7 +7,7 @@
 namespace kel_registrazioni {
 
 /// Whether a column is handed out as its texts.
-bool comeTesto(const VoceColonna& voce, bool testi);
+bool come_testo(const VoceColonna& voce, bool testi);
 
 /// Fills a schema: a struct with the time, where there is one, and the columns.
 void schema(const Tabella& tabella, bool testi, ArrowSchema& uscita);

@@ -8,7 +8,7 @@
 
 namespace kel_colonne {
 
-inline constexpr std::uint32_t caratteri_parola = 8;
+inline constexpr std::uint32_t CARATTERI_PAROLA = 8;
 
 struct Campo {
     float scala;           // 10 to the power of the decimals
@@ -27,14 +27,14 @@ static constexpr Campo campo_di(std::uint32_t larghezza, std::uint32_t decimali_
     constexpr float potenze_10[] = {0.0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f, 1e6f, 1e7f, 1e8f};
     const std::uint32_t decimali = decimali_chiesti < 3 ? decimali_chiesti : 3;
     const std::uint32_t punto = decimali != 0 ? 1 : 0;
-    const bool in_parola = larghezza <= caratteri_parola - punto && larghezza > decimali_chiesti;
+    const bool in_parola = larghezza <= CARATTERI_PAROLA - punto && larghezza > decimali_chiesti;
     if (!in_parola)
         return {1.0f, 0.0f, 0.0f, 8, 0, 8, false, formato};
     return {scale[decimali],
             potenze_10[larghezza],
             larghezza - 1 > decimali_chiesti ? potenze_10[larghezza - 1] : 0.0f,
             8 * (larghezza - decimali),
-            8 * (caratteri_parola - larghezza),
+            8 * (CARATTERI_PAROLA - larghezza),
             8 * (larghezza + punto),
             punto != 0,
             formato};

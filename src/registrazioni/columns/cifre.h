@@ -6,7 +6,7 @@
 
 namespace kel_colonne {
 
-inline constexpr std::uint64_t ogni_byte = 0x0101010101010101;
+inline constexpr std::uint64_t OGNI_BYTE = 0x0101010101010101;
 
 // Four digits of a number below 10000, as numbers, the first in the lowest byte.
 static constexpr std::uint32_t quattro_cifre(std::uint32_t numero) noexcept {
@@ -18,7 +18,7 @@ static constexpr std::uint32_t quattro_cifre(std::uint32_t numero) noexcept {
 
 // Eight digits of a number below 10^8, as characters.
 static constexpr std::uint64_t otto_cifre(std::uint32_t numero) noexcept {
-    return (quattro_cifre(numero / 10000) | std::uint64_t{quattro_cifre(numero % 10000)} << 32) + '0' * ogni_byte;
+    return (quattro_cifre(numero / 10000) | std::uint64_t{quattro_cifre(numero % 10000)} << 32) + '0' * OGNI_BYTE;
 }
 static_assert(otto_cifre(12345678) == 0x3837363534333231 && otto_cifre(99999999) == 0x3939393939393939);
 

@@ -11,10 +11,10 @@ namespace kel_colonne {
 namespace {
 
 // Columns whose plans fit the stack; more are read in groups.
-constexpr unsigned colonne_per_gruppo = 64;
+constexpr unsigned COLONNE_PER_GRUPPO = 64;
 
 // What is written is brought into the caches before it is overwritten, unless it is more than they can hold.
-constexpr std::size_t byte_oltre_cache = 16 << 20;
+constexpr std::size_t BYTE_OLTRE_CACHE = 16 << 20;
 
 // How one column is read.
 struct Piano {
@@ -26,9 +26,9 @@ struct Piano {
 
 // What a block of samples is read into on its way.
 struct Banco {
-    alignas(64) unsigned char densi[campioni_per_blocco * 4];
-    alignas(64) float valori[campioni_per_blocco];
-    alignas(64) unsigned char stati[campioni_per_blocco];
+    alignas(64) unsigned char densi[CAMPIONI_PER_BLOCCO * 4];
+    alignas(64) float valori[CAMPIONI_PER_BLOCCO];
+    alignas(64) unsigned char stati[CAMPIONI_PER_BLOCCO];
 };
 
 Piano prepara(const s_kel_colonna& colonna, std::size_t numero, Riconoscitore& riconoscitore) noexcept {
@@ -63,12 +63,12 @@ void segna_tutti_validi(unsigned char* validi, std::size_t numero) noexcept {
         validi[numero / 8] = static_cast<unsigned char>((1u << numero % 8) - 1u);
 }
 
-// One block of one column: at most `campioni_per_blocco` samples, the first of which is sample `primo` of the column.
+// One block of one column: at most `CAMPIONI_PER_BLOCCO` samples, the first of which is sample `primo` of the column.
 void leggi_blocco(const Nuclei& nuclei, const Piano& piano, const unsigned char* campioni, std::size_t passo,
                   std::size_t numero, std::size_t primo, bool oltre_cache, Banco& banco) noexcept {
     const s_kel_colonna& colonna = *piano.colonna;
     const BloccoTesti testi = {campioni, passo, numero,
-                               colonna.testi != nullptr ? colonna.testi + primo * byte_testo : nullptr};
+                               colonna.testi != nullptr ? colonna.testi + primo * BYTE_TESTO : nullptr};
     if (piano.lettura == Lettura::sconosciuta) {
         if (colonna.valori != nullptr || colonna.stati != nullptr || colonna.validi != nullptr)
             leggi_uno_a_uno(campioni, passo, numero, colonna, primo);
@@ -120,15 +120,15 @@ void leggi_blocco(const Nuclei& nuclei, const Piano& piano, const unsigned char*
 std::size_t record_per_blocco(std::size_t passo, unsigned num_colonne) noexcept {
     constexpr std::size_t byte_vicini = 32 << 10;
     constexpr std::size_t minimo = 64;
-    if (num_colonne == 1 || passo <= byte_vicini / campioni_per_blocco)
-        return campioni_per_blocco;
+    if (num_colonne == 1 || passo <= byte_vicini / CAMPIONI_PER_BLOCCO)
+        return CAMPIONI_PER_BLOCCO;
     const std::size_t record = byte_vicini / passo / minimo * minimo;
     return record < minimo ? minimo : record;
 }
 
 void leggi_gruppo(const Nuclei& nuclei, const unsigned char* record, std::size_t passo, std::size_t numero,
                   const s_kel_colonna* colonne, unsigned num_colonne) noexcept {
-    Piano piani[colonne_per_gruppo];
+    Piano piani[COLONNE_PER_GRUPPO];
     Riconoscitore riconoscitore;
     std::size_t colonne_di_valori = 0;
     for (unsigned i = 0; i < num_colonne; ++i) {
@@ -136,7 +136,7 @@ void leggi_gruppo(const Nuclei& nuclei, const unsigned char* record, std::size_t
         colonne_di_valori += colonne[i].valori != nullptr ? 1 : 0;
     }
     const bool oltre_cache = nuclei.copia_oltre != nullptr && colonne_di_valori != 0 &&
-                             numero > byte_oltre_cache / sizeof(float) / colonne_di_valori;
+                             numero > BYTE_OLTRE_CACHE / sizeof(float) / colonne_di_valori;
     Banco banco;  // NOLINT(cppcoreguidelines-pro-type-member-init): each block writes what it reads
     const std::size_t blocco = record_per_blocco(passo, num_colonne);
     for (std::size_t primo = 0; primo < numero; primo += blocco) {
@@ -176,12 +176,12 @@ void leggi_poche(const void* record, std::size_t passo, std::size_t numero, cons
 void leggi_colonne(const Nuclei& nuclei, const void* record, std::size_t passo, std::size_t numero,
                    const s_kel_colonna* colonne, unsigned num_colonne) noexcept {
     const auto* primo = static_cast<const unsigned char*>(record);
-    if (numero < pochi) {
+    if (numero < POCHI) {
         leggi_poche(record, passo, numero, colonne, num_colonne);
         return;
     }
-    for (unsigned i = 0; i < num_colonne; i += colonne_per_gruppo) {
-        const unsigned gruppo = num_colonne - i < colonne_per_gruppo ? num_colonne - i : colonne_per_gruppo;
+    for (unsigned i = 0; i < num_colonne; i += COLONNE_PER_GRUPPO) {
+        const unsigned gruppo = num_colonne - i < COLONNE_PER_GRUPPO ? num_colonne - i : COLONNE_PER_GRUPPO;
         leggi_gruppo(nuclei, primo, passo, numero, colonne + i, gruppo);
     }
 }

@@ -10,7 +10,7 @@
 namespace kel_colonne {
 
 // Below so many samples, finding out how to read them takes longer than reading them.
-inline constexpr std::size_t pochi = 64;
+inline constexpr std::size_t POCHI = 64;
 
 // Any number of samples, one after the other.
 void leggi_poche(const void* record, std::size_t passo, std::size_t numero, const s_kel_colonna* colonne,

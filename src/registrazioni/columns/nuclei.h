@@ -61,7 +61,7 @@ constexpr bool usa_dati(Lettura lettura) noexcept {
     }
 }
 
-inline constexpr std::size_t num_letture = static_cast<std::size_t>(Lettura::sconosciuta);
+inline constexpr std::size_t NUM_LETTURE = static_cast<std::size_t>(Lettura::sconosciuta);
 
 // What a loop needs of a converter.
 struct Conversione {
@@ -73,13 +73,13 @@ struct Conversione {
     std::uint32_t num_bit;  // at most 8
 };
 
-// Values of at most `campioni_per_blocco` samples; true when all of them are good.
+// Values of at most `CAMPIONI_PER_BLOCCO` samples; true when all of them are good.
 using f_valori = bool (*)(const unsigned char* campioni, std::size_t passo, std::size_t numero,
                           const Conversione& conversione, float* valori);
 // Their status words; true, and nothing written, when all are 0.
 using f_stati = bool (*)(const unsigned char* campioni, std::size_t numero, unsigned char* stati);
 
-inline constexpr std::size_t campioni_per_blocco = 1024;
+inline constexpr std::size_t CAMPIONI_PER_BLOCCO = 1024;
 
 // How one format is read. Where `byte` is not 0, samples that lie apart are first brought together, and the loops are given
 // samples that lie side by side. `stati` is null where every sample is good.
@@ -91,7 +91,7 @@ struct Nucleo {
 
 struct Nuclei {
     const char* nome;
-    Nucleo letture[num_letture];
+    Nucleo letture[NUM_LETTURE];
     // Brings samples of 1, 2 or 4 bytes together.
     void (*raccogli)(const unsigned char* campioni, std::size_t passo, std::size_t numero, unsigned byte, void* densi);
     // The bitmap of the samples whose status is 0; spare bits are 0.
@@ -107,9 +107,9 @@ struct Nuclei {
     void (*fine_oltre)();
 };
 
-extern const Nuclei nuclei_base;
+extern const Nuclei NUCLEI_BASE;
 #ifdef KEL_NUCLEI_AVX2
-extern const Nuclei nuclei_avx2;
+extern const Nuclei NUCLEI_AVX2;
 #endif
 
 // The sets that this processor can run, the fastest last.

@@ -1,7 +1,7 @@
 // Part of nuclei_corpo.h, inside its namespaces: texts of at most eight characters, each in a 64-bit word, the first character
 // in the lowest byte.
 
-constexpr std::size_t gruppo_testi = 64;  // texts whose numbers are kept side by side
+constexpr std::size_t GRUPPO_TESTI = 64;  // texts whose numbers are kept side by side
 
 // The words of numbers below 10^8 as eight digits.
 void cifre_in_parole(const std::uint32_t* __restrict numeri, std::size_t numero, std::uint64_t* __restrict parole) {
@@ -9,7 +9,7 @@ void cifre_in_parole(const std::uint32_t* __restrict numeri, std::size_t numero,
         const std::uint32_t migliaia = numeri[i] / 10000;
         const std::uint64_t alte = quattro_cifre(migliaia);
         const std::uint64_t basse = quattro_cifre(numeri[i] - migliaia * 10000);
-        parole[i] = (alte | basse << 32) + '0' * ogni_byte;
+        parole[i] = (alte | basse << 32) + '0' * OGNI_BYTE;
     }
 }
 
@@ -17,16 +17,16 @@ void cifre_in_parole(const std::uint32_t* __restrict numeri, std::size_t numero,
 void numeri_in_parole(const float* valori, std::size_t numero, const Campo& campo_chiesto, std::uint64_t* parole,
                       unsigned char* entrano) {
     constexpr float quasi_mezzo = 0x1.fffffep-2f;  // the float below 0.5: halves are rounded up
-    constexpr std::uint64_t spazi = ' ' * ogni_byte;
+    constexpr std::uint64_t spazi = ' ' * OGNI_BYTE;
     const Campo campo = campo_chiesto;
     const std::uint64_t ultima_intera = std::uint64_t{1} << (campo.interi - 8);
     const std::uint64_t interi = campo.punto ? (std::uint64_t{1} << campo.interi) - 1 : ~std::uint64_t{0};
     const std::uint64_t punto = campo.punto ? std::uint64_t{'.'} << campo.interi : 0;
     const std::uint32_t dopo = campo.punto ? campo.interi : 0;
-    std::uint32_t cifre[gruppo_testi];
-    std::int32_t negativi[gruppo_testi];
-    for (std::size_t primo = 0; primo < numero; primo += gruppo_testi) {
-        const std::size_t gruppo = numero - primo < gruppo_testi ? numero - primo : gruppo_testi;
+    std::uint32_t cifre[GRUPPO_TESTI];
+    std::int32_t negativi[GRUPPO_TESTI];
+    for (std::size_t primo = 0; primo < numero; primo += GRUPPO_TESTI) {
+        const std::size_t gruppo = numero - primo < GRUPPO_TESTI ? numero - primo : GRUPPO_TESTI;
         for (std::size_t i = 0; i < gruppo; ++i) {
             const float valore = valori[primo + i];
             const float in_cifre = __builtin_fabsf(valore) * campo.scala + quasi_mezzo;
@@ -42,9 +42,9 @@ void numeri_in_parole(const float* valori, std::size_t numero, const Campo& camp
             std::uint64_t parola = fatte[i] >> campo.oltre;
             // The lowest bit of every digit that is not 0, and of the one before the point, which is always shown. What lies
             // below the first becomes blanks, the last of them the sign.
-            const std::uint64_t diverse = parola ^ '0' * ogni_byte;
+            const std::uint64_t diverse = parola ^ '0' * OGNI_BYTE;
             const std::uint64_t figure =
-                ((diverse | diverse >> 1 | diverse >> 2 | diverse >> 3) & ogni_byte) | ultima_intera;
+                ((diverse | diverse >> 1 | diverse >> 2 | diverse >> 3) & OGNI_BYTE) | ultima_intera;
             const std::uint64_t prima = figure & (~figure + 1);
             const std::uint64_t vuoti = prima - 1;
             parola = (parola & ~vuoti) | (spazi & vuoti);
@@ -58,7 +58,7 @@ void numeri_in_parole(const float* valori, std::size_t numero, const Campo& camp
         if (campo.formato == FORMATO_SINISTRA || campo.formato == FORMATO_COMPATTO) {
             const std::uint64_t in_fondo =
                 campo.formato == FORMATO_SINISTRA ? std::uint64_t{' '} << (campo.lunghezza - 8) : 0;
-            for (unsigned passi = 1; passi < caratteri_parola; ++passi)
+            for (unsigned passi = 1; passi < CARATTERI_PAROLA; ++passi)
                 for (std::size_t i = 0; i < gruppo; ++i) {
                     const std::uint64_t spostata = fatte[i] >> 8 | in_fondo;
                     fatte[i] = (fatte[i] & 0xFF) == ' ' ? spostata : fatte[i];
@@ -74,9 +74,9 @@ void tempi_in_parole(const std::int32_t* tempi, std::size_t numero, bool compatt
     constexpr std::uint32_t ora = 3600000;
     const bool senza_ultima = decimi;
     const bool senza_prima = compatto && !decimi;
-    std::uint32_t cifre[gruppo_testi];
-    for (std::size_t primo = 0; primo < numero; primo += gruppo_testi) {
-        const std::size_t gruppo = numero - primo < gruppo_testi ? numero - primo : gruppo_testi;
+    std::uint32_t cifre[GRUPPO_TESTI];
+    for (std::size_t primo = 0; primo < numero; primo += GRUPPO_TESTI) {
+        const std::size_t gruppo = numero - primo < GRUPPO_TESTI ? numero - primo : GRUPPO_TESTI;
         for (std::size_t i = 0; i < gruppo; ++i) {
             const auto letto = static_cast<std::uint32_t>(tempi[primo + i]);
             const bool entra = letto < ora;

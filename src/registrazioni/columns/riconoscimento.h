@@ -19,8 +19,8 @@ public:
     Scrittura scrittura(f_testo_conv testo) noexcept;
 
 private:
-    f_valore_conv valori_[num_letture];
-    f_testo_conv testi_[num_scritture];
+    f_valore_conv valori_[NUM_LETTURE];
+    f_testo_conv testi_[NUM_SCRITTURE];
     std::size_t valori_noti_ = 0;
     std::size_t testi_noti_ = 0;
 };

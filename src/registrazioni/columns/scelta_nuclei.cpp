@@ -3,7 +3,7 @@
 
 #ifdef KEL_NUCLEI_AVX2
 // The header calls the type as C does, which clang does not know in C++.
-#define _Bool bool
+#define _Bool bool  // NOLINT(readability-identifier-naming): C's own name
 #include <sys/platform/x86.h>
 #undef _Bool
 #endif
@@ -12,10 +12,10 @@ namespace kel_colonne {
 
 // The C library has asked the processor and the system when the program was loaded: here its answer is only read.
 InsiemiNuclei nuclei_possibili() noexcept {
-    InsiemiNuclei possibili = {{&nuclei_base}, 1};
+    InsiemiNuclei possibili = {{&NUCLEI_BASE}, 1};
 #ifdef KEL_NUCLEI_AVX2
     if (CPU_FEATURE_ACTIVE(AVX2) && CPU_FEATURE_ACTIVE(F16C))
-        possibili.insiemi[possibili.numero++] = &nuclei_avx2;
+        possibili.insiemi[possibili.numero++] = &NUCLEI_AVX2;
 #endif
     return possibili;
 }

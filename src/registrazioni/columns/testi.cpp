@@ -10,7 +10,7 @@
 namespace kel_colonne {
 namespace {
 
-constexpr std::size_t gruppo = 128;  // samples whose words are kept side by side
+constexpr std::size_t GRUPPO = 128;  // samples whose words are kept side by side
 
 std::int32_t intero(const unsigned char* campione) noexcept {
     std::int32_t numero = 0;
@@ -21,17 +21,17 @@ std::int32_t intero(const unsigned char* campione) noexcept {
 // Gives each group of a block to `scrivi`.
 template <typename Scrivi>
 void a_gruppi(const BloccoTesti& blocco, Scrivi scrivi) noexcept {
-    for (std::size_t primo = 0; primo < blocco.numero; primo += gruppo) {
-        const std::size_t quanti = blocco.numero - primo < gruppo ? blocco.numero - primo : gruppo;
+    for (std::size_t primo = 0; primo < blocco.numero; primo += GRUPPO) {
+        const std::size_t quanti = blocco.numero - primo < GRUPPO ? blocco.numero - primo : GRUPPO;
         scrivi(BloccoTesti{blocco.campioni + primo * blocco.passo, blocco.passo, quanti,
-                           blocco.testi + primo * byte_testo},
+                           blocco.testi + primo * BYTE_TESTO},
                primo);
     }
 }
 
 // A text of one word, in 32 bytes.
 void scrivi_parola(char* testo, std::uint64_t parola) noexcept {
-    std::memset(testo, 0, byte_testo);
+    std::memset(testo, 0, BYTE_TESTO);
     std::memcpy(testo, &parola, sizeof parola);
 }
 
@@ -54,13 +54,13 @@ void scrivi_ore(char* testo, std::int32_t millisecondi) noexcept {
 void scrivi_tempi(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti& blocco, std::size_t offset,
                   bool compatto, bool decimi, char coda) noexcept {
     a_gruppi(blocco, [&](const BloccoTesti& questi, std::size_t) {
-        std::int32_t tempi[gruppo];
-        std::uint64_t parole[gruppo];
-        unsigned char entrano[gruppo];
+        std::int32_t tempi[GRUPPO];
+        std::uint64_t parole[GRUPPO];
+        unsigned char entrano[GRUPPO];
         nuclei.raccogli(questi.campioni + offset, questi.passo, questi.numero, 4, tempi);
         nuclei.tempi_in_parole(tempi, questi.numero, compatto, decimi, parole, entrano);
         char* testo = questi.testi;
-        for (std::size_t i = 0; i < questi.numero; ++i, testo += byte_testo) {
+        for (std::size_t i = 0; i < questi.numero; ++i, testo += BYTE_TESTO) {
             scrivi_parola(testo, entrano[i] != 0 ? parole[i] : 0);
             if (entrano[i] != 0)
                 testo[8] = coda;
@@ -119,7 +119,7 @@ private:
 // Degrees and fraction, each with its own sign; nothing for a sample that carries no measurement.
 void scrivi_coordinata(char* testo, std::int32_t grezzo) noexcept {
     constexpr std::uint32_t unita_per_grado = 10000000;
-    std::memset(testo, 0, byte_testo);
+    std::memset(testo, 0, BYTE_TESTO);
     const auto bit = static_cast<std::uint32_t>(grezzo);
     if (bit - 0xFFFFCFFDu < 3)
         return;
@@ -144,7 +144,7 @@ void scrivi_coordinata(char* testo, std::int32_t grezzo) noexcept {
 // The state of the receiver.
 void scrivi_gps(char* testo, unsigned fix, unsigned satelliti) noexcept {
     constexpr unsigned oltre = 249;
-    std::memset(testo, 0, byte_testo);
+    std::memset(testo, 0, BYTE_TESTO);
     Riga riga(testo);
     if (fix > oltre && satelliti > oltre) {
         riga.testo("No GPS");
@@ -168,7 +168,7 @@ void scrivi_copia_6(char* testo, const unsigned char* campione) noexcept {
     std::memcpy(&due, campione + 6, sizeof due);
     const std::uint64_t parola = quattro | std::uint64_t{due} << 32;
     // The top bit of the first byte that is 0; those above it do not matter. The two bytes behind the text are 0.
-    const std::uint64_t zeri = (parola - ogni_byte) & ~parola & (ogni_byte << 7);
+    const std::uint64_t zeri = (parola - OGNI_BYTE) & ~parola & (OGNI_BYTE << 7);
     const std::uint64_t primo = zeri & (~zeri + 1);
     scrivi_parola(testo, parola & ((primo >> 7) - 1));
 }
@@ -176,16 +176,16 @@ void scrivi_copia_6(char* testo, const unsigned char* campione) noexcept {
 // Of thirty bytes.
 void scrivi_copia_30(char* testo, const unsigned char* campione) noexcept {
     const auto* sorgente = reinterpret_cast<const char*>(campione) + 2;
-    std::memset(testo, 0, byte_testo);
+    std::memset(testo, 0, BYTE_TESTO);
     std::memcpy(testo, sorgente, strnlen(sorgente, 30));
 }
 
 // The text of any sample: the same for all.
 void scrivi_fisso(s_kel_converter& conv, const BloccoTesti& blocco) noexcept {
-    char fisso[byte_testo] = {};
+    char fisso[BYTE_TESTO] = {};
     conv.testo(&conv, blocco.campioni, fisso);
     for (std::size_t i = 0; i < blocco.numero; ++i)
-        std::memcpy(blocco.testi + i * byte_testo, fisso, sizeof fisso);
+        std::memcpy(blocco.testi + i * BYTE_TESTO, fisso, sizeof fisso);
 }
 
 // One text after the other.
@@ -193,7 +193,7 @@ template <typename Scrivi>
 void uno_a_uno(const BloccoTesti& blocco, Scrivi scrivi) noexcept {
     const unsigned char* campione = blocco.campioni;
     char* testo = blocco.testi;
-    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += byte_testo)
+    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += BYTE_TESTO)
         scrivi(testo, campione);
 }
 
@@ -226,8 +226,8 @@ std::uint32_t decimali_di(float valore, const Automatici& automatici, std::uint3
 
 // The words of one group of numbers.
 struct Parole {
-    std::uint64_t parole[gruppo];
-    unsigned char entrano[gruppo];
+    std::uint64_t parole[GRUPPO];
+    unsigned char entrano[GRUPPO];
 };
 
 void scrivi_stato(const s_kel_converter& conv, unsigned stato, char* testo) noexcept {
@@ -247,10 +247,10 @@ void scrivi_automatici(const Nuclei& nuclei, s_kel_converter& conv, const Blocco
         for (unsigned i = 0; i < 2; ++i)
             nuclei.numeri_in_parole(valori + primo, questi.numero, campi[i], parole[i].parole, parole[i].entrano);
         char* testo = questi.testi;
-        for (std::size_t i = 0; i < questi.numero; ++i, testo += byte_testo) {
+        for (std::size_t i = 0; i < questi.numero; ++i, testo += BYTE_TESTO) {
             const unsigned stato = stati[primo + i];
             if (stato != 0) {
-                std::memset(testo, 0, byte_testo);
+                std::memset(testo, 0, BYTE_TESTO);
                 scrivi_stato(conv, stato, testo);
                 continue;
             }
@@ -259,7 +259,7 @@ void scrivi_automatici(const Nuclei& nuclei, s_kel_converter& conv, const Blocco
                 scrivi_parola(testo, parole[decimali].parole[i]);
             } else {
                 conv.decimali = decimali;
-                std::memset(testo, 0, byte_testo);
+                std::memset(testo, 0, BYTE_TESTO);
                 conv.testo(&conv, questi.campioni + i * questi.passo, testo);
             }
         }
@@ -274,12 +274,12 @@ void scrivi_fermi(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti
         Parole parole;  // NOLINT(cppcoreguidelines-pro-type-member-init): written by the call below
         nuclei.numeri_in_parole(valori + primo, questi.numero, campo, parole.parole, parole.entrano);
         char* testo = questi.testi;
-        for (std::size_t i = 0; i < questi.numero; ++i, testo += byte_testo) {
+        for (std::size_t i = 0; i < questi.numero; ++i, testo += BYTE_TESTO) {
             scrivi_parola(testo, parole.parole[i]);
             const unsigned stato = stati[primo + i];
             if (stato == 0 && parole.entrano[i] != 0)
                 continue;
-            std::memset(testo, 0, byte_testo);
+            std::memset(testo, 0, BYTE_TESTO);
             if (stato != 0)
                 scrivi_stato(conv, stato, testo);
             else
@@ -293,7 +293,7 @@ void scrivi_fermi(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti
 void scrivi_numeri(const Nuclei& nuclei, s_kel_converter& conv, const BloccoTesti& blocco, const float* valori,
                    const unsigned char* stati) noexcept {
     const bool automatici = conv.auto_decimali != 0;
-    if (conv.larghezza > caratteri_parola || (automatici && conv.larghezza <= 2))
+    if (conv.larghezza > CARATTERI_PAROLA || (automatici && conv.larghezza <= 2))
         scrivi_uno_a_uno(conv, blocco);
     else if (automatici)
         scrivi_automatici(nuclei, conv, blocco, valori, stati);

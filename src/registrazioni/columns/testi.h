@@ -9,7 +9,7 @@
 
 namespace kel_colonne {
 
-inline constexpr std::size_t byte_testo = 32;
+inline constexpr std::size_t BYTE_TESTO = 32;
 
 // How a converter's text function writes a sample: one for each that is written here.
 enum class Scrittura : std::uint8_t {
@@ -28,13 +28,13 @@ enum class Scrittura : std::uint8_t {
     sconosciuta  // through the converter's own function
 };
 
-inline constexpr std::size_t num_scritture = static_cast<std::size_t>(Scrittura::sconosciuta);
+inline constexpr std::size_t NUM_SCRITTURE = static_cast<std::size_t>(Scrittura::sconosciuta);
 
 // The samples of one block, and the texts that they become.
 struct BloccoTesti {
     const unsigned char* campioni;
     std::size_t passo;
-    std::size_t numero;  // at most `campioni_per_blocco`
+    std::size_t numero;  // at most `CAMPIONI_PER_BLOCCO`
     char* testi;
 };
 

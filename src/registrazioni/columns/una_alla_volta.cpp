@@ -47,8 +47,8 @@ void leggi_uno_a_uno(const unsigned char* campioni, std::size_t passo, std::size
 void scrivi_uno_a_uno(s_kel_converter& conv, const BloccoTesti& blocco) noexcept {
     const unsigned char* campione = blocco.campioni;
     char* testo = blocco.testi;
-    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += byte_testo) {
-        std::memset(testo, 0, byte_testo);
+    for (std::size_t i = 0; i < blocco.numero; ++i, campione += blocco.passo, testo += BYTE_TESTO) {
+        std::memset(testo, 0, BYTE_TESTO);
         if (conv.testo != nullptr)
             conv.testo(&conv, campione, testo);
         else

@@ -20,7 +20,7 @@ Intero intero(std::span<const std::uint8_t> byte, std::size_t da) {
 
 /// Writes it there.
 template <typename Intero>
-void scriviIntero(std::span<std::uint8_t> byte, std::size_t da, Intero valore) {
+void scrivi_intero(std::span<std::uint8_t> byte, std::size_t da, Intero valore) {
     const auto cifre = static_cast<std::uint64_t>(static_cast<std::make_unsigned_t<Intero>>(valore));
     for (std::size_t i = 0; i < sizeof(Intero); ++i)
         byte[da + i] = static_cast<std::uint8_t>(cifre >> 8 * i);

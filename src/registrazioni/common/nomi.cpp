@@ -4,7 +4,7 @@ namespace kel_registrazioni {
 
 namespace {
 
-bool letteraOCifra(char c) {
+bool lettera_o_cifra(char c) {
     return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
 }
 
@@ -15,7 +15,7 @@ std::string chiave(std::string_view testo) {
     for (char c : testo) {
         if (c >= 'A' && c <= 'Z')
             c = static_cast<char>(c - 'A' + 'a');
-        if (letteraOCifra(c))
+        if (lettera_o_cifra(c))
             uscita += c;
         else if (!uscita.empty() && uscita.back() != '_')
             uscita += '_';

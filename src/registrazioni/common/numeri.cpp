@@ -5,7 +5,7 @@
 
 namespace kel_registrazioni {
 
-std::string conDecimali(double valore, int decimali) {
+std::string con_decimali(double valore, int decimali) {
     char testo[352];  // the longest is a double of 1e308 with 30 decimals
     const auto fine = std::to_chars(std::begin(testo), std::end(testo), valore, std::chars_format::fixed, decimali);
     return {testo, fine.ptr};
@@ -17,7 +17,7 @@ std::string breve(double valore) {
     return {testo, fine.ptr};
 }
 
-std::string dueCifre(std::uint8_t valore) {
+std::string due_cifre(std::uint8_t valore) {
     constexpr const char* CIFRE = "0123456789ABCDEF";
     return {CIFRE[valore / 16], CIFRE[valore % 16]};
 }

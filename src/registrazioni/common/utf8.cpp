@@ -9,7 +9,7 @@ namespace kel_registrazioni {
 namespace {
 
 // Bytes of the character at the front; 0 where there is none. RFC 3629: neither overlong forms nor surrogates.
-std::size_t primoCarattere(std::string_view testo) {
+std::size_t primo_carattere(std::string_view testo) {
     const auto byte = [&testo](std::size_t i) { return static_cast<std::uint8_t>(testo[i]); };
     const std::uint8_t primo = byte(0);
     const std::size_t quanti = primo < 0x80   ? 1
@@ -29,9 +29,9 @@ std::size_t primoCarattere(std::string_view testo) {
 
 }  // namespace
 
-std::string comeUtf8(std::string_view testo) {
+std::string come_utf8(std::string_view testo) {
     for (std::string_view resto = testo; !resto.empty();) {
-        const std::size_t quanti = primoCarattere(resto);
+        const std::size_t quanti = primo_carattere(resto);
         if (quanti == 0) {
             std::string uscita(testo);
             std::ranges::replace_if(

@@ -8,7 +8,7 @@
 namespace kel_registrazioni {
 
 /// The text itself where it is UTF-8; else with a question mark for each byte beyond ASCII.
-std::string comeUtf8(std::string_view testo);
+std::string come_utf8(std::string_view testo);
 
 }  // namespace kel_registrazioni
 

@@ -42,7 +42,7 @@ Risultato chiama(s_kel_errore* errore, Risultato fallito, Lavoro&& lavoro) noexc
 /// The rows from `da` on, and all columns asked for, exist.
 inline bool leggibili(const Tabella& tabella, std::uint64_t da, std::uint64_t quante,
                       std::span<const s_kel_lettura> letture) {
-    return tabella.aPortata(da, quante) &&
+    return tabella.a_portata(da, quante) &&
            std::ranges::all_of(letture, [&](const s_kel_lettura& una) { return una.colonna < tabella.voci().size(); });
 }
 

@@ -25,7 +25,7 @@ constexpr double MINIMO = 10;  // s
 constexpr double MINIMO_MASSIMO = 3600;
 
 // Numbers that a text of a line would take; the same limits, so that what is said can be read back.
-Linea lineaDi(const s_kel_linea& data, const char* nome) {
+Linea linea_di(const s_kel_linea& data, const char* nome) {
     const Linea linea{data.latitudine, data.longitudine, data.rotta,
                       data.larghezza != 0 ? data.larghezza : Linea::LARGHEZZA};
     if (!valida(linea))
@@ -34,27 +34,27 @@ Linea lineaDi(const s_kel_linea& data, const char* nome) {
     return linea;
 }
 
-ScelteGiri scelteDi(const s_kel_scelte_giri& date, const Parole& parole, const IFunzioni& catalogo) {
+ScelteGiri scelte_di(const s_kel_scelte_giri& date, const Parole& parole, const IFunzioni& catalogo) {
     ScelteGiri scelte;
     if (date.fonte > KEL_GIRI_GPS)
         throw Errore("fonte is none; accepted: 0 to 2");
     scelte.fonte = static_cast<FonteGiri>(date.fonte);
     if (date.linea != nullptr)
-        scelte.linea = lineaDi(*date.linea, parole.linea);
+        scelte.linea = linea_di(*date.linea, parole.linea);
     scelte.minimo = date.minimo != 0 ? date.minimo : MINIMO;
     if (!(scelte.minimo >= 1 && scelte.minimo <= MINIMO_MASSIMO))
         throw Errore(std::string(parole.minimo) + " is no time; accepted: seconds, 1 to 3600, or 0 for 10");
     scelte.udm = catalogo.getUnitaBase(GPS_VELOCITA);
-    scelte.fattore = daMetriAlSecondo(catalogo, scelte.udm);
+    scelte.fattore = da_metri_al_secondo(catalogo, scelte.udm);
     return scelte;
 }
 
-std::vector<Intermedio> intermediDi(const s_kel_scelte_giri& date, const Parole& parole) {
+std::vector<Intermedio> intermedi_di(const s_kel_scelte_giri& date, const Parole& parole) {
     std::vector<Intermedio> intermedi;
     for (unsigned i = 0; i < date.num_intermedi; ++i) {
         const s_kel_intermedio& uno = date.intermedi[i];
         if (uno.metri == 0)
-            intermedi.emplace_back(lineaDi(uno.linea, parole.intermedio));
+            intermedi.emplace_back(linea_di(uno.linea, parole.intermedio));
         else if (uno.metri > 0 && std::isfinite(uno.metri))
             intermedi.emplace_back(Metri{uno.metri, breve(uno.metri)});
         else
@@ -112,10 +112,10 @@ int kelGiriAggiungi(s_kel_giri* giri, s_kel_errore* errore) noexcept {
         for (; giri->aggiunte < fine; ++giri->aggiunte) {
             const std::uint64_t riga = giri->aggiunte;
             if (giri->raccolta)
-                giri->raccolta->aggiungi(tabella.conTempo() ? std::optional(tabella.secondi(riga)) : std::nullopt,
+                giri->raccolta->aggiungi(tabella.con_tempo() ? std::optional(tabella.secondi(riga)) : std::nullopt,
                                          static_cast<TabellaRecord&>(tabella).campioni(riga));
             else
-                giri->fix.push_back(fixDi(static_cast<TabellaUbx&>(tabella).soluzione(riga), giri->orologio));
+                giri->fix.push_back(fix_di(static_cast<TabellaUbx&>(tabella).soluzione(riga), giri->orologio));
         }
         return 1;
     });
@@ -124,8 +124,8 @@ int kelGiriAggiungi(s_kel_giri* giri, s_kel_errore* errore) noexcept {
 int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_errore* errore) noexcept {
     return chiama(errore, 0, [&] {
         const s_kel_scelte_giri date = scelte != nullptr ? *scelte : s_kel_scelte_giri{};
-        const ScelteGiri chieste = scelteDi(date, PAROLE_DELLA_FACCIA, *giri->catalogo);
-        const std::vector<Intermedio> intermedi = intermediDi(date, PAROLE_DELLA_FACCIA);
+        const ScelteGiri chieste = scelte_di(date, PAROLE_DELLA_FACCIA, *giri->catalogo);
+        const std::vector<Intermedio> intermedi = intermedi_di(date, PAROLE_DELLA_FACCIA);
         giri->detto.clear();
         giri->settori.clear();
         giri->lettura = {};
@@ -133,15 +133,15 @@ int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_erro
         Lettura lettura;
         if (giri->raccolta) {
             RaccoltaRecord raccolta = *giri->raccolta;  // another choice may follow
-            lettura = giriDellaRegistrazione(raccolta, chieste, PAROLE_DELLA_FACCIA, dillo);
+            lettura = giri_della_registrazione(raccolta, chieste, PAROLE_DELLA_FACCIA, dillo);
         } else {
             if (giri->fix.empty())
                 throw Errore("there is no NAV-SOL and no NAV-PVT message in it");
-            lettura = giriDellaCattura(giri->fix, chieste, PAROLE_DELLA_FACCIA, dillo);
+            lettura = giri_della_cattura(giri->fix, chieste, PAROLE_DELLA_FACCIA, dillo);
         }
-        diSessioni(lettura.guida, dillo);
+        di_sessioni(lettura.guida, dillo);
         misura(lettura.giri, lettura.guida);
-        giri->linee = lineeIntermedie(lettura, intermedi, PAROLE_DELLA_FACCIA, dillo);
+        giri->linee = linee_intermedie(lettura, intermedi, PAROLE_DELLA_FACCIA, dillo);
         dividi(lettura.giri, lettura.guida, giri->linee);
         for (const Giro& giro : lettura.giri) {
             auto& settori = giri->settori.emplace_back();

@@ -90,14 +90,14 @@ int kelRegDescrivi(const s_kel_registrazione* reg, unsigned colonna, s_kel_descr
 
 int kelRegUnita(s_kel_registrazione* reg, unsigned colonna, const char* udm) noexcept {
     return chiama(nullptr, 0, [&] {
-        return udm != nullptr && colonna < reg->tabella->voci().size() && reg->tabella->mostraIn(colonna, udm) ? 1 : 0;
+        return udm != nullptr && colonna < reg->tabella->voci().size() && reg->tabella->mostra_in(colonna, udm) ? 1 : 0;
     });
 }
 
 int kelRegTempi(s_kel_registrazione* reg, uint64_t da, size_t quante, double* secondi) noexcept {
     return chiama(nullptr, 0, [&] {
         kel_registrazioni::Tabella& tabella = *reg->tabella;
-        if (!tabella.conTempo() || !tabella.aPortata(da, quante))
+        if (!tabella.con_tempo() || !tabella.a_portata(da, quante))
             return 0;
         for (size_t i = 0; i < quante; ++i)
             secondi[i] = tabella.secondi(da + i);
@@ -108,7 +108,7 @@ int kelRegTempi(s_kel_registrazione* reg, uint64_t da, size_t quante, double* se
 int kelRegTratto(s_kel_registrazione* reg, double da_s, double a_s, uint64_t* prima, uint64_t* quante) noexcept {
     return chiama(nullptr, 0, [&] {
         kel_registrazioni::Tabella& tabella = *reg->tabella;
-        if (!tabella.conTempo())
+        if (!tabella.con_tempo())
             return 0;
         std::optional<std::uint64_t> primo;
         std::uint64_t ultimo = 0;

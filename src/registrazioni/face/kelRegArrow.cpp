@@ -42,7 +42,7 @@ int prova(Flusso& flusso, Lavoro&& lavoro) noexcept {
     }
 }
 
-int prendiSchema(ArrowArrayStream* flusso, ArrowSchema* uscita) {
+int prendi_schema(ArrowArrayStream* flusso, ArrowSchema* uscita) {
     return prova(dietro(flusso), [&] {
         schema(*dietro(flusso).tabella, dietro(flusso).testi, *uscita);
         return 0;
@@ -57,7 +57,7 @@ int prossimo(ArrowArrayStream* flusso, ArrowArray* uscita) {
             return 0;
         }
         const std::uint64_t quante = std::min(suo.resto, BLOCCO);
-        if (!suo.tabella->aPortata(suo.da, quante)) {
+        if (!suo.tabella->a_portata(suo.da, quante)) {
             di(&suo.errore, "the rows are at hand no longer: another piece of the stream was pushed");
             return EINVAL;
         }
@@ -68,7 +68,7 @@ int prossimo(ArrowArrayStream* flusso, ArrowArray* uscita) {
     });
 }
 
-const char* ultimoErrore(ArrowArrayStream* flusso) {
+const char* ultimo_errore(ArrowArrayStream* flusso) {
     const char* testo = dietro(flusso).errore.testo;
     return *testo != '\0' ? testo : nullptr;
 }
@@ -86,12 +86,12 @@ int kelRegArrow(s_kel_registrazione* reg, uint64_t da, uint64_t quante, int test
                 s_kel_errore* errore) noexcept {
     using namespace kel_registrazioni;
     return chiama(errore, 0, [&] {
-        if (!reg->tabella->aPortata(da, quante)) {
+        if (!reg->tabella->a_portata(da, quante)) {
             kel_registrazioni::di(errore, "these rows are not at hand");
             return 0;
         }
         auto suo = std::make_unique<Flusso>(Flusso{reg->tabella, da, quante, testi != 0});
-        *flusso = {prendiSchema, prossimo, ultimoErrore, rilascia, suo.release()};
+        *flusso = {prendi_schema, prossimo, ultimo_errore, rilascia, suo.release()};
         return 1;
     });
 }

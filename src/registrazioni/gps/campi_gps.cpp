@@ -28,7 +28,7 @@ const AspettoGps& aspetto(CampoGps campo) {
     return ASPETTI[static_cast<std::size_t>(campo)];
 }
 
-kel_funpos fidDi(CampoGps campo) {
+kel_funpos fid_di(CampoGps campo) {
     switch (campo) {
         case CampoGps::fix:
             return GPS_FIX;
@@ -54,7 +54,7 @@ kel_funpos fidDi(CampoGps campo) {
     return 0;
 }
 
-std::optional<double> valoreGps(const Soluzione& s, CampoGps campo) {
+std::optional<double> valore_gps(const Soluzione& s, CampoGps campo) {
     switch (campo) {
         case CampoGps::utc:
             break;
@@ -82,7 +82,7 @@ std::optional<double> valoreGps(const Soluzione& s, CampoGps campo) {
     return std::nullopt;
 }
 
-double daMetriAlSecondo(const IFunzioni& catalogo, const std::string& udm) {
+double da_metri_al_secondo(const IFunzioni& catalogo, const std::string& udm) {
     return KMH * static_cast<double>(catalogo.getParamConv(GPS_VELOCITA, udm)->gain);
 }
 

@@ -47,13 +47,13 @@ struct AspettoGps {
 const AspettoGps& aspetto(CampoGps campo);
 
 /// The library's function of a field, where it has one; else 0.
-kel_funpos fidDi(CampoGps campo);
+kel_funpos fid_di(CampoGps campo);
 
 /// The number of a field, the speed in m/s. Nothing for UTC, and for what the solution does not have.
-std::optional<double> valoreGps(const Soluzione& soluzione, CampoGps campo);
+std::optional<double> valore_gps(const Soluzione& soluzione, CampoGps campo);
 
 /// The factor from m/s to a unit of the speed.
-double daMetriAlSecondo(const IFunzioni& catalogo, const std::string& udm);
+double da_metri_al_secondo(const IFunzioni& catalogo, const std::string& udm);
 
 }  // namespace kel_registrazioni
 

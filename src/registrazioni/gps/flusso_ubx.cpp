@@ -58,7 +58,7 @@ void LettoreUbx::scarta(std::size_t quanti) {
 
 // A = sum of the bytes, B = sum of the values that A takes. With S the running sum from the start of the buffer, A after
 // byte k is S(k) - S(0), so that B is the difference of the sums of S less n times S(0).
-bool LettoreUbx::checksumGiusto(std::size_t lunghezza) const {
+bool LettoreUbx::checksum_giusto(std::size_t lunghezza) const {
     const std::size_t da = inizio_ + 2;
     const std::size_t a = inizio_ + TESTATA + lunghezza;
     const auto somma = static_cast<std::uint8_t>(somma_[a] - somma_[da]);
@@ -99,7 +99,7 @@ bool LettoreUbx::prossimo(MessaggioUbx& messaggio) {
             scarta(1);
             continue;
         }
-        if (!checksumGiusto(lunghezza)) {
+        if (!checksum_giusto(lunghezza)) {
             ++conteggi_.checksum_errati;
             scarta(1);
             continue;

@@ -46,7 +46,7 @@ public:
     /// Behind a message: where its payload begins, bytes from the start of the stream.
     std::uint64_t posto() const { return posto_; }
     /// Bytes that wait for more, to be a message or none.
-    std::size_t inAttesa() const { return fine_ - inizio_; }
+    std::size_t in_attesa() const { return fine_ - inizio_; }
 
     const ConteggiUbx& conteggi() const { return conteggi_; }
 
@@ -54,7 +54,7 @@ private:
     bool assicura(std::size_t quanti);
     bool leggi();
     void scarta(std::size_t quanti);
-    bool checksumGiusto(std::size_t lunghezza) const;
+    bool checksum_giusto(std::size_t lunghezza) const;
 
     Fonte fonte_;
     ConteggiUbx conteggi_;

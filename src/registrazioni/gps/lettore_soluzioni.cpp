@@ -39,11 +39,11 @@ bool LettoreSoluzioni::prossima() {
         } else if (prendi(intero<std::uint32_t>(dati, 0), pvt)) {
             if (sol) {
                 std::copy_n(dati.begin(), NAV_SOL_BYTE, nav_sol_.begin());
-                soluzione_ = daNavSol(nav_sol_);
+                soluzione_ = da_nav_sol(nav_sol_);
             } else {
                 const std::span<const std::uint8_t, NAV_PVT_BYTE> payload(dati.data(), NAV_PVT_BYTE);
-                nav_sol_ = navSolDaPvt(payload);
-                soluzione_ = daNavPvt(payload);
+                nav_sol_ = nav_sol_da_pvt(payload);
+                soluzione_ = da_nav_pvt(payload);
             }
             return true;
         }
@@ -51,14 +51,14 @@ bool LettoreSoluzioni::prossima() {
     return false;
 }
 
-std::string elencoMessaggi(const ConteggiSoluzioni& conteggi) {
+std::string elenco_messaggi(const ConteggiSoluzioni& conteggi) {
     std::vector<std::pair<std::pair<std::uint8_t, std::uint8_t>, std::uint64_t>> tipi(conteggi.per_tipo.begin(),
                                                                                       conteggi.per_tipo.end());
     std::stable_sort(tipi.begin(), tipi.end(), [](const auto& a, const auto& b) { return a.second > b.second; });
     std::string testo;
     for (std::size_t i = 0; i < std::min(tipi.size(), TIPI_ELENCATI); ++i)
-        testo += (i == 0 ? "" : ", ") + std::to_string(tipi[i].second) + " of " + dueCifre(tipi[i].first.first) + " " +
-                 dueCifre(tipi[i].first.second);
+        testo += (i == 0 ? "" : ", ") + std::to_string(tipi[i].second) + " of " + due_cifre(tipi[i].first.first) + " " +
+                 due_cifre(tipi[i].first.second);
     if (tipi.size() > TIPI_ELENCATI)
         testo += " and others of " + std::to_string(tipi.size() - TIPI_ELENCATI) + " more kinds";
     return testo;

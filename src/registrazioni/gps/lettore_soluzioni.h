@@ -36,14 +36,14 @@ public:
 
     /// Where its message has its payload, bytes from the start of the stream; and whether it is a NAV-PVT.
     std::uint64_t posto() const { return lettore_.posto(); }
-    bool daPvt() const { return epoca_da_pvt_; }
+    bool da_pvt() const { return epoca_da_pvt_; }
     /// The payload.
     std::span<const std::uint8_t> payload() const { return messaggio_.dati; }
-    std::size_t inAttesa() const { return lettore_.inAttesa(); }
+    std::size_t in_attesa() const { return lettore_.in_attesa(); }
 
     const Soluzione& soluzione() const { return soluzione_; }
     /// The payload of NAV-SOL that it has, or would have.
-    std::span<const std::uint8_t, NAV_SOL_BYTE> navSol() const { return nav_sol_; }
+    std::span<const std::uint8_t, NAV_SOL_BYTE> nav_sol() const { return nav_sol_; }
 
     const ConteggiUbx& byte() const { return lettore_.conteggi(); }
     const ConteggiSoluzioni& conteggi() const { return conteggi_; }
@@ -61,7 +61,7 @@ private:
 };
 
 /// The kinds of messages by class and id, the most frequent first: "104 of 01 02, 12 of 01 03"; "" where there are none.
-std::string elencoMessaggi(const ConteggiSoluzioni& conteggi);
+std::string elenco_messaggi(const ConteggiSoluzioni& conteggi);
 
 }  // namespace kel_registrazioni
 

@@ -29,12 +29,12 @@ double i32(Byte payload, std::size_t da) {
 std::optional<Utc> utc(Byte payload) {
     if ((payload[11] & UTC_NOTA) != UTC_NOTA)
         return std::nullopt;
-    return utcDaData(intero<std::uint16_t>(payload, 4), payload[6], payload[7], payload[8], payload[9], payload[10],
-                     intero<std::int32_t>(payload, 16));
+    return utc_da_data(intero<std::uint16_t>(payload, 4), payload[6], payload[7], payload[8], payload[9], payload[10],
+                       intero<std::int32_t>(payload, 16));
 }
 
 // The horizontal and the vertical accuracy, combined.
-double accuratezzaPosizione(Byte payload) {
+double accuratezza_posizione(Byte payload) {
     return std::hypot(intero<std::uint32_t>(payload, 40), intero<std::uint32_t>(payload, 44)) / MILLE;
 }
 
@@ -48,7 +48,7 @@ Intero arrotondato(double valore) {
 
 void scrivi(std::span<std::uint8_t> byte, std::size_t da, const Ecef& e) {
     for (const double metri : {e.x, e.y, e.z}) {
-        scriviIntero(byte, da, arrotondato<std::int32_t>(metri * CENTIMETRI));
+        scrivi_intero(byte, da, arrotondato<std::int32_t>(metri * CENTIMETRI));
         da += sizeof(std::int32_t);
     }
 }
@@ -69,40 +69,40 @@ VelocitaLocale velocita(Byte payload) {
 
 }  // namespace
 
-Soluzione daNavPvt(Byte payload) {
+Soluzione da_nav_pvt(Byte payload) {
     Soluzione soluzione;
     soluzione.settimana_ms = intero<std::uint32_t>(payload, 0);
     soluzione.utc = utc(payload);
     soluzione.fix = payload[20];
     soluzione.satelliti = payload[23];
-    if (!conPosizione(soluzione.fix))
+    if (!con_posizione(soluzione.fix))
         return soluzione;
     soluzione.luogo = luogo(payload);
     if (!soluzione.luogo)
         return soluzione;
     soluzione.velocita = velocita(payload);
-    soluzione.accuratezza_posizione = accuratezzaPosizione(payload);
+    soluzione.accuratezza_posizione = accuratezza_posizione(payload);
     soluzione.accuratezza_velocita = intero<std::uint32_t>(payload, 68) / MILLE;
     return soluzione;
 }
 
-std::array<std::uint8_t, NAV_SOL_BYTE> navSolDaPvt(Byte payload) {
+std::array<std::uint8_t, NAV_SOL_BYTE> nav_sol_da_pvt(Byte payload) {
     std::array<std::uint8_t, NAV_SOL_BYTE> sol{};
     const auto settimana_ms = intero<std::uint32_t>(payload, 0);
-    scriviIntero(std::span(sol), 0, settimana_ms);
+    scrivi_intero(std::span(sol), 0, settimana_ms);
     sol[10] = payload[20];
     sol[11] = payload[21] & FIX_E_DIFFERENZIALE;
     if (const auto ora = utc(payload)) {
-        scriviIntero(std::span(sol), 8, static_cast<std::int16_t>(settimanaGps(*ora, settimana_ms)));
+        scrivi_intero(std::span(sol), 8, static_cast<std::int16_t>(settimana_gps(*ora, settimana_ms)));
         sol[11] |= SETTIMANA_E_ORA_NOTE;
     }
     if (const auto dove = luogo(payload)) {
         scrivi(sol, 12, ecef(*dove));
-        scrivi(sol, 28, velocitaEcef(*dove, velocita(payload)));
+        scrivi(sol, 28, velocita_ecef(*dove, velocita(payload)));
     }
-    scriviIntero(std::span(sol), 24, arrotondato<std::uint32_t>(accuratezzaPosizione(payload) * CENTIMETRI));
-    scriviIntero(std::span(sol), 40,
-                 arrotondato<std::uint32_t>(intero<std::uint32_t>(payload, 68) / MILLE * CENTIMETRI));
+    scrivi_intero(std::span(sol), 24, arrotondato<std::uint32_t>(accuratezza_posizione(payload) * CENTIMETRI));
+    scrivi_intero(std::span(sol), 40,
+                  arrotondato<std::uint32_t>(intero<std::uint32_t>(payload, 68) / MILLE * CENTIMETRI));
     std::copy_n(payload.begin() + 76, 2, sol.begin() + 44);  // position DOP, hundredths in both
     sol[47] = payload[23];
     return sol;

@@ -15,11 +15,11 @@ constexpr std::uint8_t NAV_PVT_ID = 0x07;
 constexpr std::size_t NAV_PVT_BYTE = 92;
 
 /// From the payload of NAV-PVT.
-Soluzione daNavPvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
+Soluzione da_nav_pvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
 
 /// The same solution as a payload of NAV-SOL, because that is what the logger's packet holds. Numbers are rounded to
 /// centimetres. A position or velocity that is missing, or does not fit, is zeros.
-std::array<std::uint8_t, NAV_SOL_BYTE> navSolDaPvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
+std::array<std::uint8_t, NAV_SOL_BYTE> nav_sol_da_pvt(std::span<const std::uint8_t, NAV_PVT_BYTE> payload);
 
 }  // namespace kel_registrazioni
 

@@ -18,11 +18,11 @@ Ecef centimetri(std::span<const std::uint8_t> byte, std::size_t da) {
 }  // namespace
 
 std::optional<double> Soluzione::altezza() const {
-    return luogo && conAltezza(fix) ? std::optional(luogo->altezza) : std::nullopt;
+    return luogo && con_altezza(fix) ? std::optional(luogo->altezza) : std::nullopt;
 }
 
 std::optional<double> Soluzione::andatura() const {
-    return velocita ? std::optional(velocita->nelloSpazio()) : std::nullopt;
+    return velocita ? std::optional(velocita->nello_spazio()) : std::nullopt;
 }
 
 std::optional<double> Soluzione::rotta() const {
@@ -30,23 +30,23 @@ std::optional<double> Soluzione::rotta() const {
 }
 
 std::optional<double> Soluzione::salita() const {
-    return velocita && conAltezza(fix) ? std::optional(velocita->su) : std::nullopt;
+    return velocita && con_altezza(fix) ? std::optional(velocita->su) : std::nullopt;
 }
 
-Soluzione daNavSol(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) {
+Soluzione da_nav_sol(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) {
     Soluzione soluzione;
     soluzione.settimana_ms = intero<std::uint32_t>(payload, 0);
     soluzione.fix = payload[10];
     soluzione.satelliti = payload[47];
     const std::uint8_t note = payload[11];
     if ((note & SETTIMANA_NOTA) != 0 && (note & ORA_NOTA) != 0)
-        soluzione.utc = utcDaGps(intero<std::int16_t>(payload, 8), soluzione.settimana_ms);
+        soluzione.utc = utc_da_gps(intero<std::int16_t>(payload, 8), soluzione.settimana_ms);
     const auto [x, y, z] = centimetri(payload, 12);
     // Nobody drives at the centre of the earth: there the receiver has written nothing.
-    if (!conPosizione(soluzione.fix) || (x == 0 && y == 0 && z == 0))
+    if (!con_posizione(soluzione.fix) || (x == 0 && y == 0 && z == 0))
         return soluzione;
     soluzione.luogo = geodetica(x, y, z);
-    soluzione.velocita = velocitaLocale(*soluzione.luogo, centimetri(payload, 28));
+    soluzione.velocita = velocita_locale(*soluzione.luogo, centimetri(payload, 28));
     soluzione.accuratezza_posizione = intero<std::uint32_t>(payload, 24) / CENTO;
     soluzione.accuratezza_velocita = intero<std::uint32_t>(payload, 40) / CENTO;
     return soluzione;

@@ -37,12 +37,12 @@ struct Soluzione {
 /// Only the kind of fix decides. Fixes in the plane count: the receiver has computed them, and the accuracy tells how good
 /// they are. The receiver's flag "fix good" is not used: it says only that the accuracy is within limits set in the
 /// receiver, and it may be off for minutes. Dead reckoning alone (1) and time alone (5) are no fix.
-constexpr bool conPosizione(unsigned fix) {
+constexpr bool con_posizione(unsigned fix) {
     return fix >= 2 && fix <= 4;
 }
 
 /// Whether the height was solved too.
-constexpr bool conAltezza(unsigned fix) {
+constexpr bool con_altezza(unsigned fix) {
     return fix == 3 || fix == 4;
 }
 
@@ -51,7 +51,7 @@ constexpr std::uint8_t NAV_SOL_ID = 0x06;
 constexpr std::size_t NAV_SOL_BYTE = 52;
 
 /// From the payload of NAV-SOL.
-Soluzione daNavSol(std::span<const std::uint8_t, NAV_SOL_BYTE> payload);
+Soluzione da_nav_sol(std::span<const std::uint8_t, NAV_SOL_BYTE> payload);
 
 }  // namespace kel_registrazioni
 

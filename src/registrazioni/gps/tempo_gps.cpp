@@ -27,7 +27,7 @@ std::int64_t dopo(std::size_t riga) {
 }
 
 bool intercalare(std::int64_t gps_s) {
-    const auto quanti = static_cast<std::size_t>(secondiIntercalari(gps_s));
+    const auto quanti = static_cast<std::size_t>(secondi_intercalari(gps_s));
     return quanti < std::size(GIORNI_INTERCALARI) && gps_s == dopo(quanti) - 1;
 }
 
@@ -45,7 +45,7 @@ Utc calendario(std::int64_t secondi, unsigned millesimi) {
             millesimi};
 }
 
-std::int64_t secondiDa(const Utc& u) {
+std::int64_t secondi_da(const Utc& u) {
     const sys_days giorno = std::chrono::year(u.anno) / static_cast<int>(u.mese) / static_cast<int>(u.giorno);
     return (giorno - INIZIO).count() * GIORNO_S + (u.ora * 60 + u.minuto) * std::int64_t{60} + u.secondo;
 }
@@ -60,23 +60,23 @@ std::string Utc::testo() const {
 }
 
 std::int64_t Utc::microsecondi() const {
-    return (INIZIO.time_since_epoch().count() * GIORNO_S + secondiDa(*this)) * 1000000 +
+    return (INIZIO.time_since_epoch().count() * GIORNO_S + secondi_da(*this)) * 1000000 +
            std::int64_t{millesimi} * MILLE;
 }
 
-int secondiIntercalari(std::int64_t gps_s) {
+int secondi_intercalari(std::int64_t gps_s) {
     std::size_t quanti = 0;
     while (quanti < std::size(GIORNI_INTERCALARI) && gps_s >= dopo(quanti))
         ++quanti;
     return static_cast<int>(quanti);
 }
 
-std::optional<Utc> utcDaGps(int settimana, std::uint32_t settimana_ms) {
+std::optional<Utc> utc_da_gps(int settimana, std::uint32_t settimana_ms) {
     if (settimana < 1 || settimana_ms >= SETTIMANA_MS)
         return std::nullopt;
     const std::int64_t gps_s = settimana * SETTIMANA_S + settimana_ms / MILLE;
     const auto millesimi = static_cast<unsigned>(settimana_ms % MILLE);
-    const std::int64_t utc_s = gps_s - secondiIntercalari(gps_s);
+    const std::int64_t utc_s = gps_s - secondi_intercalari(gps_s);
     if (!intercalare(gps_s))
         return calendario(utc_s, millesimi);
     Utc utc = calendario(utc_s - 1, millesimi);
@@ -84,8 +84,8 @@ std::optional<Utc> utcDaGps(int settimana, std::uint32_t settimana_ms) {
     return utc;
 }
 
-std::optional<Utc> utcDaData(int anno, unsigned mese, unsigned giorno, unsigned ora, unsigned minuto, unsigned secondo,
-                             std::int32_t nano) {
+std::optional<Utc> utc_da_data(int anno, unsigned mese, unsigned giorno, unsigned ora, unsigned minuto,
+                               unsigned secondo, std::int32_t nano) {
     constexpr std::int32_t MILIARDO = 1000000000;
     constexpr double MILIONE = 1e6;
     const std::chrono::year_month_day data{std::chrono::year(anno), std::chrono::month(mese), std::chrono::day(giorno)};
@@ -98,15 +98,15 @@ std::optional<Utc> utcDaData(int anno, unsigned mese, unsigned giorno, unsigned 
         utc.millesimi = static_cast<unsigned>(frazione_ms);
         return utc;
     }
-    const std::int64_t tutti_ms = secondiDa(utc) * MILLE + frazione_ms;
+    const std::int64_t tutti_ms = secondi_da(utc) * MILLE + frazione_ms;
     if (tutti_ms < 0)
         return std::nullopt;
     return calendario(tutti_ms / MILLE, static_cast<unsigned>(tutti_ms % MILLE));
 }
 
-int settimanaGps(const Utc& utc, std::uint32_t settimana_ms) {
-    const std::int64_t utc_s = secondiDa(utc);
-    const std::int64_t gps_s = utc_s + secondiIntercalari(utc_s + static_cast<int>(std::size(GIORNI_INTERCALARI)));
+int settimana_gps(const Utc& utc, std::uint32_t settimana_ms) {
+    const std::int64_t utc_s = secondi_da(utc);
+    const std::int64_t gps_s = utc_s + secondi_intercalari(utc_s + static_cast<int>(std::size(GIORNI_INTERCALARI)));
     return static_cast<int>((gps_s - settimana_ms / MILLE + SETTIMANA_S / 2) / SETTIMANA_S);
 }
 

@@ -30,18 +30,18 @@ struct Utc {
 
 /// The leap seconds between GPS and UTC at a time of GPS, seconds since its beginning. Behind the last one that is known
 /// their number stays.
-int secondiIntercalari(std::int64_t gps_s);
+int secondi_intercalari(std::int64_t gps_s);
 
 /// UTC of a week and a time of week; nothing for a week that is none (below 1) and a time beyond the week's end.
-std::optional<Utc> utcDaGps(int settimana, std::uint32_t settimana_ms);
+std::optional<Utc> utc_da_gps(int settimana, std::uint32_t settimana_ms);
 
 /// A date and a time of day as a message gives them, `nano` nanoseconds (which may be negative) from the second; nothing
 /// where they are no time.
-std::optional<Utc> utcDaData(int anno, unsigned mese, unsigned giorno, unsigned ora, unsigned minuto, unsigned secondo,
-                             std::int32_t nano);
+std::optional<Utc> utc_da_data(int anno, unsigned mese, unsigned giorno, unsigned ora, unsigned minuto,
+                               unsigned secondo, std::int32_t nano);
 
 /// The GPS week of a time of UTC whose time of week is known.
-int settimanaGps(const Utc& utc, std::uint32_t settimana_ms);
+int settimana_gps(const Utc& utc, std::uint32_t settimana_ms);
 
 }  // namespace kel_registrazioni
 

@@ -7,7 +7,7 @@ namespace kel_registrazioni {
 const Soluzione& UltimaSoluzione::di(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) {
     if (!soluzione_ || !std::ranges::equal(payload, payload_)) {
         std::ranges::copy(payload, payload_.begin());
-        soluzione_ = daNavSol(payload);
+        soluzione_ = da_nav_sol(payload);
     }
     return *soluzione_;
 }

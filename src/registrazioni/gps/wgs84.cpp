@@ -29,7 +29,7 @@ double VelocitaLocale::orizzontale() const {
     return std::hypot(est, nord);
 }
 
-double VelocitaLocale::nelloSpazio() const {
+double VelocitaLocale::nello_spazio() const {
     return std::hypot(est, nord, su);
 }
 
@@ -51,13 +51,13 @@ Ecef ecef(const Geodetica& luogo) {
     return posto;
 }
 
-VelocitaLocale velocitaLocale(const Geodetica& luogo, const Ecef& velocita) {
+VelocitaLocale velocita_locale(const Geodetica& luogo, const Ecef& velocita) {
     const std::vector<double> m = assi(luogo);
     const auto [x, y, z] = velocita;
     return {m[0] * x + m[3] * y + m[6] * z, m[1] * x + m[4] * y + m[7] * z, m[2] * x + m[5] * y + m[8] * z};
 }
 
-Ecef velocitaEcef(const Geodetica& luogo, const VelocitaLocale& velocita) {
+Ecef velocita_ecef(const Geodetica& luogo, const VelocitaLocale& velocita) {
     const std::vector<double> m = assi(luogo);
     const auto [e, n, u] = velocita;
     return {m[0] * e + m[1] * n + m[2] * u, m[3] * e + m[4] * n + m[5] * u, m[6] * e + m[7] * n + m[8] * u};

@@ -26,7 +26,7 @@ struct VelocitaLocale {
 
     /// Over ground.
     double orizzontale() const;
-    double nelloSpazio() const;
+    double nello_spazio() const;
     /// The direction of the movement over ground, degrees from north by east: at least 0 and below 360.
     double rotta() const;
 };
@@ -34,8 +34,8 @@ struct VelocitaLocale {
 Geodetica geodetica(double x_m, double y_m, double z_m);
 Ecef ecef(const Geodetica& luogo);
 
-VelocitaLocale velocitaLocale(const Geodetica& luogo, const Ecef& velocita);
-Ecef velocitaEcef(const Geodetica& luogo, const VelocitaLocale& velocita);
+VelocitaLocale velocita_locale(const Geodetica& luogo, const Ecef& velocita);
+Ecef velocita_ecef(const Geodetica& luogo, const VelocitaLocale& velocita);
 
 }  // namespace kel_registrazioni
 

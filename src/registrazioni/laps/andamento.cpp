@@ -34,7 +34,7 @@ std::vector<PuntoGiro> andamento(const Giro& giro, const Guida& guida, double lu
     if (!giro.ms || !giro.inizio || giro.metri.value_or(0) <= 0)
         return punti;
     const double da = guida.metri(giro.sessione, *giro.inizio);
-    const auto [primo, oltre] = fixDelGiro(giro, guida);
+    const auto [primo, oltre] = fix_del_giro(giro, guida);
     punti.push_back({0, 0, {}, false});
     double ultimo = *giro.inizio;
     for (std::size_t i = primo; i < oltre; ++i) {
@@ -55,7 +55,7 @@ std::vector<PuntoGiro> andamento(const Giro& giro, const Guida& guida, double lu
     return punti;
 }
 
-std::optional<double> tempoA(std::span<const PuntoGiro> andamento, double metri) {
+std::optional<double> tempo_a(std::span<const PuntoGiro> andamento, double metri) {
     const auto dopo = std::lower_bound(andamento.begin(), andamento.end(), metri,
                                        [](const PuntoGiro& punto, double m) { return punto.metri < m; });
     if (dopo == andamento.end())

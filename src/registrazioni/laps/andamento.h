@@ -25,7 +25,7 @@ struct PuntoGiro {
 std::vector<PuntoGiro> andamento(const Giro& giro, const Guida& guida, double lunghezza);
 
 /// The time at a distance, s; nothing outside of the lap and where the way is not known.
-std::optional<double> tempoA(std::span<const PuntoGiro> andamento, double metri);
+std::optional<double> tempo_a(std::span<const PuntoGiro> andamento, double metri);
 
 }  // namespace kel_registrazioni
 

@@ -34,7 +34,7 @@ Intervallo tratto(const Giro& giro, const Guida& guida) {
     return {static_cast<std::size_t>(da - fix.begin()), static_cast<std::size_t>(a - fix.begin())};
 }
 
-bool conBuco(const Guida& guida, const Intervallo& t, double inizio, double fine) {
+bool con_buco(const Guida& guida, const Intervallo& t, double inizio, double fine) {
     double ultimo = inizio;
     for (std::size_t i = t.da; i < t.a; ++i) {
         if (!guida.fix()[i].valido)
@@ -46,7 +46,7 @@ bool conBuco(const Guida& guida, const Intervallo& t, double inizio, double fine
     return fine - ultimo > guida.buco();
 }
 
-bool conSosta(const Guida& guida, const Intervallo& t) {
+bool con_sosta(const Guida& guida, const Intervallo& t) {
     std::optional<double> da;
     for (std::size_t i = t.da; i < t.a; ++i) {
         const Fix& fix = guida.fix()[i];
@@ -70,13 +70,13 @@ Giro chiuso(const Guida& guida, const Passaggi& passaggi, const Passaggio& prima
     const bool contromano = std::any_of(passaggi.indietro.begin(), passaggi.indietro.end(), [&](const Passaggio& p) {
         return guida.sessione(p.dopo) == giro.sessione && p.tempo > prima.tempo && p.tempo < dopo.tempo;
     });
-    giro.stato = prima.lento                                  ? StatoGiro::uscita
-                 : dopo.lento                                 ? StatoGiro::rientro
-                 : prima.senza_fix || dopo.senza_fix          ? StatoGiro::senza_fix
-                 : conBuco(guida, t, prima.tempo, dopo.tempo) ? StatoGiro::senza_fix
-                 : contromano                                 ? StatoGiro::contromano
-                 : conSosta(guida, t)                         ? StatoGiro::fermo
-                                                              : StatoGiro::buono;
+    giro.stato = prima.lento                                   ? StatoGiro::uscita
+                 : dopo.lento                                  ? StatoGiro::rientro
+                 : prima.senza_fix || dopo.senza_fix           ? StatoGiro::senza_fix
+                 : con_buco(guida, t, prima.tempo, dopo.tempo) ? StatoGiro::senza_fix
+                 : contromano                                  ? StatoGiro::contromano
+                 : con_sosta(guida, t)                         ? StatoGiro::fermo
+                                                               : StatoGiro::buono;
     return giro;
 }
 
@@ -120,7 +120,7 @@ std::vector<Giro> giri(const Guida& guida, const Passaggi& passaggi) {
     return tutti;
 }
 
-std::pair<std::size_t, std::size_t> fixDelGiro(const Giro& giro, const Guida& guida) {
+std::pair<std::size_t, std::size_t> fix_del_giro(const Giro& giro, const Guida& guida) {
     const Intervallo t = tratto(giro, guida);
     return {t.da, t.a};
 }
@@ -186,7 +186,7 @@ void dividi(std::span<Giro> giri, const Guida& guida, std::span<const Linea> int
     }
 }
 
-std::optional<Linea> lineaADistanza(const Giro& giro, const Guida& guida, double metri) {
+std::optional<Linea> linea_a_distanza(const Giro& giro, const Guida& guida, double metri) {
     if (!giro.inizio || metri >= giro.metri.value_or(0))
         return std::nullopt;
     const double voluti = guida.metri(giro.sessione, *giro.inizio) + metri;

@@ -46,7 +46,7 @@ struct Giro {
 std::vector<Giro> giri(const Guida& guida, const Passaggi& passaggi);
 
 /// The fixes of a lap whose times are known: the first, and the first behind it.
-std::pair<std::size_t, std::size_t> fixDelGiro(const Giro& giro, const Guida& guida);
+std::pair<std::size_t, std::size_t> fix_del_giro(const Giro& giro, const Guida& guida);
 
 /// Speeds, way and fixes of laps whose times are known.
 void misura(std::span<Giro> giri, const Guida& guida);
@@ -56,7 +56,7 @@ void misura(std::span<Giro> giri, const Guida& guida);
 void dividi(std::span<Giro> giri, const Guida& guida, std::span<const Linea> intermedi);
 
 /// The line across the track where a lap has driven so many metres; nothing where it has not, or where it had no fix.
-std::optional<Linea> lineaADistanza(const Giro& giro, const Guida& guida, double metri);
+std::optional<Linea> linea_a_distanza(const Giro& giro, const Guida& guida, double metri);
 
 /// The fastest of the laps that count; null when none does.
 const Giro* migliore(std::span<const Giro> giri);

@@ -21,7 +21,7 @@ void GiriRegistrati::aggiungi(std::optional<double> tempo, const StatoCronometro
     const bool indietro = tempo && tempo_ && *tempo < *tempo_;  // sessions joined
     if (indietro) {
         if (attesa_)
-            chiudiGiro();
+            chiudi_giro();
         ultima_fine_.reset();
     }
     ora_ = stato;
@@ -44,10 +44,10 @@ void GiriRegistrati::aggiungi(std::optional<double> tempo, const StatoCronometro
     const bool scaduta =
         tempo && attesa_->tempo ? *tempo - *attesa_->tempo >= ATTESA_S : record_ - 1 - attesa_->record >= ATTESA_RECORD;
     if (tutto || scaduta)
-        chiudiGiro();
+        chiudi_giro();
 }
 
-void GiriRegistrati::chiudiGiro() {
+void GiriRegistrati::chiudi_giro() {
     const Attesa attesa = *std::exchange(attesa_, std::nullopt);
     const StatoCronometro prima = std::exchange(prima_, ora_);
     const auto fine_prima = std::exchange(ultima_fine_, attesa.fine);
@@ -72,7 +72,7 @@ void GiriRegistrati::chiudiGiro() {
 
 std::vector<GiroRegistrato> GiriRegistrati::chiudi() {
     if (attesa_)
-        chiudiGiro();
+        chiudi_giro();
     return std::move(giri_);
 }
 

@@ -30,7 +30,7 @@ public:
     std::vector<GiroRegistrato> chiudi();
 
 private:
-    void chiudiGiro();
+    void chiudi_giro();
 
     std::size_t record_ = 0;
     StatoCronometro prima_;  // as the last lap left it

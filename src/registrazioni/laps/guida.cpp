@@ -24,7 +24,7 @@ double LineaPiana::oltre(const PuntoPiano& punto) const {
     return (punto.est - centro.est) * dir_est + (punto.nord - centro.nord) * dir_nord;
 }
 
-double LineaPiana::aDestra(const PuntoPiano& punto) const {
+double LineaPiana::a_destra(const PuntoPiano& punto) const {
     return (punto.est - centro.est) * dir_nord - (punto.nord - centro.nord) * dir_est;
 }
 
@@ -42,15 +42,15 @@ Guida::Guida(std::vector<Fix> fix) : fix_(std::move(fix)), posto_valido_(fix_.si
     const Ecef o = ecef(origine);
     for (const std::size_t i : validi_) {
         const Ecef p = ecef({fix_[i].latitudine, fix_[i].longitudine, 0});
-        const VelocitaLocale d = velocitaLocale(origine, {p.x - o.x, p.y - o.y, p.z - o.z});
+        const VelocitaLocale d = velocita_locale(origine, {p.x - o.x, p.y - o.y, p.z - o.z});
         punti_[i] = {d.est, d.nord};
     }
-    dividiSessioni();
-    misuraBuco();
-    misuraMetri();
+    dividi_sessioni();
+    misura_buco();
+    misura_metri();
 }
 
-void Guida::dividiSessioni() {
+void Guida::dividi_sessioni() {
     for (std::size_t i = 0; i < fix_.size(); ++i)
         if (i == 0 || fix_[i].tempo < fix_[i - 1].tempo || fix_[i].tempo > fix_[i - 1].tempo + PAUSA)
             sessioni_.push_back(i);
@@ -61,7 +61,7 @@ std::size_t Guida::sessione(std::size_t fix) const {
 }
 
 // A receiver with one solution a second may lose one: that is not yet a gap.
-void Guida::misuraBuco() {
+void Guida::misura_buco() {
     std::vector<double> passi;
     for (std::size_t i = 1; i < fix_.size(); ++i)
         if (fix_[i].tempo > fix_[i - 1].tempo)
@@ -75,7 +75,7 @@ void Guida::misuraBuco() {
 
 // The distance comes from the receiver's speed, because the noise of positions would make it too long. Where the speed is
 // not known, or there was no fix for some time, the straight line between two positions is taken.
-void Guida::misuraMetri() {
+void Guida::misura_metri() {
     metri_.resize(fix_.size());
     std::optional<std::size_t> valido;
     for (std::size_t i = 0; i < fix_.size(); ++i) {
@@ -155,14 +155,14 @@ LineaPiana Guida::linea(const Linea& linea) const {
     const Geodetica origine{latitudine_, longitudine_, 0};
     const Ecef o = ecef(origine);
     const Ecef p = ecef({linea.latitudine, linea.longitudine, 0});
-    const VelocitaLocale d = velocitaLocale(origine, {p.x - o.x, p.y - o.y, p.z - o.z});
+    const VelocitaLocale d = velocita_locale(origine, {p.x - o.x, p.y - o.y, p.z - o.z});
     return {{d.est, d.nord}, std::sin(linea.rotta * RADIANTI), std::cos(linea.rotta * RADIANTI), linea.larghezza};
 }
 
 Linea Guida::linea(const PuntoPiano& centro, const PuntoPiano& direzione, double larghezza) const {
     const Geodetica origine{latitudine_, longitudine_, 0};
     const Ecef o = ecef(origine);
-    const Ecef d = velocitaEcef(origine, {centro.est, centro.nord, 0});
+    const Ecef d = velocita_ecef(origine, {centro.est, centro.nord, 0});
     const Geodetica luogo = geodetica(o.x + d.x, o.y + d.y, o.z + d.z);
     return {luogo.latitudine, luogo.longitudine, VelocitaLocale{direzione.est, direzione.nord, 0}.rotta(), larghezza};
 }

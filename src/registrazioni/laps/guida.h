@@ -26,7 +26,7 @@ struct LineaPiana {
 
     /// How far before (below 0) or behind the line a point is, and how far to its right.
     double oltre(const PuntoPiano& punto) const;
-    double aDestra(const PuntoPiano& punto) const;
+    double a_destra(const PuntoPiano& punto) const;
 };
 
 class Guida {
@@ -61,9 +61,9 @@ public:
     Linea linea(const PuntoPiano& centro, const PuntoPiano& direzione, double larghezza) const;
 
 private:
-    void dividiSessioni();
-    void misuraBuco();
-    void misuraMetri();
+    void dividi_sessioni();
+    void misura_buco();
+    void misura_metri();
     std::optional<PuntoPiano> base(std::size_t fix, double& secondi) const;
 
     std::vector<Fix> fix_;

@@ -13,11 +13,11 @@ namespace kel_registrazioni {
 namespace {
 
 std::string intera(double valore) {
-    return conDecimali(valore, 0);
+    return con_decimali(valore, 0);
 }
 
 // Why a line closes no lap.
-std::string maiChiuso(const Passaggi& passati, const Linea& linea) {
+std::string mai_chiuso(const Passaggi& passati, const Linea& linea) {
     const std::string quanto = passati.avanti.empty()       ? "never passes"
                                : passati.avanti.size() == 1 ? "passes once, not twice,"
                                                             : "passes no more than once a session";
@@ -29,7 +29,7 @@ std::string maiChiuso(const Passaggi& passati, const Linea& linea) {
 }
 
 // The laps of fixes; what is missing for them is an error.
-Lettura giriGps(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& parole, const Dillo& dillo) {
+Lettura giri_gps(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& parole, const Dillo& dillo) {
     Lettura lettura{Guida(std::move(fix)), {}, {}};
     const Guida& guida = lettura.guida;
     if (guida.validi().empty())
@@ -38,7 +38,7 @@ Lettura giriGps(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& pa
     std::optional<Linea> linea = scelte.linea;
     std::string trovata;
     if (!linea) {
-        const auto cercata = cercaLinea(guida, scelte.minimo);
+        const auto cercata = cerca_linea(guida, scelte.minimo);
         if (!cercata)
             throw Errore("no lap is closed: no place is passed twice in the same direction at speed, " +
                          intera(scelte.minimo) + " s apart or more (" + parole.minimo + ")");
@@ -50,7 +50,7 @@ Lettura giriGps(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& pa
     const Passaggi passati = passaggi(guida, *linea, scelte.minimo);
     lettura.giri = giri(guida, passati);
     if (std::none_of(lettura.giri.begin(), lettura.giri.end(), [](const Giro& giro) { return giro.chiuso(); }))
-        throw Errore("no lap is closed: " + maiChiuso(passati, *linea));
+        throw Errore("no lap is closed: " + mai_chiuso(passati, *linea));
     dillo("laps from GPS" + trovata);
     if (passati.scartati != 0)
         dillo(std::to_string(passati.scartati) + " passages of the line less than " + intera(scelte.minimo) +
@@ -59,7 +59,7 @@ Lettura giriGps(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& pa
 }
 
 // Over a pause the clock goes on; where time runs backwards it counts anew.
-std::vector<double> originiDellaCattura(const Guida& guida) {
+std::vector<double> origini_della_cattura(const Guida& guida) {
     std::vector<double> origini;
     for (const std::size_t primo : guida.sessioni()) {
         const double inizio = guida.fix()[primo].tempo;
@@ -70,27 +70,27 @@ std::vector<double> originiDellaCattura(const Guida& guida) {
 }
 
 // The laps that the logger has timed; none where it has timed none.
-std::optional<Lettura> giriRegistrati(RaccoltaRecord& raccolta, bool richiesti, const Dillo& dillo) {
-    if (raccolta.canaleGiri().empty()) {
+std::optional<Lettura> giri_registrati(RaccoltaRecord& raccolta, bool richiesti, const Dillo& dillo) {
+    if (raccolta.canale_giri().empty()) {
         if (richiesti)
             throw Errore("there are no lap packets and no lap channels in the recording");
         return std::nullopt;
     }
-    Lettura lettura{Guida(raccolta.fixDeiRecord()), {}, {}};
+    Lettura lettura{Guida(raccolta.fix_dei_record()), {}, {}};
     lettura.origini.assign(std::max<std::size_t>(1, lettura.guida.sessioni().size()), 0);
-    lettura.giri = raccolta.giriDelRegistratore(lettura.guida);
+    lettura.giri = raccolta.giri_del_registratore(lettura.guida);
     if (lettura.giri.empty()) {
-        if (richiesti || !raccolta.haGps())
-            throw Errore("no lap is closed: there is none in " + raccolta.canaleGiri());
-        dillo("there is no lap in " + raccolta.canaleGiri());
+        if (richiesti || !raccolta.ha_gps())
+            throw Errore("no lap is closed: there is none in " + raccolta.canale_giri());
+        dillo("there is no lap in " + raccolta.canale_giri());
         return std::nullopt;
     }
-    dillo("laps from " + raccolta.canaleGiri() +
-          (raccolta.soloNumeri() ? ", which has no times: they are exact to a record" : ""));
+    dillo("laps from " + raccolta.canale_giri() +
+          (raccolta.solo_numeri() ? ", which has no times: they are exact to a record" : ""));
     return lettura;
 }
 
-bool passataInUnGiro(const Lettura& lettura, const Linea& linea) {
+bool passata_in_un_giro(const Lettura& lettura, const Linea& linea) {
     const Passaggi passati = passaggi(lettura.guida, linea, 1);
     return std::any_of(lettura.giri.begin(), lettura.giri.end(), [&passati](const Giro& giro) {
         return giro.chiuso() && std::any_of(passati.avanti.begin(), passati.avanti.end(), [&giro](const Passaggio& p) {
@@ -101,30 +101,30 @@ bool passataInUnGiro(const Lettura& lettura, const Linea& linea) {
 
 }  // namespace
 
-Lettura giriDellaCattura(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& parole, const Dillo& dillo) {
-    Lettura lettura = giriGps(std::move(fix), scelte, parole, dillo);
-    lettura.origini = originiDellaCattura(lettura.guida);
+Lettura giri_della_cattura(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& parole, const Dillo& dillo) {
+    Lettura lettura = giri_gps(std::move(fix), scelte, parole, dillo);
+    lettura.origini = origini_della_cattura(lettura.guida);
     return lettura;
 }
 
-Lettura giriDellaRegistrazione(RaccoltaRecord& raccolta, const ScelteGiri& scelte, const Parole& parole,
-                               const Dillo& dillo) {
+Lettura giri_della_registrazione(RaccoltaRecord& raccolta, const ScelteGiri& scelte, const Parole& parole,
+                                 const Dillo& dillo) {
     const bool linea = scelte.linea.has_value();  // whoever gives a line wants the times at this line
     if (scelte.fonte == FonteGiri::registratore || (scelte.fonte == FonteGiri::qualunque && !linea))
-        if (auto lettura = giriRegistrati(raccolta, scelte.fonte == FonteGiri::registratore, dillo))
+        if (auto lettura = giri_registrati(raccolta, scelte.fonte == FonteGiri::registratore, dillo))
             return std::move(*lettura);
-    if (!raccolta.haGps())
+    if (!raccolta.ha_gps())
         throw Errore(scelte.fonte == FonteGiri::gps || linea
                          ? "there is no GPS packet in the recording"
                          : "there are no lap packets, no lap channels and no GPS packet in the recording");
-    Lettura lettura = giriGps(raccolta.fixDelRicevitore(), scelte, parole, dillo);
+    Lettura lettura = giri_gps(raccolta.fix_del_ricevitore(), scelte, parole, dillo);
     for (const std::size_t primo : lettura.guida.sessioni())
-        lettura.origini.push_back(raccolta.inizioDelRicevitore(primo));
+        lettura.origini.push_back(raccolta.inizio_del_ricevitore(primo));
     return lettura;
 }
 
-std::vector<Linea> lineeIntermedie(const Lettura& lettura, std::span<const Intermedio> intermedi, const Parole& parole,
-                                   const Dillo& dillo) {
+std::vector<Linea> linee_intermedie(const Lettura& lettura, std::span<const Intermedio> intermedi, const Parole& parole,
+                                    const Dillo& dillo) {
     std::vector<Linea> linee;
     const Giro* campione = migliore(lettura.giri);
     for (const Giro& giro : lettura.giri)
@@ -136,17 +136,17 @@ std::vector<Linea> lineeIntermedie(const Lettura& lettura, std::span<const Inter
     for (const Intermedio& uno : intermedi) {
         if (const auto* linea = std::get_if<Linea>(&uno)) {
             linee.push_back(*linea);
-            if (!passataInUnGiro(lettura, *linea))
+            if (!passata_in_un_giro(lettura, *linea))
                 dillo("no lap passes " + nome + " " + testo(*linea));
             continue;
         }
         const auto& [metri, detto] = std::get<Metri>(uno);
-        const auto linea = lineaADistanza(*campione, lettura.guida, metri);
+        const auto linea = linea_a_distanza(*campione, lettura.guida, metri);
         std::string frase = nome;
         frase.append(" ").append(detto);
         if (!linea) {
             frase.append(" is nowhere: lap ").append(std::to_string(campione->numero)).append(" has ");
-            throw Errore(frase.append(conDecimali(campione->metri.value_or(0), 0)).append(" m"));
+            throw Errore(frase.append(con_decimali(campione->metri.value_or(0), 0)).append(" m"));
         }
         dillo(frase.append(" is ").append(nome).append(" ").append(testo(*linea)));
         linee.push_back(*linea);
@@ -154,7 +154,7 @@ std::vector<Linea> lineeIntermedie(const Lettura& lettura, std::span<const Inter
     return linee;
 }
 
-void diSessioni(const Guida& guida, const Dillo& dillo) {
+void di_sessioni(const Guida& guida, const Dillo& dillo) {
     if (const std::size_t sessioni = guida.sessioni().size(); sessioni > 1)
         dillo(std::to_string(sessioni) +
               " sessions, as time runs backwards or on by more than ten minutes: no lap "

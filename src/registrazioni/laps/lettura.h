@@ -47,21 +47,21 @@ struct Lettura {
 
 /// The laps of a capture's fixes.
 /// @throws Errore  where no lap is closed: one line that says why.
-Lettura giriDellaCattura(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& parole, const Dillo& dillo);
+Lettura giri_della_cattura(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& parole, const Dillo& dillo);
 
 /// The laps of a recording, once all its records have been put in.
 /// @throws Errore  where no lap is closed: one line that says why.
-Lettura giriDellaRegistrazione(RaccoltaRecord& raccolta, const ScelteGiri& scelte, const Parole& parole,
-                               const Dillo& dillo);
+Lettura giri_della_registrazione(RaccoltaRecord& raccolta, const ScelteGiri& scelte, const Parole& parole,
+                                 const Dillo& dillo);
 
 /// The ends of sectors as lines: those given in metres lie where the best lap has driven so far, or the first where none
 /// counts.
 /// @throws Errore  where there are no positions, and for metres that the lap does not have.
-std::vector<Linea> lineeIntermedie(const Lettura& lettura, std::span<const Intermedio> intermedi, const Parole& parole,
-                                   const Dillo& dillo);
+std::vector<Linea> linee_intermedie(const Lettura& lettura, std::span<const Intermedio> intermedi, const Parole& parole,
+                                    const Dillo& dillo);
 
 /// Says that there is more than one session.
-void diSessioni(const Guida& guida, const Dillo& dillo);
+void di_sessioni(const Guida& guida, const Dillo& dillo);
 
 }  // namespace kel_registrazioni
 

@@ -10,7 +10,7 @@ namespace kel_registrazioni {
 
 namespace {
 
-std::optional<double> leggiReale(std::string_view testo) {
+std::optional<double> leggi_reale(std::string_view testo) {
     double valore = 0;
     const char* fine = testo.data() + testo.size();
     const auto letto = std::from_chars(testo.data(), fine, valore);
@@ -19,7 +19,7 @@ std::optional<double> leggiReale(std::string_view testo) {
     return valore;
 }
 
-std::string_view senzaBordi(std::string_view testo) {
+std::string_view senza_bordi(std::string_view testo) {
     const std::size_t da = testo.find_first_not_of(" \t\n\v\f\r");
     return da == std::string_view::npos ? "" : testo.substr(da, testo.find_last_not_of(" \t\n\v\f\r") - da + 1);
 }
@@ -32,11 +32,11 @@ bool valida(const Linea& linea) {
            linea.larghezza > 0 && linea.larghezza <= LARGHEZZA_MASSIMA;
 }
 
-std::optional<Linea> leggiLinea(std::string_view testo) {
+std::optional<Linea> leggi_linea(std::string_view testo) {
     std::vector<double> numeri;
     for (std::size_t fine = 0; fine != std::string_view::npos && numeri.size() <= 4;) {
         fine = testo.find(',');
-        const auto numero = leggiReale(senzaBordi(testo.substr(0, fine)));
+        const auto numero = leggi_reale(senza_bordi(testo.substr(0, fine)));
         if (!numero)
             return std::nullopt;
         numeri.push_back(*numero);
@@ -50,9 +50,9 @@ std::optional<Linea> leggiLinea(std::string_view testo) {
 
 std::string testo(const Linea& linea) {
     constexpr int DECIMALI_GRADI = 7;  // a centimetre
-    std::string scritta = conDecimali(linea.latitudine, DECIMALI_GRADI) + "," +
-                          conDecimali(linea.longitudine, DECIMALI_GRADI) + "," + conDecimali(linea.rotta, 1);
-    return linea.larghezza == Linea::LARGHEZZA ? scritta : scritta + "," + conDecimali(linea.larghezza, 1);
+    std::string scritta = con_decimali(linea.latitudine, DECIMALI_GRADI) + "," +
+                          con_decimali(linea.longitudine, DECIMALI_GRADI) + "," + con_decimali(linea.rotta, 1);
+    return linea.larghezza == Linea::LARGHEZZA ? scritta : scritta + "," + con_decimali(linea.larghezza, 1);
 }
 
 }  // namespace kel_registrazioni

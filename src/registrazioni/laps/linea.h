@@ -21,7 +21,7 @@ struct Linea {
 bool valida(const Linea& linea);
 
 /// "LAT,LON,HEADING" or "LAT,LON,HEADING,WIDTH"; nothing for any other text.
-std::optional<Linea> leggiLinea(std::string_view testo);
+std::optional<Linea> leggi_linea(std::string_view testo);
 
 /// The text that reads back as a line; its width only where it is not the usual one.
 std::string testo(const Linea& linea);

@@ -43,11 +43,11 @@ public:
         for (std::size_t i = 0; i < validi.size(); ++i) {
             const bool nuova = i == 0 || guida_.sessione(validi[i - 1]) != guida_.sessione(validi[i]);
             if (nuova)
-                fineSessione();
+                fine_sessione();
             else
                 tratto(validi[i - 1], validi[i]);
         }
-        fineSessione();
+        fine_sessione();
         return std::move(trovati_);
     }
 
@@ -75,13 +75,13 @@ private:
         const double dt = f_dopo.tempo - f_prima.tempo;
         const bool avanti = a >= 0;
         const double verso = avanti ? 1 : -1;
-        const double v_prima = verso * lungoLaLinea(prima).value_or(0);
-        const double v_dopo = verso * lungoLaLinea(dopo).value_or(0);
+        const double v_prima = verso * lungo_la_linea(prima).value_or(0);
+        const double v_dopo = verso * lungo_la_linea(dopo).value_or(0);
         const double parte = dt > 0 ? incontro(verso * da, verso * a, v_prima, v_dopo, dt) : 1;
         const PuntoPiano& p = guida_.punto(prima);
         const PuntoPiano& q = guida_.punto(dopo);
         const PuntoPiano dove{p.est + parte * (q.est - p.est), p.nord + parte * (q.nord - p.nord)};
-        if (std::fabs(linea_.aDestra(dove)) > linea_.larghezza / 2 || !nellaDirezione(prima, dopo, verso))
+        if (std::fabs(linea_.a_destra(dove)) > linea_.larghezza / 2 || !nella_direzione(prima, dopo, verso))
             return;
         const double velocita =
             guida_.velocita(prima).value_or(0) * (1 - parte) + guida_.velocita(dopo).value_or(0) * parte;
@@ -93,7 +93,7 @@ private:
     }
 
     // Speed across the line; nothing where no direction is known.
-    std::optional<double> lungoLaLinea(std::size_t fix) const {
+    std::optional<double> lungo_la_linea(std::size_t fix) const {
         const auto direzione = guida_.direzione(fix);
         const auto velocita = guida_.velocita(fix);
         if (!direzione || !velocita)
@@ -101,7 +101,7 @@ private:
         return *velocita * (direzione->est * linea_.dir_est + direzione->nord * linea_.dir_nord);
     }
 
-    bool nellaDirezione(std::size_t prima, std::size_t dopo, double verso) const {
+    bool nella_direzione(std::size_t prima, std::size_t dopo, double verso) const {
         double coseno = 0;
         double quante = 0;
         for (const std::size_t i : {prima, dopo})
@@ -140,7 +140,7 @@ private:
     }
 
     // A recording may end right behind the line.
-    void fineSessione() {
+    void fine_sessione() {
         if (attesa_ && attesa_->avanti && !attesa_->passaggio.lento)
             accetta();
         attesa_.reset();

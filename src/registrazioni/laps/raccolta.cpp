@@ -31,7 +31,7 @@ Giro aperto(const Giro& vicino, int numero, double inizio, double fine, StatoGir
 }
 
 // Around the laps of each session what was driven out and in.
-std::vector<Giro> conAperti(const std::vector<Giro>& chiusi, const Guida& guida) {
+std::vector<Giro> con_aperti(const std::vector<Giro>& chiusi, const Guida& guida) {
     const auto& sessioni = guida.sessioni();
     std::vector<Giro> tutti;
     for (std::size_t i = 0; i < chiusi.size(); ++i) {
@@ -51,10 +51,10 @@ std::vector<Giro> conAperti(const std::vector<Giro>& chiusi, const Guida& guida)
 
 }  // namespace
 
-Fix fixDi(const Soluzione& soluzione, OrologioGps& orologio) {
+Fix fix_di(const Soluzione& soluzione, OrologioGps& orologio) {
     Fix fix;
     fix.tempo = orologio.secondi(soluzione.settimana_ms);
-    if (!soluzione.luogo || !conAltezza(soluzione.fix))
+    if (!soluzione.luogo || !con_altezza(soluzione.fix))
         return fix;
     fix.valido = true;
     fix.latitudine = soluzione.luogo->latitudine;
@@ -67,8 +67,8 @@ Fix fixDi(const Soluzione& soluzione, OrologioGps& orologio) {
 }
 
 RaccoltaRecord::RaccoltaRecord(const IFunzioni& catalogo, std::span<const s_kel_canale> canali) {
-    cercaGiri(catalogo, canali);
-    cercaVelocita(catalogo, canali);
+    cerca_giri(catalogo, canali);
+    cerca_velocita(catalogo, canali);
     for (const s_kel_canale& canale : canali) {
         const bool registratore = canale.tipo_campione == KEL_TIPO_GPS_KEL;
         if (!gps_ && kelFidGrandezza(canale.fid) == FID_PHI_PACKAGE && kelFidOggetto(canale.fid) == FID_DETTAGLI_GPS &&
@@ -78,7 +78,7 @@ RaccoltaRecord::RaccoltaRecord(const IFunzioni& catalogo, std::span<const s_kel_
 }
 
 // Packets before channels: in a packet number and time change together.
-void RaccoltaRecord::cercaGiri(const IFunzioni& catalogo, std::span<const s_kel_canale> canali) {
+void RaccoltaRecord::cerca_giri(const IFunzioni& catalogo, std::span<const s_kel_canale> canali) {
     for (const s_kel_canale& canale : canali) {
         const bool prima_generazione = canale.tipo_campione == KEL_TIPO_LAP_1G;
         if (!canale_giri_.empty() || kelFidGrandezza(canale.fid) != FID_PHI_PACKAGE ||
@@ -88,7 +88,7 @@ void RaccoltaRecord::cercaGiri(const IFunzioni& catalogo, std::span<const s_kel_
             continue;
         formato_ = prima_generazione ? Formato::pacchetto_1g : Formato::pacchetto_2g;
         offset_giri_ = canale.offset_campione;
-        canale_giri_ = "'" + nomeCanale(canale) + "'";
+        canale_giri_ = "'" + nome_canale(canale) + "'";
     }
     if (!canale_giri_.empty())
         return;
@@ -101,18 +101,18 @@ void RaccoltaRecord::cercaGiri(const IFunzioni& catalogo, std::span<const s_kel_
         if (dove == nullptr || *dove)
             continue;
         ColonnaDati colonna(catalogo, canale, i, canale.fid);
-        if (!colonna.haValore())
+        if (!colonna.ha_valore())
             continue;
         if (dove != &corrente_)
-            canale_giri_ += (canale_giri_.empty() ? "'" : ", '") + nomeCanale(canale) + "'";
+            canale_giri_ += (canale_giri_.empty() ? "'" : ", '") + nome_canale(canale) + "'";
         *dove = std::move(colonna);
     }
 }
 
-void RaccoltaRecord::cercaVelocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali) {
+void RaccoltaRecord::cerca_velocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali) {
     for (std::size_t i = 0; i < canali.size() && !velocita_; ++i)
         if (kelFidGrandezza(canali[i].fid) == FID_PHI_SPEED)
-            if (ColonnaDati colonna(catalogo, canali[i], i, canali[i].fid); colonna.haValore())
+            if (ColonnaDati colonna(catalogo, canali[i], i, canali[i].fid); colonna.ha_valore())
                 velocita_ = std::move(colonna);
 }
 
@@ -144,11 +144,11 @@ void RaccoltaRecord::aggiungi(std::optional<double> tempo, const std::uint8_t* c
         giri_.aggiungi(tempo, cronometro(campioni));
     if (gps_) {
         const Soluzione soluzione =
-            daNavSol(std::span<const std::uint8_t, NAV_SOL_BYTE>(campioni + gps_->offset, NAV_SOL_BYTE));
+            da_nav_sol(std::span<const std::uint8_t, NAV_SOL_BYTE>(campioni + gps_->offset, NAV_SOL_BYTE));
         if (gps_->ultimo != soluzione.settimana_ms) {  // else the logger repeats it
             gps_->ultimo = soluzione.settimana_ms;
             riga.soluzione = static_cast<std::int32_t>(soluzioni_.size());
-            soluzioni_.push_back(fixDi(soluzione, gps_->orologio));
+            soluzioni_.push_back(fix_di(soluzione, gps_->orologio));
         }
     }
     con_tempo_ = con_tempo_ && tempo.has_value();
@@ -157,16 +157,16 @@ void RaccoltaRecord::aggiungi(std::optional<double> tempo, const std::uint8_t* c
     righe_.push_back(riga);
 }
 
-std::vector<Fix> RaccoltaRecord::fixDelRicevitore() const {
+std::vector<Fix> RaccoltaRecord::fix_del_ricevitore() const {
     return soluzioni_;
 }
 
-double RaccoltaRecord::inizioDelRicevitore(std::size_t soluzione) const {
+double RaccoltaRecord::inizio_del_ricevitore(std::size_t soluzione) const {
     const auto sua = std::ranges::find(righe_, static_cast<std::int32_t>(soluzione), &Riga::soluzione);
     return soluzioni_[soluzione].tempo - (con_tempo_ && sua != righe_.end() ? sua->tempo : 0);
 }
 
-std::vector<Fix> RaccoltaRecord::fixDeiRecord() const {
+std::vector<Fix> RaccoltaRecord::fix_dei_record() const {
     std::vector<Fix> fix;
     if (!con_tempo_)
         return fix;
@@ -185,7 +185,7 @@ std::vector<Fix> RaccoltaRecord::fixDeiRecord() const {
     return fix;
 }
 
-std::vector<Giro> RaccoltaRecord::giriDelRegistratore(const Guida& guida) {
+std::vector<Giro> RaccoltaRecord::giri_del_registratore(const Guida& guida) {
     std::vector<Giro> tutti;
     std::size_t prima = 0;
     for (const GiroRegistrato& uno : giri_.chiudi()) {
@@ -200,7 +200,7 @@ std::vector<Giro> RaccoltaRecord::giriDelRegistratore(const Guida& guida) {
         }
         tutti.push_back(giro);
     }
-    return tutti.empty() || !tutti.front().inizio ? tutti : conAperti(tutti, guida);
+    return tutti.empty() || !tutti.front().inizio ? tutti : con_aperti(tutti, guida);
 }
 
 }  // namespace kel_registrazioni

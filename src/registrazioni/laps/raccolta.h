@@ -20,7 +20,7 @@ namespace kel_registrazioni {
 
 /// The fix of a solution, at a time of the receiver's clock. A fix in the plane is not used: its height is an old one, and
 /// the error of that moves the position by metres.
-Fix fixDi(const Soluzione& soluzione, OrologioGps& orologio);
+Fix fix_di(const Soluzione& soluzione, OrologioGps& orologio);
 
 /// The records of a recording, one after the other.
 class RaccoltaRecord {
@@ -28,30 +28,30 @@ public:
     RaccoltaRecord(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
 
     /// The channel that laps are read from: "'Lap packet'"; "" where there is none.
-    const std::string& canaleGiri() const { return canale_giri_; }
-    bool haGps() const { return gps_.has_value(); }
+    const std::string& canale_giri() const { return canale_giri_; }
+    bool ha_gps() const { return gps_.has_value(); }
     /// Lap numbers without any time of laps: the times are those of the records.
-    bool soloNumeri() const { return numero_ && !tempo_ && !corrente_; }
+    bool solo_numeri() const { return numero_ && !tempo_ && !corrente_; }
 
     void aggiungi(std::optional<double> tempo, const std::uint8_t* campioni);
 
     /// One fix a solution, on the receiver's clock.
-    std::vector<Fix> fixDelRicevitore() const;
+    std::vector<Fix> fix_del_ricevitore() const;
     /// The receiver's time when the logger's clock was 0, as it was at a solution; if records have no times, at that solution.
-    double inizioDelRicevitore(std::size_t soluzione) const;
+    double inizio_del_ricevitore(std::size_t soluzione) const;
     /// One fix for each record, on the logger's clock. A record without a new solution has only a speed. If records have no
     /// time, there are no fixes.
-    std::vector<Fix> fixDeiRecord() const;
+    std::vector<Fix> fix_dei_record() const;
 
-    /// The logger's laps. Call it once all records have been put in. If `guida`, made of `fixDeiRecord`, knows the times,
+    /// The logger's laps. Call it once all records have been put in. If `guida`, made of `fix_dei_record`, knows the times,
     /// the way out and the way in are added.
-    std::vector<Giro> giriDelRegistratore(const Guida& guida);
+    std::vector<Giro> giri_del_registratore(const Guida& guida);
 
 private:
     enum class Formato { pacchetto_2g, pacchetto_1g, canali };
 
-    void cercaGiri(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
-    void cercaVelocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
+    void cerca_giri(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
+    void cerca_velocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
     StatoCronometro cronometro(const std::uint8_t* campioni);
 
     struct Riga {

@@ -32,7 +32,7 @@ bool meglio(const Candidato& a, const Candidato& b) {
 }
 
 // A speed that one moving fix in ten is above: the greatest may be a receiver's slip, and then nothing else were fast.
-double velocitaAlta(const Guida& guida) {
+double velocita_alta(const Guida& guida) {
     std::vector<double> velocita;
     for (const std::size_t i : guida.validi())
         if (const double una = guida.velocita(i).value_or(0); una >= VELOCITA_MINIMA)
@@ -48,7 +48,7 @@ double velocitaAlta(const Guida& guida) {
 class Quadri {
 public:
     explicit Quadri(const Guida& guida) : guida_(guida) {
-        const double alta = velocitaAlta(guida);
+        const double alta = velocita_alta(guida);
         const double minima = std::max(VELOCITA_MINIMA, PARTE_VELOCE * alta);
         for (const std::size_t i : guida.validi())
             if (guida.velocita(i).value_or(0) >= minima && guida.direzione(i)) {
@@ -121,7 +121,7 @@ std::vector<std::size_t> sparsi(const Guida& guida, const std::vector<std::size_
 
 // As it will be written: what is printed gives the same passages.
 Linea scritta(const Linea& linea) {
-    return leggiLinea(testo(linea)).value_or(linea);
+    return leggi_linea(testo(linea)).value_or(linea);
 }
 
 // The passages at speed, exactly.
@@ -146,7 +146,7 @@ Linea centrata(const Guida& guida, const Linea& linea, double minimo) {
         const auto verso = guida.direzione(uno.dopo);
         if (uno.lento || uno.senza_fix || !verso)
             continue;
-        const double fianco = piana.aDestra(guida.punto(uno.dopo));
+        const double fianco = piana.a_destra(guida.punto(uno.dopo));
         centro.est += piana.centro.est + fianco * piana.dir_nord;
         centro.nord += piana.centro.nord - fianco * piana.dir_est;
         direzione.est += verso->est;
@@ -158,7 +158,7 @@ Linea centrata(const Guida& guida, const Linea& linea, double minimo) {
 
 }  // namespace
 
-std::optional<LineaTrovata> cercaLinea(const Guida& guida, double minimo) {
+std::optional<LineaTrovata> cerca_linea(const Guida& guida, double minimo) {
     const Quadri quadri(guida);
     std::vector<Candidato> candidati;
     for (const std::size_t fix : sparsi(guida, quadri.veloci()))

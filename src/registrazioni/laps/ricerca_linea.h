@@ -18,7 +18,7 @@ struct LineaTrovata {
 
 /// The place and direction that are passed most often at speed; of places that are passed as often, the fastest: there an
 /// error of the position costs the least time. Nothing where no place is passed twice.
-std::optional<LineaTrovata> cercaLinea(const Guida& guida, double minimo);
+std::optional<LineaTrovata> cerca_linea(const Guida& guida, double minimo);
 
 }  // namespace kel_registrazioni
 

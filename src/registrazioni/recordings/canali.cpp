@@ -16,7 +16,7 @@ namespace {
 static_assert(sizeof(s_kel_canale) == CANALE_BYTE, "the record of memory is the record of files");
 
 // Numbers are put together from their bytes, so that a file of the device reads the same everywhere.
-s_kel_canale leggiCanale(std::span<const std::uint8_t> byte) {
+s_kel_canale leggi_canale(std::span<const std::uint8_t> byte) {
     s_kel_canale canale;
     std::memcpy(&canale, byte.data(), sizeof canale);
     canale.indice = intero<std::uint16_t>(byte, offsetof(s_kel_canale, indice));
@@ -37,7 +37,7 @@ void disponi(std::span<s_kel_canale> canali) {
 }
 
 std::string chiamato(std::span<const s_kel_canale> canali, const s_kel_canale& canale) {
-    return "channel " + std::to_string(&canale - canali.data() + 1) + " ('" + nomeCanale(canale) + "')";
+    return "channel " + std::to_string(&canale - canali.data() + 1) + " ('" + nome_canale(canale) + "')";
 }
 
 void verifica(std::span<const s_kel_canale> canali, const Parole& parole) {
@@ -61,8 +61,8 @@ void verifica(std::span<const s_kel_canale> canali, const Parole& parole) {
 
 }  // namespace
 
-std::vector<s_kel_canale> leggiCanali(std::span<const std::uint8_t> byte, Disposizione disposizione,
-                                      const Parole& parole) {
+std::vector<s_kel_canale> leggi_canali(std::span<const std::uint8_t> byte, Disposizione disposizione,
+                                       const Parole& parole) {
     if (byte.empty())
         throw Errore("there are no channels in it");
     if (byte.size() % CANALE_BYTE != 0)
@@ -71,7 +71,7 @@ std::vector<s_kel_canale> leggiCanali(std::span<const std::uint8_t> byte, Dispos
     std::vector<s_kel_canale> canali;
     canali.reserve(byte.size() / CANALE_BYTE);
     for (std::size_t i = 0; i < byte.size(); i += CANALE_BYTE)
-        canali.push_back(leggiCanale(byte.subspan(i, CANALE_BYTE)));
+        canali.push_back(leggi_canale(byte.subspan(i, CANALE_BYTE)));
     for (const s_kel_canale& canale : canali)
         if (canale.tipo_campione >= NUM_TIPI_CAMPIONE)
             throw Errore(chiamato(canali, canale) + " has sample type " + std::to_string(canale.tipo_campione) +
@@ -82,14 +82,14 @@ std::vector<s_kel_canale> leggiCanali(std::span<const std::uint8_t> byte, Dispos
     return canali;
 }
 
-std::size_t dimensioneRecord(std::span<const s_kel_canale> canali) {
+std::size_t dimensione_record(std::span<const s_kel_canale> canali) {
     std::size_t dimensione = 0;
     for (const s_kel_canale& canale : canali)
         dimensione += canale.dim_buffer;
     return dimensione;
 }
 
-std::string nomeCanale(const s_kel_canale& canale) {
+std::string nome_canale(const s_kel_canale& canale) {
     for (const std::span<const char> testo : {std::span<const char>(canale.nome), std::span<const char>(canale.breve)})
         if (testo.front() != '\0')
             return {testo.begin(), std::find(testo.begin(), testo.end(), '\0')};

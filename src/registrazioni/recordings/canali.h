@@ -26,14 +26,14 @@ enum class Disposizione {
 
 /// The channel set of a file: records of 112 bytes, little-endian, as they lie in the device's memory.
 /// @throws Errore  when they are no such records: one line that names the channel at fault.
-std::vector<s_kel_canale> leggiCanali(std::span<const std::uint8_t> byte, Disposizione disposizione,
-                                      const Parole& parole = PAROLE_DELLA_FACCIA);
+std::vector<s_kel_canale> leggi_canali(std::span<const std::uint8_t> byte, Disposizione disposizione,
+                                       const Parole& parole = PAROLE_DELLA_FACCIA);
 
-/// Bytes of one record of samples of a set that `leggiCanali` gave.
-std::size_t dimensioneRecord(std::span<const s_kel_canale> canali);
+/// Bytes of one record of samples of a set that `leggi_canali` gave.
+std::size_t dimensione_record(std::span<const s_kel_canale> canali);
 
 /// A channel's name: the long one, else the short one, else that of its function.
-std::string nomeCanale(const s_kel_canale& canale);
+std::string nome_canale(const s_kel_canale& canale);
 
 }  // namespace kel_registrazioni
 

@@ -18,14 +18,14 @@ constexpr unsigned LARGHEZZA_NUMERO = 8;
 constexpr int DECIMALI_GRADI = 6;  // a float near 100 degrees is worth 0.000008
 
 // A packet channel whose samples are as long as its packet: only then are there subfields to read.
-bool conSottocampi(const s_kel_canale& canale) {
-    const auto tipo = tipoPacchetto(canale.fid);
+bool con_sottocampi(const s_kel_canale& canale) {
+    const auto tipo = tipo_pacchetto(canale.fid);
     return tipo && kelFunGetSamplSize(*tipo) == kelFunGetSamplSize(canale.tipo_campione) &&
            search_sottocampi_struct(kelFidOggetto(canale.fid), kelFidPosizione(canale.fid)) != nullptr;
 }
 
 // A subfield's own name, or the words of its fields: "Code Best Lap".
-std::string nomeSottocampo(kel_funpos pacchetto, kel_funpos fid) {
+std::string nome_sottocampo(kel_funpos pacchetto, kel_funpos fid) {
     if (fid == GPS_LATITUDINE)
         return "Latitude library rule";
     const s_sottocampo* riga =
@@ -41,11 +41,11 @@ std::string nomeSottocampo(kel_funpos pacchetto, kel_funpos fid) {
 // The time that the logger stamps on its GPS packet; the other packet has none of its own.
 constexpr kel_funpos GPS_TEMPO = kelFidComponi(FID_PHI_TIME, FID_OBJ_MASTER_CLOCK, FID_POS_GPS);
 
-bool diGps(const s_kel_canale& canale) {
+bool di_gps(const s_kel_canale& canale) {
     return canale.tipo_campione == KEL_TIPO_GPS_KEL || canale.tipo_campione == KEL_TIPO_GPS_NAVSOL;
 }
 
-std::string nomeCampo(CampoGps campo) {
+std::string nome_campo(CampoGps campo) {
     switch (campo) {
         case CampoGps::fix:
             return "GPS Fix";
@@ -66,7 +66,7 @@ void distingui(std::vector<ColonnaDati>& colonne, std::span<const s_kel_canale> 
     std::map<std::string, int> viste;
     for (ColonnaDati& colonna : colonne) {
         if (quante[chiave(colonna.nome)] > 1 && colonna.fid != canali[colonna.indice].fid)
-            colonna.nome = nomeCanale(canali[colonna.indice]) + " " + colonna.nome;
+            colonna.nome = nome_canale(canali[colonna.indice]) + " " + colonna.nome;
         const std::string nome = colonna.nome;
         for (int n = 2; viste[chiave(colonna.nome)]++ > 0; ++n)
             colonna.nome = nome + " " + std::to_string(n);
@@ -77,16 +77,16 @@ void distingui(std::vector<ColonnaDati>& colonne, std::span<const s_kel_canale> 
 
 ColonnaDati::ColonnaDati(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale,
                          kel_funpos funzione)
-    : nome(funzione == canale.fid ? nomeCanale(canale) : nomeSottocampo(canale.fid, funzione)),
+    : nome(funzione == canale.fid ? nome_canale(canale) : nome_sottocampo(canale.fid, funzione)),
       indice(indice_canale),
       fid(funzione),
-      pacchetto_intero_(funzione == canale.fid && diPacchetto(canale.tipo_campione)),
+      pacchetto_intero_(funzione == canale.fid && di_pacchetto(canale.tipo_campione)),
       misura_(canale.tipo_campione == KEL_TIPO_COORDINATA ? Misura::decimilionesimi : Misura::funzione) {
     conv_.larghezza = LARGHEZZA_NUMERO;
     if (fid != canale.fid && (fid == GPS_ACCURATEZZA_POSIZIONE || fid == GPS_ACCURATEZZA_VELOCITA))
         misura_ = Misura::byte_basso;
     if (misura_ == Misura::funzione) {
-        mostraIn(catalogo, canale, catalogo.getUnitaBase(fid));
+        mostra_in(catalogo, canale, catalogo.getUnitaBase(fid));
     } else {
         udm = misura_ == Misura::decimilionesimi ? "1e-7 deg" : fid == GPS_ACCURATEZZA_POSIZIONE ? "cm" : "cm/s";
         kelConvInit(&conv_, &canale, fid, kelFunGetConvData(fid, nullptr), 0, 0, 0);
@@ -95,9 +95,9 @@ ColonnaDati::ColonnaDati(const IFunzioni& catalogo, const s_kel_canale& canale, 
 
 ColonnaDati::ColonnaDati(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale,
                          CampoGps campo, std::shared_ptr<UltimaSoluzione> soluzione)
-    : nome(nomeCampo(campo)),
+    : nome(nome_campo(campo)),
       indice(indice_canale),
-      fid(fidDi(campo)),
+      fid(fid_di(campo)),
       udm(aspetto(campo).udm),
       campo_(campo),
       soluzione_(std::move(soluzione)) {
@@ -106,10 +106,10 @@ ColonnaDati::ColonnaDati(const IFunzioni& catalogo, const s_kel_canale& canale, 
     conv_.offset_campione =
         canale.offset_campione + kelFunGetSamplSize(canale.tipo_campione) - static_cast<std::uint32_t>(NAV_SOL_BYTE);
     if (campo == CampoGps::velocita)
-        mostraIn(catalogo, canale, catalogo.getUnitaBase(fid));
+        mostra_in(catalogo, canale, catalogo.getUnitaBase(fid));
 }
 
-bool ColonnaDati::mostraIn(const IFunzioni& catalogo, const s_kel_canale& canale, const std::string& nuova) {
+bool ColonnaDati::mostra_in(const IFunzioni& catalogo, const s_kel_canale& canale, const std::string& nuova) {
     if (campo_ && campo_ != CampoGps::velocita)
         return false;
     std::list<std::string> unita;
@@ -120,7 +120,7 @@ bool ColonnaDati::mostraIn(const IFunzioni& catalogo, const s_kel_canale& canale
         return false;
     udm = nuova;
     if (campo_) {
-        fattore_ = daMetriAlSecondo(catalogo, udm);
+        fattore_ = da_metri_al_secondo(catalogo, udm);
         decimali_ = std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3);
         return true;
     }
@@ -135,17 +135,17 @@ const Soluzione& ColonnaDati::soluzione(const std::uint8_t* campioni) const {
     return soluzione_->di(std::span<const std::uint8_t, NAV_SOL_BYTE>(campioni + conv_.offset_campione, NAV_SOL_BYTE));
 }
 
-bool ColonnaDati::haValore() const {
+bool ColonnaDati::ha_valore() const {
     if (campo_)
         return campo_ != CampoGps::utc;
     return conv_.valore != nullptr && !pacchetto_intero_;
 }
 
 std::optional<double> ColonnaDati::valore(const std::uint8_t* campioni) const {
-    if (!haValore())
+    if (!ha_valore())
         return std::nullopt;
     if (campo_) {
-        const auto numero = valoreGps(soluzione(campioni), *campo_);
+        const auto numero = valore_gps(soluzione(campioni), *campo_);
         return numero ? std::optional(*numero * fattore_) : std::nullopt;
     }
     std::uint32_t stato = 0;
@@ -159,7 +159,7 @@ std::string ColonnaDati::testo(const std::uint8_t* campioni) {
     return testo;
 }
 
-std::string ColonnaDati::nomeMisurato() const {
+std::string ColonnaDati::nome_misurato() const {
     return misura_ == Misura::byte_basso ? nome + " low byte" : nome;
 }
 
@@ -167,13 +167,13 @@ std::vector<ColonnaDati> colonne(IFunzioni& catalogo, std::span<const s_kel_cana
                                  const SceltaTabella& scelta) {
     std::vector<ColonnaDati> tutte;
     for (std::size_t i = 0; i < canali.size(); ++i) {
-        const bool pacchetto = conSottocampi(canali[i]);
+        const bool pacchetto = con_sottocampi(canali[i]);
         if (!pacchetto || scelta.testi)
             tutte.emplace_back(catalogo, canali[i], i, canali[i].fid);
         std::list<kel_funpos> interni;
         if (pacchetto)
             catalogo.getAllInnerFunpos(canali[i].fid, interni);
-        const bool wgs84 = pacchetto && diGps(canali[i]) && !scelta.dispositivo;
+        const bool wgs84 = pacchetto && di_gps(canali[i]) && !scelta.dispositivo;
         for (const kel_funpos fid : interni)
             if (fid != 0 && (!wgs84 || fid == GPS_TEMPO))  // 0 is a reserved word
                 tutte.emplace_back(catalogo, canali[i], i, fid);

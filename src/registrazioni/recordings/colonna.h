@@ -19,7 +19,7 @@ namespace kel_registrazioni {
 /// A channel, a subfield of a packet channel, or what a GPS packet says in WGS 84, in one unit.
 class ColonnaDati {
 public:
-    /// @param canale    of a set that `leggiCanali` gave; it is not kept.
+    /// @param canale    of a set that `leggi_canali` gave; it is not kept.
     /// @param funzione  the channel's, or that of a subfield of its packet.
     ColonnaDati(const IFunzioni& catalogo, const s_kel_canale& canale, std::size_t indice_canale, kel_funpos funzione);
 
@@ -29,7 +29,7 @@ public:
                 std::shared_ptr<UltimaSoluzione> soluzione);
 
     /// Shows another unit of its function; false when the function has no such unit.
-    bool mostraIn(const IFunzioni& catalogo, const s_kel_canale& canale, const std::string& nuova);
+    bool mostra_in(const IFunzioni& catalogo, const s_kel_canale& canale, const std::string& nuova);
 
     /// The value of a record's samples; nothing when the sample has none, or holds a reserved value.
     std::optional<double> valore(const std::uint8_t* campioni) const;
@@ -38,15 +38,15 @@ public:
     /// The solution that its field is of; only where there is a field.
     const Soluzione& soluzione(const std::uint8_t* campioni) const;
 
-    bool haValore() const;
+    bool ha_valore() const;
     /// Whether its values are in a unit of its function, so that another may be chosen.
-    bool conUnita() const { return misura_ == Misura::funzione && (!campo_ || campo_ == CampoGps::velocita); }
+    bool con_unita() const { return misura_ == Misura::funzione && (!campo_ || campo_ == CampoGps::velocita); }
     /// The field of a solution in WGS 84; nothing for what the library makes of the samples.
     std::optional<CampoGps> campo() const { return campo_; }
     /// A packet as a whole: it has a text and no value.
-    bool pacchettoIntero() const { return pacchetto_intero_; }
+    bool pacchetto_intero() const { return pacchetto_intero_; }
     /// Its name with what is to be said of its values: "Position Accuracy low byte".
-    std::string nomeMisurato() const;
+    std::string nome_misurato() const;
     /// The factor of a speed in WGS 84, from m/s to its unit; else 1.
     double fattore() const { return fattore_; }
     int decimali() const { return decimali_; }

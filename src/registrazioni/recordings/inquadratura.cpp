@@ -14,9 +14,9 @@ namespace {
 constexpr Orario TUTTI[] = {Orario::nessuno, Orario::u32ms, Orario::u64us};
 constexpr std::uint64_t ORA_MS = 3600000;  // no logger waits longer from record to record
 
-std::uint64_t orarioDi(const std::uint8_t* byte, Orario orario) {
+std::uint64_t orario_di(const std::uint8_t* byte, Orario orario) {
     std::uint64_t valore = 0;
-    for (std::size_t i = byteOrario(orario); i-- > 0;)
+    for (std::size_t i = byte_orario(orario); i-- > 0;)
         valore = valore << 8 | byte[i];
     return valore;
 }
@@ -25,15 +25,15 @@ std::uint64_t orarioDi(const std::uint8_t* byte, Orario orario) {
 std::vector<std::uint64_t> passi(std::span<const std::uint8_t> testa, const EsameOrario& esame) {
     std::vector<std::uint64_t> tutti;
     for (std::size_t i = 1; i < esame.record; ++i) {
-        const std::uint64_t prima = orarioDi(testa.data() + (i - 1) * esame.passo, esame.orario);
-        const std::uint64_t dopo = orarioDi(testa.data() + i * esame.passo, esame.orario);
+        const std::uint64_t prima = orario_di(testa.data() + (i - 1) * esame.passo, esame.orario);
+        const std::uint64_t dopo = orario_di(testa.data() + i * esame.passo, esame.orario);
         tutti.push_back(esame.orario == Orario::u32ms ? static_cast<std::uint32_t>(dopo - prima) : dopo - prima);
     }
     return tutti;
 }
 
 // One step in five may differ: records get lost, and sessions are joined.
-void guardaPassi(EsameOrario& esame, const std::vector<std::uint64_t>& tutti) {
+void guarda_passi(EsameOrario& esame, const std::vector<std::uint64_t>& tutti) {
     const std::uint64_t massimo = esame.orario == Orario::u32ms ? ORA_MS : ORA_MS * 1000;
     std::vector<std::uint64_t> avanti;
     std::copy_if(tutti.begin(), tutti.end(), std::back_inserter(avanti),
@@ -58,9 +58,9 @@ std::string misurato(Orario orario, std::uint64_t intervallo) {
 
 // "u32ms: 104 records of 103 bytes and 1 byte over, stamps not in even steps".
 std::string descritto(const EsameOrario& esame, std::optional<std::uint64_t> lunghezza) {
-    std::string testo = std::string(nomeOrario(esame.orario)) + ": records of " + contati(esame.passo, "byte");
+    std::string testo = std::string(nome_orario(esame.orario)) + ": records of " + contati(esame.passo, "byte");
     if (lunghezza)
-        testo = std::string(nomeOrario(esame.orario)) + ": " + contati(*lunghezza / esame.passo, "record") + " of " +
+        testo = std::string(nome_orario(esame.orario)) + ": " + contati(*lunghezza / esame.passo, "record") + " of " +
                 contati(esame.passo, "byte") + (esame.entra() ? "" : " and " + contati(*esame.resto, "byte") + " over");
     if (esame.orario != Orario::nessuno && esame.record > 1)
         testo += esame.regolare ? ", every " + misurato(esame.orario, esame.intervallo) : ", its steps not even";
@@ -69,11 +69,11 @@ std::string descritto(const EsameOrario& esame, std::optional<std::uint64_t> lun
 
 using Esami = std::array<EsameOrario, std::size(TUTTI)>;
 
-Esami esaminaTutti(std::span<const std::uint8_t> testa, std::size_t dimensione,
-                   std::optional<std::uint64_t> lunghezza) {
+Esami esamina_tutti(std::span<const std::uint8_t> testa, std::size_t dimensione,
+                    std::optional<std::uint64_t> lunghezza) {
     Esami esami;
     std::transform(std::begin(TUTTI), std::end(TUTTI), esami.begin(),
-                   [&](Orario orario) { return esaminaOrario(testa, dimensione, orario, lunghezza); });
+                   [&](Orario orario) { return esamina_orario(testa, dimensione, orario, lunghezza); });
     return esami;
 }
 
@@ -91,7 +91,7 @@ Esami esaminaTutti(std::span<const std::uint8_t> testa, std::size_t dimensione,
 }
 
 Inquadratura presa(const EsameOrario& esame, const std::string& perche) {
-    std::string testo = std::string("time stamps: ") + nomeOrario(esame.orario);
+    std::string testo = std::string("time stamps: ") + nome_orario(esame.orario);
     if (esame.orario != Orario::nessuno && esame.record > 1)
         testo += ", every " + misurato(esame.orario, esame.intervallo);
     return {esame.orario, esame.provato(), testo + perche};
@@ -99,32 +99,32 @@ Inquadratura presa(const EsameOrario& esame, const std::string& perche) {
 
 }  // namespace
 
-const char* nomeOrario(Orario orario) {
+const char* nome_orario(Orario orario) {
     return orario == Orario::u32ms ? "u32ms" : orario == Orario::u64us ? "u64us" : "none";
 }
 
-std::string lunghezzaErrata(std::uint64_t lunghezza, std::size_t passo) {
+std::string lunghezza_errata(std::uint64_t lunghezza, std::size_t passo) {
     return contati(lunghezza, "byte") + (lunghezza == 1 ? " is" : " are") + " no whole number of records of " +
            contati(passo, "byte") + ": " + contati(lunghezza / passo, "record") + " and " +
            contati(lunghezza % passo, "byte") + " over";
 }
 
-EsameOrario esaminaOrario(std::span<const std::uint8_t> testa, std::size_t dimensione, Orario orario,
-                          std::optional<std::uint64_t> lunghezza) {
+EsameOrario esamina_orario(std::span<const std::uint8_t> testa, std::size_t dimensione, Orario orario,
+                           std::optional<std::uint64_t> lunghezza) {
     EsameOrario esame;
     esame.orario = orario;
-    esame.passo = dimensione + byteOrario(orario);
+    esame.passo = dimensione + byte_orario(orario);
     esame.record = testa.size() / esame.passo;
     if (lunghezza)
         esame.resto = *lunghezza % esame.passo;
     if (orario != Orario::nessuno && esame.record > 1)
-        guardaPassi(esame, passi(testa, esame));
+        guarda_passi(esame, passi(testa, esame));
     return esame;
 }
 
-Inquadratura scegliInquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
-                                std::optional<std::uint64_t> lunghezza, const Parole& parole) {
-    const Esami esami = esaminaTutti(testa, dimensione, lunghezza);
+Inquadratura scegli_inquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
+                                 std::optional<std::uint64_t> lunghezza, const Parole& parole) {
+    const Esami esami = esamina_tutti(testa, dimensione, lunghezza);
     const EsameOrario& nessuno = esami.front();
     // How many pass a test, and the first that does.
     const auto quanti = [&esami](auto prova) { return std::count_if(esami.begin(), esami.end(), prova); };
@@ -158,9 +158,9 @@ Inquadratura scegliInquadratura(std::span<const std::uint8_t> testa, std::size_t
     indeciso(quanti(coppia) > 1 ? "two records are too few to tell" : "none fits", esami, lunghezza, parole);
 }
 
-Inquadratura verificaInquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
-                                  std::optional<std::uint64_t> lunghezza, Orario scelto, const Parole& parole) {
-    const Esami esami = esaminaTutti(testa, dimensione, lunghezza);
+Inquadratura verifica_inquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
+                                   std::optional<std::uint64_t> lunghezza, Orario scelto, const Parole& parole) {
+    const Esami esami = esamina_tutti(testa, dimensione, lunghezza);
     const EsameOrario& suo =
         *std::find_if(esami.begin(), esami.end(), [scelto](const EsameOrario& e) { return e.orario == scelto; });
     const auto meglio = std::find_if(esami.begin(), esami.end(), [scelto](const EsameOrario& e) {
@@ -169,9 +169,9 @@ Inquadratura verificaInquadratura(std::span<const std::uint8_t> testa, std::size
     const std::string consiglio =
         meglio == esami.end() ? "" : std::string("; ") + parole.orario + " " + descritto(*meglio, lunghezza);
     if (!suo.entra() && !suo.provato())
-        throw Errore(lunghezzaErrata(lunghezza.value_or(0), suo.passo) + consiglio);
+        throw Errore(lunghezza_errata(lunghezza.value_or(0), suo.passo) + consiglio);
     Inquadratura inquadratura{scelto, suo.provato(), ""};
-    const std::string opzione = std::string("warning: ") + parole.orario + " " + nomeOrario(scelto);
+    const std::string opzione = std::string("warning: ") + parole.orario + " " + nome_orario(scelto);
     if (scelto != Orario::nessuno && suo.record > 1 && !suo.regolare)
         inquadratura.detto = opzione + ": the time stamps do not run forward in even steps" + consiglio;
     else if (!consiglio.empty() && !suo.provato())

@@ -41,25 +41,26 @@ struct Inquadratura {
 /// @param testa       the first bytes of the samples.
 /// @param dimensione  bytes of a record without its time stamp.
 /// @param lunghezza   of all samples, where it is known.
-EsameOrario esaminaOrario(std::span<const std::uint8_t> testa, std::size_t dimensione, Orario orario,
-                          std::optional<std::uint64_t> lunghezza);
+EsameOrario esamina_orario(std::span<const std::uint8_t> testa, std::size_t dimensione, Orario orario,
+                           std::optional<std::uint64_t> lunghezza);
 
 /// The framing under which the time stamps run forward in even steps. If there is none, and the length is a whole number of
 /// records without stamps, the framing without stamps. `detto` names it.
 /// @throws Errore  when no framing fits, or several fit alike: one line that tells what each of them would be.
-Inquadratura scegliInquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
-                                std::optional<std::uint64_t> lunghezza, const Parole& parole = PAROLE_DELLA_FACCIA);
+Inquadratura scegli_inquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
+                                 std::optional<std::uint64_t> lunghezza, const Parole& parole = PAROLE_DELLA_FACCIA);
 
 /// A framing that the user has chosen. `detto` is a warning where the samples speak against it.
 /// @throws Errore  when the length is no whole number of its records and the stamps do not prove it all the same.
-Inquadratura verificaInquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
-                                  std::optional<std::uint64_t> lunghezza, Orario scelto, const Parole& parole = PAROLE_DELLA_FACCIA);
+Inquadratura verifica_inquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
+                                   std::optional<std::uint64_t> lunghezza, Orario scelto,
+                                   const Parole& parole = PAROLE_DELLA_FACCIA);
 
 /// "none", "u32ms", "u64us".
-const char* nomeOrario(Orario orario);
+const char* nome_orario(Orario orario);
 
 /// "10713 bytes are no whole number of records of 103 bytes: 104 records and 1 byte over".
-std::string lunghezzaErrata(std::uint64_t lunghezza, std::size_t passo);
+std::string lunghezza_errata(std::uint64_t lunghezza, std::size_t passo);
 
 }  // namespace kel_registrazioni
 

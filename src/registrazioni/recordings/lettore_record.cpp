@@ -15,14 +15,14 @@ constexpr std::uint32_t ORA_MS = 3600000;
 
 }  // namespace
 
-std::size_t byteOrario(Orario orario) {
+std::size_t byte_orario(Orario orario) {
     return orario == Orario::u32ms ? 4 : orario == Orario::u64us ? 8 : 0;
 }
 
 LettoreRecord::LettoreRecord(Fonte fonte, std::size_t dimensione, Orario orario)
     : fonte_(std::move(fonte)),
       orario_(orario),
-      passo_(dimensione + byteOrario(orario)),
+      passo_(dimensione + byte_orario(orario)),
       buffer_(std::max(BUFFER, passo_)) {}
 
 bool LettoreRecord::prossimo() {
@@ -40,15 +40,15 @@ bool LettoreRecord::prossimo() {
     corrente_ = inizio_;
     inizio_ += passo_;
     ++record_;
-    leggiOrario();
+    leggi_orario();
     return true;
 }
 
 const std::uint8_t* LettoreRecord::campioni() const {
-    return buffer_.data() + corrente_ + byteOrario(orario_);
+    return buffer_.data() + corrente_ + byte_orario(orario_);
 }
 
-void LettoreRecord::leggiOrario() {
+void LettoreRecord::leggi_orario() {
     const auto byte = std::span<const std::uint8_t>(buffer_).subspan(corrente_);
     if (orario_ == Orario::u64us)
         orario_letto_ = intero<std::uint64_t>(byte, 0);

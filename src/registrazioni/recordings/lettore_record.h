@@ -13,7 +13,7 @@ namespace kel_registrazioni {
 enum class Orario { nessuno, u32ms, u64us };
 
 /// Bytes of a time stamp.
-std::size_t byteOrario(Orario orario);
+std::size_t byte_orario(Orario orario);
 
 /// Records of samples out of a stream of bytes, in constant memory.
 class LettoreRecord {
@@ -39,7 +39,7 @@ public:
     std::size_t avanzo() const { return fine_ - inizio_; }
 
 private:
-    void leggiOrario();
+    void leggi_orario();
 
     Fonte fonte_;
     Orario orario_;

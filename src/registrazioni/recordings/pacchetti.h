@@ -10,7 +10,7 @@
 namespace kel_registrazioni {
 
 /// The sample type of a packet channel, known from its function; nothing for other functions.
-constexpr std::optional<std::uint32_t> tipoPacchetto(kel_funpos fid) {
+constexpr std::optional<std::uint32_t> tipo_pacchetto(kel_funpos fid) {
     if (kelFidGrandezza(fid) != FID_PHI_PACKAGE)
         return std::nullopt;
     switch (kelFidOggetto(fid)) {
@@ -26,7 +26,7 @@ constexpr std::optional<std::uint32_t> tipoPacchetto(kel_funpos fid) {
 }
 
 /// The formats whose text sums up a packet; their value is always 0.
-constexpr bool diPacchetto(std::uint32_t tipo) {
+constexpr bool di_pacchetto(std::uint32_t tipo) {
     switch (tipo) {
         case KEL_TIPO_LAP_2G:
         case KEL_TIPO_GPS_KEL:

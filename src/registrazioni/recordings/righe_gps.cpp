@@ -25,43 +25,43 @@ void metti(const s_kel_lettura& lettura, std::size_t riga, Valore valore) {
     segna(lettura, riga);
 }
 
-void scriviTesto(const s_kel_lettura& lettura, std::size_t riga, const std::string& testo) {
+void scrivi_testo(const s_kel_lettura& lettura, std::size_t riga, const std::string& testo) {
     if (lettura.testi != nullptr)
         std::copy_n(testo.begin(), std::min(testo.size(), TESTO - 1), lettura.testi + riga * TESTO);
 }
 
 }  // namespace
 
-eKelValori valoriDi(CampoGps campo) {
+eKelValori valori_di(CampoGps campo) {
     return campo == CampoGps::utc                                   ? KEL_VALORI_ISTANTE
            : campo == CampoGps::fix || campo == CampoGps::satelliti ? KEL_VALORI_UINT32
                                                                     : KEL_VALORI_DOUBLE;
 }
 
-void scriviCampo(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione, CampoGps campo,
-                 double fattore, int decimali) {
+void scrivi_campo(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione, CampoGps campo,
+                  double fattore, int decimali) {
     if (campo == CampoGps::utc) {
         if (!soluzione.utc)
             return;
         metti(lettura, riga, soluzione.utc->microsecondi());
-        scriviTesto(lettura, riga, lettura.testi != nullptr ? soluzione.utc->testo() : "");
+        scrivi_testo(lettura, riga, lettura.testi != nullptr ? soluzione.utc->testo() : "");
         return;
     }
-    const auto valore = valoreGps(soluzione, campo);
+    const auto valore = valore_gps(soluzione, campo);
     if (!valore)
         return;
-    if (valoriDi(campo) == KEL_VALORI_UINT32)
+    if (valori_di(campo) == KEL_VALORI_UINT32)
         metti(lettura, riga, static_cast<std::uint32_t>(*valore));
     else
         metti(lettura, riga, *valore * fattore);
     if (lettura.testi != nullptr)
-        scriviTesto(lettura, riga, conDecimali(*valore * fattore, decimali));
+        scrivi_testo(lettura, riga, con_decimali(*valore * fattore, decimali));
 }
 
-void scriviSettimana(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione) {
+void scrivi_settimana(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione) {
     metti(lettura, riga, soluzione.settimana_ms);
     if (lettura.testi != nullptr)
-        scriviTesto(lettura, riga, std::to_string(soluzione.settimana_ms));
+        scrivi_testo(lettura, riga, std::to_string(soluzione.settimana_ms));
 }
 
 void azzera(const s_kel_lettura& lettura, eKelValori valori, std::size_t righe) {

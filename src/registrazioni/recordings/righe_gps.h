@@ -10,17 +10,17 @@
 namespace kel_registrazioni {
 
 /// What the values of a field are.
-eKelValori valoriDi(CampoGps campo);
+eKelValori valori_di(CampoGps campo);
 
 /// Writes a field of a row's solution: its value, whether it has one, its text.
 /// @param fattore   from m/s to the unit of the speed.
 /// @param decimali  of the text.
 /// @param riga      from where the reading begins.
-void scriviCampo(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione, CampoGps campo,
-                 double fattore, int decimali);
+void scrivi_campo(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione, CampoGps campo,
+                  double fattore, int decimali);
 
 /// The same for the time of week.
-void scriviSettimana(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione);
+void scrivi_settimana(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione);
 
 /// All rows without a value, before the fields are written.
 void azzera(const s_kel_lettura& lettura, eKelValori valori, std::size_t righe);

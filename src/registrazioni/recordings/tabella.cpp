@@ -6,7 +6,7 @@
 
 namespace kel_registrazioni {
 
-std::string nomeLungo(const IFunzioni& catalogo, kel_funpos fid) {
+std::string nome_lungo(const IFunzioni& catalogo, kel_funpos fid) {
     return fid == 0 ? "" : catalogo.getNomeFunzione(fid, false);
 }
 

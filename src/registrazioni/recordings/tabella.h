@@ -41,14 +41,14 @@ public:
     /// The end of the stream; the rows that only now are sure are at hand.
     virtual void fine() = 0;
 
-    virtual bool conTempo() const = 0;
+    virtual bool con_tempo() const = 0;
     /// When a row at hand was taken, microseconds; nothing for more than 63 bits hold.
     virtual std::optional<std::int64_t> microsecondi(std::uint64_t riga) = 0;
     /// The same, seconds.
     virtual double secondi(std::uint64_t riga) = 0;
 
     /// Another unit of a column; false where its function has none of this name.
-    virtual bool mostraIn(std::size_t colonna, const std::string& udm) = 0;
+    virtual bool mostra_in(std::size_t colonna, const std::string& udm) = 0;
     /// All of the rows must be at hand, and the columns exist.
     virtual void leggi(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture) = 0;
 
@@ -59,7 +59,7 @@ public:
     const std::string& detto() const { return detto_; }
     std::uint64_t prima() const { return prima_; }
     std::uint64_t righe() const { return righe_; }
-    bool aPortata(std::uint64_t da, std::uint64_t quante) const {
+    bool a_portata(std::uint64_t da, std::uint64_t quante) const {
         return da >= prima_ && da - prima_ <= righe_ && quante <= righe_ - (da - prima_);
     }
 
@@ -71,7 +71,7 @@ protected:
 };
 
 /// The catalogue's name of a function; "" for none.
-std::string nomeLungo(const IFunzioni& catalogo, kel_funpos fid);
+std::string nome_lungo(const IFunzioni& catalogo, kel_funpos fid);
 
 /// The unit that values are in: nothing for what the catalogue puts in its place where there is none ("#", "gear" and the
 /// like), "ms" for the "time" of a lap.

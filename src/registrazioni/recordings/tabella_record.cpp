@@ -24,13 +24,13 @@ constexpr std::int64_t MILLE = 1000;
 constexpr double MILIONE = 1e6;
 
 // As many bytes as decide a framing: four records even of those that are a megabyte long.
-std::size_t dimensioneTesta(bool lunghezza_nota, std::size_t dimensione) {
+std::size_t dimensione_testa(bool lunghezza_nota, std::size_t dimensione) {
     const std::size_t record = lunghezza_nota ? RECORD_DI_FILE : RECORD_DI_FLUSSO;
-    const std::size_t passo = dimensione + byteOrario(Orario::u64us);
+    const std::size_t passo = dimensione + byte_orario(Orario::u64us);
     return std::max(std::min(record * passo, TESTA_MASSIMA), 4 * passo);
 }
 
-std::optional<Orario> orarioChiesto(const s_kel_apertura& apertura) {
+std::optional<Orario> orario_chiesto(const s_kel_apertura& apertura) {
     if (apertura.frequenza != 0 && !(apertura.frequenza >= FREQUENZA_MINIMA && apertura.frequenza <= FREQUENZA_MASSIMA))
         throw Errore("frequenza is no rate; accepted: records a second, 0.001 to 1000000, or 0");
     if (apertura.frequenza > 0 && apertura.orario != KEL_ORARIO_TROVATO && apertura.orario != KEL_ORARIO_NESSUNO)
@@ -52,14 +52,14 @@ std::optional<Orario> orarioChiesto(const s_kel_apertura& apertura) {
 
 TabellaRecord::TabellaRecord(Byte canali, std::optional<Byte> campioni, const s_kel_apertura& apertura)
     : catalogo_(IFunzioni::CreateMe()),
-      chiesto_(orarioChiesto(apertura)),
+      chiesto_(orario_chiesto(apertura)),
       spinta_(!campioni),
       frequenza_(apertura.frequenza),
       lunghezza_(apertura.lunghezza) {
     if (canali.size() > CANALI_MASSIMI * CANALE_BYTE)
         throw Errore("there are more than " + std::to_string(CANALI_MASSIMI) + " channel records");
-    canali_ = leggiCanali(canali, apertura.compatta != 0 ? Disposizione::compatta : Disposizione::dichiarata);
-    dimensione_ = dimensioneRecord(canali_);
+    canali_ = leggi_canali(canali, apertura.compatta != 0 ? Disposizione::compatta : Disposizione::dichiarata);
+    dimensione_ = dimensione_record(canali_);
     colonne_ = colonne(*catalogo_, canali_, {apertura.pacchetti != 0, apertura.dispositivo != 0});
     for (const ColonnaDati& colonna : colonne_)
         voci_.push_back(voce(colonna));
@@ -72,25 +72,25 @@ TabellaRecord::TabellaRecord(Byte canali, std::optional<Byte> campioni, const s_
 
 VoceColonna TabellaRecord::voce(const ColonnaDati& colonna) const {
     VoceColonna voce;
-    voce.nome = colonna.nomeMisurato();
-    voce.lungo = nomeLungo(*catalogo_, colonna.fid);
+    voce.nome = colonna.nome_misurato();
+    voce.lungo = nome_lungo(*catalogo_, colonna.fid);
     voce.udm = misura(colonna.udm);
     voce.fid = colonna.fid;
     voce.canale = static_cast<std::uint32_t>(colonna.indice);
-    voce.valori = colonna.campo()      ? valoriDi(*colonna.campo())
-                  : colonna.haValore() ? KEL_VALORI_FLOAT
-                                       : KEL_VALORI_NESSUNO;
+    voce.valori = colonna.campo()       ? valori_di(*colonna.campo())
+                  : colonna.ha_valore() ? KEL_VALORI_FLOAT
+                                        : KEL_VALORI_NESSUNO;
     voce.decimali = colonna.decimali();
     return voce;
 }
 
 void TabellaRecord::inquadra(std::optional<std::uint64_t> lunghezza) {
-    const Byte testa = byte_.first(std::min(byte_.size(), dimensioneTesta(lunghezza.has_value(), dimensione_)));
-    const Inquadratura inquadratura = chiesto_ ? verificaInquadratura(testa, dimensione_, lunghezza, *chiesto_)
-                                               : scegliInquadratura(testa, dimensione_, lunghezza);
+    const Byte testa = byte_.first(std::min(byte_.size(), dimensione_testa(lunghezza.has_value(), dimensione_)));
+    const Inquadratura inquadratura = chiesto_ ? verifica_inquadratura(testa, dimensione_, lunghezza, *chiesto_)
+                                               : scegli_inquadratura(testa, dimensione_, lunghezza);
     detto_ = testa.empty() ? "" : inquadratura.detto;
     orario_ = inquadratura.orario;
-    passo_ = dimensione_ + byteOrario(orario_);
+    passo_ = dimensione_ + byte_orario(orario_);
     inquadrata_ = true;
     mostra();
 }
@@ -119,7 +119,7 @@ void TabellaRecord::spingi(Byte pezzo) {
     byte_ = raccolti_;
     if (inquadrata_) {
         mostra();
-    } else if (byte_.size() >= dimensioneTesta(lunghezza_ != 0, dimensione_)) {
+    } else if (byte_.size() >= dimensione_testa(lunghezza_ != 0, dimensione_)) {
         finita_ = true;  // unless a framing is found
         inquadra(lunghezza_ != 0 ? std::optional(lunghezza_) : std::nullopt);
         finita_ = false;
@@ -182,9 +182,9 @@ std::optional<std::int64_t> TabellaRecord::microsecondi(std::uint64_t riga) {
     return tempo <= MASSIMO / quanti ? std::optional(static_cast<std::int64_t>(tempo * quanti)) : std::nullopt;
 }
 
-bool TabellaRecord::mostraIn(std::size_t colonna, const std::string& udm) {
+bool TabellaRecord::mostra_in(std::size_t colonna, const std::string& udm) {
     ColonnaDati& sua = colonne_[colonna];
-    if (!sua.mostraIn(*catalogo_, canali_[sua.indice], udm))
+    if (!sua.mostra_in(*catalogo_, canali_[sua.indice], udm))
         return false;
     voci_[colonna] = voce(sua);
     return true;
@@ -205,7 +205,7 @@ void TabellaRecord::leggi(std::uint64_t da, std::size_t quante, std::span<const 
             soluzioni = true;
             continue;
         }
-        const bool valori = colonna.haValore();
+        const bool valori = colonna.ha_valore();
         if (!valori)
             azzera(una, KEL_VALORI_NESSUNO, quante);
         convertitori.push_back(colonna.convertitore());
@@ -215,11 +215,11 @@ void TabellaRecord::leggi(std::uint64_t da, std::size_t quante, std::span<const 
     if (!lette.empty())
         kelColLeggi(campioni(da), passo_, quante, lette.data(), static_cast<unsigned>(lette.size()));
     if (soluzioni)
-        leggiSoluzioni(da, quante, letture);
+        leggi_soluzioni(da, quante, letture);
 }
 
 // Each packet is taken apart once for all columns of its channel.
-void TabellaRecord::leggiSoluzioni(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture) {
+void TabellaRecord::leggi_soluzioni(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture) {
     std::vector<s_kel_lettura> sue;
     for (const s_kel_lettura& una : letture)
         if (colonne_[una.colonna].campo())
@@ -234,7 +234,7 @@ void TabellaRecord::leggiSoluzioni(std::uint64_t da, std::size_t quante, std::sp
             const Soluzione& soluzione = prima.soluzione(campioni(da + riga));
             for (std::size_t k = i; k < oltre; ++k) {
                 const ColonnaDati& colonna = colonne_[sue[k].colonna];
-                scriviCampo(sue[k], riga, soluzione, *colonna.campo(), colonna.fattore(), colonna.decimali());
+                scrivi_campo(sue[k], riga, soluzione, *colonna.campo(), colonna.fattore(), colonna.decimali());
             }
         }
         i = oltre;

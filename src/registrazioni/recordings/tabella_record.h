@@ -20,10 +20,10 @@ public:
     void spingi(Byte pezzo) override;
     void fine() override;
 
-    bool conTempo() const override { return frequenza_ > 0 || (inquadrata_ && orario_ != Orario::nessuno); }
+    bool con_tempo() const override { return frequenza_ > 0 || (inquadrata_ && orario_ != Orario::nessuno); }
     std::optional<std::int64_t> microsecondi(std::uint64_t riga) override;
     double secondi(std::uint64_t riga) override;
-    bool mostraIn(std::size_t colonna, const std::string& udm) override;
+    bool mostra_in(std::size_t colonna, const std::string& udm) override;
     void leggi(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture) override;
     std::uint64_t avanzo() const override { return byte_.size() - righe_ * (inquadrata_ ? passo_ : 0); }
     eKelOrario orario() const override;
@@ -32,7 +32,7 @@ public:
     std::span<const s_kel_canale> canali() const { return canali_; }
     /// The samples of a row at hand.
     const std::uint8_t* campioni(std::uint64_t riga) const {
-        return byte_.data() + (riga - prima_) * passo_ + byteOrario(orario_);
+        return byte_.data() + (riga - prima_) * passo_ + byte_orario(orario_);
     }
 
 private:
@@ -40,7 +40,7 @@ private:
     void mostra();
     VoceColonna voce(const ColonnaDati& colonna) const;
     std::uint64_t marca(std::uint64_t riga);
-    void leggiSoluzioni(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture);
+    void leggi_soluzioni(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture);
 
     std::unique_ptr<IFunzioni> catalogo_;
     std::vector<s_kel_canale> canali_;

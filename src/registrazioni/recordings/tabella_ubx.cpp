@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t SETTIMANA = 0;  // the first column is the time of week, then come the fields
 
-CampoGps campoDi(std::size_t colonna) {
+CampoGps campo_di(std::size_t colonna) {
     return CAMPI_GPS[colonna - 1];
 }
 
@@ -36,12 +36,12 @@ TabellaUbx::TabellaUbx(std::optional<Byte> flusso)
     voci_.push_back({"Time of Week", "", "ms", 0, 0, KEL_VALORI_UINT32, 0});
     for (const CampoGps campo : CAMPI_GPS) {
         const AspettoGps& suo = aspetto(campo);
-        voci_.push_back(
-            {suo.nome, nomeLungo(*catalogo_, fidDi(campo)), suo.udm, fidDi(campo), 0, valoriDi(campo), suo.decimali});
+        voci_.push_back({suo.nome, nome_lungo(*catalogo_, fid_di(campo)), suo.udm, fid_di(campo), 0, valori_di(campo),
+                         suo.decimali});
     }
     for (std::size_t i = 1; i < voci_.size(); ++i)
-        if (campoDi(i) == CampoGps::velocita)
-            mostraIn(i, catalogo_->getUnitaBase(GPS_VELOCITA));
+        if (campo_di(i) == CampoGps::velocita)
+            mostra_in(i, catalogo_->getUnitaBase(GPS_VELOCITA));
     if (spinta_)
         return;
     finita_ = true;
@@ -60,7 +60,7 @@ void TabellaUbx::raccogli() {
             posto = raccolti_.size();
             raccolti_.insert(raccolti_.end(), lettore_.payload().begin(), lettore_.payload().end());
         }
-        messaggi_.push_back({posto, orologio_.secondi(lettore_.soluzione().settimana_ms), lettore_.daPvt()});
+        messaggi_.push_back({posto, orologio_.secondi(lettore_.soluzione().settimana_ms), lettore_.da_pvt()});
     }
     if (spinta_)
         byte_ = raccolti_;
@@ -92,14 +92,14 @@ void TabellaUbx::fine() {
 Soluzione TabellaUbx::soluzione(std::uint64_t quale) const {
     const Riga& sua = riga(quale);
     const Byte dati = payload(sua);
-    return sua.pvt ? daNavPvt(dati.first<NAV_PVT_BYTE>()) : daNavSol(dati.first<NAV_SOL_BYTE>());
+    return sua.pvt ? da_nav_pvt(dati.first<NAV_PVT_BYTE>()) : da_nav_sol(dati.first<NAV_SOL_BYTE>());
 }
 
-std::array<std::uint8_t, NAV_SOL_BYTE> TabellaUbx::navSol(std::uint64_t quale) const {
+std::array<std::uint8_t, NAV_SOL_BYTE> TabellaUbx::nav_sol(std::uint64_t quale) const {
     const Riga& sua = riga(quale);
     const Byte dati = payload(sua);
     if (sua.pvt)
-        return navSolDaPvt(dati.first<NAV_PVT_BYTE>());
+        return nav_sol_da_pvt(dati.first<NAV_PVT_BYTE>());
     std::array<std::uint8_t, NAV_SOL_BYTE> sol{};
     std::ranges::copy(dati, sol.begin());
     return sol;
@@ -114,14 +114,14 @@ std::optional<std::int64_t> TabellaUbx::microsecondi(std::uint64_t quale) {
     return std::llround(riga(quale).tempo * MILLE) * 1000;  // whole milliseconds
 }
 
-bool TabellaUbx::mostraIn(std::size_t colonna, const std::string& udm) {
-    if (colonna == SETTIMANA || campoDi(colonna) != CampoGps::velocita)
+bool TabellaUbx::mostra_in(std::size_t colonna, const std::string& udm) {
+    if (colonna == SETTIMANA || campo_di(colonna) != CampoGps::velocita)
         return false;
     std::list<std::string> unita;
     catalogo_->getFunzUIVs(GPS_VELOCITA, unita);
     if (std::ranges::find(unita, udm) == unita.end())
         return false;
-    fattore_ = daMetriAlSecondo(*catalogo_, udm);
+    fattore_ = da_metri_al_secondo(*catalogo_, udm);
     voci_[colonna].udm = udm;
     return true;
 }
@@ -133,11 +133,11 @@ void TabellaUbx::leggi(std::uint64_t da, std::size_t quante, std::span<const s_k
         const Soluzione sua = soluzione(da + i);
         for (const s_kel_lettura& una : letture) {
             if (una.colonna == SETTIMANA) {
-                scriviSettimana(una, i, sua);
+                scrivi_settimana(una, i, sua);
                 continue;
             }
-            const CampoGps campo = campoDi(una.colonna);
-            scriviCampo(una, i, sua, campo, campo == CampoGps::velocita ? fattore_ : 1, voci_[una.colonna].decimali);
+            const CampoGps campo = campo_di(una.colonna);
+            scrivi_campo(una, i, sua, campo, campo == CampoGps::velocita ? fattore_ : 1, voci_[una.colonna].decimali);
         }
     }
 }

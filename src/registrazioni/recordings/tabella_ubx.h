@@ -19,16 +19,16 @@ public:
     void spingi(Byte pezzo) override;
     void fine() override;
 
-    bool conTempo() const override { return true; }
+    bool con_tempo() const override { return true; }
     std::optional<std::int64_t> microsecondi(std::uint64_t quale) override;
     double secondi(std::uint64_t quale) override;
-    bool mostraIn(std::size_t colonna, const std::string& udm) override;
+    bool mostra_in(std::size_t colonna, const std::string& udm) override;
     void leggi(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture) override;
-    std::uint64_t avanzo() const override { return finita_ ? lettore_.byte().byte_troncati : lettore_.inAttesa(); }
+    std::uint64_t avanzo() const override { return finita_ ? lettore_.byte().byte_troncati : lettore_.in_attesa(); }
 
     /// The solution of a row at hand, and the payload of NAV-SOL that it has, or would have.
     Soluzione soluzione(std::uint64_t quale) const;
-    std::array<std::uint8_t, NAV_SOL_BYTE> navSol(std::uint64_t quale) const;
+    std::array<std::uint8_t, NAV_SOL_BYTE> nav_sol(std::uint64_t quale) const;
     /// What was found in the stream so far.
     const LettoreSoluzioni& lettore() const { return lettore_; }
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr kel_funpos tutto_uno = kelFidComponi(FID_MASK_PHI, FID_MASK_OBJ, FID_MASK_POS) |
+constexpr kel_funpos TUTTO_UNO = kelFidComponi(FID_MASK_PHI, FID_MASK_OBJ, FID_MASK_POS) |
                                  kel_funpos{FID_MASK_INOUT} << FID_SHIFT_INOUT |
                                  kel_funpos{FID_MASK_NUMBERED} << FID_SHIFT_NUMBERED |
                                  kelFidLati(FID_MASK_LEFTRIGHT, FID_MASK_FRONTREAR, FID_MASK_UPDOWN);
@@ -16,7 +16,7 @@ struct Campo {
     kel_funpos bit;
 };
 
-constexpr Campo campi[] = {
+constexpr Campo CAMPI[] = {
     {"quantity", kel_funpos{FID_MASK_PHI} << FID_SHIFT_PHI},
     {"object", kel_funpos{FID_MASK_OBJ} << FID_SHIFT_OBJ},
     {"position", kel_funpos{FID_MASK_POS} << FID_SHIFT_POS},
@@ -31,16 +31,16 @@ constexpr Campo campi[] = {
 TEST(FullMatch, ComparesNoFieldThatIsLeftOut) {
     s_kel_canale canale;
     std::memset(&canale, 0, sizeof canale);
-    canale.fid = tutto_uno;
+    canale.fid = TUTTO_UNO;
     s_set_canali set;
     kelFunInit(&set, &canale, 1, 1);
-    for (const Campo& campo : campi) {
-        EXPECT_EQ(kelFunGetMatchChFull(&set, tutto_uno & ~campo.bit), &canale) << "without " << campo.nome;
+    for (const Campo& campo : CAMPI) {
+        EXPECT_EQ(kelFunGetMatchChFull(&set, TUTTO_UNO & ~campo.bit), &canale) << "without " << campo.nome;
         for (unsigned bit = 0; bit < 29; ++bit) {
             const kel_funpos uno = kel_funpos{1} << bit;
             if ((campo.bit & uno) == 0 || campo.bit == uno)
                 continue;
-            EXPECT_EQ(kelFunGetMatchChFull(&set, tutto_uno & ~uno), nullptr) << campo.nome << " without bit " << bit;
+            EXPECT_EQ(kelFunGetMatchChFull(&set, TUTTO_UNO & ~uno), nullptr) << campo.nome << " without bit " << bit;
         }
     }
 }

@@ -10,18 +10,18 @@
 
 namespace {
 
-constexpr kel_funpos kGps = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
-constexpr kel_funpos kUbx = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_UBXNAVSOL);
-constexpr kel_funpos kGiro2G = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL2G);
-constexpr kel_funpos kGiro1G = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL1G);
-constexpr kel_funpos kGiro2Gv2 = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL2Gv2);
-constexpr kel_funpos kDataOra = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_DATETIME, 0);
+constexpr kel_funpos GPS = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
+constexpr kel_funpos UBX = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_UBXNAVSOL);
+constexpr kel_funpos GIRO2_G = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL2G);
+constexpr kel_funpos GIRO1_G = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL1G);
+constexpr kel_funpos GIRO2_GV2 = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL2Gv2);
+constexpr kel_funpos DATA_ORA = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_DATETIME, 0);
 
-constexpr kel_funpos Fid(unsigned grandezza, unsigned oggetto = 0, unsigned posizione = 0) {
+constexpr kel_funpos fid(unsigned grandezza, unsigned oggetto = 0, unsigned posizione = 0) {
     return kelFidComponi(grandezza, oggetto, posizione);
 }
 
-constexpr int kNessuno = -1;
+constexpr int NESSUNO = -1;
 
 class Canali {
 public:
@@ -34,16 +34,16 @@ public:
         kelFunInit(&set_, canali_.data(), static_cast<unsigned>(canali_.size()), static_cast<unsigned>(fid.size()));
     }
 
-    int Match(kel_funpos fid) const {
+    int match(kel_funpos fid) const {
         const s_kel_canale* trovato = kelFunGetMatchCh(&set_, fid);
         // The catalogue's own search is the same.
         const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe(set_.canali, set_.usati));
         EXPECT_EQ(catalogo->getMatchCh(fid), trovato) << std::hex << fid;
-        return Indice(trovato);
+        return indice(trovato);
     }
-    int Full(kel_funpos fid) const { return Indice(kelFunGetMatchChFull(&set_, fid)); }
+    int full(kel_funpos fid) const { return indice(kelFunGetMatchChFull(&set_, fid)); }
 
-    std::vector<int> List(kel_funpos fid, unsigned capacita = 32) const {
+    std::vector<int> list(kel_funpos fid, unsigned capacita = 32) const {
         s_kel_canale* trovati[32] = {};
         unsigned numero = capacita;
         const int esito = kelFunGetMatchChList(&set_, fid, trovati, &numero);
@@ -55,7 +55,7 @@ public:
         }
         EXPECT_EQ(esito, 1);
         for (unsigned i = 0; i < numero; ++i) {
-            indici.push_back(Indice(trovati[i]));
+            indici.push_back(indice(trovati[i]));
         }
         for (unsigned i = numero; i < 32; ++i) {
             EXPECT_EQ(trovati[i], nullptr);
@@ -66,8 +66,8 @@ public:
     s_set_canali& set() { return set_; }
 
 private:
-    int Indice(const s_kel_canale* canale) const {
-        return canale == nullptr ? kNessuno : static_cast<int>(canale - canali_.data());
+    int indice(const s_kel_canale* canale) const {
+        return canale == nullptr ? NESSUNO : static_cast<int>(canale - canali_.data());
     }
     std::vector<s_kel_canale> canali_;
     s_set_canali set_;
@@ -77,10 +77,10 @@ using Indici = std::vector<int>;
 
 TEST(ChannelMatch, OfAnEmptySetIsNone) {
     const Canali vuoto(std::vector<kel_funpos>{});
-    for (kel_funpos fid : {0u, Fid(16), 0xFFFFFFFFu}) {
-        EXPECT_EQ(vuoto.Match(fid), kNessuno);
-        EXPECT_EQ(vuoto.Full(fid), kNessuno);
-        EXPECT_EQ(vuoto.List(fid), Indici{});
+    for (kel_funpos fid : {0u, fid(16), 0xFFFFFFFFu}) {
+        EXPECT_EQ(vuoto.match(fid), NESSUNO);
+        EXPECT_EQ(vuoto.full(fid), NESSUNO);
+        EXPECT_EQ(vuoto.list(fid), Indici{});
     }
 }
 
@@ -96,111 +96,111 @@ TEST(ChannelMatch, WithoutAnArrayIsNone) {
 }
 
 TEST(ChannelMatch, ListWithoutAnOutputIsNone) {
-    Canali canali({Fid(16)});
+    Canali canali({fid(16)});
     unsigned numero = 4;
     EXPECT_EQ(kelFunGetMatchChList(&canali.set(), 0, nullptr, &numero), 0);
     EXPECT_EQ(numero, 4u);
 }
 
 TEST(ChannelMatch, RequestOfZeroTakesAnyChannel) {
-    const Canali canali({Fid(17, 33, 6), Fid(16), 0x12345678});
-    EXPECT_EQ(canali.Match(0), 0);
-    EXPECT_EQ(canali.Full(0), 0);
-    EXPECT_EQ(canali.List(0), (Indici{0, 1, 2}));
+    const Canali canali({fid(17, 33, 6), fid(16), 0x12345678});
+    EXPECT_EQ(canali.match(0), 0);
+    EXPECT_EQ(canali.full(0), 0);
+    EXPECT_EQ(canali.list(0), (Indici{0, 1, 2}));
 }
 
 TEST(ChannelMatch, RequestOfZeroTakesPacketsOnlyOutsideTheList) {
-    const Canali canali({kGps, Fid(16), kDataOra, Fid(17)});
-    EXPECT_EQ(canali.Match(0), 0);
-    EXPECT_EQ(canali.Full(0), 0);
-    EXPECT_EQ(canali.List(0), (Indici{1, 3}));
+    const Canali canali({GPS, fid(16), DATA_ORA, fid(17)});
+    EXPECT_EQ(canali.match(0), 0);
+    EXPECT_EQ(canali.full(0), 0);
+    EXPECT_EQ(canali.list(0), (Indici{1, 3}));
 }
 
 TEST(ChannelMatch, RequestOfZeroInTheListFindsPacketsWithTheReservedRow) {
     // The second-generation lap table has a row with identifier 0.
-    const Canali canali({kGps, kGiro2G, kGiro1G, kGiro2Gv2, kUbx});
-    EXPECT_EQ(canali.List(0), (Indici{1, 3}));
+    const Canali canali({GPS, GIRO2_G, GIRO1_G, GIRO2_GV2, UBX});
+    EXPECT_EQ(canali.list(0), (Indici{1, 3}));
 }
 
 TEST(ChannelMatch, LooksAtUsedChannelsOnly) {
-    Canali canali({Fid(16), Fid(17), Fid(18)});
+    Canali canali({fid(16), fid(17), fid(18)});
     canali.set().usati = 2;
-    EXPECT_EQ(canali.Match(Fid(18)), kNessuno);
-    EXPECT_EQ(canali.Full(Fid(18)), kNessuno);
-    EXPECT_EQ(canali.List(Fid(18)), Indici{});
-    EXPECT_EQ(canali.List(0), (Indici{0, 1}));
+    EXPECT_EQ(canali.match(fid(18)), NESSUNO);
+    EXPECT_EQ(canali.full(fid(18)), NESSUNO);
+    EXPECT_EQ(canali.list(fid(18)), Indici{});
+    EXPECT_EQ(canali.list(0), (Indici{0, 1}));
 }
 
 TEST(ChannelMatch, QuantityAloneFindsAnyObjectAndPosition) {
-    const Canali canali({Fid(17, 33, 6), Fid(16, 3, 14), Fid(16), Fid(16, 0, 13)});
-    EXPECT_EQ(canali.Match(Fid(16)), 1);
-    EXPECT_EQ(canali.Full(Fid(16)), 1);
-    EXPECT_EQ(canali.List(Fid(16)), (Indici{1, 2, 3}));
-    EXPECT_EQ(canali.Match(Fid(15)), kNessuno);
-    EXPECT_EQ(canali.Full(Fid(15)), kNessuno);
-    EXPECT_EQ(canali.List(Fid(15)), Indici{});
+    const Canali canali({fid(17, 33, 6), fid(16, 3, 14), fid(16), fid(16, 0, 13)});
+    EXPECT_EQ(canali.match(fid(16)), 1);
+    EXPECT_EQ(canali.full(fid(16)), 1);
+    EXPECT_EQ(canali.list(fid(16)), (Indici{1, 2, 3}));
+    EXPECT_EQ(canali.match(fid(15)), NESSUNO);
+    EXPECT_EQ(canali.full(fid(15)), NESSUNO);
+    EXPECT_EQ(canali.list(fid(15)), Indici{});
 }
 
 TEST(ChannelMatch, EveryFieldGivenMustAgree) {
-    const Canali canali({Fid(17, 33, 6), Fid(17, 23, 6), Fid(17, 23, 9), Fid(14, 23, 9)});
+    const Canali canali({fid(17, 33, 6), fid(17, 23, 6), fid(17, 23, 9), fid(14, 23, 9)});
     const std::pair<kel_funpos, int> casi[] = {
-        {Fid(17, 23, 9), 2}, {Fid(17, 23), 1}, {Fid(17, 0, 9), 2},  {Fid(0, 23), 1},         {Fid(0, 0, 9), 2},
-        {Fid(0, 33), 0},     {Fid(14), 3},     {Fid(14, 23, 9), 3}, {Fid(14, 33), kNessuno}, {Fid(17, 33, 9), kNessuno},
+        {fid(17, 23, 9), 2}, {fid(17, 23), 1}, {fid(17, 0, 9), 2},  {fid(0, 23), 1},        {fid(0, 0, 9), 2},
+        {fid(0, 33), 0},     {fid(14), 3},     {fid(14, 23, 9), 3}, {fid(14, 33), NESSUNO}, {fid(17, 33, 9), NESSUNO},
     };
     for (const auto& [fid, indice] : casi) {
-        EXPECT_EQ(canali.Match(fid), indice) << std::hex << fid;
-        EXPECT_EQ(canali.Full(fid), indice) << std::hex << fid;
+        EXPECT_EQ(canali.match(fid), indice) << std::hex << fid;
+        EXPECT_EQ(canali.full(fid), indice) << std::hex << fid;
     }
-    EXPECT_EQ(canali.List(Fid(0, 23)), (Indici{1, 2, 3}));
-    EXPECT_EQ(canali.List(Fid(17, 0, 6)), (Indici{0, 1}));
-    EXPECT_EQ(canali.List(Fid(0, 23, 9)), (Indici{2, 3}));
+    EXPECT_EQ(canali.list(fid(0, 23)), (Indici{1, 2, 3}));
+    EXPECT_EQ(canali.list(fid(17, 0, 6)), (Indici{0, 1}));
+    EXPECT_EQ(canali.list(fid(0, 23, 9)), (Indici{2, 3}));
 }
 
 TEST(ChannelMatch, AChannelsOwnZeroIsNoWildcard) {
-    const Canali canali({Fid(16)});
-    EXPECT_EQ(canali.Match(Fid(16, 3)), kNessuno);
-    EXPECT_EQ(canali.Match(Fid(16, 0, 14)), kNessuno);
-    EXPECT_EQ(canali.Full(Fid(16, 3)), kNessuno);
-    EXPECT_EQ(canali.List(Fid(16, 0, 14)), Indici{});
+    const Canali canali({fid(16)});
+    EXPECT_EQ(canali.match(fid(16, 3)), NESSUNO);
+    EXPECT_EQ(canali.match(fid(16, 0, 14)), NESSUNO);
+    EXPECT_EQ(canali.full(fid(16, 3)), NESSUNO);
+    EXPECT_EQ(canali.list(fid(16, 0, 14)), Indici{});
 }
 
 TEST(ChannelMatch, UsesAllEightBitsOfTheObject) {
-    const Canali canali({Fid(16, 0x80), Fid(16, 0xFF)});
-    EXPECT_EQ(canali.Match(Fid(16, 0xFF)), 1);
-    EXPECT_EQ(canali.Match(Fid(16, 0x7F)), kNessuno);
-    EXPECT_EQ(canali.Full(Fid(16, 0xFF)), 1);
-    EXPECT_EQ(canali.List(Fid(16, 0xFF)), (Indici{1}));
+    const Canali canali({fid(16, 0x80), fid(16, 0xFF)});
+    EXPECT_EQ(canali.match(fid(16, 0xFF)), 1);
+    EXPECT_EQ(canali.match(fid(16, 0x7F)), NESSUNO);
+    EXPECT_EQ(canali.full(fid(16, 0xFF)), 1);
+    EXPECT_EQ(canali.list(fid(16, 0xFF)), (Indici{1}));
 }
 
 TEST(ChannelMatch, ThreeFieldVariantsIgnoreEverythingAboveThePosition) {
-    const Canali canali({Fid(16, 0, 14) | kelFidIstanza(3)});
+    const Canali canali({fid(16, 0, 14) | kelFidIstanza(3)});
     for (kel_funpos alto : {0x00100000u, 0x00400000u, 0x00800000u, 0x1F800000u, 0xE0000000u, 0xFFF00000u}) {
-        EXPECT_EQ(canali.Match(Fid(16, 0, 14) | alto), 0) << std::hex << alto;
-        EXPECT_EQ(canali.List(Fid(16, 0, 14) | alto), (Indici{0})) << std::hex << alto;
+        EXPECT_EQ(canali.match(fid(16, 0, 14) | alto), 0) << std::hex << alto;
+        EXPECT_EQ(canali.list(fid(16, 0, 14) | alto), (Indici{0})) << std::hex << alto;
     }
 }
 
 // --- all fields -----------------------------------------------------------------------------------------------------
 
 TEST(FullMatch, NumberedFlagIsOneWay) {
-    const kel_funpos lati = Fid(16, 0, 14) | kelFidLati(1, 2, 0);
-    const kel_funpos numero = Fid(16, 0, 14) | kelFidIstanza(0);
+    const kel_funpos lati = fid(16, 0, 14) | kelFidLati(1, 2, 0);
+    const kel_funpos numero = fid(16, 0, 14) | kelFidIstanza(0);
     const Canali canali({lati, numero});
-    EXPECT_EQ(canali.Full(Fid(16, 0, 14)), 0) << "a request without the flag takes channels without it";
-    EXPECT_EQ(Canali({numero, lati}).Full(Fid(16, 0, 14)), 0) << "and with it";
-    EXPECT_EQ(canali.Full(Fid(16, 0, 14) | 0x00400000u), 1) << "a request with the flag needs it";
-    EXPECT_EQ(Canali({lati}).Full(Fid(16, 0, 14) | 0x00400000u), kNessuno);
-    EXPECT_EQ(Canali({lati}).Match(Fid(16, 0, 14) | 0x00400000u), 0) << "the three-field search ignores it";
+    EXPECT_EQ(canali.full(fid(16, 0, 14)), 0) << "a request without the flag takes channels without it";
+    EXPECT_EQ(Canali({numero, lati}).full(fid(16, 0, 14)), 0) << "and with it";
+    EXPECT_EQ(canali.full(fid(16, 0, 14) | 0x00400000u), 1) << "a request with the flag needs it";
+    EXPECT_EQ(Canali({lati}).full(fid(16, 0, 14) | 0x00400000u), NESSUNO);
+    EXPECT_EQ(Canali({lati}).match(fid(16, 0, 14) | 0x00400000u), 0) << "the three-field search ignores it";
 }
 
 TEST(FullMatch, EachPairOfBitsIsComparedWhereItIsGiven) {
     for (unsigned posto : {20u, 23u, 25u, 27u}) {
         for (kel_funpos valore = 1; valore <= 3; ++valore) {
             for (kel_funpos del_canale = 0; del_canale <= 3; ++del_canale) {
-                const Canali canali({Fid(16, 0, 14) | del_canale << posto});
-                EXPECT_EQ(canali.Full(Fid(16, 0, 14) | valore << posto), valore == del_canale ? 0 : kNessuno)
+                const Canali canali({fid(16, 0, 14) | del_canale << posto});
+                EXPECT_EQ(canali.full(fid(16, 0, 14) | valore << posto), valore == del_canale ? 0 : NESSUNO)
                     << "bits at " << posto << ": request " << valore << ", channel " << del_canale;
-                EXPECT_EQ(canali.Full(Fid(16, 0, 14)), 0) << "not given";
+                EXPECT_EQ(canali.full(fid(16, 0, 14)), 0) << "not given";
             }
         }
     }
@@ -210,43 +210,43 @@ TEST(FullMatch, FindsTheWheelThatIsAskedFor) {
     std::vector<kel_funpos> ruote;
     for (unsigned fr : {FID_FRONTREAR_FRONT, FID_FRONTREAR_REAR}) {
         for (unsigned lr : {FID_LEFTRIGHT_LEFT, FID_LEFTRIGHT_RIGHT}) {
-            ruote.push_back(Fid(FID_PHI_SPEED, 0, FID_POS_WHEEL) | kelFidLati(lr, fr, 0));
+            ruote.push_back(fid(FID_PHI_SPEED, 0, FID_POS_WHEEL) | kelFidLati(lr, fr, 0));
         }
     }
     const Canali canali(ruote);
     for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(canali.Full(ruote[static_cast<std::size_t>(i)]), i);
+        EXPECT_EQ(canali.full(ruote[static_cast<std::size_t>(i)]), i);
     }
-    EXPECT_EQ(canali.Full(Fid(16, 0, 14) | kelFidLati(0, FID_FRONTREAR_REAR, 0)), 2);
-    EXPECT_EQ(canali.Full(Fid(16, 0, 14) | kelFidLati(FID_LEFTRIGHT_RIGHT, 0, 0)), 1);
-    EXPECT_EQ(canali.Full(Fid(16, 0, 14) | kelFidLati(FID_LEFTRIGHT_CENTER, 0, 0)), kNessuno);
-    EXPECT_EQ(canali.Match(ruote[3]), 0) << "the three-field search sees no sides";
+    EXPECT_EQ(canali.full(fid(16, 0, 14) | kelFidLati(0, FID_FRONTREAR_REAR, 0)), 2);
+    EXPECT_EQ(canali.full(fid(16, 0, 14) | kelFidLati(FID_LEFTRIGHT_RIGHT, 0, 0)), 1);
+    EXPECT_EQ(canali.full(fid(16, 0, 14) | kelFidLati(FID_LEFTRIGHT_CENTER, 0, 0)), NESSUNO);
+    EXPECT_EQ(canali.match(ruote[3]), 0) << "the three-field search sees no sides";
 }
 
 TEST(FullMatch, InstanceNumbersAreComparedPieceByPiece) {
-    const kel_funpos base = Fid(FID_PHI_LAMBDA, FID_OBJ_RATIO, FID_POS_EXHAUST);
+    const kel_funpos base = fid(FID_PHI_LAMBDA, FID_OBJ_RATIO, FID_POS_EXHAUST);
     const Canali cinque({base | kelFidIstanza(5)});
-    EXPECT_EQ(cinque.Full(base | kelFidIstanza(5)), 0);
-    EXPECT_EQ(cinque.Full(base | kelFidIstanza(4)), 0) << "4 has a low piece of 0, which is not compared";
-    EXPECT_EQ(cinque.Full(base | kelFidIstanza(1)), 0) << "1 has only a low piece";
-    EXPECT_EQ(cinque.Full(base | kelFidIstanza(0)), 0);
-    EXPECT_EQ(cinque.Full(base | kelFidIstanza(6)), kNessuno);
-    EXPECT_EQ(cinque.Full(base | kelFidIstanza(2)), kNessuno);
-    EXPECT_EQ(cinque.Full(base | kelFidIstanza(20)), kNessuno) << "the high piece differs";
+    EXPECT_EQ(cinque.full(base | kelFidIstanza(5)), 0);
+    EXPECT_EQ(cinque.full(base | kelFidIstanza(4)), 0) << "4 has a low piece of 0, which is not compared";
+    EXPECT_EQ(cinque.full(base | kelFidIstanza(1)), 0) << "1 has only a low piece";
+    EXPECT_EQ(cinque.full(base | kelFidIstanza(0)), 0);
+    EXPECT_EQ(cinque.full(base | kelFidIstanza(6)), NESSUNO);
+    EXPECT_EQ(cinque.full(base | kelFidIstanza(2)), NESSUNO);
+    EXPECT_EQ(cinque.full(base | kelFidIstanza(20)), NESSUNO) << "the high piece differs";
     const Canali quattro({base | kelFidIstanza(4)});
-    EXPECT_EQ(quattro.Full(base | kelFidIstanza(5)), kNessuno);
+    EXPECT_EQ(quattro.full(base | kelFidIstanza(5)), NESSUNO);
     const Canali sessantatre({base | kelFidIstanza(63)});
     for (unsigned numero : {0u, 3u, 12u, 15u, 48u, 51u, 60u, 63u}) {
-        EXPECT_EQ(sessantatre.Full(base | kelFidIstanza(numero)), 0) << numero;
+        EXPECT_EQ(sessantatre.full(base | kelFidIstanza(numero)), 0) << numero;
     }
 }
 
 TEST(FullMatch, NeverComparesTheThreeTopBits) {
-    const Canali canali({Fid(16, 0, 14)});
-    EXPECT_EQ(canali.Full(Fid(16, 0, 14) | 0xE0000000u), 0);
-    const Canali alti({Fid(16, 0, 14) | 0xE0000000u});
-    EXPECT_EQ(alti.Full(Fid(16, 0, 14)), 0);
-    EXPECT_EQ(alti.Full(Fid(16, 0, 14) | 0x20000000u), 0);
+    const Canali canali({fid(16, 0, 14)});
+    EXPECT_EQ(canali.full(fid(16, 0, 14) | 0xE0000000u), 0);
+    const Canali alti({fid(16, 0, 14) | 0xE0000000u});
+    EXPECT_EQ(alti.full(fid(16, 0, 14)), 0);
+    EXPECT_EQ(alti.full(fid(16, 0, 14) | 0x20000000u), 0);
 }
 
 TEST(FullMatch, AgreesWithItsModelOnEveryCombinationOfSides) {
@@ -265,11 +265,11 @@ TEST(FullMatch, AgreesWithItsModelOnEveryCombinationOfSides) {
     for (kel_funpos c = 0; c < 512; ++c) {
         s_kel_canale canale;
         std::memset(&canale, 0, sizeof canale);
-        canale.fid = Fid(16, 0, 14) | c << 20;
+        canale.fid = fid(16, 0, 14) | c << 20;
         s_set_canali set;
         kelFunInit(&set, &canale, 1, 1);
         for (kel_funpos f = 0; f < 512; ++f) {
-            ASSERT_EQ(kelFunGetMatchChFull(&set, Fid(16, 0, 14) | f << 20) != nullptr, modello(c << 20, f << 20))
+            ASSERT_EQ(kelFunGetMatchChFull(&set, fid(16, 0, 14) | f << 20) != nullptr, modello(c << 20, f << 20))
                 << "channel " << std::hex << (c << 20) << ", request " << (f << 20);
         }
     }
@@ -278,91 +278,91 @@ TEST(FullMatch, AgreesWithItsModelOnEveryCombinationOfSides) {
 // --- packets --------------------------------------------------------------------------------------------------------
 
 TEST(PacketMatch, FindsAPacketByAnyOfItsSubfields) {
-    const Canali canali({Fid(15, 0, 6), kGps});
+    const Canali canali({fid(15, 0, 6), GPS});
     for (kel_funpos fid : {0xA9512u, 0xA9986u, 0xA998Cu, 0xA9994u, 0xA940Bu, 0xA8010u, 0xA8A07u, 0xA8A87u}) {
-        EXPECT_EQ(canali.Match(fid), 1) << std::hex << fid;
-        EXPECT_EQ(canali.Full(fid), 1) << std::hex << fid;
-        EXPECT_EQ(canali.List(fid), (Indici{1})) << std::hex << fid;
+        EXPECT_EQ(canali.match(fid), 1) << std::hex << fid;
+        EXPECT_EQ(canali.full(fid), 1) << std::hex << fid;
+        EXPECT_EQ(canali.list(fid), (Indici{1})) << std::hex << fid;
     }
-    EXPECT_EQ(Canali({kUbx}).Match(0xA8A07), kNessuno) << "no latitude in NAV-SOL";
-    EXPECT_EQ(Canali({kUbx}).Match(0xA8010), 0);
-    EXPECT_EQ(Canali({kGiro1G}).Full(0x1712), kNessuno) << "no running lap in the first generation";
-    EXPECT_EQ(Canali({kGiro2G}).Full(0x1712), 0);
-    EXPECT_EQ(Canali({kGiro2Gv2}).List(0x98B), (Indici{0}));
-    EXPECT_EQ(Canali({kDataOra}).Match(0xA9512), kNessuno);
+    EXPECT_EQ(Canali({UBX}).match(0xA8A07), NESSUNO) << "no latitude in NAV-SOL";
+    EXPECT_EQ(Canali({UBX}).match(0xA8010), 0);
+    EXPECT_EQ(Canali({GIRO1_G}).full(0x1712), NESSUNO) << "no running lap in the first generation";
+    EXPECT_EQ(Canali({GIRO2_G}).full(0x1712), 0);
+    EXPECT_EQ(Canali({GIRO2_GV2}).list(0x98B), (Indici{0}));
+    EXPECT_EQ(Canali({DATA_ORA}).match(0xA9512), NESSUNO);
 }
 
 TEST(PacketMatch, ComparesTheWholeSubfieldIdentifier) {
-    const Canali canali({kGps});
-    EXPECT_EQ(canali.Match(Fid(FID_PHI_SPEED)), kNessuno) << "a speed at any position is no subfield";
-    EXPECT_EQ(canali.Full(Fid(FID_PHI_SPEED)), kNessuno);
-    EXPECT_EQ(canali.List(Fid(FID_PHI_SPEED)), Indici{});
-    EXPECT_EQ(canali.Match(0xA940B | 0x00100000u), kNessuno);
+    const Canali canali({GPS});
+    EXPECT_EQ(canali.match(fid(FID_PHI_SPEED)), NESSUNO) << "a speed at any position is no subfield";
+    EXPECT_EQ(canali.full(fid(FID_PHI_SPEED)), NESSUNO);
+    EXPECT_EQ(canali.list(fid(FID_PHI_SPEED)), Indici{});
+    EXPECT_EQ(canali.match(0xA940B | 0x00100000u), NESSUNO);
 }
 
 TEST(PacketMatch, TakesTheFirstOfPacketAndPlainChannel) {
-    EXPECT_EQ(Canali({kGps, 0xA8010}).Match(0xA8010), 0);
-    EXPECT_EQ(Canali({0xA8010, kGps}).Match(0xA8010), 0);
-    EXPECT_EQ(Canali({kGps, 0xA8010}).List(0xA8010), (Indici{0, 1}));
+    EXPECT_EQ(Canali({GPS, 0xA8010}).match(0xA8010), 0);
+    EXPECT_EQ(Canali({0xA8010, GPS}).match(0xA8010), 0);
+    EXPECT_EQ(Canali({GPS, 0xA8010}).list(0xA8010), (Indici{0, 1}));
 }
 
 TEST(PacketMatch, APacketIsFoundByItsOwnIdentifierExceptInTheList) {
-    const Canali canali({kGiro2G, kGps, kUbx});
-    EXPECT_EQ(canali.Match(Fid(FID_PHI_PACKAGE)), 0);
-    EXPECT_EQ(canali.Full(Fid(FID_PHI_PACKAGE)), 0);
-    EXPECT_EQ(canali.List(Fid(FID_PHI_PACKAGE)), Indici{});
-    EXPECT_EQ(canali.Match(kGps), 1);
-    EXPECT_EQ(canali.Full(kUbx), 2);
-    EXPECT_EQ(canali.List(kGps), Indici{});
-    EXPECT_EQ(canali.Match(kelFidComponi(0, FID_DETTAGLI_GPS, 0)), 1) << "details stand where the object stands";
+    const Canali canali({GIRO2_G, GPS, UBX});
+    EXPECT_EQ(canali.match(fid(FID_PHI_PACKAGE)), 0);
+    EXPECT_EQ(canali.full(fid(FID_PHI_PACKAGE)), 0);
+    EXPECT_EQ(canali.list(fid(FID_PHI_PACKAGE)), Indici{});
+    EXPECT_EQ(canali.match(GPS), 1);
+    EXPECT_EQ(canali.full(UBX), 2);
+    EXPECT_EQ(canali.list(GPS), Indici{});
+    EXPECT_EQ(canali.match(kelFidComponi(0, FID_DETTAGLI_GPS, 0)), 1) << "details stand where the object stands";
 }
 
 TEST(PacketMatch, WithoutASubfieldTableIsFoundByItsOwnIdentifierOnly) {
     const kel_funpos strano = kelFidComponi(FID_PHI_PACKAGE, 9, 7);
     const Canali canali({strano});
-    EXPECT_EQ(canali.Match(0xA940B), kNessuno);
-    EXPECT_EQ(canali.Match(strano), 0);
-    EXPECT_EQ(canali.Full(strano), 0);
-    EXPECT_EQ(canali.List(strano), Indici{});
+    EXPECT_EQ(canali.match(0xA940B), NESSUNO);
+    EXPECT_EQ(canali.match(strano), 0);
+    EXPECT_EQ(canali.full(strano), 0);
+    EXPECT_EQ(canali.list(strano), Indici{});
 }
 
 TEST(PacketMatch, SideBitsOfThePacketDoNotMatterToItsSubfields) {
-    const Canali canali({kGps | 0x1F700000u});
-    EXPECT_EQ(canali.Match(0xA940B), 0);
-    EXPECT_EQ(canali.Full(0xA940B), 0);
-    EXPECT_EQ(canali.List(0xA940B), (Indici{0}));
+    const Canali canali({GPS | 0x1F700000u});
+    EXPECT_EQ(canali.match(0xA940B), 0);
+    EXPECT_EQ(canali.full(0xA940B), 0);
+    EXPECT_EQ(canali.list(0xA940B), (Indici{0}));
 }
 
 TEST(PacketMatch, OrdinaryChannelsAreNotSearchedForSubfields) {
     const Canali canali({kelFidComponi(FID_PHI_SPEED, FID_DETTAGLI_GPS, 0)});
-    EXPECT_EQ(canali.Match(0xA940B), kNessuno);
+    EXPECT_EQ(canali.match(0xA940B), NESSUNO);
 }
 
 // --- the list's capacity --------------------------------------------------------------------------------------------
 
 TEST(MatchList, StopsAtItsCapacity) {
-    const Canali canali({Fid(16), Fid(16), Fid(16), Fid(16), Fid(16)});
-    EXPECT_EQ(canali.List(Fid(16), 1), (Indici{0}));
-    EXPECT_EQ(canali.List(Fid(16), 2), (Indici{0, 1}));
-    EXPECT_EQ(canali.List(Fid(16), 5), (Indici{0, 1, 2, 3, 4}));
+    const Canali canali({fid(16), fid(16), fid(16), fid(16), fid(16)});
+    EXPECT_EQ(canali.list(fid(16), 1), (Indici{0}));
+    EXPECT_EQ(canali.list(fid(16), 2), (Indici{0, 1}));
+    EXPECT_EQ(canali.list(fid(16), 5), (Indici{0, 1, 2, 3, 4}));
 }
 
 TEST(MatchList, TellsHowManyItStored) {
-    const Canali canali({Fid(16), Fid(17), Fid(16)});
-    EXPECT_EQ(canali.List(Fid(16), 5), (Indici{0, 2}));
-    EXPECT_EQ(canali.List(Fid(17), 5), (Indici{1}));
+    const Canali canali({fid(16), fid(17), fid(16)});
+    EXPECT_EQ(canali.list(fid(16), 5), (Indici{0, 2}));
+    EXPECT_EQ(canali.list(fid(17), 5), (Indici{1}));
 }
 
 TEST(MatchList, ACapacityOfZeroNeverStopsTheWalk) {
-    const Canali canali({Fid(16), Fid(17), Fid(16), Fid(16)});
-    EXPECT_EQ(canali.List(Fid(16), 0), (Indici{0, 2, 3}));
-    EXPECT_EQ(canali.List(Fid(18), 0), Indici{});
+    const Canali canali({fid(16), fid(17), fid(16), fid(16)});
+    EXPECT_EQ(canali.list(fid(16), 0), (Indici{0, 2, 3}));
+    EXPECT_EQ(canali.list(fid(18), 0), Indici{});
 }
 
 TEST(MatchList, PacketsCountInTheirPlace) {
-    const Canali canali({0xA940B, kGps, kUbx, kGiro2G, 0xA940B});
-    EXPECT_EQ(canali.List(0xA940B), (Indici{0, 1, 2, 4}));
-    EXPECT_EQ(canali.List(0xA940B, 3), (Indici{0, 1, 2}));
+    const Canali canali({0xA940B, GPS, UBX, GIRO2_G, 0xA940B});
+    EXPECT_EQ(canali.list(0xA940B), (Indici{0, 1, 2, 4}));
+    EXPECT_EQ(canali.list(0xA940B, 3), (Indici{0, 1, 2}));
 }
 
 }  // namespace

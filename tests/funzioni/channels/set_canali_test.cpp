@@ -26,9 +26,9 @@ protected:
     // Four records full of rubbish, and a fifth that never belongs to the set.
     void SetUp() override { std::memset(canali_, 0xA5, sizeof canali_); }
 
-    void Lega(unsigned totale, unsigned usati) { kelFunInit(&set_, canali_, totale, usati); }
+    void lega(unsigned totale, unsigned usati) { kelFunInit(&set_, canali_, totale, usati); }
 
-    bool Pieno(unsigned indice, unsigned char valore) const {
+    bool pieno(unsigned indice, unsigned char valore) const {
         const auto* byte = reinterpret_cast<const unsigned char*>(&canali_[indice]);
         for (std::size_t i = 0; i < sizeof(s_kel_canale); ++i) {
             if (byte[i] != valore) {
@@ -43,11 +43,11 @@ protected:
 };
 
 TEST_F(ChannelSet, InitStoresItsThreeValuesWithoutACheck) {
-    Lega(4, 0);
+    lega(4, 0);
     EXPECT_EQ(set_.canali, canali_);
     EXPECT_EQ(set_.totale, 4u);
     EXPECT_EQ(set_.usati, 0u);
-    Lega(2, 99);
+    lega(2, 99);
     EXPECT_EQ(set_.totale, 2u);
     EXPECT_EQ(set_.usati, 99u);
     EXPECT_EQ(kelFunGetNumChUsed(&set_), 99u);
@@ -59,7 +59,7 @@ TEST_F(ChannelSet, InitStoresItsThreeValuesWithoutACheck) {
 }
 
 TEST_F(ChannelSet, HandsOutClearedRecordsUntilItIsFull) {
-    Lega(4, 0);
+    lega(4, 0);
     for (unsigned i = 0; i < 4; ++i) {
         s_kel_canale* canale = kelFunGetFreeCh(&set_);
         ASSERT_EQ(canale, &canali_[i]);
@@ -69,29 +69,29 @@ TEST_F(ChannelSet, HandsOutClearedRecordsUntilItIsFull) {
             ASSERT_EQ(byte[posto], 0) << "byte " << posto << " of record " << i;
         }
         EXPECT_EQ(kelFunGetNumChUsed(&set_), i + 1);
-        EXPECT_TRUE(Pieno(i + 1, 0xA5)) << "the next record is not looked at";
+        EXPECT_TRUE(pieno(i + 1, 0xA5)) << "the next record is not looked at";
     }
     EXPECT_EQ(kelFunGetFreeCh(&set_), nullptr);
     EXPECT_EQ(kelFunGetNumChUsed(&set_), 4u);
     EXPECT_EQ(kelFunGetNumChTot(&set_), 4u);
-    EXPECT_TRUE(Pieno(4, 0xA5)) << "a full set writes nothing";
+    EXPECT_TRUE(pieno(4, 0xA5)) << "a full set writes nothing";
 }
 
 TEST_F(ChannelSet, IsFullAlsoWhenMoreAreUsedThanThereAre) {
-    Lega(2, 3);
+    lega(2, 3);
     EXPECT_EQ(kelFunGetFreeCh(&set_), nullptr);
     EXPECT_EQ(kelFunGetNumChUsed(&set_), 3u);
-    Lega(0, 0);
+    lega(0, 0);
     EXPECT_EQ(kelFunGetFreeCh(&set_), nullptr);
     EXPECT_EQ(kelFunGetNumChUsed(&set_), 0u);
 }
 
 TEST(ChannelIndex, KeepsTheLowSixteenBitsLowByteFirst) {
-    constexpr unsigned kCanali = 0x10003;
-    std::vector<s_kel_canale> canali(kCanali);
+    constexpr unsigned CANALI = 0x10003;
+    std::vector<s_kel_canale> canali(CANALI);
     s_set_canali set;
     for (unsigned usati : {0x1234u, 0xFFFFu, 0x10000u, 0x10002u}) {
-        kelFunInit(&set, canali.data(), kCanali, usati);
+        kelFunInit(&set, canali.data(), CANALI, usati);
         const s_kel_canale* canale = kelFunGetFreeCh(&set);
         ASSERT_EQ(canale, &canali[usati]);
         const auto* byte = reinterpret_cast<const unsigned char*>(canale);
@@ -102,10 +102,10 @@ TEST(ChannelIndex, KeepsTheLowSixteenBitsLowByteFirst) {
 }
 
 TEST_F(ChannelSet, TakesTheLastRecordBackAsItStands) {
-    Lega(4, 2);
+    lega(4, 2);
     EXPECT_EQ(kelFunFreeLastCh(&set_), 1);
     EXPECT_EQ(kelFunGetNumChUsed(&set_), 1u);
-    EXPECT_TRUE(Pieno(1, 0xA5)) << "the record is not cleared";
+    EXPECT_TRUE(pieno(1, 0xA5)) << "the record is not cleared";
     EXPECT_EQ(kelFunFreeLastCh(&set_), 1);
     EXPECT_EQ(kelFunFreeLastCh(&set_), 0);
     EXPECT_EQ(kelFunGetNumChUsed(&set_), 0u);
@@ -113,13 +113,13 @@ TEST_F(ChannelSet, TakesTheLastRecordBackAsItStands) {
 }
 
 TEST_F(ChannelSet, TakesBackWithoutLookingAtTheTotal) {
-    Lega(1, 3);
+    lega(1, 3);
     EXPECT_EQ(kelFunFreeLastCh(&set_), 1);
     EXPECT_EQ(kelFunGetNumChUsed(&set_), 2u);
 }
 
 TEST_F(ChannelSet, HandsARecordOutAgainAfterItWasGivenBack) {
-    Lega(4, 0);
+    lega(4, 0);
     s_kel_canale* primo = kelFunGetFreeCh(&set_);
     primo->fid = 99;
     kelFunFreeLastCh(&set_);
@@ -128,20 +128,20 @@ TEST_F(ChannelSet, HandsARecordOutAgainAfterItWasGivenBack) {
 }
 
 TEST_F(ChannelSet, RecordOfAnIndexMustBeUsedAndThere) {
-    Lega(4, 2);
+    lega(4, 2);
     EXPECT_EQ(kelFunGetCanale(&set_, 0), &canali_[0]);
     EXPECT_EQ(kelFunGetCanale(&set_, 1), &canali_[1]);
     EXPECT_EQ(kelFunGetCanale(&set_, 2), nullptr);
     EXPECT_EQ(kelFunGetCanale(&set_, 3), nullptr);
     EXPECT_EQ(kelFunGetCanale(&set_, 4), nullptr);
     EXPECT_EQ(kelFunGetCanale(&set_, 0xFFFFFFFFu), nullptr);
-    Lega(2, 4);
+    lega(2, 4);
     EXPECT_EQ(kelFunGetCanale(&set_, 1), &canali_[1]);
     EXPECT_EQ(kelFunGetCanale(&set_, 2), nullptr) << "used, but above the total";
 }
 
 TEST_F(ChannelSet, NamesReachOneRecordFurther) {
-    Lega(4, 2);
+    lega(4, 2);
     for (unsigned i = 0; i <= 2; ++i) {
         EXPECT_EQ(kelFunGetNomeCanale(&set_, i), canali_[i].nome) << i;
         EXPECT_EQ(kelFunGetNomeCanaleShort(&set_, i), canali_[i].breve) << i;
@@ -153,18 +153,18 @@ TEST_F(ChannelSet, NamesReachOneRecordFurther) {
 }
 
 TEST_F(ChannelSet, NamesOfAFullSetReachTheIndexOfItsTotal) {
-    Lega(4, 4);
+    lega(4, 4);
     EXPECT_EQ(kelFunGetNomeCanale(&set_, 4), canali_[4].nome);
     EXPECT_EQ(kelFunGetNomeCanaleShort(&set_, 4), canali_[4].breve);
     EXPECT_EQ(kelFunGetNomeCanale(&set_, 5), nullptr);
-    Lega(2, 4);
+    lega(2, 4);
     EXPECT_EQ(kelFunGetNomeCanale(&set_, 2), canali_[2].nome);
     EXPECT_EQ(kelFunGetNomeCanale(&set_, 3), nullptr) << "above the total";
     EXPECT_EQ(kelFunGetNomeCanaleShort(&set_, 3), nullptr) << "above the total";
 }
 
 TEST_F(ChannelSet, NamesAreReadInPlace) {
-    Lega(4, 0);
+    lega(4, 0);
     s_kel_canale* canale = kelFunGetFreeCh(&set_);
     std::strcpy(canale->breve, "RPM");
     std::strcpy(canale->nome, "Engine speed");
@@ -179,15 +179,15 @@ TEST_F(ChannelSet, SumsTheSampleBuffersOfTheUsedRecords) {
     for (unsigned i = 0; i < 4; ++i) {
         canali_[i].dim_buffer = dimensioni[i];
     }
-    Lega(4, 0);
+    lega(4, 0);
     EXPECT_EQ(kelFunGetSizeBufferValori(&set_), 0u);
-    Lega(4, 1);
+    lega(4, 1);
     EXPECT_EQ(kelFunGetSizeBufferValori(&set_), 4u);
-    Lega(4, 3);
+    lega(4, 3);
     EXPECT_EQ(kelFunGetSizeBufferValori(&set_), 1060u);
-    Lega(4, 4);
+    lega(4, 4);
     EXPECT_EQ(kelFunGetSizeBufferValori(&set_), 0x12345678u + 1060u);
-    Lega(1, 3);
+    lega(1, 3);
     EXPECT_EQ(kelFunGetSizeBufferValori(&set_), 1060u) << "the total is not looked at";
 }
 
@@ -195,9 +195,9 @@ TEST_F(ChannelSet, SumOfTheSampleBuffersWraps) {
     canali_[0].dim_buffer = 0xFFFFFFFFu;
     canali_[1].dim_buffer = 0x80000000u;
     canali_[2].dim_buffer = 0x80000011u;
-    Lega(4, 2);
+    lega(4, 2);
     EXPECT_EQ(kelFunGetSizeBufferValori(&set_), 0x7FFFFFFFu);
-    Lega(4, 3);
+    lega(4, 3);
     EXPECT_EQ(kelFunGetSizeBufferValori(&set_), 0x10u);
 }
 

@@ -32,7 +32,7 @@ namespace {
 std::atomic<bool> conta{false};
 std::atomic<unsigned> allocazioni{0};
 
-void Segna() {
+void segna() {
     if (conta.load(std::memory_order_relaxed)) {
         allocazioni.fetch_add(1, std::memory_order_relaxed);
     }
@@ -65,27 +65,27 @@ void* __libc_memalign(std::size_t allineamento, std::size_t byte);
 void __libc_free(void* blocco);
 
 void* malloc(std::size_t byte) noexcept {
-    Segna();
+    segna();
     return __libc_malloc(byte);
 }
 void* calloc(std::size_t numero, std::size_t byte) noexcept {
-    Segna();
+    segna();
     return __libc_calloc(numero, byte);
 }
 void* realloc(void* blocco, std::size_t byte) noexcept {
-    Segna();
+    segna();
     return __libc_realloc(blocco, byte);
 }
 void* memalign(std::size_t allineamento, std::size_t byte) noexcept {
-    Segna();
+    segna();
     return __libc_memalign(allineamento, byte);
 }
 void* aligned_alloc(std::size_t allineamento, std::size_t byte) noexcept {
-    Segna();
+    segna();
     return __libc_memalign(allineamento, byte);
 }
 int posix_memalign(void** blocco, std::size_t allineamento, std::size_t byte) noexcept {
-    Segna();
+    segna();
     *blocco = __libc_memalign(allineamento, byte);
     return *blocco == nullptr ? ENOMEM : 0;
 }
@@ -101,7 +101,7 @@ using namespace kel_test;
 namespace {
 
 template <typename Funzione>
-unsigned Allocazioni(Funzione&& fai) {
+unsigned conta_allocazioni(Funzione&& fai) {
     allocazioni = 0;
     conta = true;
     fai();
@@ -113,40 +113,40 @@ TEST(AllocationCounter, SeesWhatOthersAllocate) {
 #if KEL_CON_SANITIZER
     ASSERT_NE(kGancio, 0) << "the sanitizer took no hook";
 #endif
-    EXPECT_GE(Allocazioni([] {
+    EXPECT_GE(conta_allocazioni([] {
                   void* volatile blocco = std::malloc(10);
                   std::free(blocco);
               }),
               1u)
         << "malloc of this program";
-    EXPECT_GE(Allocazioni([] {
+    EXPECT_GE(conta_allocazioni([] {
                   int* volatile numero = new int(1);
                   delete numero;
               }),
               1u)
         << "operator new of the C++ library";
-    EXPECT_GE(Allocazioni([] {
+    EXPECT_GE(conta_allocazioni([] {
                   char* volatile copia = strdup("a text of the C library");
                   std::free(copia);
               }),
               1u)
         << "malloc called inside the C library";
     // Inside the library itself: the object face does allocate.
-    EXPECT_GE(Allocazioni([] { delete IFunzioni::CreateMe(); }), 1u) << "the library's own allocations";
-    EXPECT_EQ(Allocazioni([] {}), 0u);
+    EXPECT_GE(conta_allocazioni([] { delete IFunzioni::CreateMe(); }), 1u) << "the library's own allocations";
+    EXPECT_EQ(conta_allocazioni([] {}), 0u);
 }
 
 TEST(FlatFace, ChannelFunctionsAllocateNothing) {
     s_kel_canale canali[4];
     std::memset(canali, 0, sizeof canali);
     s_kel_canale* trovati[4];
-    const unsigned quante = Allocazioni([&] {
+    const unsigned quante = conta_allocazioni([&] {
         s_set_canali set;
         kelFunInit(&set, canali, 4, 0);
         while (s_kel_canale* canale = kelFunGetFreeCh(&set)) {
-            canale->fid = kPacchettoGps;
+            canale->fid = PACCHETTO_GPS;
         }
-        canali[0].fid = kFid;
+        canali[0].fid = FID;
         kelFunFreeLastCh(&set);
         kelFunGetCanale(&set, 1);
         kelFunGetNumChUsed(&set);
@@ -154,7 +154,7 @@ TEST(FlatFace, ChannelFunctionsAllocateNothing) {
         kelFunGetSizeBufferValori(&set);
         kelFunGetNomeCanale(&set, 0);
         kelFunGetNomeCanaleShort(&set, 0);
-        for (kel_funpos fid : {0u, kFid, 0xA940Bu, kPacchettoGps, 0xFFFFFFFFu}) {
+        for (kel_funpos fid : {0u, FID, 0xA940Bu, PACCHETTO_GPS, 0xFFFFFFFFu}) {
             kelFunGetMatchCh(&set, fid);
             kelFunGetMatchChFull(&set, fid);
             unsigned numero = 4;
@@ -165,7 +165,7 @@ TEST(FlatFace, ChannelFunctionsAllocateNothing) {
 }
 
 TEST(FlatFace, UnitFunctionsAllocateNothing) {
-    const unsigned quante = Allocazioni([] {
+    const unsigned quante = conta_allocazioni([] {
         for (kel_funpos fid = 0; fid < 0x8000; fid += 7) {
             kelFunGetUIVs(fid);
             kelFunGetUnitaBase(fid);
@@ -188,7 +188,7 @@ TEST(FlatFace, UnitFunctionsAllocateNothing) {
 }
 
 TEST(FlatFace, NameAndCameraFunctionsAllocateNothing) {
-    const unsigned quante = Allocazioni([] {
+    const unsigned quante = conta_allocazioni([] {
         s_set_canali set;
         kelFunInit(&set, nullptr, 0, 0);
         for (std::uint64_t fid = 0; fid < 0x20000000u; fid += 0x123457u) {
@@ -209,7 +209,7 @@ TEST(FlatFace, NameAndCameraFunctionsAllocateNothing) {
 }
 
 TEST(FlatFace, SampleFunctionsAllocateNothing) {
-    const unsigned quante = Allocazioni([] {
+    const unsigned quante = conta_allocazioni([] {
         for (unsigned codice = 0; codice < 30; ++codice) {
             kelFunGetSamplSize(codice);
         }
@@ -221,7 +221,7 @@ TEST(FlatFace, SampleFunctionsAllocateNothing) {
 }
 
 TEST(FlatFace, SubfieldFunctionsAllocateNothing) {
-    const unsigned quante = Allocazioni([] {
+    const unsigned quante = conta_allocazioni([] {
         for (unsigned dettagli = 0; dettagli < 6; ++dettagli) {
             for (unsigned spec = 0; spec < 4; ++spec) {
                 kelConvMatchSottocampo(dettagli, spec, 0xA940B);
@@ -240,19 +240,19 @@ TEST(FlatFace, SubfieldFunctionsAllocateNothing) {
 
 TEST(FlatFace, ConverterFunctionsAllocateNothing) {
     unsigned char campione[64];
-    const kel_funpos funzioni[] = {kFid, 0xA940B, 0xA8010, 0xA8A07, 0xA8A87, 0x992, 0x1306};
-    const unsigned quante = Allocazioni([&] {
-        for (kel_funpos canale_fid : {kFid, kPacchettoGps, kPacchettoUbx, kPacchettoGiro2G, kPacchettoGiro1G}) {
+    const kel_funpos funzioni[] = {FID, 0xA940B, 0xA8010, 0xA8A07, 0xA8A87, 0x992, 0x1306};
+    const unsigned quante = conta_allocazioni([&] {
+        for (kel_funpos canale_fid : {FID, PACCHETTO_GPS, PACCHETTO_UBX, PACCHETTO_GIRO2_G, PACCHETTO_GIRO1_G}) {
             for (unsigned tipo = 0; tipo <= 26; ++tipo) {
                 for (kel_funpos fid : funzioni) {
-                    const s_kel_canale canale = Canale(canale_fid, tipo);
+                    const s_kel_canale canale = un_canale(canale_fid, tipo);
                     for (unsigned char riempimento = 0; riempimento < 250; riempimento += 25) {
                         std::memset(campione, riempimento, sizeof campione);
                         s_kel_converter conv{};
                         conv.larghezza = riempimento;
                         conv.decimali = riempimento % 4u;
                         conv.auto_decimali = riempimento % 2u;
-                        kelConvInit(&conv, &canale, fid, &kDoppioPiuCinque, riempimento % 3u, riempimento % 5u, 1);
+                        kelConvInit(&conv, &canale, fid, &DOPPIO_PIU_CINQUE, riempimento % 3u, riempimento % 5u, 1);
                         float valore;
                         char testo[32];
                         kelConvGetValFloat(&conv, campione, &valore);
@@ -268,11 +268,11 @@ TEST(FlatFace, ConverterFunctionsAllocateNothing) {
 }
 
 TEST(ObjectFace, ValueReadsAllocateNothing) {
-    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
-        const s_kel_canale canale = Canale(kFid, tipo);
-        CConverter conv(&canale, kFid, &kIdentita, true, 1, FORMATO_DESTRA, 8);
+    for (unsigned tipo = 0; tipo < kel_test::TIPI_CAMPIONE; ++tipo) {
+        const s_kel_canale canale = un_canale(FID, tipo);
+        CConverter conv(&canale, FID, &IDENTITA, true, 1, FORMATO_DESTRA, 8);
         const Byte campione(64, 0x31);
-        EXPECT_EQ(Allocazioni([&] {
+        EXPECT_EQ(conta_allocazioni([&] {
                       float valore;
                       conv.GetVal(campione.data(), &valore);
                       conv.SetNumDec(2);

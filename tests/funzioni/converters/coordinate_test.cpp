@@ -9,12 +9,12 @@ using namespace kel_test;
 
 namespace {
 
-s_kel_converter Coordinata(const s_converter_data* dati = &kIdentita) {
+s_kel_converter coordinata(const s_converter_data* dati = &IDENTITA) {
     Impostazione come;
     come.fid_canale = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
     come.fid = come.fid_canale;
     come.dati = dati;
-    return Convertitore(21, come);
+    return convertitore(21, come);
 }
 
 TEST(CoordinateSample, ShowsQuotientAndRemainderEachWithItsOwnSign) {
@@ -41,8 +41,8 @@ TEST(CoordinateSample, ShowsQuotientAndRemainderEachWithItsOwnSign) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        s_kel_converter conv = Coordinata();
-        const Lettura letto = Leggi(conv, LeI32(caso.grezzo));
+        s_kel_converter conv = coordinata();
+        const Lettura letto = leggi(conv, le_i32(caso.grezzo));
         EXPECT_EQ(letto.testo, caso.testo) << "raw " << caso.grezzo;
         EXPECT_EQ(letto.ha_testo, 1);
         EXPECT_TRUE(letto.pulito);
@@ -52,39 +52,39 @@ TEST(CoordinateSample, ShowsQuotientAndRemainderEachWithItsOwnSign) {
 TEST(CoordinateSample, ReservedValuesShowNothing) {
     const std::pair<std::uint32_t, std::uint32_t> casi[] = {{0xFFFFCFFF, 4}, {0xFFFFCFFE, 2}, {0xFFFFCFFD, 8}};
     for (const auto& [grezzo, stato] : casi) {
-        s_kel_converter conv = Coordinata();
-        const Lettura letto = Leggi(conv, Le32(grezzo));
+        s_kel_converter conv = coordinata();
+        const Lettura letto = leggi(conv, le32(grezzo));
         EXPECT_EQ(letto.ha_testo, 1);
         EXPECT_EQ(letto.testo, "");
         EXPECT_TRUE(letto.pulito);
         EXPECT_EQ(letto.valore, 0.0f);
         EXPECT_EQ(letto.stato, stato);
     }
-    s_kel_converter conv = Coordinata();
-    EXPECT_EQ(Leggi(conv, Le32(0xFFFFCFFC)).testo, "0.-012292");
-    EXPECT_EQ(Leggi(conv, Le32(0xFFFFD000)).testo, "0.-012288");
+    s_kel_converter conv = coordinata();
+    EXPECT_EQ(leggi(conv, le32(0xFFFFCFFC)).testo, "0.-012292");
+    EXPECT_EQ(leggi(conv, le32(0xFFFFD000)).testo, "0.-012288");
 }
 
 TEST(CoordinateSample, ValueIsScaledButTheTextIsNot) {
-    s_kel_converter lineare = Coordinata(&kDoppioPiuCinque);
-    EXPECT_EQ(Leggi(lineare, LeI32(100)).valore, 205.0f);
-    EXPECT_EQ(Leggi(lineare, LeI32(100)).testo, "0.0000100");
-    s_kel_converter reciproca = Coordinata(&kReciproca);
-    EXPECT_EQ(Leggi(reciproca, LeI32(4)).valore, 5.5f);
-    EXPECT_EQ(Leggi(reciproca, LeI32(0)).valore, 0.0f);
-    EXPECT_EQ(Leggi(reciproca, LeI32(4)).testo, "0.0000004");
+    s_kel_converter lineare = coordinata(&DOPPIO_PIU_CINQUE);
+    EXPECT_EQ(leggi(lineare, le_i32(100)).valore, 205.0f);
+    EXPECT_EQ(leggi(lineare, le_i32(100)).testo, "0.0000100");
+    s_kel_converter reciproca = coordinata(&RECIPROCA);
+    EXPECT_EQ(leggi(reciproca, le_i32(4)).valore, 5.5f);
+    EXPECT_EQ(leggi(reciproca, le_i32(0)).valore, 0.0f);
+    EXPECT_EQ(leggi(reciproca, le_i32(4)).testo, "0.0000004");
 }
 
 TEST(CoordinateSample, HasAStatusTextOfItsOwn) {
-    EXPECT_NE(Coordinata().testo_stato, nullptr);
+    EXPECT_NE(coordinata().testo_stato, nullptr);
 }
 
 TEST(CoordinateSample, IgnoresWidthDecimalsAndFormat) {
-    s_kel_converter conv = Coordinata();
+    s_kel_converter conv = coordinata();
     conv.larghezza = 5;
     conv.decimali = 1;
     conv.formato = FORMATO_SINISTRA;
-    EXPECT_EQ(Leggi(conv, LeI32(453456789)).testo, "45.3456789");
+    EXPECT_EQ(leggi(conv, le_i32(453456789)).testo, "45.3456789");
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 
 TEST(SampleSize, OfEveryCodeIsThatOfTheTable) {
     const std::vector<unsigned>& attese = modello::tabelle().dimensioni;
-    ASSERT_EQ(attese.size(), kel_test::tipi_campione);
+    ASSERT_EQ(attese.size(), kel_test::TIPI_CAMPIONE);
     for (unsigned codice = 0; codice < attese.size(); ++codice)
         EXPECT_EQ(kelFunGetSamplSize(codice), attese[codice]) << "sample type " << codice;
 }
@@ -20,7 +20,7 @@ TEST(SampleSize, OfTheLoggersGpsPacketIs56) {
 
 TEST(SampleSize, OfAnyOtherCodeIsZero) {
     for (unsigned codice :
-         {kel_test::tipi_campione, kel_test::tipi_campione + 1, 255u, 256u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu})
+         {kel_test::TIPI_CAMPIONE, kel_test::TIPI_CAMPIONE + 1, 255u, 256u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu})
         EXPECT_EQ(kelFunGetSamplSize(codice), 0u) << "sample type " << codice;
 }
 

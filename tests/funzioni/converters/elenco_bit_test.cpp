@@ -7,13 +7,13 @@ using namespace kel_test;
 
 namespace {
 
-s_kel_converter ElencoBit(const s_converter_data* dati = &kIdentita, unsigned short pos_bit = 0,
-                          unsigned short num_bit = 0) {
+s_kel_converter elenco_bit(const s_converter_data* dati = &IDENTITA, unsigned short pos_bit = 0,
+                           unsigned short num_bit = 0) {
     Impostazione come;
     come.dati = dati;
     come.pos_bit = pos_bit;
     come.num_bit = num_bit;
-    return Convertitore(13, come);
+    return convertitore(13, come);
 }
 
 TEST(BitList, ListsTheNumbersOfTheSetBitsHighestInTheUnits) {
@@ -36,8 +36,8 @@ TEST(BitList, ListsTheNumbersOfTheSetBitsHighestInTheUnits) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        s_kel_converter conv = ElencoBit();
-        const Lettura letto = Leggi(conv, Byte{caso.byte});
+        s_kel_converter conv = elenco_bit();
+        const Lettura letto = leggi(conv, Byte{caso.byte});
         EXPECT_EQ(letto.ha_valore, 1);
         EXPECT_EQ(letto.valore, caso.valore);
         EXPECT_EQ(letto.stato, 0u);
@@ -46,7 +46,7 @@ TEST(BitList, ListsTheNumbersOfTheSetBitsHighestInTheUnits) {
 }
 
 TEST(BitList, EveryByteListsItsBitsInAscendingOrder) {
-    s_kel_converter conv = ElencoBit();
+    s_kel_converter conv = elenco_bit();
     for (unsigned byte = 0; byte <= 0xFF; ++byte) {
         std::string cifre = "0";
         for (unsigned bit = 0; bit < 8; ++bit) {
@@ -62,55 +62,55 @@ TEST(BitList, EveryByteListsItsBitsInAscendingOrder) {
 }
 
 TEST(BitList, IsScaledByGainAndOffset) {
-    s_kel_converter conv = ElencoBit(&kDoppioPiuCinque);
-    EXPECT_EQ(Leggi(conv, Byte{0x81}).valore, 41.0f);
-    EXPECT_EQ(Leggi(conv, Byte{0x00}).valore, 5.0f);
+    s_kel_converter conv = elenco_bit(&DOPPIO_PIU_CINQUE);
+    EXPECT_EQ(leggi(conv, Byte{0x81}).valore, 41.0f);
+    EXPECT_EQ(leggi(conv, Byte{0x00}).valore, 5.0f);
 }
 
 TEST(BitList, IsLinearEvenWithAReciprocalUnit) {
-    s_kel_converter conv = ElencoBit(&kReciproca);
-    EXPECT_EQ(Leggi(conv, Byte{0x81}).valore, 41.0f);
+    s_kel_converter conv = elenco_bit(&RECIPROCA);
+    EXPECT_EQ(leggi(conv, Byte{0x81}).valore, 41.0f);
 }
 
 TEST(MaskedBitList, FindsNoBitOfItsOwnThroughTheMaskOfTheSetUp) {
     // The mask is the bit above the field, so that shifted down no bit below the count is ever set.
     for (unsigned short num_bit = 1; num_bit <= 7; ++num_bit) {
-        s_kel_converter conv = ElencoBit(&kDoppioPiuCinque, 0, num_bit);
+        s_kel_converter conv = elenco_bit(&DOPPIO_PIU_CINQUE, 0, num_bit);
         ASSERT_NE(conv.maschera, 0u);
         for (const Byte& campione : {Byte{0x00}, Byte{0x01}, Byte{0x7F}, Byte{0xFF}}) {
-            EXPECT_EQ(Leggi(conv, campione).valore, 5.0f) << "count " << num_bit;
+            EXPECT_EQ(leggi(conv, campione).valore, 5.0f) << "count " << num_bit;
         }
     }
 }
 
 TEST(MaskedBitList, CountsFromZeroAndWeighsEveryBit) {
     // The record is the caller's: with a mask of his own the field's bits come through.
-    s_kel_converter conv = ElencoBit(&kIdentita, 0, 4);
+    s_kel_converter conv = elenco_bit(&IDENTITA, 0, 4);
     conv.maschera = 0x0F;
-    EXPECT_EQ(Leggi(conv, Byte{0x01}).valore, 0.0f);
-    EXPECT_EQ(Leggi(conv, Byte{0x02}).valore, 10.0f);
-    EXPECT_EQ(Leggi(conv, Byte{0x08}).valore, 3000.0f);
-    EXPECT_EQ(Leggi(conv, Byte{0x0E}).valore, 3210.0f);
-    EXPECT_EQ(Leggi(conv, Byte{0xFF}).valore, 3210.0f);
+    EXPECT_EQ(leggi(conv, Byte{0x01}).valore, 0.0f);
+    EXPECT_EQ(leggi(conv, Byte{0x02}).valore, 10.0f);
+    EXPECT_EQ(leggi(conv, Byte{0x08}).valore, 3000.0f);
+    EXPECT_EQ(leggi(conv, Byte{0x0E}).valore, 3210.0f);
+    EXPECT_EQ(leggi(conv, Byte{0xFF}).valore, 3210.0f);
     conv.maschera = 0xF0;
     conv.pos_bit = 4;
-    EXPECT_EQ(Leggi(conv, Byte{0xE1}).valore, 3210.0f);
+    EXPECT_EQ(leggi(conv, Byte{0xE1}).valore, 3210.0f);
     conv.num_bit = 2;
-    EXPECT_EQ(Leggi(conv, Byte{0xE1}).valore, 10.0f);
-    conv.dati = &kDoppioPiuCinque;
-    EXPECT_EQ(Leggi(conv, Byte{0xE1}).valore, 25.0f);
+    EXPECT_EQ(leggi(conv, Byte{0xE1}).valore, 10.0f);
+    conv.dati = &DOPPIO_PIU_CINQUE;
+    EXPECT_EQ(leggi(conv, Byte{0xE1}).valore, 25.0f);
 }
 
 TEST(MaskedBitList, WithoutBitsOrBeyondTheWordIsTheOffset) {
-    s_kel_converter conv = ElencoBit(&kDoppioPiuCinque, 0, 4);
+    s_kel_converter conv = elenco_bit(&DOPPIO_PIU_CINQUE, 0, 4);
     conv.maschera = 0xFF;
     conv.num_bit = 0;
-    EXPECT_EQ(Leggi(conv, Byte{0xFF}).valore, 5.0f);
+    EXPECT_EQ(leggi(conv, Byte{0xFF}).valore, 5.0f);
     conv.num_bit = 4;
     conv.pos_bit = 32;
-    EXPECT_EQ(Leggi(conv, Byte{0xFF}).valore, 5.0f);
+    EXPECT_EQ(leggi(conv, Byte{0xFF}).valore, 5.0f);
     conv.pos_bit = 65535;
-    EXPECT_EQ(Leggi(conv, Byte{0xFF}).valore, 5.0f);
+    EXPECT_EQ(leggi(conv, Byte{0xFF}).valore, 5.0f);
 }
 
 }  // namespace

@@ -7,14 +7,14 @@ using namespace kel_test;
 
 namespace {
 
-const kel_funpos kMarcia = kelFidComponi(FID_PHI_GEAR, FID_OBJ_GEAR, FID_POS_GEARBOX);
+const kel_funpos MARCIA = kelFidComponi(FID_PHI_GEAR, FID_OBJ_GEAR, FID_POS_GEARBOX);
 
-s_kel_converter Marcia(const s_converter_data* dati = &kIdentita) {
+s_kel_converter marcia(const s_converter_data* dati = &IDENTITA) {
     Impostazione come;
-    come.fid_canale = kMarcia;
-    come.fid = kMarcia;
+    come.fid_canale = MARCIA;
+    come.fid = MARCIA;
     come.dati = dati;
-    return Convertitore(11, come);
+    return convertitore(11, come);
 }
 
 struct Caso {
@@ -24,7 +24,7 @@ struct Caso {
 };
 
 // clang-format off
-const Caso kCasi[] = {
+const Caso CASI[] = {
     {1, 1.0f, "1"}, {2, 2.0f, "2"}, {3, 3.0f, "3"}, {4, 4.0f, "4"}, {5, 5.0f, "5"},
     {6, 6.0f, "6"}, {7, 7.0f, "7"}, {8, 8.0f, "8"}, {9, 9.0f, "9"},
     {0,  0.0f,  "N"},
@@ -46,9 +46,9 @@ const Caso kCasi[] = {
 // clang-format on
 
 TEST(GearSample, ShowsOneCharacterAndItsNumber) {
-    for (const Caso& caso : kCasi) {
-        s_kel_converter conv = Marcia();
-        const Lettura letto = Leggi(conv, Le16(static_cast<unsigned>(caso.grezzo)));
+    for (const Caso& caso : CASI) {
+        s_kel_converter conv = marcia();
+        const Lettura letto = leggi(conv, le16(static_cast<unsigned>(caso.grezzo)));
         SCOPED_TRACE("gear " + std::to_string(caso.grezzo));
         EXPECT_EQ(letto.ha_valore, 1);
         EXPECT_EQ(letto.valore, caso.valore);
@@ -62,37 +62,37 @@ TEST(GearSample, ShowsOneCharacterAndItsNumber) {
 TEST(GearSample, ReservedValuesReadAsMinusEightWithTheirStatus) {
     const std::pair<unsigned, std::uint32_t> casi[] = {{0xCFFF, 4}, {0xCFFE, 2}, {0xCFFD, 8}};
     for (const auto& [grezzo, stato] : casi) {
-        s_kel_converter conv = Marcia();
-        const Lettura letto = Leggi(conv, Le16(grezzo));
+        s_kel_converter conv = marcia();
+        const Lettura letto = leggi(conv, le16(grezzo));
         EXPECT_EQ(letto.valore, -8.0f);
         EXPECT_EQ(letto.stato, stato);
         EXPECT_EQ(letto.testo, "-") << "the gear text never shows a status";
     }
-    s_kel_converter conv = Marcia();
-    EXPECT_EQ(Leggi(conv, Le16(0xCFFC)).stato, 0u);
-    EXPECT_EQ(Leggi(conv, Le16(0xCFFC)).valore, -8.0f);
+    s_kel_converter conv = marcia();
+    EXPECT_EQ(leggi(conv, le16(0xCFFC)).stato, 0u);
+    EXPECT_EQ(leggi(conv, le16(0xCFFC)).valore, -8.0f);
 }
 
 TEST(GearSample, IgnoresGainOffsetAndReciprocal) {
-    for (const s_converter_data* dati : {&kDoppioPiuCinque, &kReciproca}) {
-        s_kel_converter conv = Marcia(dati);
-        EXPECT_EQ(Leggi(conv, Le16(4)).valore, 4.0f);
-        EXPECT_EQ(Leggi(conv, Le16(0)).valore, 0.0f);
+    for (const s_converter_data* dati : {&DOPPIO_PIU_CINQUE, &RECIPROCA}) {
+        s_kel_converter conv = marcia(dati);
+        EXPECT_EQ(leggi(conv, le16(4)).valore, 4.0f);
+        EXPECT_EQ(leggi(conv, le16(0)).valore, 0.0f);
     }
 }
 
 TEST(GearSample, IgnoresWidthDecimalsAndFormat) {
     for (std::uint32_t larghezza : {0u, 1u, 5u, 40u}) {
-        s_kel_converter conv = Marcia();
+        s_kel_converter conv = marcia();
         conv.larghezza = larghezza;
         conv.decimali = 2;
         conv.formato = FORMATO_SINISTRA;
-        EXPECT_EQ(Leggi(conv, Le16(3)).testo, "3");
+        EXPECT_EQ(leggi(conv, le16(3)).testo, "3");
     }
 }
 
 TEST(GearSample, HasNoStatusText) {
-    EXPECT_EQ(Marcia().testo_stato, nullptr);
+    EXPECT_EQ(marcia().testo_stato, nullptr);
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ using namespace kel_test;
 
 namespace {
 
-std::vector<Byte> Riempimenti(std::size_t byte) {
+std::vector<Byte> riempimenti(std::size_t byte) {
     std::vector<Byte> tutti;
     for (int valore : {0x00, 0x01, 0x35, 0x7F, 0x80, 0xFF}) {
         tutti.emplace_back(byte, static_cast<unsigned char>(valore));
@@ -28,7 +28,7 @@ std::vector<Byte> Riempimenti(std::size_t byte) {
     return tutti;
 }
 
-const s_converter_data* const kDati[] = {&kIdentita, &kDoppioPiuCinque, &kReciproca};
+const s_converter_data* const DATI[] = {&IDENTITA, &DOPPIO_PIU_CINQUE, &RECIPROCA};
 
 struct Esito {
     int ha_valore;
@@ -38,7 +38,7 @@ struct Esito {
     bool operator==(const Esito&) const = default;
 };
 
-Esito LeggiDa(s_kel_converter conv, const unsigned char* campione) {
+Esito leggi_da(s_kel_converter conv, const unsigned char* campione) {
     Esito esito;
     float valore = -1.0f;
     esito.ha_valore = kelConvGetValFloat(&conv, campione, &valore);
@@ -51,10 +51,10 @@ Esito LeggiDa(s_kel_converter conv, const unsigned char* campione) {
 
 // Every converter of a packet or plain sample type that reads `byte` bytes, one after the other.
 template <typename Funzione>
-void PerOgniConvertitore(Funzione&& fai) {
-    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
+void per_ogni_convertitore(Funzione&& fai) {
+    for (unsigned tipo = 0; tipo < kel_test::TIPI_CAMPIONE; ++tipo) {
         const std::size_t byte = kelFunGetSamplSize(tipo);
-        for (const s_converter_data* dati : kDati) {
+        for (const s_converter_data* dati : DATI) {
             for (unsigned short num_bit : {static_cast<unsigned short>(0), static_cast<unsigned short>(3)}) {
                 for (std::uint32_t larghezza : {4u, 5u}) {
                     Impostazione come;
@@ -62,21 +62,24 @@ void PerOgniConvertitore(Funzione&& fai) {
                     come.num_bit = num_bit;
                     come.larghezza = larghezza;
                     come.decimali = 1;
-                    fai(Convertitore(tipo, come), byte, tipo, kel_funpos{0});
+                    fai(convertitore(tipo, come), byte, tipo, kel_funpos{0});
                     come.fid_canale = kelFidComponi(FID_PHI_GEAR, 0, 0);
-                    fai(Convertitore(tipo, come), byte, tipo, kel_funpos{0});
+                    fai(convertitore(tipo, come), byte, tipo, kel_funpos{0});
                 }
             }
         }
     }
-    const std::pair<kel_funpos, unsigned> pacchetti[] = {
-        {kPacchettoGps, 8}, {kPacchettoUbx, 9}, {kPacchettoGiro2G, 7}, {kPacchettoGiro1G, 17}, {kPacchettoGiro2Gv2, 7}};
+    const std::pair<kel_funpos, unsigned> pacchetti[] = {{PACCHETTO_GPS, 8},
+                                                         {PACCHETTO_UBX, 9},
+                                                         {PACCHETTO_GIRO2_G, 7},
+                                                         {PACCHETTO_GIRO1_G, 17},
+                                                         {PACCHETTO_GIRO2_GV2, 7}};
     for (const auto& [pacchetto, tipo] : pacchetti) {
         std::list<kel_funpos> interni;
         CConverter::getAllInnerFunpos(pacchetto, interni);
         for (kel_funpos fid : interni) {
-            for (const s_converter_data* dati : kDati) {
-                fai(Sottocampo(pacchetto, tipo, fid, dati), kelFunGetSamplSize(tipo), tipo, fid);
+            for (const s_converter_data* dati : DATI) {
+                fai(sottocampo(pacchetto, tipo, fid, dati), kelFunGetSamplSize(tipo), tipo, fid);
             }
         }
     }
@@ -90,11 +93,11 @@ protected:
 
 TEST_F(GuardPages, NothingIsReadAfterASample) {
     unsigned letti = 0;
-    PerOgniConvertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
-        for (const Byte& contenuto : Riempimenti(byte)) {
-            unsigned char* campione = recinto_.InFondo(byte);
+    per_ogni_convertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        for (const Byte& contenuto : riempimenti(byte)) {
+            unsigned char* campione = recinto_.in_fondo(byte);
             std::copy(contenuto.begin(), contenuto.end(), campione);
-            const Esito esito = LeggiDa(conv, campione);
+            const Esito esito = leggi_da(conv, campione);
             EXPECT_NE(esito.testo.find('\0'), std::string::npos) << "type " << tipo << ", subfield " << fid;
             ++letti;
         }
@@ -103,46 +106,46 @@ TEST_F(GuardPages, NothingIsReadAfterASample) {
 }
 
 TEST_F(GuardPages, NothingIsReadBeforeASample) {
-    PerOgniConvertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
-        for (const Byte& contenuto : Riempimenti(byte)) {
-            std::copy(contenuto.begin(), contenuto.end(), recinto_.InTesta());
-            const Esito esito = LeggiDa(conv, recinto_.InTesta());
+    per_ogni_convertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        for (const Byte& contenuto : riempimenti(byte)) {
+            std::copy(contenuto.begin(), contenuto.end(), recinto_.in_testa());
+            const Esito esito = leggi_da(conv, recinto_.in_testa());
             EXPECT_NE(esito.testo.find('\0'), std::string::npos) << "type " << tipo << ", subfield " << fid;
         }
     });
 }
 
 TEST_F(GuardPages, BytesRoundASampleDoNotChangeItsReading) {
-    PerOgniConvertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
-        for (const Byte& contenuto : Riempimenti(byte)) {
+    per_ogni_convertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        for (const Byte& contenuto : riempimenti(byte)) {
             Byte zeri(byte + 128, 0);
             Byte uni(byte + 128, 0xFF);
             std::copy(contenuto.begin(), contenuto.end(), zeri.begin() + 64);
             std::copy(contenuto.begin(), contenuto.end(), uni.begin() + 64);
-            ASSERT_EQ(LeggiDa(conv, zeri.data() + 64), LeggiDa(conv, uni.data() + 64))
+            ASSERT_EQ(leggi_da(conv, zeri.data() + 64), leggi_da(conv, uni.data() + 64))
                 << "type " << tipo << ", subfield 0x" << std::hex << fid;
         }
     });
 }
 
 TEST_F(GuardPages, ASampleInARecordIsReadInItsPlaceOnly) {
-    for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
+    for (unsigned tipo = 0; tipo < kel_test::TIPI_CAMPIONE; ++tipo) {
         const unsigned byte = kelFunGetSamplSize(tipo);
-        const s_kel_canale canale = Canale(kFid, tipo, 200);
+        const s_kel_canale canale = un_canale(FID, tipo, 200);
         s_kel_converter conv{};
         conv.larghezza = 4;
-        kelConvInit(&conv, &canale, kFid, &kIdentita, 0, 0, 0);
+        kelConvInit(&conv, &canale, FID, &IDENTITA, 0, 0, 0);
         // The record would begin 200 bytes before the sample; only the sample itself may be touched.
-        unsigned char* fondo = recinto_.InFondo(byte);
+        unsigned char* fondo = recinto_.in_fondo(byte);
         std::fill_n(fondo, byte, static_cast<unsigned char>(0x33));
-        LeggiDa(conv, fondo - 200);
+        leggi_da(conv, fondo - 200);
     }
 }
 
 TEST_F(GuardPages, TheTextIsWrittenInsideItsThirtyTwoBytes) {
     for (bool in_fondo : {true, false}) {
-        char* testo = reinterpret_cast<char*>(in_fondo ? recinto_.InFondo(32) : recinto_.InTesta());
-        PerOgniConvertitore([&](s_kel_converter conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        char* testo = reinterpret_cast<char*>(in_fondo ? recinto_.in_fondo(32) : recinto_.in_testa());
+        per_ogni_convertitore([&](s_kel_converter conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
             for (std::uint32_t larghezza : {0u, 1u, 5u, 31u, 32u, 33u, 64u, 0xFFFFFFFFu}) {
                 for (std::uint32_t decimali : {0u, 3u, 0xFFFFFFFFu}) {
                     for (int formato = 0; formato < 3; ++formato) {
@@ -163,13 +166,13 @@ TEST_F(GuardPages, TheTextIsWrittenInsideItsThirtyTwoBytes) {
 
 TEST_F(GuardPages, OnlyTheChannelRecordIsReadAtSetUp) {
     for (bool in_fondo : {true, false}) {
-        unsigned char* posto = in_fondo ? recinto_.InFondo(sizeof(s_kel_canale)) : recinto_.InTesta();
+        unsigned char* posto = in_fondo ? recinto_.in_fondo(sizeof(s_kel_canale)) : recinto_.in_testa();
         for (unsigned tipo = 0; tipo <= 25; ++tipo) {
-            for (kel_funpos fid : {kFid, kPacchettoGps, kPacchettoGiro1G}) {
-                const s_kel_canale canale = Canale(fid, tipo, 7);
+            for (kel_funpos fid : {FID, PACCHETTO_GPS, PACCHETTO_GIRO1_G}) {
+                const s_kel_canale canale = un_canale(fid, tipo, 7);
                 std::memcpy(posto, &canale, sizeof canale);
                 s_kel_converter conv{};
-                kelConvInit(&conv, reinterpret_cast<const s_kel_canale*>(posto), 0xA940B, &kIdentita, 0, 0, 0);
+                kelConvInit(&conv, reinterpret_cast<const s_kel_canale*>(posto), 0xA940B, &IDENTITA, 0, 0, 0);
                 EXPECT_GE(kelConvGetOffset(&conv), 7u);
             }
         }
@@ -177,13 +180,13 @@ TEST_F(GuardPages, OnlyTheChannelRecordIsReadAtSetUp) {
 }
 
 TEST(AnyAlignment, OfASampleGivesTheSameReading) {
-    PerOgniConvertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
-        for (const Byte& contenuto : Riempimenti(byte)) {
+    per_ogni_convertitore([&](const s_kel_converter& conv, std::size_t byte, unsigned tipo, kel_funpos fid) {
+        for (const Byte& contenuto : riempimenti(byte)) {
             alignas(8) unsigned char memoria[80];
             Esito primo;
             for (std::size_t scarto = 0; scarto < 8; ++scarto) {
                 std::copy(contenuto.begin(), contenuto.end(), memoria + scarto);
-                const Esito esito = LeggiDa(conv, memoria + scarto);
+                const Esito esito = leggi_da(conv, memoria + scarto);
                 if (scarto == 0) {
                     primo = esito;
                 }
@@ -197,14 +200,14 @@ TEST(AnyAlignment, OfASampleGivesTheSameReading) {
 TEST(AnyAlignment, OfAChannelRecordGivesTheSameConverter) {
     alignas(8) unsigned char memoria[sizeof(s_kel_canale) + 8];
     for (std::size_t scarto = 0; scarto < 8; ++scarto) {
-        const s_kel_canale canale = Canale(kPacchettoGps, 8, 5);
+        const s_kel_canale canale = un_canale(PACCHETTO_GPS, 8, 5);
         std::memcpy(memoria + scarto, &canale, sizeof canale);
         const auto* storto = reinterpret_cast<const s_kel_canale*>(memoria + scarto);
         s_kel_converter conv{};
         conv.larghezza = 4;
-        kelConvInit(&conv, storto, 0xA940B, &kIdentita, 0, 0, 0);
+        kelConvInit(&conv, storto, 0xA940B, &IDENTITA, 0, 0, 0);
         EXPECT_EQ(kelConvGetOffset(&conv), 56u);
-        CConverter oggetto(storto, 0xA940B, &kIdentita, true, 0, FORMATO_DESTRA, 4);
+        CConverter oggetto(storto, 0xA940B, &IDENTITA, true, 0, FORMATO_DESTRA, 4);
         Byte pacchetto(56, 0);
         pacchetto[51] = 12;
         float valore = 0.0f;

@@ -12,7 +12,7 @@ using namespace kel_test;
 
 namespace {
 
-constexpr std::uint32_t Bit(float valore) {
+constexpr std::uint32_t bit(float valore) {
     return std::bit_cast<std::uint32_t>(valore);
 }
 
@@ -23,11 +23,11 @@ TEST(HalfFloat, ExpandsKnownPatterns) {
 }
 
 TEST(HalfFloat, CompressesKnownValues) {
-    EXPECT_EQ(kelF16compress(Bit(0.0f)), 0x0000u);
-    EXPECT_EQ(kelF16compress(Bit(-0.0f)), 0x8000u);
-    EXPECT_EQ(kelF16compress(Bit(1.0f)), 0x3C00u);
-    EXPECT_EQ(kelF16compress(Bit(std::ldexp(1.0f, -24))), 0x0001u);
-    EXPECT_EQ(kelF16compress(Bit(std::ldexp(1.0f, -25))), 0x0000u);
+    EXPECT_EQ(kelF16compress(bit(0.0f)), 0x0000u);
+    EXPECT_EQ(kelF16compress(bit(-0.0f)), 0x8000u);
+    EXPECT_EQ(kelF16compress(bit(1.0f)), 0x3C00u);
+    EXPECT_EQ(kelF16compress(bit(std::ldexp(1.0f, -24))), 0x0001u);
+    EXPECT_EQ(kelF16compress(bit(std::ldexp(1.0f, -25))), 0x0000u);
     EXPECT_EQ(kelF16compress(0x33800000u - 1), 0x0000u);  // just below the smallest subnormal: truncated
 }
 
@@ -82,17 +82,17 @@ TEST(HalfFloat, NeverGrowsInMagnitude) {
     }
 }
 
-s_kel_converter ConDati(const s_converter_data& dati) {
+s_kel_converter con_dati(const s_converter_data& dati) {
     Impostazione come;
     come.dati = &dati;
     come.decimali = 2;
-    return Convertitore(20, come);
+    return convertitore(20, come);
 }
 
 TEST(HalfSample, PlusInfinityIsOverRangeAndInvalid) {
-    for (const s_converter_data* dati : {&kIdentita, &kDoppioPiuCinque, &kReciproca}) {
-        s_kel_converter conv = ConDati(*dati);
-        const Lettura letto = Leggi(conv, Le16(0x7C00));
+    for (const s_converter_data* dati : {&IDENTITA, &DOPPIO_PIU_CINQUE, &RECIPROCA}) {
+        s_kel_converter conv = con_dati(*dati);
+        const Lettura letto = leggi(conv, le16(0x7C00));
         EXPECT_EQ(letto.valore, 0.0f);
         EXPECT_EQ(letto.stato, 12u);
         EXPECT_EQ(letto.testo, "---");
@@ -100,9 +100,9 @@ TEST(HalfSample, PlusInfinityIsOverRangeAndInvalid) {
 }
 
 TEST(HalfSample, MinusInfinityIsMissing) {
-    for (const s_converter_data* dati : {&kIdentita, &kDoppioPiuCinque, &kReciproca}) {
-        s_kel_converter conv = ConDati(*dati);
-        const Lettura letto = Leggi(conv, Le16(0xFC00));
+    for (const s_converter_data* dati : {&IDENTITA, &DOPPIO_PIU_CINQUE, &RECIPROCA}) {
+        s_kel_converter conv = con_dati(*dati);
+        const Lettura letto = leggi(conv, le16(0xFC00));
         EXPECT_EQ(letto.valore, 0.0f);
         EXPECT_EQ(letto.stato, 2u);
         EXPECT_EQ(letto.testo, "   ");
@@ -110,9 +110,9 @@ TEST(HalfSample, MinusInfinityIsMissing) {
 }
 
 TEST(HalfSample, NanIsNotTreatedSpeciallyAndShowsAsTooLong) {
-    s_kel_converter conv = ConDati(kIdentita);
+    s_kel_converter conv = con_dati(IDENTITA);
     for (unsigned mezzo : {0x7C01u, 0x7E00u, 0x7FFFu, 0xFC01u, 0xFFFFu}) {
-        const Lettura letto = Leggi(conv, Le16(mezzo));
+        const Lettura letto = leggi(conv, le16(mezzo));
         EXPECT_EQ(letto.ha_valore, 1);
         EXPECT_TRUE(std::isnan(letto.valore)) << std::hex << mezzo;
         EXPECT_EQ(letto.stato, 0u);
@@ -121,27 +121,27 @@ TEST(HalfSample, NanIsNotTreatedSpeciallyAndShowsAsTooLong) {
 }
 
 TEST(HalfSample, HasNoReservedIntegerPatterns) {
-    s_kel_converter conv = ConDati(kIdentita);
+    s_kel_converter conv = con_dati(IDENTITA);
     // 0xCFFF as a half is -31.984375, the two below it -31.96875 and -31.953125.
-    EXPECT_EQ(Leggi(conv, Le16(0xCFFF)).valore, -31.984375f);
-    EXPECT_EQ(Leggi(conv, Le16(0xCFFE)).valore, -31.96875f);
-    EXPECT_EQ(Leggi(conv, Le16(0xCFFD)).valore, -31.953125f);
-    EXPECT_EQ(Leggi(conv, Le16(0xCFFF)).stato, 0u);
+    EXPECT_EQ(leggi(conv, le16(0xCFFF)).valore, -31.984375f);
+    EXPECT_EQ(leggi(conv, le16(0xCFFE)).valore, -31.96875f);
+    EXPECT_EQ(leggi(conv, le16(0xCFFD)).valore, -31.953125f);
+    EXPECT_EQ(leggi(conv, le16(0xCFFF)).stato, 0u);
 }
 
 TEST(HalfSample, IsScaledByGainAndOffset) {
-    s_kel_converter conv = ConDati(kDoppioPiuCinque);
-    EXPECT_EQ(Leggi(conv, Le16(0x3C00)).valore, 7.0f);
-    EXPECT_EQ(Leggi(conv, Le16(0xBC00)).valore, 3.0f);
-    EXPECT_EQ(Leggi(conv, Le16(0x0000)).valore, 5.0f);
-    EXPECT_EQ(Leggi(conv, Le16(0x3C00)).testo, "     7.00");
+    s_kel_converter conv = con_dati(DOPPIO_PIU_CINQUE);
+    EXPECT_EQ(leggi(conv, le16(0x3C00)).valore, 7.0f);
+    EXPECT_EQ(leggi(conv, le16(0xBC00)).valore, 3.0f);
+    EXPECT_EQ(leggi(conv, le16(0x0000)).valore, 5.0f);
+    EXPECT_EQ(leggi(conv, le16(0x3C00)).testo, "     7.00");
 }
 
 TEST(HalfSample, ReciprocalOfEitherZeroIsZeroWithoutTheOffset) {
-    s_kel_converter conv = ConDati(kReciproca);
-    EXPECT_EQ(Leggi(conv, Le16(0x4400)).valore, 5.5f);  // 4.0
+    s_kel_converter conv = con_dati(RECIPROCA);
+    EXPECT_EQ(leggi(conv, le16(0x4400)).valore, 5.5f);  // 4.0
     for (unsigned zero : {0x0000u, 0x8000u}) {
-        const Lettura letto = Leggi(conv, Le16(zero));
+        const Lettura letto = leggi(conv, le16(zero));
         EXPECT_EQ(letto.valore, 0.0f);
         EXPECT_EQ(letto.stato, 0u);
     }

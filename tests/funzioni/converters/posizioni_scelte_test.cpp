@@ -11,7 +11,7 @@ using namespace kel_test;
 
 namespace {
 
-constexpr kel_funpos kLongitudine = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
+constexpr kel_funpos LONGITUDINE = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS);
 
 struct Posizione {
     std::int32_t x, y;     // ECEF, cm
@@ -19,19 +19,19 @@ struct Posizione {
     const char* gradi;     // atan2(y, x) * 180 / pi, sixteen digits
 };
 
-constexpr Posizione posizioni[] = {
+constexpr Posizione POSIZIONI[] = {
     {509379920, 31618502, 0x406352EF, "3.551936983940751"},
     {438651061, 27789254, 0x4067FEF3, "3.624935984533217"},
     {592786857, 36270707, 0x40601694, "3.501377940232517"},
 };
 
 TEST(Longitude, NearTheMiddleBetweenTwoFloatsIsTheNearer) {
-    for (const Posizione& posizione : posizioni) {
+    for (const Posizione& posizione : POSIZIONI) {
         Byte pacchetto(56, 0);
-        Metti(pacchetto, 16, LeI32(posizione.x));
-        Metti(pacchetto, 20, LeI32(posizione.y));
-        s_kel_converter conv = Sottocampo(kPacchettoGps, KEL_TIPO_GPS_KEL, kLongitudine, &kIdentita);
-        const float longitudine = Leggi(conv, pacchetto).valore;
+        metti(pacchetto, 16, le_i32(posizione.x));
+        metti(pacchetto, 20, le_i32(posizione.y));
+        s_kel_converter conv = sottocampo(PACCHETTO_GPS, KEL_TIPO_GPS_KEL, LONGITUDINE, &IDENTITA);
+        const float longitudine = leggi(conv, pacchetto).valore;
         EXPECT_EQ(std::bit_cast<std::uint32_t>(longitudine), posizione.angolo) << posizione.gradi << " degrees";
     }
 }
@@ -44,7 +44,7 @@ struct Equatore {
 
 // A centimetre or two beside the equator the iteration ends at a step of 1e-10 that is no small part of the way: the float is
 // that of where it ends, not of where it would come to.
-constexpr Equatore equatore[] = {
+constexpr Equatore EQUATORE[] = {
     {529779859, 2, 0x346844FA, "2.163177654726877e-07"},
     {655575980, 1, 0x33BBB27B, "8.740331125472260e-08"},
     {699851375, 2, 0x342FD26E, "1.637469821949228e-07"},
@@ -52,12 +52,12 @@ constexpr Equatore equatore[] = {
 
 TEST(Latitude, BesideTheEquatorIsWhereTheIterationEnds) {
     constexpr kel_funpos latitudine = kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS);
-    for (const Equatore& punto : equatore) {
+    for (const Equatore& punto : EQUATORE) {
         Byte pacchetto(56, 0);
-        Metti(pacchetto, 16, LeI32(punto.x));
-        Metti(pacchetto, 24, LeI32(punto.z));
-        s_kel_converter conv = Sottocampo(kPacchettoGps, KEL_TIPO_GPS_KEL, latitudine, &kIdentita);
-        EXPECT_EQ(std::bit_cast<std::uint32_t>(Leggi(conv, pacchetto).valore), punto.angolo)
+        metti(pacchetto, 16, le_i32(punto.x));
+        metti(pacchetto, 24, le_i32(punto.z));
+        s_kel_converter conv = sottocampo(PACCHETTO_GPS, KEL_TIPO_GPS_KEL, latitudine, &IDENTITA);
+        EXPECT_EQ(std::bit_cast<std::uint32_t>(leggi(conv, pacchetto).valore), punto.angolo)
             << punto.limite << " degrees";
     }
 }

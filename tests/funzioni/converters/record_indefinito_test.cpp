@@ -17,31 +17,31 @@ using namespace kel_test;
 
 namespace {
 
-constexpr kel_funpos kMarcia = kelFidComponi(FID_PHI_GEAR, 0, 0);
-constexpr unsigned kRiempimenti[] = {0x00, 0x5A, 0xA5, 0xFF};
-constexpr unsigned short kBit[] = {0, 3};  // none, and a bit field
-constexpr unsigned kTutti[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13,
-                               14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 0xFFFFFFFF};
+constexpr kel_funpos MARCIA = kelFidComponi(FID_PHI_GEAR, 0, 0);
+constexpr unsigned RIEMPIMENTI[] = {0x00, 0x5A, 0xA5, 0xFF};
+constexpr unsigned short BIT[] = {0, 3};  // none, and a bit field
+constexpr unsigned TUTTI[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13,
+                              14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 0xFFFFFFFF};
 // Sample types that are decoded without the unit's data, or not at all.
-const std::set<unsigned> kSenzaUnita = {7, 8, 9, 10, 11, 14, 15, 16, 17, 18, 19, 22, 23, 25, 26, 0xFFFFFFFF};
+const std::set<unsigned> SENZA_UNITA = {7, 8, 9, 10, 11, 14, 15, 16, 17, 18, 19, 22, 23, 25, 26, 0xFFFFFFFF};
 // Sample types whose values are computed with them, in one way only: there is nothing to choose.
-const std::set<unsigned> kUnModo = {12, 13, 24};
+const std::set<unsigned> UN_MODO = {12, 13, 24};
 
 class UndefinedRecord : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(recinto_.pronto()) << "mmap or mprotect failed"; }
 
-    const s_converter_data* Proibito() const { return reinterpret_cast<const s_converter_data*>(recinto_.InFondo(0)); }
+    const s_converter_data* proibito() const { return reinterpret_cast<const s_converter_data*>(recinto_.in_fondo(0)); }
 
-    s_kel_converter Indefinito(unsigned riempimento) const {
+    s_kel_converter indefinito(unsigned riempimento) const {
         s_kel_converter conv;
         std::memset(static_cast<void*>(&conv), static_cast<int>(riempimento), sizeof conv);
-        Aspetto(conv);
-        conv.dati = Proibito();
+        aspetto(conv);
+        conv.dati = proibito();
         return conv;
     }
 
-    static void Aspetto(s_kel_converter& conv) {
+    static void aspetto(s_kel_converter& conv) {
         conv.larghezza = 6;
         conv.decimali = 1;
         conv.auto_decimali = 0;
@@ -49,15 +49,15 @@ protected:
     }
 
     // The same set-up of a record that holds zeros.
-    static s_kel_converter Pulito(const s_kel_canale& canale, kel_funpos fid, const s_converter_data& dati,
+    static s_kel_converter pulito(const s_kel_canale& canale, kel_funpos fid, const s_converter_data& dati,
                                   unsigned short num_bit = 0) {
         s_kel_converter conv{};
-        Aspetto(conv);
+        aspetto(conv);
         kelConvInit(&conv, &canale, fid, &dati, 0, num_bit, 0);
         return conv;
     }
 
-    static void StessaImpostazione(const s_kel_converter& conv, const s_kel_converter& attesa) {
+    static void stessa_impostazione(const s_kel_converter& conv, const s_kel_converter& attesa) {
         EXPECT_EQ(conv.offset_campione, attesa.offset_campione);
         EXPECT_EQ(conv.pos_bit, attesa.pos_bit);
         EXPECT_EQ(conv.num_bit, attesa.num_bit);
@@ -67,10 +67,10 @@ protected:
         EXPECT_EQ(conv.testo_stato, attesa.testo_stato);
     }
 
-    static void StessaLettura(s_kel_converter& conv, s_kel_converter& attesa) {
+    static void stessa_lettura(s_kel_converter& conv, s_kel_converter& attesa) {
         const Byte campione(128, 0x31);
-        const Lettura letto = Leggi(conv, campione);
-        const Lettura atteso = Leggi(attesa, campione);
+        const Lettura letto = leggi(conv, campione);
+        const Lettura atteso = leggi(attesa, campione);
         EXPECT_EQ(letto.ha_valore, atteso.ha_valore);
         EXPECT_EQ(letto.valore, atteso.valore);
         EXPECT_EQ(letto.stato, atteso.stato);
@@ -82,21 +82,21 @@ protected:
 };
 
 TEST_F(UndefinedRecord, IsSetUpWithoutAUnitWhereNoneIsNeeded) {
-    for (unsigned riempimento : kRiempimenti) {
-        for (unsigned tipo : kTutti) {
-            for (kel_funpos fid : {kFid, kMarcia}) {
-                for (unsigned short num_bit : kBit) {
-                    if (!kSenzaUnita.contains(tipo)) {
+    for (unsigned riempimento : RIEMPIMENTI) {
+        for (unsigned tipo : TUTTI) {
+            for (kel_funpos fid : {FID, MARCIA}) {
+                for (unsigned short num_bit : BIT) {
+                    if (!SENZA_UNITA.contains(tipo)) {
                         continue;
                     }
                     SCOPED_TRACE(::testing::Message() << "type " << tipo << ", filled with " << riempimento);
-                    const s_kel_canale canale = Canale(fid, tipo, 5);
-                    s_kel_converter conv = Indefinito(riempimento);
+                    const s_kel_canale canale = un_canale(fid, tipo, 5);
+                    s_kel_converter conv = indefinito(riempimento);
                     kelConvInit(&conv, &canale, fid, nullptr, 0, num_bit, 0);
-                    EXPECT_EQ(kelConvGetConvData(&conv), Proibito()) << "the pointer is the caller's";
-                    s_kel_converter attesa = Pulito(canale, fid, kReciproca, num_bit);
-                    StessaImpostazione(conv, attesa);
-                    StessaLettura(conv, attesa);
+                    EXPECT_EQ(kelConvGetConvData(&conv), proibito()) << "the pointer is the caller's";
+                    s_kel_converter attesa = pulito(canale, fid, RECIPROCA, num_bit);
+                    stessa_impostazione(conv, attesa);
+                    stessa_lettura(conv, attesa);
                 }
             }
         }
@@ -104,19 +104,19 @@ TEST_F(UndefinedRecord, IsSetUpWithoutAUnitWhereNoneIsNeeded) {
 }
 
 TEST_F(UndefinedRecord, IsSetUpWithoutAUnitWhereThereIsOneWayToDecode) {
-    for (unsigned riempimento : kRiempimenti) {
-        for (unsigned tipo : kUnModo) {
+    for (unsigned riempimento : RIEMPIMENTI) {
+        for (unsigned tipo : UN_MODO) {
             SCOPED_TRACE(::testing::Message() << "type " << tipo << ", filled with " << riempimento);
-            const s_kel_canale canale = Canale(kFid, tipo, 5);
-            for (unsigned short num_bit : kBit) {
-                s_kel_converter conv = Indefinito(riempimento);
-                kelConvInit(&conv, &canale, kFid, nullptr, 0, num_bit, 0);
-                EXPECT_EQ(kelConvGetConvData(&conv), Proibito());
-                StessaImpostazione(conv, Pulito(canale, kFid, kReciproca, num_bit));
+            const s_kel_canale canale = un_canale(FID, tipo, 5);
+            for (unsigned short num_bit : BIT) {
+                s_kel_converter conv = indefinito(riempimento);
+                kelConvInit(&conv, &canale, FID, nullptr, 0, num_bit, 0);
+                EXPECT_EQ(kelConvGetConvData(&conv), proibito());
+                stessa_impostazione(conv, pulito(canale, FID, RECIPROCA, num_bit));
                 // The values are computed with the unit, as soon as there is one.
-                conv.dati = &kDoppioPiuCinque;
-                s_kel_converter attesa = Pulito(canale, kFid, kDoppioPiuCinque, num_bit);
-                StessaLettura(conv, attesa);
+                conv.dati = &DOPPIO_PIU_CINQUE;
+                s_kel_converter attesa = pulito(canale, FID, DOPPIO_PIU_CINQUE, num_bit);
+                stessa_lettura(conv, attesa);
             }
         }
     }
@@ -124,28 +124,28 @@ TEST_F(UndefinedRecord, IsSetUpWithoutAUnitWhereThereIsOneWayToDecode) {
 
 TEST_F(UndefinedRecord, ShowsTimesWithoutAUnit) {
     for (unsigned tipo : {12u, 24u}) {
-        const s_kel_canale canale = Canale(kFid, tipo, 0);
-        s_kel_converter conv = Indefinito(0xA5);
-        kelConvInit(&conv, &canale, kFid, nullptr, 0, 0, 1);
+        const s_kel_canale canale = un_canale(FID, tipo, 0);
+        s_kel_converter conv = indefinito(0xA5);
+        kelConvInit(&conv, &canale, FID, nullptr, 0, 0, 1);
         char testo[32];
-        EXPECT_EQ(kelConvGetString(&conv, Le32(61230).data(), testo), 1);
+        EXPECT_EQ(kelConvGetString(&conv, le32(61230).data(), testo), 1);
         EXPECT_STREQ(testo, tipo == 12 ? " 1:01.2" : " + 1.23");
     }
 }
 
 TEST_F(UndefinedRecord, TakesTheUnitThatItIsGiven) {
-    for (unsigned riempimento : kRiempimenti) {
-        for (unsigned tipo : kTutti) {
-            for (const s_converter_data* dati : {&kIdentita, &kDoppioPiuCinque, &kReciproca}) {
-                for (unsigned short num_bit : kBit) {
+    for (unsigned riempimento : RIEMPIMENTI) {
+        for (unsigned tipo : TUTTI) {
+            for (const s_converter_data* dati : {&IDENTITA, &DOPPIO_PIU_CINQUE, &RECIPROCA}) {
+                for (unsigned short num_bit : BIT) {
                     SCOPED_TRACE(::testing::Message() << "type " << tipo << ", filled with " << riempimento);
-                    const s_kel_canale canale = Canale(kFid, tipo, 5);
-                    s_kel_converter conv = Indefinito(riempimento);
-                    kelConvInit(&conv, &canale, kFid, dati, 0, num_bit, 0);
+                    const s_kel_canale canale = un_canale(FID, tipo, 5);
+                    s_kel_converter conv = indefinito(riempimento);
+                    kelConvInit(&conv, &canale, FID, dati, 0, num_bit, 0);
                     EXPECT_EQ(kelConvGetConvData(&conv), dati);
-                    s_kel_converter attesa = Pulito(canale, kFid, *dati, num_bit);
-                    StessaImpostazione(conv, attesa);
-                    StessaLettura(conv, attesa);
+                    s_kel_converter attesa = pulito(canale, FID, *dati, num_bit);
+                    stessa_impostazione(conv, attesa);
+                    stessa_lettura(conv, attesa);
                 }
             }
         }
@@ -153,40 +153,40 @@ TEST_F(UndefinedRecord, TakesTheUnitThatItIsGiven) {
 }
 
 TEST_F(UndefinedRecord, OfAPacketIsSetUpWithoutAUnitWhereTheSubfieldNeedsNone) {
-    const s_kel_canale canale = Canale(kPacchettoGiro2G, KEL_TIPO_LAP_2G, 5);
-    for (unsigned riempimento : kRiempimenti) {
-        for (kel_funpos fid : {kPacchettoGiro2G, kel_funpos{0x992}, kel_funpos{0x1792}, kel_funpos{0x1712}}) {
+    const s_kel_canale canale = un_canale(PACCHETTO_GIRO2_G, KEL_TIPO_LAP_2G, 5);
+    for (unsigned riempimento : RIEMPIMENTI) {
+        for (kel_funpos fid : {PACCHETTO_GIRO2_G, kel_funpos{0x992}, kel_funpos{0x1792}, kel_funpos{0x1712}}) {
             SCOPED_TRACE(::testing::Message() << std::hex << fid << ", filled with " << riempimento);
-            s_kel_converter conv = Indefinito(riempimento);
+            s_kel_converter conv = indefinito(riempimento);
             kelConvInit(&conv, &canale, fid, nullptr, 0, 0, 0);
-            EXPECT_EQ(kelConvGetConvData(&conv), Proibito());
-            StessaImpostazione(conv, Pulito(canale, fid, kReciproca));
+            EXPECT_EQ(kelConvGetConvData(&conv), proibito());
+            stessa_impostazione(conv, pulito(canale, fid, RECIPROCA));
         }
     }
 }
 
 TEST_F(UndefinedRecord, KeepsItsMaskWhenThePacketHasNoSuchSubfield) {
-    const s_kel_canale canale = Canale(kPacchettoGps, KEL_TIPO_GPS_KEL, 5);
-    for (unsigned riempimento : kRiempimenti) {
-        s_kel_converter conv = Indefinito(riempimento);
+    const s_kel_canale canale = un_canale(PACCHETTO_GPS, KEL_TIPO_GPS_KEL, 5);
+    for (unsigned riempimento : RIEMPIMENTI) {
+        s_kel_converter conv = indefinito(riempimento);
         const std::uint32_t maschera = conv.maschera;
         kelConvInit(&conv, &canale, 0x98B, nullptr, 3, 4, 0);
         EXPECT_EQ(conv.maschera, maschera);
         EXPECT_EQ(conv.offset_campione, 5u);
         EXPECT_EQ(conv.pos_bit, 3u);
         EXPECT_EQ(conv.num_bit, 4u);
-        EXPECT_EQ(conv.dati, Proibito());
-        const Lettura letto = Leggi(conv, Byte(64, 1));
+        EXPECT_EQ(conv.dati, proibito());
+        const Lettura letto = leggi(conv, Byte(64, 1));
         EXPECT_EQ(letto.ha_valore, 0);
         EXPECT_EQ(letto.testo, "- -");
     }
 }
 
 TEST_F(UndefinedRecord, OfAComputedSubfieldHasNoMask) {
-    const s_kel_canale canale = Canale(kPacchettoGps, KEL_TIPO_GPS_KEL);
+    const s_kel_canale canale = un_canale(PACCHETTO_GPS, KEL_TIPO_GPS_KEL);
     for (kel_funpos fid : {0xA8010u, 0xA8A07u, 0xA8A87u}) {
-        s_kel_converter conv = Indefinito(0xFF);
-        kelConvInit(&conv, &canale, fid, &kIdentita, 3, 4, 1);
+        s_kel_converter conv = indefinito(0xFF);
+        kelConvInit(&conv, &canale, fid, &IDENTITA, 3, 4, 1);
         EXPECT_EQ(conv.maschera, 0u) << std::hex << fid;
     }
 }
@@ -194,20 +194,20 @@ TEST_F(UndefinedRecord, OfAComputedSubfieldHasNoMask) {
 // The object sets its own record up, in memory that may have held anything.
 TEST_F(UndefinedRecord, OfAnObjectIsItsOwn) {
     const Byte campione(128, 0x31);
-    for (unsigned riempimento : kRiempimenti) {
-        for (unsigned tipo : kTutti) {
-            for (kel_funpos fid : {kFid, kMarcia}) {
+    for (unsigned riempimento : RIEMPIMENTI) {
+        for (unsigned tipo : TUTTI) {
+            for (kel_funpos fid : {FID, MARCIA}) {
                 SCOPED_TRACE(::testing::Message() << "type " << tipo << ", filled with " << riempimento);
-                const s_kel_canale canale = Canale(fid, tipo, 5);
+                const s_kel_canale canale = un_canale(fid, tipo, 5);
                 alignas(CConverter) unsigned char memoria[sizeof(CConverter)];
                 std::memset(memoria, static_cast<int>(riempimento), sizeof memoria);
-                const s_converter_data* proibito = Proibito();
-                for (std::size_t i = 0; i + sizeof proibito <= sizeof memoria; i += sizeof proibito) {
-                    std::memcpy(memoria + i, &proibito, sizeof proibito);
+                const s_converter_data* dati = proibito();
+                for (std::size_t i = 0; i + sizeof dati <= sizeof memoria; i += sizeof dati) {
+                    std::memcpy(memoria + i, &dati, sizeof dati);
                 }
                 auto* oggetto = new (memoria) CConverter(&canale, fid, nullptr, false, 1, FORMATO_DESTRA, 6);
-                s_kel_converter attesa = Pulito(canale, fid, kIdentita);
-                const Lettura atteso = Leggi(attesa, campione);
+                s_kel_converter attesa = pulito(canale, fid, IDENTITA);
+                const Lettura atteso = leggi(attesa, campione);
                 float valore = -1.0f;
                 std::string testo;
                 EXPECT_EQ(oggetto->GetVal(campione.data(), &valore), atteso.ha_valore == 1);

@@ -8,7 +8,7 @@ using namespace kel_test;
 namespace {
 
 TEST(StatusText, TakesTheFirstBitInTheOrderOverMissingInvalidError) {
-    const s_kel_converter conv = Convertitore(1, {});
+    const s_kel_converter conv = convertitore(1, {});
     ASSERT_NE(conv.testo_stato, nullptr);
     // clang-format off
     const char* const attesi[16] = {
@@ -40,7 +40,7 @@ TEST(StatusText, TakesTheFirstBitInTheOrderOverMissingInvalidError) {
 }
 
 TEST(StatusText, LeavesTheOutputAloneWithoutAStatusBit) {
-    const s_kel_converter conv = Convertitore(1, {});
+    const s_kel_converter conv = convertitore(1, {});
     for (std::uint32_t stato : {0u, 16u, 0xFFFFFFF0u}) {
         char testo[32];
         std::memset(testo, 'x', sizeof testo);
@@ -54,7 +54,7 @@ TEST(StatusText, LeavesTheOutputAloneWithoutAStatusBit) {
 TEST(StatusText, ExistsForTheNumericTypesTheHalfFloatAndTheCoordinate) {
     for (unsigned tipo = 0; tipo <= 25; ++tipo) {
         const bool atteso = tipo <= 6 || tipo == 20 || tipo == 21;
-        EXPECT_EQ(Convertitore(tipo, {}).testo_stato != nullptr, atteso) << "sample type " << tipo;
+        EXPECT_EQ(convertitore(tipo, {}).testo_stato != nullptr, atteso) << "sample type " << tipo;
     }
 }
 

@@ -9,16 +9,16 @@ using namespace kel_test;
 
 namespace {
 
-const kel_funpos kGiro = kelFidComponi(FID_PHI_TIME, FID_OBJ_LAP, 0);
+const kel_funpos GIRO = kelFidComponi(FID_PHI_TIME, FID_OBJ_LAP, 0);
 
-std::string Testo(unsigned tipo, std::int32_t ms, std::uint32_t larghezza, std::uint32_t decimali) {
+std::string testo(unsigned tipo, std::int32_t ms, std::uint32_t larghezza, std::uint32_t decimali) {
     Impostazione come;
-    come.fid_canale = kGiro;
-    come.fid = kGiro;
+    come.fid_canale = GIRO;
+    come.fid = GIRO;
     come.larghezza = larghezza;
     come.decimali = decimali;
-    s_kel_converter conv = Convertitore(tipo, come);
-    const Lettura letto = Leggi(conv, LeI32(ms));
+    s_kel_converter conv = convertitore(tipo, come);
+    const Lettura letto = leggi(conv, le_i32(ms));
     EXPECT_EQ(letto.ha_testo, 1);
     EXPECT_TRUE(letto.pulito);
     return letto.testo;
@@ -49,7 +49,7 @@ TEST(LapTimeSample, ShowsHundredthsAndFromOneHourSeconds) {
     // clang-format on
     for (const Caso& caso : casi) {
         for (std::uint32_t decimali : {0u, 2u, 3u, 7u}) {
-            EXPECT_EQ(Testo(12, caso.ms, 8, decimali), caso.testo) << caso.ms << " ms, decimals " << decimali;
+            EXPECT_EQ(testo(12, caso.ms, 8, decimali), caso.testo) << caso.ms << " ms, decimals " << decimali;
         }
     }
 }
@@ -65,7 +65,7 @@ TEST(LapTimeSample, ShowsTenthsWithOneDecimal) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        EXPECT_EQ(Testo(12, caso.ms, 8, 1), caso.testo) << caso.ms << " ms";
+        EXPECT_EQ(testo(12, caso.ms, 8, 1), caso.testo) << caso.ms << " ms";
     }
 }
 
@@ -86,7 +86,7 @@ TEST(LapTimeSample, CompactFormFitsWhatItCan) {
     // clang-format on
     for (const Caso& caso : casi) {
         for (std::uint32_t decimali : {0u, 2u, 3u}) {
-            EXPECT_EQ(Testo(12, caso.ms, 5, decimali), caso.testo) << caso.ms << " ms, decimals " << decimali;
+            EXPECT_EQ(testo(12, caso.ms, 5, decimali), caso.testo) << caso.ms << " ms, decimals " << decimali;
         }
     }
 }
@@ -101,57 +101,57 @@ TEST(LapTimeSample, CompactFormShowsTenthsWithOneDecimal) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        EXPECT_EQ(Testo(12, caso.ms, 5, 1), caso.testo) << caso.ms << " ms";
+        EXPECT_EQ(testo(12, caso.ms, 5, 1), caso.testo) << caso.ms << " ms";
     }
 }
 
 TEST(LapTimeSample, OnlyWidthFiveIsCompact) {
     for (std::uint32_t larghezza : {0u, 4u, 6u, 7u, 31u, 40u}) {
-        EXPECT_EQ(Testo(12, 3723000, larghezza, 2), " 1:02:03") << "width " << larghezza;
-        EXPECT_EQ(Testo(24, -1230, larghezza, 2), " - 1.23") << "width " << larghezza;
+        EXPECT_EQ(testo(12, 3723000, larghezza, 2), " 1:02:03") << "width " << larghezza;
+        EXPECT_EQ(testo(24, -1230, larghezza, 2), " - 1.23") << "width " << larghezza;
     }
 }
 
 TEST(LapTimeSample, ChoosesTheFormAtEveryRead) {
-    s_kel_converter conv = Convertitore(12, {});
-    EXPECT_EQ(Leggi(conv, LeI32(83456)).testo, " 1:23.45");
+    s_kel_converter conv = convertitore(12, {});
+    EXPECT_EQ(leggi(conv, le_i32(83456)).testo, " 1:23.45");
     conv.larghezza = 5;
-    EXPECT_EQ(Leggi(conv, LeI32(83456)).testo, "1:23.45");
+    EXPECT_EQ(leggi(conv, le_i32(83456)).testo, "1:23.45");
     conv.decimali = 1;
-    EXPECT_EQ(Leggi(conv, LeI32(83456)).testo, " 1:23.4");
+    EXPECT_EQ(leggi(conv, le_i32(83456)).testo, " 1:23.4");
 }
 
 TEST(LapTimeSample, HasReservedValuesButNoStatusText) {
     for (unsigned tipo : {12u, 24u}) {
-        s_kel_converter conv = Convertitore(tipo, {});
+        s_kel_converter conv = convertitore(tipo, {});
         EXPECT_EQ(conv.testo_stato, nullptr);
-        EXPECT_EQ(Leggi(conv, Le32(0xFFFFCFFF)).stato, 4u);
-        EXPECT_EQ(Leggi(conv, Le32(0xFFFFCFFE)).stato, 2u);
-        EXPECT_EQ(Leggi(conv, Le32(0xFFFFCFFD)).stato, 8u);
-        EXPECT_EQ(Leggi(conv, Le32(0xFFFFCFFF)).valore, 0.0f);
-        EXPECT_EQ(Leggi(conv, Le32(83456)).valore, 83456.0f);
-        EXPECT_EQ(Leggi(conv, LeI32(-5)).valore, -5.0f);
+        EXPECT_EQ(leggi(conv, le32(0xFFFFCFFF)).stato, 4u);
+        EXPECT_EQ(leggi(conv, le32(0xFFFFCFFE)).stato, 2u);
+        EXPECT_EQ(leggi(conv, le32(0xFFFFCFFD)).stato, 8u);
+        EXPECT_EQ(leggi(conv, le32(0xFFFFCFFF)).valore, 0.0f);
+        EXPECT_EQ(leggi(conv, le32(83456)).valore, 83456.0f);
+        EXPECT_EQ(leggi(conv, le_i32(-5)).valore, -5.0f);
     }
     // -12289 ms as a text: the split looks at the number alone.
-    EXPECT_EQ(Testo(12, -12289, 8, 2), " 0:-12.-28");
-    EXPECT_EQ(Testo(24, -12289, 8, 2), " -12.28");
+    EXPECT_EQ(testo(12, -12289, 8, 2), " 0:-12.-28");
+    EXPECT_EQ(testo(24, -12289, 8, 2), " -12.28");
 }
 
 TEST(LapTimeSample, ValueIsLinearEvenWithAReciprocalUnit) {
     for (unsigned tipo : {12u, 24u}) {
         Impostazione come;
-        come.dati = &kReciproca;
-        s_kel_converter conv = Convertitore(tipo, come);
-        EXPECT_EQ(Leggi(conv, Le32(4)).valore, 13.0f);
-        EXPECT_EQ(Leggi(conv, Le32(0)).valore, 5.0f);
+        come.dati = &RECIPROCA;
+        s_kel_converter conv = convertitore(tipo, come);
+        EXPECT_EQ(leggi(conv, le32(4)).valore, 13.0f);
+        EXPECT_EQ(leggi(conv, le32(0)).valore, 5.0f);
     }
 }
 
 TEST(LapTimeSample, TextIgnoresTheUnit) {
     Impostazione come;
-    come.dati = &kDoppioPiuCinque;
-    s_kel_converter conv = Convertitore(12, come);
-    EXPECT_EQ(Leggi(conv, LeI32(83456)).testo, " 1:23.45");
+    come.dati = &DOPPIO_PIU_CINQUE;
+    s_kel_converter conv = convertitore(12, come);
+    EXPECT_EQ(leggi(conv, le_i32(83456)).testo, " 1:23.45");
 }
 
 TEST(TimeDifference, ShowsSignSecondsAndHundredths) {
@@ -168,7 +168,7 @@ TEST(TimeDifference, ShowsSignSecondsAndHundredths) {
     // clang-format on
     for (const Caso& caso : casi) {
         for (std::uint32_t decimali : {0u, 1u, 2u, 3u}) {
-            EXPECT_EQ(Testo(24, caso.ms, 8, decimali), caso.testo) << caso.ms << " ms";
+            EXPECT_EQ(testo(24, caso.ms, 8, decimali), caso.testo) << caso.ms << " ms";
         }
     }
 }
@@ -184,8 +184,8 @@ TEST(TimeDifference, CompactFormLeavesTheBlankAndThePlusOut) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        EXPECT_EQ(Testo(24, caso.ms, 5, 2), caso.testo) << caso.ms << " ms";
-        EXPECT_EQ(Testo(24, caso.ms, 5, 1), caso.testo) << caso.ms << " ms";
+        EXPECT_EQ(testo(24, caso.ms, 5, 2), caso.testo) << caso.ms << " ms";
+        EXPECT_EQ(testo(24, caso.ms, 5, 1), caso.testo) << caso.ms << " ms";
     }
 }
 
@@ -205,14 +205,14 @@ TEST(LapPacket, ShowsItsTimeWithHundredthsInThreePlaces) {
         for (const Caso& caso : casi) {
             for (std::uint32_t larghezza : {5u, 8u}) {
                 Byte pacchetto(byte, 0xAA);
-                Metti(pacchetto, 4, LeI32(caso.ms));
+                metti(pacchetto, 4, le_i32(caso.ms));
                 Impostazione come;
-                come.fid_canale = kPacchettoGiro2G;
-                come.fid = kPacchettoGiro2G;
+                come.fid_canale = PACCHETTO_GIRO2_G;
+                come.fid = PACCHETTO_GIRO2_G;
                 come.larghezza = larghezza;
                 come.decimali = 1;
-                s_kel_converter conv = Convertitore(tipo, come);
-                const Lettura letto = Leggi(conv, pacchetto);
+                s_kel_converter conv = convertitore(tipo, come);
+                const Lettura letto = leggi(conv, pacchetto);
                 EXPECT_EQ(letto.testo, caso.testo) << caso.ms << " ms, sample type " << tipo;
                 EXPECT_EQ(letto.ha_valore, 1);
                 EXPECT_EQ(letto.valore, 0.0f);

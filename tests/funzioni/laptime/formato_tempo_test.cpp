@@ -62,7 +62,7 @@ TEST(LapTimeText, AgreesWithAStreamOnRandomTimes) {
         const int tempo = static_cast<int>(static_cast<std::uint32_t>(caso())) >> caso() % 32;
         const int numero = static_cast<int>(static_cast<std::uint32_t>(caso())) >> caso() % 32;
         ASSERT_EQ(CLaptimeAndStrings::LapTimeToStringa(tempo), modello::tempo(tempo)) << tempo << ", seed " << kSeme;
-        ASSERT_EQ(CLaptimeAndStrings::LapNumAndTimeToStringa(numero, tempo), modello::rigaGiro(numero, tempo))
+        ASSERT_EQ(CLaptimeAndStrings::LapNumAndTimeToStringa(numero, tempo), modello::riga_giro(numero, tempo))
             << numero << ", " << tempo << ", seed " << kSeme;
     }
 }

@@ -13,7 +13,7 @@
 
 namespace {
 
-int Leggi(const std::string& testo) {
+int leggi(const std::string& testo) {
     return CLaptimeAndStrings::StringaToLapTime(testo);
 }
 
@@ -25,26 +25,26 @@ struct Caso {
 // More cases of each: tests/golden/tempi_lettura.txt and righe_lettura.txt.
 
 TEST(LapTimeReading, WithAPointIsMinutesSecondsAndThousandths) {
-    EXPECT_EQ(Leggi("1:23.456"), 83456);
-    EXPECT_EQ(Leggi("1:23.4"), 83004) << "thousandths as written";
-    EXPECT_EQ(Leggi("0:75.000"), 75000) << "ranges are not checked";
-    EXPECT_EQ(Leggi("1:02:03.5"), 62003) << "a point anywhere";
+    EXPECT_EQ(leggi("1:23.456"), 83456);
+    EXPECT_EQ(leggi("1:23.4"), 83004) << "thousandths as written";
+    EXPECT_EQ(leggi("0:75.000"), 75000) << "ranges are not checked";
+    EXPECT_EQ(leggi("1:02:03.5"), 62003) << "a point anywhere";
 }
 
 TEST(LapTimeReading, WithoutAPointIsHoursMinutesAndSeconds) {
-    EXPECT_EQ(Leggi("1:02:03"), 3723000);
-    EXPECT_EQ(Leggi("1-23x456"), 5436000) << "any one character separates";
+    EXPECT_EQ(leggi("1:02:03"), 3723000);
+    EXPECT_EQ(leggi("1-23x456"), 5436000) << "any one character separates";
 }
 
 TEST(LapTimeReading, RepeatsTheLastFieldForThoseMissing) {
-    EXPECT_EQ(Leggi("1:23."), 83023);
-    EXPECT_EQ(Leggi("1:23"), 5003000) << "no point: hours, minutes, and the minutes again";
-    EXPECT_EQ(Leggi("83"), 303863000) << "one number for all three fields";
+    EXPECT_EQ(leggi("1:23."), 83023);
+    EXPECT_EQ(leggi("1:23"), 5003000) << "no point: hours, minutes, and the minutes again";
+    EXPECT_EQ(leggi("83"), 303863000) << "one number for all three fields";
 }
 
 TEST(LapTimeReading, OfAnEmptyOrBlankTextIsZero) {
     for (const char* testo : {"", " ", "      ", "\t", "\n\v\f\r "}) {
-        EXPECT_EQ(Leggi(testo), 0) << '"' << testo << '"';
+        EXPECT_EQ(leggi(testo), 0) << '"' << testo << '"';
     }
 }
 
@@ -60,7 +60,7 @@ TEST(LapTimeReading, FieldWithoutDigitsIsZeroAndEndsTheReading) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        EXPECT_EQ(Leggi(caso.testo), caso.tempo) << '"' << caso.testo << '"';
+        EXPECT_EQ(leggi(caso.testo), caso.tempo) << '"' << caso.testo << '"';
     }
 }
 
@@ -77,7 +77,7 @@ TEST(LapTimeReading, FieldAboveThirtyTwoBitsIsTheLargestAndEndsTheReading) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        EXPECT_EQ(Leggi(caso.testo), caso.tempo) << '"' << caso.testo << '"';
+        EXPECT_EQ(leggi(caso.testo), caso.tempo) << '"' << caso.testo << '"';
     }
 }
 
@@ -93,14 +93,14 @@ TEST(LapTimeReading, SignsAreTakenModulo) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        EXPECT_EQ(Leggi(caso.testo), caso.tempo) << '"' << caso.testo << '"';
+        EXPECT_EQ(leggi(caso.testo), caso.tempo) << '"' << caso.testo << '"';
     }
 }
 
 TEST(LapTimeReading, SumsWrapModulo) {
-    EXPECT_EQ(Leggi("71582:47.295"), -1);
-    EXPECT_EQ(Leggi("4294967295:00:00"), -3600000);
-    EXPECT_EQ(Leggi("1193:02:47"), static_cast<int>(1193u * 3600000u + 2u * 60000u + 47u * 1000u));
+    EXPECT_EQ(leggi("71582:47.295"), -1);
+    EXPECT_EQ(leggi("4294967295:00:00"), -3600000);
+    EXPECT_EQ(leggi("1193:02:47"), static_cast<int>(1193u * 3600000u + 2u * 60000u + 47u * 1000u));
 }
 
 TEST(LapTimeReading, BlanksBeforeFieldsAreSkippedButASeparatorIsOneCharacter) {
@@ -114,43 +114,43 @@ TEST(LapTimeReading, BlanksBeforeFieldsAreSkippedButASeparatorIsOneCharacter) {
     };
     // clang-format on
     for (const Caso& caso : casi) {
-        EXPECT_EQ(Leggi(caso.testo), caso.tempo) << '"' << caso.testo << '"';
+        EXPECT_EQ(leggi(caso.testo), caso.tempo) << '"' << caso.testo << '"';
     }
 }
 
 TEST(LapTimeReading, OtherBasesAndGroupedDigitsAreNotRead) {
-    EXPECT_EQ(Leggi("0x10:20.30"), 10020);  // 0, "x", 10, ":", 20
-    EXPECT_EQ(Leggi("010:00.000"), 600000);
-    EXPECT_EQ(Leggi("1,234.5"), 294005);  // 1, ",", 234, ".", 5
-    EXPECT_EQ(Leggi("1e3.0"), 63000);     // 1, "e", 3, ".", 0
+    EXPECT_EQ(leggi("0x10:20.30"), 10020);  // 0, "x", 10, ":", 20
+    EXPECT_EQ(leggi("010:00.000"), 600000);
+    EXPECT_EQ(leggi("1,234.5"), 294005);  // 1, ",", 234, ".", 5
+    EXPECT_EQ(leggi("1e3.0"), 63000);     // 1, "e", 3, ".", 0
 }
 
 TEST(LapTimeReading, BytesOfAnyValueSeparate) {
     using namespace std::string_literals;
-    EXPECT_EQ(Leggi("1\0"s + "23.456"), 83456);
-    EXPECT_EQ(Leggi("1\xFF"s + "23\x80"s + "456."), 83456);
-    EXPECT_EQ(Leggi("\0"s + "1:23.456"), 0);
-    EXPECT_EQ(Leggi("1:23\0."s), 60000 + 23000 + 0) << "the field after the NUL is the point, which is no digit";
+    EXPECT_EQ(leggi("1\0"s + "23.456"), 83456);
+    EXPECT_EQ(leggi("1\xFF"s + "23\x80"s + "456."), 83456);
+    EXPECT_EQ(leggi("\0"s + "1:23.456"), 0);
+    EXPECT_EQ(leggi("1:23\0."s), 60000 + 23000 + 0) << "the field after the NUL is the point, which is no digit";
 }
 
 TEST(LapTimeReading, RoundTripsEveryShortTime) {
     for (int tempo = 0; tempo < 3600000; tempo += 7) {
-        ASSERT_EQ(Leggi(CLaptimeAndStrings::LapTimeToStringa(tempo)), tempo);
+        ASSERT_EQ(leggi(CLaptimeAndStrings::LapTimeToStringa(tempo)), tempo);
     }
     for (int tempo : {0, 1, 999, 1000, 59999, 60000, 3599999}) {
-        EXPECT_EQ(Leggi(CLaptimeAndStrings::LapTimeToStringa(tempo)), tempo);
+        EXPECT_EQ(leggi(CLaptimeAndStrings::LapTimeToStringa(tempo)), tempo);
     }
 }
 
 TEST(LapTimeReading, RoundTripsLongTimesToTheWholeSecond) {
     for (int tempo = 3600000; tempo < 2146000000; tempo += 999983) {
-        ASSERT_EQ(Leggi(CLaptimeAndStrings::LapTimeToStringa(tempo)), tempo / 1000 * 1000);
+        ASSERT_EQ(leggi(CLaptimeAndStrings::LapTimeToStringa(tempo)), tempo / 1000 * 1000);
     }
 }
 
 // --- lap lines ------------------------------------------------------------------------------------------------------
 
-void LeggiRiga(const std::string& riga, int numero_atteso, int tempo_atteso) {
+void leggi_riga(const std::string& riga, int numero_atteso, int tempo_atteso) {
     int numero = -77;
     int tempo = -77;
     CLaptimeAndStrings::StringaToLapNumAndTime(riga, numero, tempo);
@@ -159,19 +159,19 @@ void LeggiRiga(const std::string& riga, int numero_atteso, int tempo_atteso) {
 }
 
 TEST(LapLineReading, TakesTheTimeFromTheSeventhCharacterOn) {
-    LeggiRiga("  7 - 1:23.456", 7, 83456);
-    LeggiRiga("12345 - 1:23.456", 12345, 0);  // the time begins with the hyphen
-    LeggiRiga("123456", 123456, 0);           // six characters: an empty time
+    leggi_riga("  7 - 1:23.456", 7, 83456);
+    leggi_riga("12345 - 1:23.456", 12345, 0);  // the time begins with the hyphen
+    leggi_riga("123456", 123456, 0);           // six characters: an empty time
 }
 
 TEST(LapLineReading, TakesTheLargestOrSmallestNumberForOneBeyond) {
-    LeggiRiga("99999999999 1:2.3", INT_MAX, 1704973706);
-    LeggiRiga("-9999999999 1:2.3", INT_MIN, 1704973706);
+    leggi_riga("99999999999 1:2.3", INT_MAX, 1704973706);
+    leggi_riga("-9999999999 1:2.3", INT_MIN, 1704973706);
 }
 
 TEST(LapLineReading, OfALineWithoutANumberIsZero) {
-    LeggiRiga("x     1:23.456", 0, 83456);
-    LeggiRiga("-      1:00.000", 0, 60000);
+    leggi_riga("x     1:23.456", 0, 83456);
+    leggi_riga("-      1:00.000", 0, 60000);
 }
 
 TEST(LapLineReading, OfATextBelowSixCharactersThrowsAfterTheNumber) {
@@ -207,7 +207,7 @@ TEST(LapLineReading, RoundTripsLapsUpTo999) {
 
 // --- against a stream -----------------------------------------------------------------------------------------------
 
-void Confronta(const std::string& testo, unsigned seme) {
+void confronta(const std::string& testo, unsigned seme) {
     const auto dettaglio = [&] {
         std::string cifre;
         for (char byte : testo) {
@@ -215,7 +215,7 @@ void Confronta(const std::string& testo, unsigned seme) {
         }
         return "bytes " + cifre + "of \"" + testo + "\", seed " + std::to_string(seme);
     };
-    ASSERT_EQ(CLaptimeAndStrings::StringaToLapTime(testo), modello::leggiTempo(testo)) << dettaglio();
+    ASSERT_EQ(CLaptimeAndStrings::StringaToLapTime(testo), modello::leggi_tempo(testo)) << dettaglio();
     int numero = -77;
     int tempo = -77;
     bool lanciata = false;
@@ -224,7 +224,7 @@ void Confronta(const std::string& testo, unsigned seme) {
     } catch (const std::out_of_range&) {
         lanciata = true;
     }
-    const modello::Giro giro = modello::leggiGiro(testo);
+    const modello::Giro giro = modello::leggi_giro(testo);
     ASSERT_EQ(numero, giro.numero) << dettaglio();
     ASSERT_EQ(lanciata, !giro.tempo) << dettaglio();
     ASSERT_EQ(tempo, giro.tempo.value_or(-77)) << dettaglio();
@@ -241,7 +241,7 @@ TEST(LapTimeReading, AgreesWithAStreamOnRandomTexts) {
         for (char& carattere : testo) {
             carattere = alfabeto[caso() % alfabeto.size()];
         }
-        Confronta(testo, kSeme);
+        confronta(testo, kSeme);
         if (HasFatalFailure()) {
             return;
         }
@@ -256,7 +256,7 @@ TEST(LapTimeReading, AgreesWithAStreamOnRandomBytes) {
         for (char& carattere : testo) {
             carattere = static_cast<char>(caso() % 256);
         }
-        Confronta(testo, kSeme);
+        confronta(testo, kSeme);
         if (HasFatalFailure()) {
             return;
         }
@@ -272,7 +272,7 @@ TEST(LapTimeReading, AgreesWithAStreamOnDamagedLapLines) {
     for (int i = 0; i < 30000; ++i) {
         const int numero = static_cast<int>(static_cast<std::uint32_t>(caso())) >> caso() % 32;
         const int giro = static_cast<int>(static_cast<std::uint32_t>(caso())) >> caso() % 32;
-        std::string riga = modello::rigaGiro(numero, giro);
+        std::string riga = modello::riga_giro(numero, giro);
         for (unsigned colpi = static_cast<unsigned>(caso() % 4); colpi > 0; --colpi) {
             const std::size_t posto = caso() % (riga.size() + 1);
             const char carattere = rubato[caso() % (sizeof rubato - 1)];
@@ -289,7 +289,7 @@ TEST(LapTimeReading, AgreesWithAStreamOnDamagedLapLines) {
                     }
             }
         }
-        Confronta(riga, kSeme);
+        confronta(riga, kSeme);
         if (HasFatalFailure()) {
             return;
         }
@@ -300,14 +300,14 @@ TEST(LapTimeReading, AgreesWithAStreamOnVeryLongNumbers) {
     for (std::size_t cifre : {9u, 10u, 11u, 20u, 100u, 100000u}) {
         for (const char* segno : {"", "-", "+"}) {
             for (char cifra : {'0', '4', '9'}) {
-                Confronta(segno + std::string(cifre, cifra) + ":1.2", 0);
-                Confronta("1:" + (segno + std::string(cifre, cifra)) + ".2", 0);
-                Confronta(segno + ("4294967295" + std::string(cifre - 9, '0')), 0);
-                Confronta(segno + (std::string(cifre, '0') + "4294967295:1:2"), 0);
-                Confronta(segno + (std::string(cifre, '0') + "4294967296:1:2"), 0);
-                Confronta(segno + (std::string(cifre, '0') + "2147483647:1:2"), 0);
-                Confronta(segno + (std::string(cifre, '0') + "2147483648:1:2"), 0);
-                Confronta(segno + (std::string(cifre, '0') + "2147483649:1:2"), 0);
+                confronta(segno + std::string(cifre, cifra) + ":1.2", 0);
+                confronta("1:" + (segno + std::string(cifre, cifra)) + ".2", 0);
+                confronta(segno + ("4294967295" + std::string(cifre - 9, '0')), 0);
+                confronta(segno + (std::string(cifre, '0') + "4294967295:1:2"), 0);
+                confronta(segno + (std::string(cifre, '0') + "4294967296:1:2"), 0);
+                confronta(segno + (std::string(cifre, '0') + "2147483647:1:2"), 0);
+                confronta(segno + (std::string(cifre, '0') + "2147483648:1:2"), 0);
+                confronta(segno + (std::string(cifre, '0') + "2147483649:1:2"), 0);
             }
         }
     }

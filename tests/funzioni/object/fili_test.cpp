@@ -31,7 +31,7 @@ private:
     std::uint64_t valore_ = 0xCBF29CE484222325u;
 };
 
-const s_kel_canale& CanaleGps() {
+const s_kel_canale& canale_gps() {
     static const s_kel_canale canale = [] {
         s_kel_canale nuovo = {};
         nuovo.fid = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL);
@@ -41,7 +41,7 @@ const s_kel_canale& CanaleGps() {
     return canale;
 }
 
-void Interroga(IFunzioni& catalogo, kel_funpos fid, Impronta& impronta) {
+void interroga(IFunzioni& catalogo, kel_funpos fid, Impronta& impronta) {
     impronta.testo(catalogo.getNomeFunzione(fid, false));
     impronta.testo(catalogo.getNomeFunzione(fid, true));
     impronta.testo(catalogo.getNomeFunzioneShort(fid));
@@ -64,7 +64,7 @@ void Interroga(IFunzioni& catalogo, kel_funpos fid, Impronta& impronta) {
     impronta.testo(catalogo.getStrObj(static_cast<OGGETTO_MISURATO_FUNZKEL>(kelFidOggetto(fid))));
 }
 
-void Decodifica(const s_kel_converter& condiviso, std::uint32_t seme, Impronta& impronta) {
+void decodifica(const s_kel_converter& condiviso, std::uint32_t seme, Impronta& impronta) {
     unsigned char pacchetto[56];
     for (unsigned char& byte : pacchetto)
         byte = static_cast<unsigned char>((seme = seme * 1664525u + 1013904223u) >> 24);
@@ -84,17 +84,17 @@ void Decodifica(const s_kel_converter& condiviso, std::uint32_t seme, Impronta& 
     impronta.numero(CLaptimeAndStrings::StringaToLapTime(tempo));
 }
 
-std::uint64_t Tutto(IFunzioni& catalogo, const s_kel_converter& condiviso) {
+std::uint64_t tutto(IFunzioni& catalogo, const s_kel_converter& condiviso) {
     Impronta impronta;
     for (unsigned grandezza = 0; grandezza < 40; ++grandezza)
         for (unsigned oggetto = 0; oggetto < 64; oggetto += 3)
-            Interroga(catalogo, kelFidComponi(grandezza, oggetto, oggetto % 24), impronta);
+            interroga(catalogo, kelFidComponi(grandezza, oggetto, oggetto % 24), impronta);
     for (const t_SFunzioneVecchia& riga : funz_Kel) {
-        Interroga(catalogo, riga.fid, impronta);
+        interroga(catalogo, riga.fid, impronta);
         impronta.numero(catalogo.getFidDaID(riga.id));
     }
     for (std::uint32_t seme = 0; seme < 500; ++seme)
-        Decodifica(condiviso, seme, impronta);
+        decodifica(condiviso, seme, impronta);
     return impronta.valore();
 }
 
@@ -105,7 +105,7 @@ TEST(Threads, SixteenAtOnceGetTheAnswersOfOne) {
     s_kel_converter condiviso = {};
     condiviso.larghezza = 5;
     condiviso.decimali = 1;
-    kelConvInit(&condiviso, &CanaleGps(), velocita, kelFunGetConvData(velocita, "mph"), 0, 0, 1);
+    kelConvInit(&condiviso, &canale_gps(), velocita, kelFunGetConvData(velocita, "mph"), 0, 0, 1);
 
     std::atomic<int> pronti{0};
     std::vector<std::uint64_t> impronte(fili);
@@ -115,12 +115,12 @@ TEST(Threads, SixteenAtOnceGetTheAnswersOfOne) {
             // All start together, so that they do meet.
             for (++pronti; pronti < fili;)
                 std::this_thread::yield();
-            impronta = Tutto(*catalogo, condiviso);
+            impronta = tutto(*catalogo, condiviso);
         });
     for (std::thread& filo : squadra)
         filo.join();
 
-    const std::uint64_t attesa = Tutto(*catalogo, condiviso);
+    const std::uint64_t attesa = tutto(*catalogo, condiviso);
     for (int i = 0; i < fili; ++i)
         EXPECT_EQ(impronte[static_cast<std::size_t>(i)], attesa) << "thread " << i;
 }

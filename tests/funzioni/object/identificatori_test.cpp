@@ -55,7 +55,7 @@ struct Campo {
 };
 
 // clang-format off
-constexpr Campo campi[] = {
+constexpr Campo CAMPI[] = {
     {"quantity",        kelFidGrandezza, 0x0000007F, 127},
     {"object",          kelFidOggetto,   0x00007F80, 255},
     {"position",        kelFidPosizione, 0x000F8000, 31},
@@ -69,7 +69,7 @@ constexpr Campo campi[] = {
 // clang-format on
 
 TEST(IdentifierField, IsReadFromItsMaskAndNothingElse) {
-    for (const Campo& campo : campi) {
+    for (const Campo& campo : CAMPI) {
         EXPECT_EQ(campo.leggi(campo.maschera), campo.massimo) << campo.nome;
         EXPECT_EQ(campo.leggi(~campo.maschera), 0u) << campo.nome;
         EXPECT_EQ(campo.leggi(0xFFFFFFFF), campo.massimo) << campo.nome;

@@ -18,7 +18,7 @@ struct Voce {
     const char* nome;
 };
 
-void Controlla(const Nomi& nomi, const std::vector<Voce>& attese) {
+void controlla(const Nomi& nomi, const std::vector<Voce>& attese) {
     EXPECT_EQ(nomi.size(), attese.size());
     for (const Voce& voce : attese) {
         const auto trovata = nomi.find(voce.fid);
@@ -33,20 +33,20 @@ protected:
     const std::unique_ptr<const IFunzioni> catalogo_{IFunzioni::CreateMe()};
 };
 
-const std::vector<Voce> kGps = {{0xA940B, "nSV", "Sats Number"},
-                                {0xA8010, "Spd", "GPS Speed"},
-                                {0xA8A07, "Lat", "Latitude"},
-                                {0xA8A87, "Lon", "Longitude"}};
-const std::vector<Voce> kTempi = {{0x992, "LapT", "Lap Time"},
-                                  {0x1712, "RunT", "Rolling Time"},
-                                  {0x1392, "PreT", "Predictive Time"},
-                                  {0x1B92, "PT+-", "+- Best Time"}};
-const std::vector<Voce> kNumero = {{0x98B, "nLap", "Lap Number"}};
+const std::vector<Voce> GPS = {{0xA940B, "nSV", "Sats Number"},
+                               {0xA8010, "Spd", "GPS Speed"},
+                               {0xA8A07, "Lat", "Latitude"},
+                               {0xA8A87, "Lon", "Longitude"}};
+const std::vector<Voce> TEMPI = {{0x992, "LapT", "Lap Time"},
+                                 {0x1712, "RunT", "Rolling Time"},
+                                 {0x1392, "PreT", "Predictive Time"},
+                                 {0x1B92, "PT+-", "+- Best Time"}};
+const std::vector<Voce> NUMERO = {{0x98B, "nLap", "Lap Number"}};
 
 TEST_F(DefaultNames, OfAGpsPacketAreThoseOfItsNamedRows) {
     Nomi nomi;
     catalogo_->getCanaliGPS(nomi);
-    Controlla(nomi, kGps);
+    controlla(nomi, GPS);
     for (unsigned senza_nome : {0xA9512u, 0xA9986u, 0xA998Cu, 0xA9994u, 0xB9D20u}) {
         EXPECT_EQ(nomi.count(senza_nome), 0u) << std::hex << senza_nome;
     }
@@ -55,13 +55,13 @@ TEST_F(DefaultNames, OfAGpsPacketAreThoseOfItsNamedRows) {
 TEST_F(DefaultNames, OfLapTimes) {
     Nomi nomi;
     catalogo_->getCanaliLapTime(nomi);
-    Controlla(nomi, kTempi);
+    controlla(nomi, TEMPI);
 }
 
 TEST_F(DefaultNames, OfTheLapNumber) {
     Nomi nomi;
     catalogo_->getCanaliLapNum(nomi);
-    Controlla(nomi, kNumero);
+    controlla(nomi, NUMERO);
 }
 
 TEST_F(DefaultNames, AskedTwiceAreThereOnce) {

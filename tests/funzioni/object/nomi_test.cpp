@@ -314,14 +314,14 @@ protected:
     // Stops at the first difference: what is wrong for one is wrong for thousands.
     bool confronta(kel_funpos fid) {
         for (const bool tutti : {false, true}) {
-            const std::string nome = catalogo->getNomeFunzione(fid, tutti);
-            if (nome != modello::nomeLungo(fid, tutti)) {
+            const std::string nome = catalogo_->getNomeFunzione(fid, tutti);
+            if (nome != modello::nome_lungo(fid, tutti)) {
                 ADD_FAILURE() << "long name of " << descrivi(fid) << (tutti ? ", all fields" : "") << " is \"" << nome
-                              << "\" instead of \"" << modello::nomeLungo(fid, tutti) << '"';
+                              << "\" instead of \"" << modello::nome_lungo(fid, tutti) << '"';
                 return false;
             }
         }
-        std::string atteso = modello::nomeBreve(fid);
+        std::string atteso = modello::nome_breve(fid);
         const s_nome_breve piatto = kelFunGetNomeFunzioneShort(nullptr, fid);
         char byte[32] = {};
         std::memcpy(byte, atteso.data(), atteso.size());
@@ -331,7 +331,7 @@ protected:
             return false;
         }
         atteso.push_back('\0');
-        const std::string nome = catalogo->getNomeFunzioneShort(fid);
+        const std::string nome = catalogo_->getNomeFunzioneShort(fid);
         if (nome != atteso) {
             ADD_FAILURE() << "short name of " << descrivi(fid) << " from the catalogue has " << nome.size()
                           << " characters instead of " << atteso.size() << ": \"" << nome << '"';
@@ -340,7 +340,7 @@ protected:
         return true;
     }
 
-    std::unique_ptr<IFunzioni> catalogo{IFunzioni::CreateMe()};
+    std::unique_ptr<IFunzioni> catalogo_{IFunzioni::CreateMe()};
 };
 
 TEST_F(EveryName, OfEveryQuantityAndObjectIsTheModels) {
@@ -368,7 +368,7 @@ TEST_F(EveryName, LooksAtNoUnusedBitOnceComposed) {
 TEST_F(EveryName, EndsWithABlankOnlyWhenItIsAllBlanks) {
     for (kel_funpos fid = 0; fid < 0x8000; ++fid)
         for (const bool tutti : {false, true}) {
-            const std::string nome = catalogo->getNomeFunzione(fid, tutti);
+            const std::string nome = catalogo_->getNomeFunzione(fid, tutti);
             ASSERT_FALSE(nome.empty()) << descrivi(fid);
             if (nome.back() == ' ') {
                 ASSERT_EQ(nome.find_first_not_of(' '), std::string::npos) << descrivi(fid) << " \"" << nome << '"';

@@ -21,18 +21,18 @@ using Catalogo = std::unique_ptr<IFunzioni>;
 class CatalogueWithChannels : public ::testing::Test {
 protected:
     CatalogueWithChannels() {
-        for (unsigned i = 0; i < canali.size(); ++i) {
-            canali[i].fid = 0x00000011u + (i << 7);
-            canali[i].dim_buffer = 100u + i;
-            std::strcpy(canali[i].breve, "S0");
-            std::strcpy(canali[i].nome, "Channel 0");
-            canali[i].breve[1] = canali[i].nome[8] = static_cast<char>('0' + i);
+        for (unsigned i = 0; i < canali_.size(); ++i) {
+            canali_[i].fid = 0x00000011u + (i << 7);
+            canali_[i].dim_buffer = 100u + i;
+            std::strcpy(canali_[i].breve, "S0");
+            std::strcpy(canali_[i].nome, "Channel 0");
+            canali_[i].breve[1] = canali_[i].nome[8] = static_cast<char>('0' + i);
         }
-        canali[3].fid = 0x00000010;
-        catalogo.reset(IFunzioni::CreateMe(canali.data(), 8));
+        canali_[3].fid = 0x00000010;
+        catalogo_.reset(IFunzioni::CreateMe(canali_.data(), 8));
     }
-    std::array<s_kel_canale, 9> canali = {};
-    Catalogo catalogo;
+    std::array<s_kel_canale, 9> canali_ = {};
+    Catalogo catalogo_;
 };
 
 TEST(CatalogueWithoutChannels, ReportsNone) {
@@ -66,75 +66,75 @@ TEST(CatalogueWithoutChannels, SaysOfAMissingNameWhatTheStandardLibrarySays) {
 }
 
 TEST_F(CatalogueWithChannels, CountsThemAllAsUsed) {
-    EXPECT_EQ(catalogo->getNumChUsed(), 8u);
-    EXPECT_EQ(catalogo->getFreeCh(), nullptr) << "the total is 8 too";
-    EXPECT_EQ(catalogo->getNumChUsed(), 8u);
+    EXPECT_EQ(catalogo_->getNumChUsed(), 8u);
+    EXPECT_EQ(catalogo_->getFreeCh(), nullptr) << "the total is 8 too";
+    EXPECT_EQ(catalogo_->getNumChUsed(), 8u);
 }
 
 TEST_F(CatalogueWithChannels, GivesTheCallersRecords) {
     for (unsigned i = 0; i < 8; ++i)
-        EXPECT_EQ(catalogo->getCanale(i), &canali[i]) << i;
-    EXPECT_EQ(catalogo->getCanale(8), nullptr);
-    EXPECT_EQ(catalogo->getCanale(0xFFFFFFFF), nullptr);
+        EXPECT_EQ(catalogo_->getCanale(i), &canali_[i]) << i;
+    EXPECT_EQ(catalogo_->getCanale(8), nullptr);
+    EXPECT_EQ(catalogo_->getCanale(0xFFFFFFFF), nullptr);
 }
 
 TEST_F(CatalogueWithChannels, NamesThem) {
-    EXPECT_EQ(catalogo->getNomeCanale(0), "Channel 0");
-    EXPECT_EQ(catalogo->getNomeCanale(7), "Channel 7");
-    EXPECT_EQ(catalogo->getNomeCanaleShort(0), "S0");
-    EXPECT_EQ(catalogo->getNomeCanaleShort(7), "S7");
+    EXPECT_EQ(catalogo_->getNomeCanale(0), "Channel 0");
+    EXPECT_EQ(catalogo_->getNomeCanale(7), "Channel 7");
+    EXPECT_EQ(catalogo_->getNomeCanaleShort(0), "S0");
+    EXPECT_EQ(catalogo_->getNomeCanaleShort(7), "S7");
 }
 
 // One record past the last used one is read as it stands.
 TEST_F(CatalogueWithChannels, NamesTheRecordBehindThem) {
-    EXPECT_EQ(catalogo->getNomeCanale(8), "Channel 8");
-    EXPECT_EQ(catalogo->getNomeCanaleShort(8), "S8");
+    EXPECT_EQ(catalogo_->getNomeCanale(8), "Channel 8");
+    EXPECT_EQ(catalogo_->getNomeCanaleShort(8), "S8");
 }
 
 // A record's texts end with their fields, of 36 and 8 characters, where the caller left no NUL.
 TEST_F(CatalogueWithChannels, NamesEndWithTheirFields) {
-    std::memcpy(canali[2].nome, "A name of thirty-six characters, all", 36);
-    std::memcpy(canali[2].breve, "EIGHT CH", 8);
-    canali[2].offset_campione = 0x44434241;  // what lies behind the name
-    EXPECT_EQ(catalogo->getNomeCanale(2), "A name of thirty-six characters, all");
-    EXPECT_EQ(catalogo->getNomeCanaleShort(2), "EIGHT CH");
+    std::memcpy(canali_[2].nome, "A name of thirty-six characters, all", 36);
+    std::memcpy(canali_[2].breve, "EIGHT CH", 8);
+    canali_[2].offset_campione = 0x44434241;  // what lies behind the name
+    EXPECT_EQ(catalogo_->getNomeCanale(2), "A name of thirty-six characters, all");
+    EXPECT_EQ(catalogo_->getNomeCanaleShort(2), "EIGHT CH");
 }
 
 TEST_F(CatalogueWithChannels, ThrowsForANameOutOfRange) {
     for (const unsigned indice : {9u, 10u, 0xFFFFFFFFu}) {
         SCOPED_TRACE(indice);
-        EXPECT_THROW(catalogo->getNomeCanale(indice), std::logic_error);
-        EXPECT_THROW(catalogo->getNomeCanaleShort(indice), std::logic_error);
+        EXPECT_THROW(catalogo_->getNomeCanale(indice), std::logic_error);
+        EXPECT_THROW(catalogo_->getNomeCanaleShort(indice), std::logic_error);
     }
 }
 
 TEST_F(CatalogueWithChannels, SumsTheirSampleBuffers) {
-    EXPECT_EQ(catalogo->getSizeBufferValori(), 828u);
-    canali[0].dim_buffer = 0xFFFFFFFF;
-    EXPECT_EQ(catalogo->getSizeBufferValori(), 727u) << "modulo 2^32";
+    EXPECT_EQ(catalogo_->getSizeBufferValori(), 828u);
+    canali_[0].dim_buffer = 0xFFFFFFFF;
+    EXPECT_EQ(catalogo_->getSizeBufferValori(), 727u) << "modulo 2^32";
 }
 
 TEST_F(CatalogueWithChannels, FindsTheOneThatCarriesAFunction) {
-    EXPECT_EQ(catalogo->getMatchCh(0x10), &canali[3]);
-    EXPECT_EQ(catalogo->getMatchCh(0x11), &canali[0]);
-    EXPECT_EQ(catalogo->getMatchCh(0), &canali[0]);
-    EXPECT_EQ(catalogo->getMatchCh(0x411), nullptr) << "the ninth is not bound";
+    EXPECT_EQ(catalogo_->getMatchCh(0x10), &canali_[3]);
+    EXPECT_EQ(catalogo_->getMatchCh(0x11), &canali_[0]);
+    EXPECT_EQ(catalogo_->getMatchCh(0), &canali_[0]);
+    EXPECT_EQ(catalogo_->getMatchCh(0x411), nullptr) << "the ninth is not bound";
 }
 
 TEST_F(CatalogueWithChannels, LooksAtTheRecordsAsTheyAre) {
-    std::strcpy(canali[2].nome, "renamed");
-    canali[5].fid = 0x0000000F;
-    EXPECT_EQ(catalogo->getNomeCanale(2), "renamed");
-    EXPECT_EQ(catalogo->getMatchCh(0x0F), &canali[5]);
+    std::strcpy(canali_[2].nome, "renamed");
+    canali_[5].fid = 0x0000000F;
+    EXPECT_EQ(catalogo_->getNomeCanale(2), "renamed");
+    EXPECT_EQ(catalogo_->getMatchCh(0x0F), &canali_[5]);
 }
 
 TEST_F(CatalogueWithChannels, LeavesTheRecordsAlone) {
-    const std::array<s_kel_canale, 9> prima = canali;
-    catalogo->getFreeCh();
-    catalogo->getNomeCanale(1);
-    catalogo->getMatchCh(0x10);
-    catalogo.reset();
-    EXPECT_EQ(std::memcmp(prima.data(), canali.data(), sizeof prima), 0);
+    const std::array<s_kel_canale, 9> prima = canali_;
+    catalogo_->getFreeCh();
+    catalogo_->getNomeCanale(1);
+    catalogo_->getMatchCh(0x10);
+    catalogo_.reset();
+    EXPECT_EQ(std::memcmp(prima.data(), canali_.data(), sizeof prima), 0);
 }
 
 // Records are read byte by byte: the array may lie at any address.

@@ -128,59 +128,59 @@ TEST(ImplementationSlots, StandInTheOrderOfTheInterface) {
 class LibraryObject : public ::testing::Test {
 protected:
     LibraryObject() {
-        std::strcpy(canali[0].nome, "Road speed");
-        std::strcpy(canali[0].breve, "Road");
-        canali[0].fid = 0x00000010;
-        canali[0].dim_buffer = 7;
-        std::strcpy(canali[1].nome, "Gearbox");
-        canali[1].fid = 0x00048611;
-        canali[1].dim_buffer = 11;
-        catalogo.reset(IFunzioni::CreateMe(canali, 2));
-        oggetto = catalogo.get();
+        std::strcpy(canali_[0].nome, "Road speed");
+        std::strcpy(canali_[0].breve, "Road");
+        canali_[0].fid = 0x00000010;
+        canali_[0].dim_buffer = 7;
+        std::strcpy(canali_[1].nome, "Gearbox");
+        canali_[1].fid = 0x00048611;
+        canali_[1].dim_buffer = 11;
+        catalogo_.reset(IFunzioni::CreateMe(canali_, 2));
+        oggetto_ = catalogo_.get();
     }
-    s_kel_canale canali[3] = {};
-    std::unique_ptr<IFunzioni> catalogo;
-    const IFunzioni* oggetto;
+    s_kel_canale canali_[3] = {};
+    std::unique_ptr<IFunzioni> catalogo_;
+    const IFunzioni* oggetto_;
 };
 
 TEST_F(LibraryObject, AnswersChannelsInSlotsOneToSeven) {
-    EXPECT_EQ((chiama<std::string, unsigned>(oggetto, 1, 0)), "Road speed");
-    EXPECT_EQ((chiama<std::string, unsigned>(oggetto, 2, 0)), "Road");
-    EXPECT_EQ(chiama<unsigned>(oggetto, 3), 18u);
-    EXPECT_EQ(chiama<unsigned>(oggetto, 4), 2u);
-    EXPECT_EQ(chiama<s_kel_canale*>(oggetto, 5), nullptr);
-    EXPECT_EQ((chiama<s_kel_canale*, unsigned>(oggetto, 6, 1)), &canali[1]);
-    EXPECT_EQ((chiama<s_kel_canale*, kel_funpos>(oggetto, 7, 0x11)), &canali[1]);
+    EXPECT_EQ((chiama<std::string, unsigned>(oggetto_, 1, 0)), "Road speed");
+    EXPECT_EQ((chiama<std::string, unsigned>(oggetto_, 2, 0)), "Road");
+    EXPECT_EQ(chiama<unsigned>(oggetto_, 3), 18u);
+    EXPECT_EQ(chiama<unsigned>(oggetto_, 4), 2u);
+    EXPECT_EQ(chiama<s_kel_canale*>(oggetto_, 5), nullptr);
+    EXPECT_EQ((chiama<s_kel_canale*, unsigned>(oggetto_, 6, 1)), &canali_[1]);
+    EXPECT_EQ((chiama<s_kel_canale*, kel_funpos>(oggetto_, 7, 0x11)), &canali_[1]);
 }
 
 TEST_F(LibraryObject, AnswersNamesInSlotsEightToEleven) {
-    EXPECT_EQ((chiama<std::string, kel_funpos>(oggetto, 8, 0x00048611)), std::string("TemperatureGear\0", 16));
-    EXPECT_EQ((chiama<std::string, kel_funpos, bool>(oggetto, 9, 0x00048611, false)), "Gear Box Temp");
-    EXPECT_EQ((chiama<std::string, kel_funpos, bool>(oggetto, 9, 0x04800B9C, true)), "Custom Oil  RightFront");
-    EXPECT_EQ((chiama<kel_funpos, kel_funpos>(oggetto, 10, 0x00048611)), 0x11u);
-    EXPECT_EQ((chiama<std::string, kel_funpos>(oggetto, 11, 0x00000195)), "V");
+    EXPECT_EQ((chiama<std::string, kel_funpos>(oggetto_, 8, 0x00048611)), std::string("TemperatureGear\0", 16));
+    EXPECT_EQ((chiama<std::string, kel_funpos, bool>(oggetto_, 9, 0x00048611, false)), "Gear Box Temp");
+    EXPECT_EQ((chiama<std::string, kel_funpos, bool>(oggetto_, 9, 0x04800B9C, true)), "Custom Oil  RightFront");
+    EXPECT_EQ((chiama<kel_funpos, kel_funpos>(oggetto_, 10, 0x00048611)), 0x11u);
+    EXPECT_EQ((chiama<std::string, kel_funpos>(oggetto_, 11, 0x00000195)), "V");
 }
 
 TEST_F(LibraryObject, AnswersTheCameraInSlotsTwelveToTwentyOne) {
-    EXPECT_EQ((chiama<kel_funpos, const std::string&>(oggetto, 12, "FG_GEAR_BOX_TEMP")), 0x00048611u);
-    EXPECT_EQ((chiama<Riga, kel_funpos>(oggetto, 13, 0x00068A07)), &funz_ZumikoCam_estese[0]);
-    EXPECT_EQ((chiama<Riga, const std::string&>(oggetto, 14, "WATER_TEMP")), &funz_ZumikoCam_base[3]);
-    EXPECT_EQ((chiama<Riga, kel_funpos>(oggetto, 15, 0x00001712)), &funz_ZumikoCam_estese[21]);
-    EXPECT_EQ(chiama<Riga>(oggetto, 16), &funz_ZumikoCam_base[0]);
-    EXPECT_EQ(chiama<Riga>(oggetto, 17), &funz_ZumikoCam_base[1]);
-    EXPECT_EQ(chiama<Riga>(oggetto, 18), &funz_ZumikoCam_estese[0]);
-    EXPECT_EQ(chiama<Riga>(oggetto, 19), &funz_ZumikoCam_estese[1]);
+    EXPECT_EQ((chiama<kel_funpos, const std::string&>(oggetto_, 12, "FG_GEAR_BOX_TEMP")), 0x00048611u);
+    EXPECT_EQ((chiama<Riga, kel_funpos>(oggetto_, 13, 0x00068A07)), &funz_ZumikoCam_estese[0]);
+    EXPECT_EQ((chiama<Riga, const std::string&>(oggetto_, 14, "WATER_TEMP")), &funz_ZumikoCam_base[3]);
+    EXPECT_EQ((chiama<Riga, kel_funpos>(oggetto_, 15, 0x00001712)), &funz_ZumikoCam_estese[21]);
+    EXPECT_EQ(chiama<Riga>(oggetto_, 16), &funz_ZumikoCam_base[0]);
+    EXPECT_EQ(chiama<Riga>(oggetto_, 17), &funz_ZumikoCam_base[1]);
+    EXPECT_EQ(chiama<Riga>(oggetto_, 18), &funz_ZumikoCam_estese[0]);
+    EXPECT_EQ(chiama<Riga>(oggetto_, 19), &funz_ZumikoCam_estese[1]);
     Righe base;
-    chiama<void, Righe&>(oggetto, 20, base);
+    chiama<void, Righe&>(oggetto_, 20, base);
     EXPECT_EQ(base.size(), 19u);
     Righe estese;
-    chiama<void, Righe&>(oggetto, 21, estese);
+    chiama<void, Righe&>(oggetto_, 21, estese);
     EXPECT_EQ(estese.size(), 22u);
 }
 
 TEST_F(LibraryObject, AnswersDecimalsInSlotsTwentyTwoToTwentyFour) {
     const auto decimali = [this](std::size_t n, kel_funpos fid, const std::string& udm) {
-        return chiama<int, kel_funpos, const std::string&>(oggetto, n, fid, udm);
+        return chiama<int, kel_funpos, const std::string&>(oggetto_, n, fid, udm);
     };
     // Time spent switched off: 0, 3, 0; lambda: 2, 2, 1.
     EXPECT_EQ(decimali(22, 0x00001B12, "s"), 0);
@@ -193,40 +193,40 @@ TEST_F(LibraryObject, AnswersDecimalsInSlotsTwentyTwoToTwentyFour) {
 
 TEST_F(LibraryObject, AnswersListsInSlotsTwentyFiveToTwentyNine) {
     Testi unita;
-    chiama<void, kel_funpos, Testi&>(oggetto, 25, 0x11, unita);
+    chiama<void, kel_funpos, Testi&>(oggetto_, 25, 0x11, unita);
     EXPECT_EQ(unita, (Testi{"C", "F"}));
     Funzioni funzioni;
     std::vector<unsigned> filtro{0x11};
-    chiama<void, Funzioni&, std::vector<unsigned>&>(oggetto, 26, funzioni, filtro);
+    chiama<void, Funzioni&, std::vector<unsigned>&>(oggetto_, 26, funzioni, filtro);
     ASSERT_EQ(funzioni.size(), 1u);
     EXPECT_EQ(funzioni[FID_PHI_TEMPERATURE].front().nome, "Temperature");
     Scelte lati;
     Scelte inout;
     int primo = 0;
     int ultimo = 0;
-    chiama<void, kel_funpos, Scelte&, Scelte&, int&, int&>(oggetto, 27, 0x00040C9E, lati, inout, primo, ultimo);
+    chiama<void, kel_funpos, Scelte&, Scelte&, int&, int&>(oggetto_, 27, 0x00040C9E, lati, inout, primo, ultimo);
     EXPECT_EQ(inout, (Scelte{{1, "Out"}, {2, "In"}}));
     EXPECT_EQ(primo, 1);
     EXPECT_EQ(ultimo, 12);
     unsigned formati = 4711;
-    EXPECT_EQ((chiama<int, kel_funpos, unsigned*>(oggetto, 28, 0x11, &formati)), 0);
+    EXPECT_EQ((chiama<int, kel_funpos, unsigned*>(oggetto_, 28, 0x11, &formati)), 0);
     EXPECT_EQ(formati, 4711u);
     std::list<kel_funpos> interni;
-    chiama<void, kel_funpos, std::list<kel_funpos>&>(oggetto, 29, 0x0000819A, interni);
+    chiama<void, kel_funpos, std::list<kel_funpos>&>(oggetto_, 29, 0x0000819A, interni);
     EXPECT_EQ(interni, (std::list<kel_funpos>{0x000A9986, 0x000A998C, 0x000A9994, 0x000A940B, 0x000A8010}));
 }
 
 TEST_F(LibraryObject, AnswersConversionsInSlotsThirtyToThirtyTwo) {
-    EXPECT_EQ((chiama<const s_converter_data*, kel_funpos, const std::string&>(oggetto, 30, 0x0000000E, "psi")),
+    EXPECT_EQ((chiama<const s_converter_data*, kel_funpos, const std::string&>(oggetto_, 30, 0x0000000E, "psi")),
               &bar_udm_associate[1].dati);
-    const s_converter_data dati =
-        chiama<s_converter_data, kel_funpos, const std::string&, const std::string&>(oggetto, 31, 0x00000011, "C", "F");
+    const s_converter_data dati = chiama<s_converter_data, kel_funpos, const std::string&, const std::string&>(
+        oggetto_, 31, 0x00000011, "C", "F");
     EXPECT_EQ(bit(dati.gain), bit(1.8f));
     EXPECT_EQ(bit(dati.offset), bit(32.0f));
     int codice = 0;
     float scala = 0.0f;
     std::string udm;
-    EXPECT_TRUE((chiama<bool, int, int&, float&, std::string&>(oggetto, 32, 0x00001012, codice, scala, udm)));
+    EXPECT_TRUE((chiama<bool, int, int&, float&, std::string&>(oggetto_, 32, 0x00001012, codice, scala, udm)));
     EXPECT_EQ(codice, 0xB00F);
     EXPECT_EQ(bit(scala), 0x3C23D70Au);
     EXPECT_EQ(udm, "cs");
@@ -234,30 +234,30 @@ TEST_F(LibraryObject, AnswersConversionsInSlotsThirtyToThirtyTwo) {
 
 TEST_F(LibraryObject, AnswersDefaultNamesInSlotsThirtyThreeToThirtyFive) {
     Nomi gps;
-    chiama<void, Nomi&>(oggetto, 33, gps);
+    chiama<void, Nomi&>(oggetto_, 33, gps);
     EXPECT_EQ(gps.size(), 4u);
     EXPECT_EQ(gps[0x000A940B].nome, "Sats Number");
     Nomi tempi;
-    chiama<void, Nomi&>(oggetto, 34, tempi);
+    chiama<void, Nomi&>(oggetto_, 34, tempi);
     EXPECT_EQ(tempi.size(), 4u);
     EXPECT_EQ(tempi[0x00001712].nome, "Rolling Time");
     Nomi numeri;
-    chiama<void, Nomi&>(oggetto, 35, numeri);
+    chiama<void, Nomi&>(oggetto_, 35, numeri);
     EXPECT_EQ(numeri.size(), 1u);
     EXPECT_EQ(numeri[0x0000098B].nome, "Lap Number");
 }
 
 TEST_F(LibraryObject, AnswersTextsInSlotsThirtySixToFortyFive) {
-    EXPECT_EQ((chiama<std::string, GRANDEZZA_FISICA_FUNZKEL>(oggetto, 36, FID_PHI_SPEED)), "Speed");
-    EXPECT_EQ((chiama<std::string, OGGETTO_MISURATO_FUNZKEL>(oggetto, 37, FID_OBJ_OIL)), "Oil");
-    EXPECT_EQ((chiama<std::string, POSIZIONE_FUNZKEL>(oggetto, 38, FID_POS_WHEEL)), "Wheel");
-    EXPECT_EQ((chiama<std::string, GRANDEZZA_FISICA_FUNZKEL>(oggetto, 39, FID_PHI_SPEED)), "FID_PHI_SPEED");
-    EXPECT_EQ((chiama<std::string, OGGETTO_MISURATO_FUNZKEL>(oggetto, 40, FID_OBJ_OIL)), "FID_OBJ_OIL");
+    EXPECT_EQ((chiama<std::string, GRANDEZZA_FISICA_FUNZKEL>(oggetto_, 36, FID_PHI_SPEED)), "Speed");
+    EXPECT_EQ((chiama<std::string, OGGETTO_MISURATO_FUNZKEL>(oggetto_, 37, FID_OBJ_OIL)), "Oil");
+    EXPECT_EQ((chiama<std::string, POSIZIONE_FUNZKEL>(oggetto_, 38, FID_POS_WHEEL)), "Wheel");
+    EXPECT_EQ((chiama<std::string, GRANDEZZA_FISICA_FUNZKEL>(oggetto_, 39, FID_PHI_SPEED)), "FID_PHI_SPEED");
+    EXPECT_EQ((chiama<std::string, OGGETTO_MISURATO_FUNZKEL>(oggetto_, 40, FID_OBJ_OIL)), "FID_OBJ_OIL");
     std::map<GRANDEZZA_FISICA_FUNZKEL, std::string> mappa;
-    chiama<void, std::map<GRANDEZZA_FISICA_FUNZKEL, std::string>&>(oggetto, 41, mappa);
+    chiama<void, std::map<GRANDEZZA_FISICA_FUNZKEL, std::string>&>(oggetto_, 41, mappa);
     EXPECT_EQ(mappa.size(), 32u);
     const auto indice = [this](std::size_t n, const std::string& xml) {
-        return chiama<int, const std::string&>(oggetto, n, xml);
+        return chiama<int, const std::string&>(oggetto_, n, xml);
     };
     EXPECT_EQ(indice(42, "FID_PHI_SPEED"), 16);
     EXPECT_EQ(indice(43, "FID_OBJ_OIL"), 23);
@@ -268,11 +268,11 @@ TEST_F(LibraryObject, AnswersTextsInSlotsThirtySixToFortyFive) {
 TEST_F(LibraryObject, AnswersConverterAndValueListsInTheLastSlots) {
     const std::unique_ptr<IConverter> convertitore(
         chiama<IConverter*, const s_kel_canale*, kel_funpos, const std::string&, bool, unsigned, eFormatoConv,
-               unsigned>(oggetto, 46, &canali[0], 0x00000010, "km/h", true, 1u, FORMATO_DESTRA, 4u));
+               unsigned>(oggetto_, 46, &canali_[0], 0x00000010, "km/h", true, 1u, FORMATO_DESTRA, 4u));
     EXPECT_NE(convertitore, nullptr);
     Testi l[12];
     chiama<void, Testi&, Testi&, Testi&, Testi&, Testi&, Testi&, Testi&, Testi&, Testi&, Testi&, Testi&, Testi&>(
-        oggetto, 47, l[0], l[1], l[2], l[3], l[4], l[5], l[6], l[7], l[8], l[9], l[10], l[11]);
+        oggetto_, 47, l[0], l[1], l[2], l[3], l[4], l[5], l[6], l[7], l[8], l[9], l[10], l[11]);
     EXPECT_EQ(l[0].size(), 32u);
     EXPECT_EQ(l[6], (Testi{"Position", "Number"}));
     EXPECT_EQ(l[11].size(), 64u);

@@ -21,13 +21,13 @@ void riempi(Liste& l) {
     catalogo->GetValoriCampiFID(l[0], l[1], l[2], l[3], l[4], l[5], l[6], l[7], l[8], l[9], l[10], l[11]);
 }
 
-constexpr std::size_t voci[] = {32, 58, 23, 4, 2, 3, 2, 4, 4, 4, 4, 64};
+constexpr std::size_t VOCI[] = {32, 58, 23, 4, 2, 3, 2, 4, 4, 4, 4, 64};
 
 TEST(FieldValueLists, HaveTheirLengths) {
     Liste liste;
     riempi(liste);
     for (std::size_t i = 0; i < liste.size(); ++i)
-        EXPECT_EQ(liste[i].size(), voci[i]) << "list " << i + 1;
+        EXPECT_EQ(liste[i].size(), VOCI[i]) << "list " << i + 1;
 }
 
 TEST(FieldValueLists, HoldTheXmlNamesInValueOrder) {
@@ -85,7 +85,7 @@ TEST(FieldValueLists, AreAppendedTo) {
         lista.push_back("mine");
     riempi(liste);
     for (std::size_t i = 0; i < liste.size(); ++i) {
-        EXPECT_EQ(liste[i].size(), voci[i] + 1) << "list " << i + 1;
+        EXPECT_EQ(liste[i].size(), VOCI[i] + 1) << "list " << i + 1;
         EXPECT_EQ(liste[i].front(), "mine") << "list " << i + 1;
     }
 }

@@ -18,7 +18,7 @@ using attesi::esa;
 using Riga = const t_SFunzioneZumikoCam*;
 
 // Extended rows that the camera shows.
-constexpr std::size_t righe_visibili[] = {0, 1, 2, 3, 4, 10, 13, 14, 20};
+constexpr std::size_t RIGHE_VISIBILI[] = {0, 1, 2, 3, 4, 10, 13, 14, 20};
 
 TEST(BasicWalk, GivesEveryRowThenNullForEver) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
@@ -77,7 +77,7 @@ TEST(BasicCursor, StaysOnTheEndRow) {
 TEST(ExtendedWalk, GivesTheVisibleRowsThenNullForEver) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     Riga riga = catalogo->getFirstFunzVisZumikoCamEstese();
-    for (const std::size_t i : righe_visibili) {
+    for (const std::size_t i : RIGHE_VISIBILI) {
         EXPECT_EQ(riga, &funz_ZumikoCam_estese[i]) << "row " << i;
         riga = catalogo->getNextFunzVisZumikoCamEstese();
     }
@@ -113,9 +113,9 @@ TEST(ExtendedCursor, StandsOnTheRowGivenAndRestsOnTheEndRow) {
     CFunzioni catalogo;
     EXPECT_EQ(catalogo.get_funz_vis_zumiko_cam_estese(), &funz_ZumikoCam_estese[0]) << "at creation";
     catalogo.getFirstFunzVisZumikoCamEstese();
-    for (std::size_t i = 1; i < std::size(righe_visibili); ++i) {
+    for (std::size_t i = 1; i < std::size(RIGHE_VISIBILI); ++i) {
         catalogo.getNextFunzVisZumikoCamEstese();
-        EXPECT_EQ(catalogo.get_funz_vis_zumiko_cam_estese(), &funz_ZumikoCam_estese[righe_visibili[i]]);
+        EXPECT_EQ(catalogo.get_funz_vis_zumiko_cam_estese(), &funz_ZumikoCam_estese[RIGHE_VISIBILI[i]]);
     }
     EXPECT_EQ(catalogo.getNextFunzVisZumikoCamEstese(), nullptr);
     EXPECT_EQ(catalogo.get_funz_vis_zumiko_cam_estese(), nullptr);
@@ -146,7 +146,7 @@ TEST(TwoCatalogues, WalkOnTheirOwn) {
     for (std::size_t i = 1; i < 9; ++i) {
         EXPECT_EQ(uno->getNextFunzVisZumikoCam(), &funz_ZumikoCam_base[9 + i]);
         EXPECT_EQ(due->getNextFunzVisZumikoCam(), &funz_ZumikoCam_base[i]);
-        EXPECT_EQ(uno->getNextFunzVisZumikoCamEstese(), &funz_ZumikoCam_estese[righe_visibili[i]]);
+        EXPECT_EQ(uno->getNextFunzVisZumikoCamEstese(), &funz_ZumikoCam_estese[RIGHE_VISIBILI[i]]);
     }
     EXPECT_EQ(due->getNextFunzVisZumikoCamEstese(), &funz_ZumikoCam_estese[1]);
 }
@@ -162,7 +162,7 @@ TEST(ExtendedVisibility, OfEveryRowIsAsTabled) {
             << riga.testo << ", code " << esa(static_cast<std::uint32_t>(riga.codice));
         visibili += atteso;
     }
-    EXPECT_EQ(visibili, std::size(righe_visibili));
+    EXPECT_EQ(visibili, std::size(RIGHE_VISIBILI));
 }
 
 TEST(ExtendedVisibility, HidesTheCodesOfClockOdometerAndPrediction) {

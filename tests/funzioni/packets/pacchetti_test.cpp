@@ -7,11 +7,11 @@ using namespace kel_test;
 
 namespace {
 
-s_kel_converter Pacchetto(unsigned tipo, kel_funpos fid) {
+s_kel_converter del_pacchetto(unsigned tipo, kel_funpos fid) {
     Impostazione come;
     come.fid_canale = fid;
     come.fid = fid;
-    return Convertitore(tipo, come);
+    return convertitore(tipo, come);
 }
 
 struct Caso {
@@ -20,7 +20,7 @@ struct Caso {
 };
 
 // clang-format off
-const Caso kStatiGps[] = {
+const Caso STATI_GPS[] = {
     {0,   0,   "GPS fix missing"},
     {1,   12,  "GPS fix missing"},
     {2,   3,   "GPS low fix"},
@@ -38,13 +38,14 @@ const Caso kStatiGps[] = {
 };
 // clang-format on
 
-void ControllaStatoGps(unsigned tipo, kel_funpos fid, std::size_t byte, std::size_t posto_fix, std::size_t posto_sat) {
-    for (const Caso& caso : kStatiGps) {
+void controlla_stato_gps(unsigned tipo, kel_funpos fid, std::size_t byte, std::size_t posto_fix,
+                         std::size_t posto_sat) {
+    for (const Caso& caso : STATI_GPS) {
         Byte pacchetto(byte, 0x5A);
         pacchetto[posto_fix] = static_cast<unsigned char>(caso.fix);
         pacchetto[posto_sat] = static_cast<unsigned char>(caso.satelliti);
-        s_kel_converter conv = Pacchetto(tipo, fid);
-        const Lettura letto = Leggi(conv, pacchetto);
+        s_kel_converter conv = del_pacchetto(tipo, fid);
+        const Lettura letto = leggi(conv, pacchetto);
         EXPECT_EQ(letto.testo, caso.testo) << "fix " << caso.fix << ", satellites " << caso.satelliti;
         EXPECT_EQ(letto.ha_testo, 1);
         EXPECT_TRUE(letto.pulito);
@@ -55,23 +56,23 @@ void ControllaStatoGps(unsigned tipo, kel_funpos fid, std::size_t byte, std::siz
 }
 
 TEST(GpsPacket, OfTheLoggerTellsFixAndSatellites) {
-    ControllaStatoGps(8, kPacchettoGps, 56, 14, 51);
+    controlla_stato_gps(8, PACCHETTO_GPS, 56, 14, 51);
 }
 
 TEST(GpsPacket, OfNavSolTellsFixAndSatellites) {
-    ControllaStatoGps(9, kPacchettoUbx, 52, 10, 47);
+    controlla_stato_gps(9, PACCHETTO_UBX, 52, 10, 47);
 }
 
 TEST(FixedTextPacket, ShowsItsKind) {
     const std::tuple<unsigned, kel_funpos, std::size_t, const char*> casi[] = {
-        {10, kPacchettoDataOra, 44, "Date and Time Packet"},
-        {17, kPacchettoGiro1G, 8, "LAP Packet 1G"},
-        {18, kPacchettoGps, 64, "GPS SV Info Packet"},
+        {10, PACCHETTO_DATA_ORA, 44, "Date and Time Packet"},
+        {17, PACCHETTO_GIRO1_G, 8, "LAP Packet 1G"},
+        {18, PACCHETTO_GPS, 64, "GPS SV Info Packet"},
     };
     for (const auto& [tipo, fid, byte, testo] : casi) {
         for (unsigned char riempimento : {static_cast<unsigned char>(0), static_cast<unsigned char>(0xFF)}) {
-            s_kel_converter conv = Pacchetto(tipo, fid);
-            const Lettura letto = Leggi(conv, Byte(byte, riempimento));
+            s_kel_converter conv = del_pacchetto(tipo, fid);
+            const Lettura letto = leggi(conv, Byte(byte, riempimento));
             EXPECT_EQ(letto.testo, testo);
             EXPECT_EQ(letto.ha_testo, 1);
             EXPECT_TRUE(letto.pulito);
@@ -84,27 +85,27 @@ TEST(FixedTextPacket, ShowsItsKind) {
 
 TEST(AnyPacket, HasNoStatusText) {
     for (unsigned tipo : {7u, 8u, 9u, 10u, 17u, 18u, 22u}) {
-        EXPECT_EQ(Pacchetto(tipo, kPacchettoGps).testo_stato, nullptr) << "sample type " << tipo;
+        EXPECT_EQ(del_pacchetto(tipo, PACCHETTO_GPS).testo_stato, nullptr) << "sample type " << tipo;
     }
 }
 
 TEST(AnyPacket, IsNotScaled) {
     for (unsigned tipo : {7u, 8u, 9u, 10u, 17u, 18u, 22u}) {
-        for (const s_converter_data* dati : {&kDoppioPiuCinque, &kReciproca}) {
+        for (const s_converter_data* dati : {&DOPPIO_PIU_CINQUE, &RECIPROCA}) {
             Impostazione come;
             come.dati = dati;
-            s_kel_converter conv = Convertitore(tipo, come);
-            EXPECT_EQ(Leggi(conv, Byte(64, 1)).valore, 0.0f) << "sample type " << tipo;
+            s_kel_converter conv = convertitore(tipo, come);
+            EXPECT_EQ(leggi(conv, Byte(64, 1)).valore, 0.0f) << "sample type " << tipo;
         }
     }
 }
 
 TEST(SampleWithoutDecoder, ShowsTwoDashesAndHasNoValue) {
     for (unsigned tipo : {14u, 19u, 23u, 25u, 26u, 255u, 256u, 0x80000000u, 0xFFFFFFFFu}) {
-        s_kel_converter conv = Convertitore(tipo, {});
+        s_kel_converter conv = convertitore(tipo, {});
         EXPECT_EQ(conv.valore, nullptr);
         EXPECT_EQ(conv.testo_stato, nullptr);
-        const Lettura letto = Leggi(conv, Byte(64, 1));
+        const Lettura letto = leggi(conv, Byte(64, 1));
         EXPECT_EQ(letto.ha_valore, 0) << "sample type " << tipo;
         EXPECT_EQ(letto.valore, 0.0f);
         EXPECT_EQ(letto.testo, "- -");

@@ -55,20 +55,20 @@ TEST(SubfieldSearch, FindsNothingForOtherPairs) {
 }
 
 TEST(SubfieldSearch, ByIdentifierLooksAtTheSpecialisationAlone) {
-    EXPECT_EQ(kelConvGetSottoCampiGPS(kPacchettoGps), sottocampi_gps_kel);
-    EXPECT_EQ(kelConvGetSottoCampiGPS(kPacchettoUbx), search_sottocampi_struct(3, 1));
+    EXPECT_EQ(kelConvGetSottoCampiGPS(PACCHETTO_GPS), sottocampi_gps_kel);
+    EXPECT_EQ(kelConvGetSottoCampiGPS(PACCHETTO_UBX), search_sottocampi_struct(3, 1));
     EXPECT_EQ(kelConvGetSottoCampiGPS(kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, 2)), nullptr);
     EXPECT_EQ(kelConvGetSottoCampiGPS(0), sottocampi_gps_kel);
     EXPECT_EQ(kelConvGetSottoCampiGPS(kelFidComponi(FID_PHI_SPEED, FID_OBJ_OIL, 1)), search_sottocampi_struct(3, 1));
 
-    EXPECT_EQ(kelConvGetSottoCampiLapTime(kPacchettoGiro2G), sottocampi_lap_time_2G);
-    EXPECT_EQ(kelConvGetSottoCampiLapTime(kPacchettoGiro1G), search_sottocampi_struct(1, 1));
-    EXPECT_EQ(kelConvGetSottoCampiLapTime(kPacchettoGiro2Gv2), sottocampi_lap_time_2G);
+    EXPECT_EQ(kelConvGetSottoCampiLapTime(PACCHETTO_GIRO2_G), sottocampi_lap_time_2G);
+    EXPECT_EQ(kelConvGetSottoCampiLapTime(PACCHETTO_GIRO1_G), search_sottocampi_struct(1, 1));
+    EXPECT_EQ(kelConvGetSottoCampiLapTime(PACCHETTO_GIRO2_GV2), sottocampi_lap_time_2G);
     EXPECT_EQ(kelConvGetSottoCampiLapTime(kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, 3)), nullptr);
     EXPECT_EQ(kelConvGetSottoCampiLapTime(kelFidComponi(0, 0, 31)), nullptr);
 
     const s_sottocampo* data_ora = search_sottocampi_struct(2, 0);
-    for (kel_funpos fid : {0u, kPacchettoDataOra, kPacchettoGps, 0xFFFFFFFFu}) {
+    for (kel_funpos fid : {0u, PACCHETTO_DATA_ORA, PACCHETTO_GPS, 0xFFFFFFFFu}) {
         EXPECT_EQ(kelConvGetSottoCampiDataOra(fid), data_ora);
     }
 }
@@ -142,7 +142,7 @@ TEST(SubfieldMatch, FindsNothingInDateAndTime) {
 }
 
 // A packet in which every byte differs, so that a subfield read from a wrong place shows.
-Byte Numerato(std::size_t byte) {
+Byte numerato(std::size_t byte) {
     Byte pacchetto(byte);
     for (std::size_t i = 0; i < byte; ++i) {
         pacchetto[i] = static_cast<unsigned char>(i + 1);
@@ -155,103 +155,104 @@ struct Letto {
     float valore;
 };
 
-void ControllaValori(kel_funpos fid_pacchetto, unsigned tipo, const Byte& pacchetto, const std::vector<Letto>& attesi) {
+void controlla_valori(kel_funpos fid_pacchetto, unsigned tipo, const Byte& pacchetto,
+                      const std::vector<Letto>& attesi) {
     for (const Letto& atteso : attesi) {
         SCOPED_TRACE(::testing::Message() << "subfield 0x" << std::hex << atteso.fid);
-        s_kel_converter conv = Sottocampo(fid_pacchetto, tipo, atteso.fid);
-        const Lettura letto = Leggi(conv, pacchetto);
+        s_kel_converter conv = sottocampo(fid_pacchetto, tipo, atteso.fid);
+        const Lettura letto = leggi(conv, pacchetto);
         EXPECT_EQ(letto.ha_valore, 1);
         EXPECT_EQ(letto.valore, atteso.valore);
         EXPECT_EQ(letto.stato, 0u);
-        s_kel_converter doppio = Sottocampo(fid_pacchetto, tipo, atteso.fid, &kDoppioPiuCinque);
-        EXPECT_EQ(Leggi(doppio, pacchetto).valore, atteso.valore * 2.0f + 5.0f);
+        s_kel_converter doppio = sottocampo(fid_pacchetto, tipo, atteso.fid, &DOPPIO_PIU_CINQUE);
+        EXPECT_EQ(leggi(doppio, pacchetto).valore, atteso.valore * 2.0f + 5.0f);
     }
 }
 
 TEST(SubfieldRead, OfTheLoggersGpsPacket) {
-    ControllaValori(kPacchettoGps, 8, Numerato(56),
-                    {{0xA9512, 67305985.0f}, {0xA9986, 15.0f}, {0xA998C, 29.0f}, {0xA9994, 45.0f}, {0xA940B, 52.0f}});
+    controlla_valori(PACCHETTO_GPS, 8, numerato(56),
+                     {{0xA9512, 67305985.0f}, {0xA9986, 15.0f}, {0xA998C, 29.0f}, {0xA9994, 45.0f}, {0xA940B, 52.0f}});
 }
 
 TEST(SubfieldRead, OfTheNavSolPayload) {
-    ControllaValori(kPacchettoUbx, 9, Numerato(52),
-                    {{0xA9986, 11.0f}, {0xA998C, 25.0f}, {0xA9994, 41.0f}, {0xA940B, 48.0f}});
+    controlla_valori(PACCHETTO_UBX, 9, numerato(52),
+                     {{0xA9986, 11.0f}, {0xA998C, 25.0f}, {0xA9994, 41.0f}, {0xA940B, 48.0f}});
 }
 
 TEST(SubfieldRead, OfTheSecondGenerationLapPacket) {
     Byte pacchetto(28, 0);
     pacchetto[0] = 3;                        // run
     pacchetto[1] = 2;                        // split
-    Metti(pacchetto, 2, Le16(517));          // lap
-    Metti(pacchetto, 4, Le32(83456));        // lap time
-    Metti(pacchetto, 8, Le32(21000));        // split time
-    Metti(pacchetto, 12, Le32(82000));       // best lap
-    Metti(pacchetto, 16, LeI32(-1000));      // running lap
-    Metti(pacchetto, 20, Le32(4321));        // reserved
-    Metti(pacchetto, 24, Le32(0x00000200));  // flags
-    for (kel_funpos fid_pacchetto : {kPacchettoGiro2G, kPacchettoGiro2Gv2}) {
-        ControllaValori(fid_pacchetto, 7, pacchetto,
-                        {{0x190B, 3.0f},
-                         {0x178B, 2.0f},
-                         {0x98B, 517.0f},
-                         {0x992, 83456.0f},
-                         {0x1792, 21000.0f},
-                         {0x1312, 82000.0f},
-                         {0x1712, -1000.0f},
-                         {0x0, 4321.0f},
-                         {0x986, 0.0f},
-                         {0x1786, 0.0f},
-                         {0x1306, 2.0f},
-                         {0x1806, 0.0f}});
+    metti(pacchetto, 2, le16(517));          // lap
+    metti(pacchetto, 4, le32(83456));        // lap time
+    metti(pacchetto, 8, le32(21000));        // split time
+    metti(pacchetto, 12, le32(82000));       // best lap
+    metti(pacchetto, 16, le_i32(-1000));     // running lap
+    metti(pacchetto, 20, le32(4321));        // reserved
+    metti(pacchetto, 24, le32(0x00000200));  // flags
+    for (kel_funpos fid_pacchetto : {PACCHETTO_GIRO2_G, PACCHETTO_GIRO2_GV2}) {
+        controlla_valori(fid_pacchetto, 7, pacchetto,
+                         {{0x190B, 3.0f},
+                          {0x178B, 2.0f},
+                          {0x98B, 517.0f},
+                          {0x992, 83456.0f},
+                          {0x1792, 21000.0f},
+                          {0x1312, 82000.0f},
+                          {0x1712, -1000.0f},
+                          {0x0, 4321.0f},
+                          {0x986, 0.0f},
+                          {0x1786, 0.0f},
+                          {0x1306, 2.0f},
+                          {0x1806, 0.0f}});
     }
-    Metti(pacchetto, 24, Le32(0x00000500));  // bits 10 and 8
-    ControllaValori(kPacchettoGiro2G, 7, pacchetto,
-                    {{0x986, 256.0f}, {0x1786, 256.0f}, {0x1306, 0.0f}, {0x1806, 2.0f}});
+    metti(pacchetto, 24, le32(0x00000500));  // bits 10 and 8
+    controlla_valori(PACCHETTO_GIRO2_G, 7, pacchetto,
+                     {{0x986, 256.0f}, {0x1786, 256.0f}, {0x1306, 0.0f}, {0x1806, 2.0f}});
 }
 
 TEST(SubfieldRead, LapTimesOfALapPacketShowAsLapTimes) {
     Byte pacchetto(28, 0);
-    Metti(pacchetto, 4, Le32(83456));
-    s_kel_converter conv = Sottocampo(kPacchettoGiro2G, 7, 0x992);
-    EXPECT_EQ(Leggi(conv, pacchetto).testo, " 1:23.45");
+    metti(pacchetto, 4, le32(83456));
+    s_kel_converter conv = sottocampo(PACCHETTO_GIRO2_G, 7, 0x992);
+    EXPECT_EQ(leggi(conv, pacchetto).testo, " 1:23.45");
     conv.larghezza = 5;
-    EXPECT_EQ(Leggi(conv, pacchetto).testo, "1:23.45");
-    s_kel_converter numero = Sottocampo(kPacchettoGiro2G, 7, 0x98B);
-    EXPECT_EQ(Leggi(numero, pacchetto).testo, "       0");
+    EXPECT_EQ(leggi(conv, pacchetto).testo, "1:23.45");
+    s_kel_converter numero = sottocampo(PACCHETTO_GIRO2_G, 7, 0x98B);
+    EXPECT_EQ(leggi(numero, pacchetto).testo, "       0");
 }
 
 TEST(SubfieldRead, OfTheFirstGenerationLapPacket) {
     Byte pacchetto(8, 0);
-    Metti(pacchetto, 0, Le32(83456));
-    Metti(pacchetto, 4, Le16(0x3005));
+    metti(pacchetto, 0, le32(83456));
+    metti(pacchetto, 4, le16(0x3005));
     pacchetto[6] = 9;
     pacchetto[7] = 0xFF;
-    ControllaValori(kPacchettoGiro1G, 17, pacchetto,
-                    {{0x992, 83456.0f},
-                     {0x1792, 83456.0f},
-                     {0x178B, 4096.0f},  // mask 0x1000: the bit above the split number
-                     {0x98B, 0.0f},      // mask 0x10000: no bit in a 16-bit word
-                     {0x190B, 9.0f},
-                     {0x986, 0.0f},  // mask 0x100: no bit in a byte
-                     {0x1786, 0.0f}});
-    Metti(pacchetto, 4, Le16(0x2FFF));
-    ControllaValori(kPacchettoGiro1G, 17, pacchetto, {{0x178B, 0.0f}, {0x98B, 0.0f}});
+    controlla_valori(PACCHETTO_GIRO1_G, 17, pacchetto,
+                     {{0x992, 83456.0f},
+                      {0x1792, 83456.0f},
+                      {0x178B, 4096.0f},  // mask 0x1000: the bit above the split number
+                      {0x98B, 0.0f},      // mask 0x10000: no bit in a 16-bit word
+                      {0x190B, 9.0f},
+                      {0x986, 0.0f},  // mask 0x100: no bit in a byte
+                      {0x1786, 0.0f}});
+    metti(pacchetto, 4, le16(0x2FFF));
+    controlla_valori(PACCHETTO_GIRO1_G, 17, pacchetto, {{0x178B, 0.0f}, {0x98B, 0.0f}});
 }
 
 TEST(SubfieldRead, ReservedValuesKeepTheirStatusTextInsideAPacket) {
     Byte pacchetto(28, 0);
-    Metti(pacchetto, 2, Le16(0xCFFF));
-    s_kel_converter conv = Sottocampo(kPacchettoGiro2G, 7, 0x98B);
-    EXPECT_EQ(Leggi(conv, pacchetto).testo, "---");
-    Metti(pacchetto, 2, Le16(0xCFFE));
-    EXPECT_EQ(Leggi(conv, pacchetto).testo, "   ");
+    metti(pacchetto, 2, le16(0xCFFF));
+    s_kel_converter conv = sottocampo(PACCHETTO_GIRO2_G, 7, 0x98B);
+    EXPECT_EQ(leggi(conv, pacchetto).testo, "---");
+    metti(pacchetto, 2, le16(0xCFFE));
+    EXPECT_EQ(leggi(conv, pacchetto).testo, "   ");
 }
 
 TEST(SubfieldRead, TakesTheReciprocalFormOfTheSampleType) {
     Byte pacchetto(56, 0);
     pacchetto[51] = 4;
-    s_kel_converter conv = Sottocampo(kPacchettoGps, 8, 0xA940B, &kReciproca);
-    EXPECT_EQ(Leggi(conv, pacchetto).valore, 5.5f);
+    s_kel_converter conv = sottocampo(PACCHETTO_GPS, 8, 0xA940B, &RECIPROCA);
+    EXPECT_EQ(leggi(conv, pacchetto).valore, 5.5f);
 }
 
 }  // namespace

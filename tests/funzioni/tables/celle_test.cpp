@@ -32,7 +32,7 @@ TEST(UnitTables, HoldEveryCell) {
 }
 
 TEST(UnitCodeTable, HoldsEveryCell) {
-    Provate().codiciUnita();
+    Provate().codici_unita();
 }
 
 TEST(QuantityTable, HoldsEveryCell) {

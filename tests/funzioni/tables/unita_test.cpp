@@ -23,7 +23,7 @@ TEST(UnitTables, HoldTheSinglesNearestToTheirDecimals) {
 
 TEST(UnitTables, DoNotShareMemory) {
     std::set<const s_udm_associata*> indirizzi;
-    for (const auto& [nome, tabella] : kel_test::tabelleUnita())
+    for (const auto& [nome, tabella] : kel_test::tabelle_unita())
         EXPECT_TRUE(indirizzi.insert(tabella.data()).second) << nome;
 }
 

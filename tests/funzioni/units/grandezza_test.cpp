@@ -147,7 +147,7 @@ TEST(EveryQuantityAndObject, HasTheRowAndUnitsOfTheModel) {
     const std::vector<kel_funpos> altri = {0, 0x00048000, 0x000F8000, 0x00300000, 0x1FC00000, 0xE0000000, 0xFFFF8000};
     for (unsigned grandezza = 0; grandezza < 128; ++grandezza)
         for (unsigned oggetto = 0; oggetto < 256; ++oggetto) {
-            const modello::RigaGrandezza* attesa = modello::rigaGrandezza(grandezza | oggetto << 7);
+            const modello::RigaGrandezza* attesa = modello::riga_grandezza(grandezza | oggetto << 7);
             const s_grandezza_fisica_uiv* riga =
                 attesa == nullptr ? nullptr : &uib_grandezza_fisica_uiv[attesa - modello::tabelle().grandezze.data()];
             const std::vector<std::string> nomi = modello::unita(grandezza | oggetto << 7);

@@ -217,7 +217,7 @@ TEST(ConversionBetweenUnits, OfEveryPairIsTheModels) {
             for (const std::string& a : modello::unita(riga.chiave)) {
                 SCOPED_TRACE(descrivi(riga.chiave) + " from " + da + " to " + a);
                 const s_converter_data dati = kelFunGetConvDatas(riga.chiave, da.c_str(), a.c_str());
-                const modello::Conversione attesa = modello::conversioneTra(riga.chiave, da, a);
+                const modello::Conversione attesa = modello::conversione_tra(riga.chiave, da, a);
                 EXPECT_EQ(bit(dati.gain), bit(attesa.gain));
                 EXPECT_EQ(bit(dati.offset), bit(attesa.offset));
                 EXPECT_STREQ(dati.udm, "");
@@ -233,7 +233,7 @@ TEST(EveryQuantityAndObject, HasTheDecimalsAndConversionsOfTheModel) {
             unita.push_back("no such unit");
             for (const std::string& udm : unita) {
                 SCOPED_TRACE(descrivi(fid) + " in " + udm);
-                const modello::RigaUdm& attesa = modello::rigaConversione(fid, udm).dati();
+                const modello::RigaUdm& attesa = modello::riga_conversione(fid, udm).dati();
                 ASSERT_EQ(decimali(fid, udm.c_str()),
                           (Decimali{attesa.decimali_default, attesa.decimali_max, attesa.decimali_min}));
                 const s_converter_data& dati = dati_di(fid, udm.c_str());

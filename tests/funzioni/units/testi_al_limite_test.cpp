@@ -14,16 +14,16 @@ protected:
     void SetUp() override { ASSERT_TRUE(recinto_.pronto()) << "mmap or mprotect failed"; }
 
     // The text, its NUL in the last byte that may be read.
-    const char* InFondo(const std::string& testo) {
-        unsigned char* dove = recinto_.InFondo(testo.size() + 1);
+    const char* in_fondo(const std::string& testo) {
+        unsigned char* dove = recinto_.in_fondo(testo.size() + 1);
         std::memcpy(dove, testo.c_str(), testo.size() + 1);
         return reinterpret_cast<const char*>(dove);
     }
 
     // The text, its first character in the first byte that may be read.
-    const char* InTesta(const std::string& testo) {
-        std::memcpy(recinto_.InTesta(), testo.c_str(), testo.size() + 1);
-        return reinterpret_cast<const char*>(recinto_.InTesta());
+    const char* in_testa(const std::string& testo) {
+        std::memcpy(recinto_.in_testa(), testo.c_str(), testo.size() + 1);
+        return reinterpret_cast<const char*>(recinto_.in_testa());
     }
 
 private:
@@ -32,25 +32,25 @@ private:
 
 TEST_F(UnitTextAtTheEndOfMemory, IsFoundAmongTheUnitsOfItsQuantity) {
     constexpr kel_funpos distanza = kelFidComponi(FID_PHI_DISTANCE, 0, 0);
-    EXPECT_STREQ(kelFunGetConvData(distanza, InFondo("m"))->udm, "m");
-    EXPECT_STREQ(kelFunGetConvData(distanza, InFondo("ft"))->udm, "ft");
-    EXPECT_STREQ(kelFunGetConvData(distanza, InFondo("km"))->udm, "km");
-    EXPECT_STREQ(kelFunGetConvData(kelFidComponi(FID_PHI_VELOCITY, 0, 0), InFondo("min/km"))->udm, "min/km");
+    EXPECT_STREQ(kelFunGetConvData(distanza, in_fondo("m"))->udm, "m");
+    EXPECT_STREQ(kelFunGetConvData(distanza, in_fondo("ft"))->udm, "ft");
+    EXPECT_STREQ(kelFunGetConvData(distanza, in_fondo("km"))->udm, "km");
+    EXPECT_STREQ(kelFunGetConvData(kelFidComponi(FID_PHI_VELOCITY, 0, 0), in_fondo("min/km"))->udm, "min/km");
 }
 
 TEST_F(UnitTextAtTheEndOfMemory, WithoutACharacterOrUnknownIsTheBaseUnit) {
     constexpr kel_funpos distanza = kelFidComponi(FID_PHI_DISTANCE, 0, 0);
-    EXPECT_STREQ(kelFunGetConvData(distanza, InFondo(""))->udm, "m");
-    EXPECT_STREQ(kelFunGetConvData(distanza, InFondo("f"))->udm, "m");
-    EXPECT_STREQ(kelFunGetConvData(distanza, InFondo("V"))->udm, "m");
-    EXPECT_EQ(kelFunGetNumDecimaliDefault(distanza, InFondo("")), 0);
+    EXPECT_STREQ(kelFunGetConvData(distanza, in_fondo(""))->udm, "m");
+    EXPECT_STREQ(kelFunGetConvData(distanza, in_fondo("f"))->udm, "m");
+    EXPECT_STREQ(kelFunGetConvData(distanza, in_fondo("V"))->udm, "m");
+    EXPECT_EQ(kelFunGetNumDecimaliDefault(distanza, in_fondo("")), 0);
 }
 
 TEST_F(UnitTextAtTheEndOfMemory, OrAtItsBeginningIsReadFromItsFirstCharacterOn) {
     constexpr kel_funpos distanza = kelFidComponi(FID_PHI_DISTANCE, 0, 0);
     for (const char* testo : {"", "m", "f", "ft", "furlong"}) {
         const std::string atteso = std::string(testo) == "ft" ? "ft" : "m";
-        EXPECT_EQ(kelFunGetConvData(distanza, InTesta(testo))->udm, atteso) << '"' << testo << '"';
+        EXPECT_EQ(kelFunGetConvData(distanza, in_testa(testo))->udm, atteso) << '"' << testo << '"';
     }
 }
 

@@ -271,7 +271,7 @@ TEST(Columns, OfOneCallAreReadEachAsIfAlone) {
 // behind the last sample.
 TEST(Columns, EndWhereTheSamplesEnd) {
     for (const Nuclei* nuclei : insiemi())
-        for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo) {
+        for (unsigned tipo = 0; tipo < kel_test::TIPI_CAMPIONE; ++tipo) {
             s_converter_data dati = {"", 1.5f, 0.25f, 0};
             s_kel_canale canale = {};
             canale.tipo_campione = tipo;
@@ -310,7 +310,7 @@ TEST(Columns, ReadNothingBesideTheSamples) {
     ASSERT_TRUE(recinto.pronto());
     constexpr std::size_t pagina = 4096;
     for (const Nuclei* nuclei : insiemi())
-        for (unsigned tipo = 0; tipo < kel_test::tipi_campione; ++tipo)
+        for (unsigned tipo = 0; tipo < kel_test::TIPI_CAMPIONE; ++tipo)
             for (const int reciproco : {0, 1})
                 for (const unsigned short num_bit : {std::uint16_t{0}, std::uint16_t{3}}) {
                     const std::size_t byte = kelFunGetSamplSize(tipo);
@@ -321,15 +321,15 @@ TEST(Columns, ReadNothingBesideTheSamples) {
                     kelConvInit(&conv, &canale, 0, &dati, 0, num_bit, 1);
                     conv.larghezza = 5;
                     Caso caso(tipo);
-                    caso.riempi(recinto.InTesta(), pagina);
+                    caso.riempi(recinto.in_testa(), pagina);
                     for (const std::size_t passo : {byte, byte + 1, byte + 3, std::size_t{40}, std::size_t{0}})
                         for (const std::size_t numero : {1u, 15u, 64u, 77u, 100u}) {
                             const std::size_t lunghezza = (numero - 1) * passo + byte;
                             if (lunghezza > pagina)
                                 continue;
                             const std::string descrizione = "type " + std::to_string(tipo);
-                            confronta(nuclei, conv, recinto.InFondo(lunghezza), passo, numero, descrizione);
-                            confronta(nuclei, conv, recinto.InTesta(), passo, numero, descrizione);
+                            confronta(nuclei, conv, recinto.in_fondo(lunghezza), passo, numero, descrizione);
+                            confronta(nuclei, conv, recinto.in_testa(), passo, numero, descrizione);
                             if (HasFatalFailure())
                                 return;
                         }
@@ -349,13 +349,13 @@ TEST(Columns, ReadNothingBesideTheFieldsOfAPacket) {
          {kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS), 24},
          {kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS), 52}}};
     Caso caso(3);
-    caso.riempi(recinto.InTesta(), 4096);
+    caso.riempi(recinto.in_testa(), 4096);
     for (const Nuclei* nuclei : insiemi())
         for (const auto& [fid, fine] : campi) {
             s_kel_converter conv = {};
             kelConvInit(&conv, &canale, fid, &dati, 0, 0, 1);
             ASSERT_NE(nullptr, conv.valore);
-            const unsigned char* primo = recinto.InFondo(69 * 56 + fine);
+            const unsigned char* primo = recinto.in_fondo(69 * 56 + fine);
             confronta(nuclei, conv, primo, 56, 70, "function " + std::to_string(fid));
         }
 }
@@ -447,7 +447,7 @@ TEST(Columns, AreReadWithALoopOfTheirOwn) {
                 kel_colonne::Riconoscitore riconoscitore;
                 if (conv.valore != nullptr) {
                     EXPECT_NE(kel_colonne::Lettura::sconosciuta,
-                              riconoscitore.lettura(conv.valore, kel_colonne::num_letture))
+                              riconoscitore.lettura(conv.valore, kel_colonne::NUM_LETTURE))
                         << tipo;
                 }
                 const bool una_lettera = tipo == KEL_TIPO_MARCIA || conv.valore == nullptr;
@@ -466,11 +466,11 @@ TEST(Columns, FindOutTheDecoder) {
     kelConvInit(&conv, &canale, 0, &dati, 0, 0, 1);
     kel_colonne::Riconoscitore riconoscitore;
     EXPECT_EQ(kel_colonne::Lettura::int16_lineare, riconoscitore.lettura(conv.valore, 1));
-    EXPECT_EQ(kel_colonne::Lettura::sconosciuta, riconoscitore.lettura(nullptr, kel_colonne::num_letture));
+    EXPECT_EQ(kel_colonne::Lettura::sconosciuta, riconoscitore.lettura(nullptr, kel_colonne::NUM_LETTURE));
     EXPECT_EQ(kel_colonne::Scrittura::numero, riconoscitore.scrittura(conv.testo));
     canale.tipo_campione = KEL_TIPO_MEZZO_FLOAT;
     kelConvInit(&conv, &canale, 0, &dati, 0, 0, 1);
-    EXPECT_EQ(kel_colonne::Lettura::mezzo_lineare, riconoscitore.lettura(conv.valore, kel_colonne::num_letture));
+    EXPECT_EQ(kel_colonne::Lettura::mezzo_lineare, riconoscitore.lettura(conv.valore, kel_colonne::NUM_LETTURE));
 }
 
 // A caller's own decoder, whose status words may have bits above the eighth.

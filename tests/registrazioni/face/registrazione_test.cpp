@@ -25,7 +25,7 @@ struct Righe {
 };
 
 template <typename Valore>
-std::vector<double> comeDouble(const std::vector<double>& memoria, std::size_t quante) {
+std::vector<double> come_double(const std::vector<double>& memoria, std::size_t quante) {
     const auto* valori = reinterpret_cast<const Valore*>(memoria.data());
     return {valori, valori + quante};
 }
@@ -41,13 +41,13 @@ Righe leggi(s_kel_registrazione* reg, unsigned colonna, std::uint64_t da, std::s
     Righe righe;
     switch (descrizione.valori) {
         case KEL_VALORI_FLOAT:
-            righe.valori = comeDouble<float>(valori, quante);
+            righe.valori = come_double<float>(valori, quante);
             break;
         case KEL_VALORI_UINT32:
-            righe.valori = comeDouble<std::uint32_t>(valori, quante);
+            righe.valori = come_double<std::uint32_t>(valori, quante);
             break;
         case KEL_VALORI_ISTANTE:
-            righe.valori = comeDouble<std::int64_t>(valori, quante);
+            righe.valori = come_double<std::int64_t>(valori, quante);
             break;
         default:
             righe.valori = valori;
@@ -173,7 +173,7 @@ TEST(Recordings, PushedInPiecesAreWhatTheyAreInMemory) {
     EXPECT_EQ(kelRegRighe(intera.get()), RECORD - 1);
     std::vector<double> tempi(RECORD - 1);
     kelRegTempi(intera.get(), 0, RECORD - 1, tempi.data());
-    for (const std::size_t pezzo : {1, 7, 100, 4096, 1 << 20}) {
+    for (const std::size_t pezzo : {1U, 7U, 100U, 4096U, 1U << 20}) {
         s_kel_errore errore{};
         const Registrazione reg(kelRegApri(kart.canali().data(), kart.canali().size(), nullptr, 0, nullptr, &errore));
         ASSERT_TRUE(reg) << errore.testo;

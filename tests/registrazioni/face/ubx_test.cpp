@@ -84,7 +84,7 @@ TEST(Ubx, PushedInPiecesIsWhatItIsInMemory) {
     const Registrazione intero(kelRegApriUbx(byte.data(), byte.size(), nullptr));
     const std::vector<double> attese = latitudini(intero.get());
     ASSERT_EQ(attese.size(), 60u);
-    for (const std::size_t pezzo : {1, 5, 61, 1000, 1 << 20}) {
+    for (const std::size_t pezzo : {1U, 5U, 61U, 1000U, 1U << 20}) {
         const Registrazione reg(kelRegApriUbx(nullptr, 0, nullptr));
         std::vector<double> lette;
         const auto prendi = [&] {

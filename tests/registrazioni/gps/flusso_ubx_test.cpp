@@ -85,7 +85,7 @@ Byte simulata() {
 }
 
 // Where each NAV-SOL frame of a good capture ends, found by its bytes alone.
-std::vector<std::size_t> finiNavSol(const Byte& byte) {
+std::vector<std::size_t> fini_nav_sol(const Byte& byte) {
     const Byte inizio = {0xB5, 0x62, 0x01, 0x06, 52, 0};
     std::vector<std::size_t> fini;
     for (auto da = byte.begin();;) {
@@ -101,7 +101,7 @@ std::vector<std::size_t> finiNavSol(const Byte& byte) {
 class Cattura {
 public:
     explicit Cattura(Byte byte)
-        : byte_(std::move(byte)), intera_(leggi(byte_, byte_.size())), fini_(finiNavSol(byte_)) {
+        : byte_(std::move(byte)), intera_(leggi(byte_, byte_.size())), fini_(fini_nav_sol(byte_)) {
         const char* passo = std::getenv("KEL_PASSO_ROBUSTEZZA");
         passo_ = passo == nullptr ? 1 : static_cast<std::size_t>(std::max(1, std::atoi(passo)));
     }

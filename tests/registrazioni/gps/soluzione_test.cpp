@@ -51,7 +51,7 @@ LettoreSoluzioni lettore(const std::string& byte) {
 
 template <typename Payload, typename Intero>
 void metti(Payload& payload, std::size_t da, Intero valore) {
-    scriviIntero(std::span<std::uint8_t>(payload), da, valore);
+    scrivi_intero(std::span<std::uint8_t>(payload), da, valore);
 }
 
 // On the equator at longitude 0: X is up, Y east, Z north. 100 m up, 10 m/s east, 5 north, 1 down.
@@ -72,7 +72,7 @@ Sol equatore(std::uint8_t fix = 3, std::uint32_t settimana_ms = 400463250) {
 }
 
 // The same place and movement as NAV-PVT says them.
-Pvt equatorePvt(std::uint8_t fix = 3, std::uint32_t settimana_ms = 400463250) {
+Pvt equatore_pvt(std::uint8_t fix = 3, std::uint32_t settimana_ms = 400463250) {
     Pvt p{};
     metti(p, 0, settimana_ms);
     metti(p, 4, std::uint16_t{2024});
@@ -97,7 +97,7 @@ Pvt equatorePvt(std::uint8_t fix = 3, std::uint32_t settimana_ms = 400463250) {
     return p;
 }
 
-void controllaEquatore(const Soluzione& s) {
+void controlla_equatore(const Soluzione& s) {
     EXPECT_EQ(s.settimana_ms, 400463250u);
     ASSERT_TRUE(s.utc);
     EXPECT_EQ(s.utc->testo(), "2024-03-28T15:14:05.250Z");
@@ -115,13 +115,13 @@ void controllaEquatore(const Soluzione& s) {
 }
 
 TEST(Soluzione, NavSolIsReadInDoublePrecision) {
-    controllaEquatore(daNavSol(equatore()));
+    controlla_equatore(da_nav_sol(equatore()));
 }
 
 TEST(Soluzione, NavPvtGivesTheSame) {
-    controllaEquatore(daNavPvt(equatorePvt()));
-    const Sol sol = navSolDaPvt(equatorePvt());
-    controllaEquatore(daNavSol(sol));
+    controlla_equatore(da_nav_pvt(equatore_pvt()));
+    const Sol sol = nav_sol_da_pvt(equatore_pvt());
+    controlla_equatore(da_nav_sol(sol));
     Sol atteso = equatore();
     metti(atteso, 44, std::uint16_t{250});
     EXPECT_EQ(sol, atteso) << "the packet of the logger, to the byte";
@@ -133,7 +133,7 @@ TEST(Soluzione, WithoutAFixThereIsNothing) {
         const auto uno = static_cast<std::uint8_t>(fix);
         const bool piano = fix == 2;
         const bool spazio = fix == 3 || fix == 4;
-        for (const Soluzione& s : {daNavSol(equatore(uno)), daNavPvt(equatorePvt(uno))}) {
+        for (const Soluzione& s : {da_nav_sol(equatore(uno)), da_nav_pvt(equatore_pvt(uno))}) {
             EXPECT_EQ(s.fix, fix);
             EXPECT_EQ(s.luogo.has_value(), piano || spazio) << fix;
             EXPECT_EQ(s.andatura().has_value(), piano || spazio) << fix;
@@ -151,7 +151,7 @@ TEST(Soluzione, StandingStillHasNoHeading) {
     Sol p = equatore();
     metti(p, 32, std::int32_t{0});
     metti(p, 36, std::int32_t{0});
-    const Soluzione s = daNavSol(p);
+    const Soluzione s = da_nav_sol(p);
     EXPECT_FALSE(s.rotta());
     EXPECT_DOUBLE_EQ(*s.andatura(), 1) << "straight down";
 }
@@ -160,36 +160,36 @@ TEST(Soluzione, UtcIsNothingUntilWeekAndTimeAreKnown) {
     for (const int note : {0x00, 0x01, 0x05, 0x09}) {
         Sol p = equatore();
         p[11] = static_cast<std::uint8_t>(note);
-        EXPECT_FALSE(daNavSol(p).utc) << note;
+        EXPECT_FALSE(da_nav_sol(p).utc) << note;
     }
     Sol senza_settimana = equatore();
     metti(senza_settimana, 8, std::int16_t{0});
-    EXPECT_FALSE(daNavSol(senza_settimana).utc);
+    EXPECT_FALSE(da_nav_sol(senza_settimana).utc);
     for (const int note : {0x00, 0x01, 0x02, 0x03, 0x06}) {
-        Pvt p = equatorePvt();
+        Pvt p = equatore_pvt();
         p[11] = static_cast<std::uint8_t>(note);
-        EXPECT_FALSE(daNavPvt(p).utc) << note;
+        EXPECT_FALSE(da_nav_pvt(p).utc) << note;
     }
 }
 
 TEST(Soluzione, NumbersThatAreNoPlaceAreNothing) {
     Sol centro = equatore();
     metti(centro, 12, std::int32_t{0});
-    EXPECT_FALSE(daNavSol(centro).luogo) << "the centre of the earth";
-    Pvt oltre = equatorePvt();
+    EXPECT_FALSE(da_nav_sol(centro).luogo) << "the centre of the earth";
+    Pvt oltre = equatore_pvt();
     metti(oltre, 28, std::int32_t{900000001});
-    EXPECT_FALSE(daNavPvt(oltre).luogo) << "beyond the pole";
-    Pvt giro = equatorePvt();
+    EXPECT_FALSE(da_nav_pvt(oltre).luogo) << "beyond the pole";
+    Pvt giro = equatore_pvt();
     metti(giro, 24, std::int32_t{1800000001});
-    EXPECT_FALSE(daNavPvt(giro).luogo) << "longitudes end at 180 degrees";
+    EXPECT_FALSE(da_nav_pvt(giro).luogo) << "longitudes end at 180 degrees";
 }
 
 TEST(Soluzione, AccuraciesAreWholeNotTheirLowByte) {
     Sol p = equatore();
     metti(p, 24, std::uint32_t{0xFFFFFFFF});
     metti(p, 40, std::uint32_t{300});
-    EXPECT_DOUBLE_EQ(*daNavSol(p).accuratezza_posizione, 42949672.95);
-    EXPECT_DOUBLE_EQ(*daNavSol(p).accuratezza_velocita, 3.0);
+    EXPECT_DOUBLE_EQ(*da_nav_sol(p).accuratezza_posizione, 42949672.95);
+    EXPECT_DOUBLE_EQ(*da_nav_sol(p).accuratezza_velocita, 3.0);
 }
 
 // Where the simulator's own ellipsoid puts the kart: the packet's centimetres are all that lies between.
@@ -199,10 +199,10 @@ TEST(Soluzione, SimulatedPlacesComeBackWithinTheirCentimetre) {
     kel::simulatore::Istante istante;
     int con_fix = 0;
     while (kart.prossimo(istante)) {
-        const std::string byte = kel::simulatore::payloadNavSol(istante, piano);
+        const std::string byte = kel::simulatore::payload_nav_sol(istante, piano);
         Sol p{};
         std::copy(byte.begin(), byte.end(), p.begin());
-        const Soluzione s = daNavSol(p);
+        const Soluzione s = da_nav_sol(p);
         ASSERT_EQ(s.luogo.has_value(), istante.fix >= 2);
         if (!s.luogo)
             continue;
@@ -224,18 +224,18 @@ TEST(Soluzione, AnyBytesGiveNumbers) {
         for (std::uint8_t& byte : p)
             byte = caso() % 4 == 0 ? (caso() % 2 == 0 ? 0x00 : 0xFF) : static_cast<std::uint8_t>(caso());
         p[20] = static_cast<std::uint8_t>(caso() % 6);
-        const Sol sol = navSolDaPvt(p);
-        for (const Soluzione& s : {daNavPvt(p), daNavSol(sol)})
+        const Sol sol = nav_sol_da_pvt(p);
+        for (const Soluzione& s : {da_nav_pvt(p), da_nav_sol(sol)})
             for (const CampoGps campo : CAMPI_GPS)
-                ASSERT_TRUE(std::isfinite(valoreGps(s, campo).value_or(0)));
+                ASSERT_TRUE(std::isfinite(valore_gps(s, campo).value_or(0)));
     }
 }
 
 TEST(LettoreSoluzioni, OneSolutionAnEpochWhereBothMessagesAre) {
     std::string byte;
     for (std::uint32_t ms = 0; ms < 5000; ms += 1000)
-        byte += frame(6, equatore(3, ms)) + frame(7, equatorePvt(3, ms));
-    byte += frame(7, equatorePvt(3, 5000)) + frame(7, equatorePvt(3, 6000)) + frame(6, equatore(3, 6000));
+        byte += frame(6, equatore(3, ms)) + frame(7, equatore_pvt(3, ms));
+    byte += frame(7, equatore_pvt(3, 5000)) + frame(7, equatore_pvt(3, 6000)) + frame(6, equatore(3, 6000));
     LettoreSoluzioni l = lettore(byte);
     std::vector<std::uint32_t> epoche;
     while (l.prossima())
@@ -260,12 +260,12 @@ TEST(UltimaSoluzione, OnePayloadIsDecodedOnceAndAnyOtherAnew) {
     EXPECT_EQ(ultima.di(payload).fix, 0u);
     payload = equatore();
     const Soluzione& soluzione = ultima.di(payload);
-    controllaEquatore(soluzione);
+    controlla_equatore(soluzione);
     EXPECT_EQ(&ultima.di(Sol(payload)), &soluzione);
     for (std::uint8_t& byte : payload) {
         byte ^= 1;
         const Soluzione nuova = ultima.di(payload);
-        const Soluzione attesa = daNavSol(payload);
+        const Soluzione attesa = da_nav_sol(payload);
         EXPECT_EQ(nuova.settimana_ms, attesa.settimana_ms);
         EXPECT_EQ(nuova.fix, attesa.fix);
         EXPECT_EQ(nuova.satelliti, attesa.satelliti);
@@ -279,11 +279,11 @@ TEST(UltimaSoluzione, OnePayloadIsDecodedOnceAndAnyOtherAnew) {
 
 TEST(LettoreSoluzioni, OtherLengthsAreNoSolutions) {
     std::array<std::uint8_t, NAV_PVT_BYTE - 1> corto{};
-    const std::string byte = frame(7, corto) + frame(6, equatorePvt());
+    const std::string byte = frame(7, corto) + frame(6, equatore_pvt());
     LettoreSoluzioni l = lettore(byte);
     EXPECT_FALSE(l.prossima());
     EXPECT_EQ(l.conteggi().lunghezza_errata, 2u);
-    EXPECT_EQ(elencoMessaggi(l.conteggi()), "1 of 01 06, 1 of 01 07");
+    EXPECT_EQ(elenco_messaggi(l.conteggi()), "1 of 01 06, 1 of 01 07");
 }
 
 TEST(LettoreSoluzioni, KindsOfMessagesAreListedByTheirNumber) {
@@ -295,7 +295,7 @@ TEST(LettoreSoluzioni, KindsOfMessagesAreListedByTheirNumber) {
     LettoreSoluzioni l = lettore(byte);
     EXPECT_FALSE(l.prossima());
     EXPECT_EQ(
-        elencoMessaggi(l.conteggi()),
+        elenco_messaggi(l.conteggi()),
         "2 of 01 1F, 1 of 01 10, 1 of 01 11, 1 of 01 12, 1 of 01 13, 1 of 01 14, 1 of 01 15, 1 of 01 16, 1 of 01 17, "
         "1 of 01 18, 1 of 01 19, 1 of 01 1A and others of 4 more kinds");
 }

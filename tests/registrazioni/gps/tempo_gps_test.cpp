@@ -13,7 +13,7 @@ namespace {
 using namespace kel_registrazioni;
 
 std::string utc(int settimana, std::uint32_t ms) {
-    const auto ora = utcDaGps(settimana, ms);
+    const auto ora = utc_da_gps(settimana, ms);
     return ora ? ora->testo() : "";
 }
 
@@ -55,17 +55,17 @@ TEST(TempoGps, LeapSecondsAreThoseOfTheMachinesList) {
             continue;
         ++righe;
         const std::int64_t gps_s = da - GPS_DA_1900 + tai - TAI_MENO_GPS;
-        EXPECT_EQ(secondiIntercalari(gps_s), tai - TAI_MENO_GPS) << riga;
-        EXPECT_EQ(secondiIntercalari(gps_s - 1), tai - TAI_MENO_GPS - 1) << riga;
-        EXPECT_EQ(secondiIntercalari(gps_s + 1), tai - TAI_MENO_GPS) << riga;
+        EXPECT_EQ(secondi_intercalari(gps_s), tai - TAI_MENO_GPS) << riga;
+        EXPECT_EQ(secondi_intercalari(gps_s - 1), tai - TAI_MENO_GPS - 1) << riga;
+        EXPECT_EQ(secondi_intercalari(gps_s + 1), tai - TAI_MENO_GPS) << riga;
     }
     EXPECT_GE(righe, 18);
-    EXPECT_EQ(secondiIntercalari(std::int64_t{1} << 40), righe) << "a row is missing in the table";
+    EXPECT_EQ(secondi_intercalari(std::int64_t{1} << 40), righe) << "a row is missing in the table";
 }
 
 TEST(TempoGps, DateOfAMessageIsRoundedToItsMilliseconds) {
     const auto testo = [](std::int32_t nano, unsigned secondo = 5) {
-        const auto ora = utcDaData(2024, 2, 29, 23, 59, secondo, nano);
+        const auto ora = utc_da_data(2024, 2, 29, 23, 59, secondo, nano);
         return ora ? ora->testo() : "";
     };
     EXPECT_EQ(testo(0), "2024-02-29T23:59:05.000Z");
@@ -78,20 +78,20 @@ TEST(TempoGps, DateOfAMessageIsRoundedToItsMilliseconds) {
 }
 
 TEST(TempoGps, WhatIsNoDateIsNoTime) {
-    EXPECT_FALSE(utcDaData(2023, 2, 29, 0, 0, 0, 0)) << "no leap year";
-    EXPECT_FALSE(utcDaData(2024, 0, 1, 0, 0, 0, 0));
-    EXPECT_FALSE(utcDaData(2024, 13, 1, 0, 0, 0, 0));
-    EXPECT_FALSE(utcDaData(2024, 1, 1, 24, 0, 0, 0));
-    EXPECT_FALSE(utcDaData(2024, 1, 1, 0, 60, 0, 0));
-    EXPECT_FALSE(utcDaData(2024, 1, 1, 0, 0, 61, 0));
-    EXPECT_FALSE(utcDaData(2024, 1, 1, 0, 0, 0, 1000000001));
-    EXPECT_FALSE(utcDaData(0, 1, 1, 0, 0, 0, 0)) << "a receiver that does not know yet";
+    EXPECT_FALSE(utc_da_data(2023, 2, 29, 0, 0, 0, 0)) << "no leap year";
+    EXPECT_FALSE(utc_da_data(2024, 0, 1, 0, 0, 0, 0));
+    EXPECT_FALSE(utc_da_data(2024, 13, 1, 0, 0, 0, 0));
+    EXPECT_FALSE(utc_da_data(2024, 1, 1, 24, 0, 0, 0));
+    EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 60, 0, 0));
+    EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 0, 61, 0));
+    EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 0, 0, 1000000001));
+    EXPECT_FALSE(utc_da_data(0, 1, 1, 0, 0, 0, 0)) << "a receiver that does not know yet";
 }
 
 TEST(TempoGps, WeekIsFoundFromUtcAndTheTimeOfWeek) {
     for (const auto& [settimana, ms] : {std::pair{2307, 400463000u}, std::pair{2307, 0u}, std::pair{2307, 604799999u},
                                         std::pair{1, 0u}, std::pair{1930, 17000u}, std::pair{32767, 5u}})
-        EXPECT_EQ(settimanaGps(*utcDaGps(settimana, ms), ms), settimana) << ms;
+        EXPECT_EQ(settimana_gps(*utc_da_gps(settimana, ms), ms), settimana) << ms;
 }
 
 }  // namespace

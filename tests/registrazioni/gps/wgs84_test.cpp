@@ -48,11 +48,11 @@ TEST(Wgs84, PublishedExampleOfEpsg) {
 
 TEST(Wgs84, VelocityIsSeenAlongEastNorthAndUp) {
     const Geodetica equatore{0, 0, 0};  // X is up, Y east, Z north
-    const VelocitaLocale v = velocitaLocale(equatore, {3, 1, 2});
+    const VelocitaLocale v = velocita_locale(equatore, {3, 1, 2});
     EXPECT_DOUBLE_EQ(v.est, 1);
     EXPECT_DOUBLE_EQ(v.nord, 2);
     EXPECT_DOUBLE_EQ(v.su, 3);
-    const VelocitaLocale levante = velocitaLocale({0, 90, 0}, {-4, 5, 6});  // -X is east, Y up
+    const VelocitaLocale levante = velocita_locale({0, 90, 0}, {-4, 5, 6});  // -X is east, Y up
     EXPECT_NEAR(levante.est, 4, 1e-15);
     EXPECT_NEAR(levante.nord, 6, 1e-15);
     EXPECT_NEAR(levante.su, 5, 1e-15);
@@ -62,7 +62,7 @@ TEST(Wgs84, VelocityComesBackFromEcefAnywhere) {
     for (double latitudine = -90; latitudine <= 90; latitudine += 15)
         for (double longitudine = -180; longitudine < 180; longitudine += 30) {
             const Geodetica luogo{latitudine, longitudine, 200};
-            const VelocitaLocale v = velocitaLocale(luogo, velocitaEcef(luogo, {10, -20, 0.5}));
+            const VelocitaLocale v = velocita_locale(luogo, velocita_ecef(luogo, {10, -20, 0.5}));
             EXPECT_NEAR(v.est, 10, 1e-12);
             EXPECT_NEAR(v.nord, -20, 1e-12);
             EXPECT_NEAR(v.su, 0.5, 1e-12);
@@ -76,7 +76,7 @@ TEST(Wgs84, HeadingRunsFromNorthByEast) {
     EXPECT_DOUBLE_EQ((VelocitaLocale{-2, 0, 0}).rotta(), 270);
     EXPECT_DOUBLE_EQ((VelocitaLocale{-1e-300, 1, 0}).rotta(), 0) << "never 360";
     EXPECT_DOUBLE_EQ((VelocitaLocale{3, 4, 12}).orizzontale(), 5);
-    EXPECT_DOUBLE_EQ((VelocitaLocale{3, 4, 12}).nelloSpazio(), 13);
+    EXPECT_DOUBLE_EQ((VelocitaLocale{3, 4, 12}).nello_spazio(), 13);
 }
 
 }  // namespace

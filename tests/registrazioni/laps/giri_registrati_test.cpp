@@ -101,15 +101,15 @@ TEST(LoggedLaps, OfSessionsThatAreJoinedDoNotReachAcross) {
 }
 
 // A recording of one channel of packets.
-std::vector<Giro> conPacchetti(unsigned specie, std::uint32_t tipo,
-                               const std::vector<std::vector<std::uint8_t>>& pacchetti) {
+std::vector<Giro> con_pacchetti(unsigned specie, std::uint32_t tipo,
+                                const std::vector<std::vector<std::uint8_t>>& pacchetti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     s_kel_canale canale{};
     canale.fid = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, specie);
     canale.tipo_campione = tipo;
     canale.dim_buffer = kelFunGetSamplSize(tipo);
     RaccoltaRecord raccolta(*catalogo, std::span<const s_kel_canale>(&canale, 1));
-    EXPECT_FALSE(raccolta.canaleGiri().empty());
+    EXPECT_FALSE(raccolta.canale_giri().empty());
     double tempo = 0;
     for (const auto& pacchetto : pacchetti) {
         // In a block of exactly its size.
@@ -118,8 +118,8 @@ std::vector<Giro> conPacchetti(unsigned specie, std::uint32_t tipo,
         raccolta.aggiungi(tempo, campioni.get());
         tempo += 20;
     }
-    const Guida guida(raccolta.fixDeiRecord());
-    auto giri = raccolta.giriDelRegistratore(guida);
+    const Guida guida(raccolta.fix_dei_record());
+    auto giri = raccolta.giri_del_registratore(guida);
     misura(giri, guida);
     return giri;
 }
@@ -136,10 +136,10 @@ std::string testo(const std::vector<Giro>& giri) {
 TEST(LapPackets, OfTheSecondGeneration) {
     const auto pacchetto = [](std::uint16_t numero, std::int32_t ms, std::int32_t corrente) {
         std::vector<std::uint8_t> byte(32);
-        scriviIntero<std::uint8_t>(byte, 0, 1);
-        scriviIntero(byte, 2, numero);
-        scriviIntero(byte, 4, ms);
-        scriviIntero(byte, 16, corrente);
+        scrivi_intero<std::uint8_t>(byte, 0, 1);
+        scrivi_intero(byte, 2, numero);
+        scrivi_intero(byte, 4, ms);
+        scrivi_intero(byte, 16, corrente);
         return byte;
     };
     const std::vector<std::vector<std::uint8_t>> tutti = {pacchetto(0, 0, 5000),       pacchetto(0, 0, 25000),
@@ -147,20 +147,21 @@ TEST(LapPackets, OfTheSecondGeneration) {
                                                           pacchetto(300, 38500, 5500), pacchetto(300, 38500, 25500)};
     // 28 bytes, and the packet of 32 that begins alike.
     for (const std::uint32_t tipo : {KEL_TIPO_LAP_2G, KEL_TIPO_TEMPO_PACCHETTO})
-        EXPECT_EQ(testo(conPacchetti(FID_SPEC_LAPTIME_KEL2G, tipo, tutti)), "1: 41000 (2), 300: 38500 (2), 301 in (2)");
+        EXPECT_EQ(testo(con_pacchetti(FID_SPEC_LAPTIME_KEL2G, tipo, tutti)),
+                  "1: 41000 (2), 300: 38500 (2), 301 in (2)");
 }
 
 TEST(LapPackets, OfTheFirstGenerationShareAWordWithSplits) {
     const auto pacchetto = [](std::int32_t ms, unsigned giro, unsigned intermedio) {
         std::vector<std::uint8_t> byte(8);
-        scriviIntero(byte, 0, ms);
-        scriviIntero(byte, 4, static_cast<std::uint16_t>(giro << 12 | intermedio));
+        scrivi_intero(byte, 0, ms);
+        scrivi_intero(byte, 4, static_cast<std::uint16_t>(giro << 12 | intermedio));
         return byte;
     };
     // Four bits of lap number: after 15 comes 0.
-    EXPECT_EQ(testo(conPacchetti(FID_SPEC_LAPTIME_KEL1G, KEL_TIPO_LAP_1G,
-                                 {pacchetto(0, 14, 0), pacchetto(17000, 14, 1), pacchetto(40000, 15, 0),
-                                  pacchetto(16000, 15, 1), pacchetto(39000, 0, 0), pacchetto(39000, 0, 0)})),
+    EXPECT_EQ(testo(con_pacchetti(FID_SPEC_LAPTIME_KEL1G, KEL_TIPO_LAP_1G,
+                                  {pacchetto(0, 14, 0), pacchetto(17000, 14, 1), pacchetto(40000, 15, 0),
+                                   pacchetto(16000, 15, 1), pacchetto(39000, 0, 0), pacchetto(39000, 0, 0)})),
               "15: 40000 (2), 16: 39000 (1), 17 in (2)");
 }
 

@@ -51,7 +51,7 @@ struct Ricevitore {
             const double v_est = (dopo.est - qui.est) / 1e-4;
             const double v_nord = (dopo.nord - qui.nord) / 1e-4;
             const Ecef d =
-                velocitaEcef(origine, {qui.est + rumore * errore(caso), qui.nord + rumore * errore(caso), 0});
+                velocita_ecef(origine, {qui.est + rumore * errore(caso), qui.nord + rumore * errore(caso), 0});
             const Geodetica luogo = geodetica(o.x + d.x, o.y + d.y, o.z + d.z);
             uno.valido = ricezione(uno.tempo);
             uno.latitudine = luogo.latitudine;
@@ -85,7 +85,7 @@ Moto cerchio(std::function<double(int)> durata, double inizio = 0) {
 }
 
 // The part of a lap's time after which a part of the circle is driven.
-double parteDelGiro(double parte_del_cerchio) {
+double parte_del_giro(double parte_del_cerchio) {
     double prima = 0;
     double dopo = 1;
     while (dopo - prima > 1e-9) {
@@ -101,10 +101,10 @@ double durata(int n) {
 }
 
 // A line on that plane, passed in a direction.
-Linea lineaIn(double est, double nord, double rotta) {
+Linea linea_in(double est, double nord, double rotta) {
     const Geodetica origine{LAT, LON, 0};
     const Ecef o = ecef(origine);
-    const Ecef d = velocitaEcef(origine, {est, nord, 0});
+    const Ecef d = velocita_ecef(origine, {est, nord, 0});
     const Geodetica luogo = geodetica(o.x + d.x, o.y + d.y, o.z + d.z);
     return {luogo.latitudine, luogo.longitudine, rotta, Linea::LARGHEZZA};
 }
@@ -207,7 +207,7 @@ TEST(Laps, AFixLostForAMomentChangesNothing) {
 }
 
 // Moves along the circle as a function of time tells: laps driven.
-Moto lungoIlCerchio(std::function<double(double)> giri_fatti) {
+Moto lungo_il_cerchio(std::function<double(double)> giri_fatti) {
     return [giri_fatti](double t) {
         const double angolo = 2 * std::numbers::pi * giri_fatti(t);
         return Stato{-100 + 100 * std::cos(angolo), 100 * std::sin(angolo)};
@@ -218,7 +218,7 @@ TEST(Laps, StandingOnTheLineIsOnePassage) {
     // Two laps of 30 s, a minute on the line, two more.
     const auto sosta = [](double t) { return t < 60 ? t / 30 : t < 120 ? 2 : 2 + (t - 120) / 30; };
     for (const bool doppler : {true, false}) {
-        const auto giri = conta(Ricevitore{10, 1, doppler}.guarda(lungoIlCerchio(sosta), -7, 187));
+        const auto giri = conta(Ricevitore{10, 1, doppler}.guarda(lungo_il_cerchio(sosta), -7, 187));
         EXPECT_EQ(giri.size(), 6u) << stati(giri);
         EXPECT_EQ(giri[1].stato, StatoGiro::buono);
         EXPECT_NE(giri[2].stato, StatoGiro::buono) << "it ends, or does not end, by standing";
@@ -230,7 +230,7 @@ TEST(Laps, StandingOnTheLineIsOnePassage) {
 
 TEST(Laps, WithAStopOnTheWayAreMarked) {
     const auto sosta = [](double t) { return t < 45 ? t / 30 : t < 65 ? 1.5 : 1.5 + (t - 65) / 30; };
-    const auto giri = conta(Ricevitore{10, 0.3}.guarda(lungoIlCerchio(sosta), -7, 127));
+    const auto giri = conta(Ricevitore{10, 0.3}.guarda(lungo_il_cerchio(sosta), -7, 127));
     EXPECT_EQ(stati(giri), "0 out, 1, 2 stopped, 3, 4 in");
 }
 
@@ -243,10 +243,10 @@ TEST(Laps, TheLinePassedBackwardsClosesNone) {
         const double la = 61.0 / 30;
         return t < 71 ? la - 4 * metro * (t - 61) : la - 40 * metro + (t - 71) / 30;
     };
-    const auto giri = conta(Ricevitore{10, 0.3}.guarda(lungoIlCerchio(indietro), -7, 137));
+    const auto giri = conta(Ricevitore{10, 0.3}.guarda(lungo_il_cerchio(indietro), -7, 137));
     EXPECT_EQ(stati(giri), "0 out, 1, 2, 3 wrong way, 4, 5, 6 in") << "12 s later it is passed again";
     // All the way round the other way there is no lap at all.
-    EXPECT_EQ(conta(Ricevitore{10}.guarda(lungoIlCerchio([](double t) { return -t / 30; }), -7, 137)).size(), 0u);
+    EXPECT_EQ(conta(Ricevitore{10}.guarda(lungo_il_cerchio([](double t) { return -t / 30; }), -7, 137)).size(), 0u);
 }
 
 TEST(Laps, TwoPassagesWithinSecondsAreOne) {
@@ -257,7 +257,7 @@ TEST(Laps, TwoPassagesWithinSecondsAreOne) {
         const double la = 60.7 / 30;
         return t < 63.7 ? la - 10 * metro * (t - 60.7) : la - 30 * metro + (t - 63.7) / 30;
     };
-    const Guida guida(Ricevitore{10, 0.1}.guarda(lungoIlCerchio(avanti_e_indietro), -7, 137));
+    const Guida guida(Ricevitore{10, 0.1}.guarda(lungo_il_cerchio(avanti_e_indietro), -7, 137));
     const Passaggi trovati = passaggi(guida, TRAGUARDO, MINIMO);
     EXPECT_EQ(trovati.avanti.size(), 5u);
     EXPECT_EQ(trovati.indietro.size(), 1u);
@@ -292,8 +292,8 @@ TEST(Laps, ThatEndRightBehindTheLineAreClosed) {
 TEST(Sectors, AddUpToTheLapWhateverTheirOrder) {
     const Guida guida(Ricevitore{10}.guarda(cerchio([](int) { return 30.0; }), -7, 130));
     auto tutti = giri(guida, passaggi(guida, TRAGUARDO, MINIMO));
-    const Linea sud = lineaIn(-100, -100, 90);
-    const Linea nord = lineaIn(-100, 100, 270);
+    const Linea sud = linea_in(-100, -100, 90);
+    const Linea nord = linea_in(-100, 100, 270);
     dividi(tutti, guida, std::vector{sud, nord});
     ASSERT_EQ(stati(tutti), "0 out, 1, 2, 3, 4, 5 in");
     for (const Giro& giro : tutti) {
@@ -302,11 +302,11 @@ TEST(Sectors, AddUpToTheLapWhateverTheirOrder) {
             continue;
         ASSERT_TRUE(giro.settori[0] && giro.settori[1] && giro.settori[2]);
         EXPECT_EQ(*giro.settori[0] + *giro.settori[1] + *giro.settori[2], *giro.ms);
-        EXPECT_NEAR(*giro.settori[0], 30000 * parteDelGiro(0.25), 3);
-        EXPECT_NEAR(*giro.settori[1], 30000 * (parteDelGiro(0.75) - parteDelGiro(0.25)), 3);
+        EXPECT_NEAR(*giro.settori[0], 30000 * parte_del_giro(0.25), 3);
+        EXPECT_NEAR(*giro.settori[1], 30000 * (parte_del_giro(0.75) - parte_del_giro(0.25)), 3);
     }
     // A line that no lap passes.
-    dividi(tutti, guida, std::vector{sud, lineaIn(500, 500, 90)});
+    dividi(tutti, guida, std::vector{sud, linea_in(500, 500, 90)});
     EXPECT_TRUE(tutti[1].settori[0]);
     EXPECT_FALSE(tutti[1].settori[1]);
     EXPECT_FALSE(tutti[1].settori[2]);
@@ -329,14 +329,14 @@ TEST(LapsOverDistance, LoseOverTheirWholeWayWhatTheyLoseInTime) {
     }
     // A tenth slower everywhere: at each place a tenth of the time has been lost.
     for (double m = 20; m < lunghezza; m += 20) {
-        const auto suo = tempoA(primo, m);
-        const auto altro = tempoA(lento, m);
+        const auto suo = tempo_a(primo, m);
+        const auto altro = tempo_a(lento, m);
         ASSERT_TRUE(suo && altro) << m;
         EXPECT_NEAR(*altro - *suo, 0.1 * *suo, 0.02) << m;
     }
-    EXPECT_NEAR(*tempoA(lento, lunghezza) - *tempoA(primo, lunghezza), 3, 0.002);
-    EXPECT_FALSE(tempoA(primo, -1));
-    EXPECT_FALSE(tempoA(primo, lunghezza + 1));
+    EXPECT_NEAR(*tempo_a(lento, lunghezza) - *tempo_a(primo, lunghezza), 3, 0.002);
+    EXPECT_FALSE(tempo_a(primo, -1));
+    EXPECT_FALSE(tempo_a(primo, lunghezza + 1));
     EXPECT_TRUE(andamento(tutti[0], guida, lunghezza).empty()) << "what is driven out is no lap";
 }
 
@@ -351,9 +351,9 @@ TEST(LapsOverDistance, WithoutAFixForAWhileAreRightOnBothSidesOfIt) {
     const auto bucato = andamento(tutti[2], guida, *tutti[1].metri);
     int mancanti = 0;
     for (double m = 20; m < *tutti[1].metri; m += 20) {
-        const auto altro = tempoA(bucato, m);
+        const auto altro = tempo_a(bucato, m);
         mancanti += altro ? 0 : 1;
-        EXPECT_NEAR(altro.value_or(*tempoA(intero, m)) - *tempoA(intero, m), 0, 0.05) << m;
+        EXPECT_NEAR(altro.value_or(*tempo_a(intero, m)) - *tempo_a(intero, m), 0, 0.05) << m;
     }
     EXPECT_GE(mancanti, 3);
     EXPECT_LE(mancanti, 10);
@@ -362,7 +362,7 @@ TEST(LapsOverDistance, WithoutAFixForAWhileAreRightOnBothSidesOfIt) {
 TEST(FinishLine, IsFoundWhereTheTrackPassesMostOftenAtSpeed) {
     for (const double frequenza : {1.0, 10.0}) {
         const Guida guida(Ricevitore{frequenza, 0.5}.guarda(cerchio(durata), -7, 200));
-        const auto trovata = cercaLinea(guida, MINIMO);
+        const auto trovata = cerca_linea(guida, MINIMO);
         ASSERT_TRUE(trovata);
         EXPECT_EQ(trovata->volte, 7u);
         const auto tutti = giri(guida, passaggi(guida, trovata->linea, MINIMO));
@@ -371,41 +371,41 @@ TEST(FinishLine, IsFoundWhereTheTrackPassesMostOftenAtSpeed) {
                 EXPECT_NEAR(*giro.ms, 30000, 1000);
             }
         }
-        EXPECT_EQ(testo(*leggiLinea(testo(trovata->linea))), testo(trovata->linea));
+        EXPECT_EQ(testo(*leggi_linea(testo(trovata->linea))), testo(trovata->linea));
     }
 }
 
 TEST(FinishLine, IsFoundThoughAReceiverSlipsOnce) {
     auto fix = Ricevitore{10, 0.5}.guarda(cerchio(durata), -7, 200);
     fix[700].velocita = 140;  // m/s; the kart has 21
-    const auto trovata = cercaLinea(Guida(fix), MINIMO);
+    const auto trovata = cerca_linea(Guida(fix), MINIMO);
     ASSERT_TRUE(trovata);
     EXPECT_EQ(trovata->volte, 7u);
 }
 
 TEST(FinishLine, IsNotFoundWhereNothingIsPassedTwice) {
-    EXPECT_FALSE(cercaLinea(Guida({}), MINIMO));
+    EXPECT_FALSE(cerca_linea(Guida({}), MINIMO));
     const auto fermo = Ricevitore{10, 1}.guarda([](double) { return Stato{}; }, 0, 300);
-    EXPECT_FALSE(cercaLinea(Guida(fermo), MINIMO));
+    EXPECT_FALSE(cerca_linea(Guida(fermo), MINIMO));
     const auto fermo_senza = Ricevitore{10, 1, false}.guarda([](double) { return Stato{}; }, 0, 300);
-    EXPECT_FALSE(cercaLinea(Guida(fermo_senza), MINIMO));
+    EXPECT_FALSE(cerca_linea(Guida(fermo_senza), MINIMO));
     const auto diritto = Ricevitore{10}.guarda([](double t) { return Stato{20 * t, 3 * t}; }, 0, 300);
-    EXPECT_FALSE(cercaLinea(Guida(diritto), MINIMO));
+    EXPECT_FALSE(cerca_linea(Guida(diritto), MINIMO));
     const auto e_ritorno = Ricevitore{10}.guarda(
         [](double t) {
             return Stato{20 * (t < 60 ? t : 120 - t), 0};
         },
         0, 119);
-    EXPECT_FALSE(cercaLinea(Guida(e_ritorno), MINIMO)) << "there and back is no lap";
+    EXPECT_FALSE(cerca_linea(Guida(e_ritorno), MINIMO)) << "there and back is no lap";
 }
 
 TEST(FinishLine, IsReadAsItIsWritten) {
-    ASSERT_TRUE(leggiLinea("44.8231,10.4107,270"));
-    EXPECT_EQ(testo(*leggiLinea("44.8231, 10.4107, 270")), "44.8231000,10.4107000,270.0");
-    EXPECT_EQ(testo(*leggiLinea("-44.8231,-10.4107,-90,12.5")), "-44.8231000,-10.4107000,-90.0,12.5");
+    ASSERT_TRUE(leggi_linea("44.8231,10.4107,270"));
+    EXPECT_EQ(testo(*leggi_linea("44.8231, 10.4107, 270")), "44.8231000,10.4107000,270.0");
+    EXPECT_EQ(testo(*leggi_linea("-44.8231,-10.4107,-90,12.5")), "-44.8231000,-10.4107000,-90.0,12.5");
     for (const char* no : {"", "1,2", "1,2,3,4,5", "1,2,x", "91,0,0", "0,181,0", "0,0,361", "0,0,0,0", "0,0,0,-1",
                            "0,0,0,1001", "nan,0,0", "1;2;3", "1,2,3,"})
-        EXPECT_FALSE(leggiLinea(no)) << no;
+        EXPECT_FALSE(leggi_linea(no)) << no;
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ Byte registrazione(std::size_t dimensione_record, Orario orario, std::size_t qua
     Byte byte;
     for (std::size_t i = 0; i < quanti; ++i) {
         if (orario != Orario::nessuno)
-            metti(byte, tempo(i), byteOrario(orario));
+            metti(byte, tempo(i), byte_orario(orario));
         for (unsigned& valore : valori) {
             valore += static_cast<unsigned>(caso() % 5) - 2;
             byte.push_back(static_cast<std::uint8_t>(valore));
@@ -39,12 +39,12 @@ Byte registrazione(std::size_t dimensione_record, Orario orario, std::size_t qua
 }
 
 Inquadratura trovata(const Byte& byte, std::size_t dimensione_record) {
-    return scegliInquadratura(byte, dimensione_record, byte.size());
+    return scegli_inquadratura(byte, dimensione_record, byte.size());
 }
 
 std::string rifiuto(const std::function<Inquadratura()>& prova) {
     try {
-        return "taken: " + std::string(nomeOrario(prova().orario));
+        return "taken: " + std::string(nome_orario(prova().orario));
     } catch (const Errore& e) {
         return e.what();
     }
@@ -59,7 +59,7 @@ TEST(Framing, IsFoundFromTheStampsOfAnyRecordLength) {
             const Inquadratura inquadratura = trovata(byte, dimensione_record);
             EXPECT_EQ(inquadratura.orario, orario) << dimensione_record;
             EXPECT_TRUE(inquadratura.provata);
-            EXPECT_EQ(inquadratura.detto, std::string("time stamps: ") + nomeOrario(orario) + ", every 40 ms");
+            EXPECT_EQ(inquadratura.detto, std::string("time stamps: ") + nome_orario(orario) + ", every 40 ms");
         }
 }
 
@@ -68,7 +68,7 @@ TEST(Framing, OfSamplesWithoutStampsIsNone) {
         const auto byte = registrazione(dimensione_record, Orario::nessuno, 100, {});
         EXPECT_EQ(trovata(byte, dimensione_record).orario, Orario::nessuno) << dimensione_record;
         // A stream whose length is not known yet.
-        EXPECT_EQ(scegliInquadratura(byte, dimensione_record, std::nullopt).orario, Orario::nessuno);
+        EXPECT_EQ(scegli_inquadratura(byte, dimensione_record, std::nullopt).orario, Orario::nessuno);
     }
     EXPECT_EQ(trovata(registrazione(10, Orario::nessuno, 7, {}), 10).detto,
               "time stamps: none, as nothing runs forward in even steps");
@@ -88,7 +88,7 @@ TEST(Framing, StampsMayJitterLoseRecordsAndBeJoinedFromSessions) {
 TEST(Framing, ACounterOfMillisecondsMayComeToItsEnd) {
     const auto fine = [](std::size_t i) { return 0xFFFFFF00u + i * 40; };
     const auto byte = registrazione(20, Orario::u32ms, 50, fine);
-    const EsameOrario esame = esaminaOrario(byte, 20, Orario::u32ms, byte.size());
+    const EsameOrario esame = esamina_orario(byte, 20, Orario::u32ms, byte.size());
     EXPECT_TRUE(esame.provato());
     EXPECT_EQ(esame.intervallo, 40u);
     EXPECT_EQ(trovata(byte, 20).orario, Orario::u32ms);
@@ -106,7 +106,7 @@ TEST(Framing, TimeThatStandsStillOrRunsBackIsNoTime) {
                        "u64us: 43 records of 29 bytes and 3 bytes over, its steps not even"),
             std::string::npos)
             << detto;
-        EXPECT_EQ(verificaInquadratura(byte, 21, byte.size(), Orario::u32ms).detto,
+        EXPECT_EQ(verifica_inquadratura(byte, 21, byte.size(), Orario::u32ms).detto,
                   "warning: orario u32ms: the time stamps do not run forward in even steps");
     }
 }
@@ -131,25 +131,25 @@ TEST(Framing, OfTwoRecordsIsRefusedWhereTheLengthLeavesTwo) {
             .find("two records are too few to tell (16 bytes); orario may be none: 4 records of 4 bytes; u32ms: 2 "
                   "records of 8 bytes, every 40 ms"),
         std::string::npos);
-    EXPECT_EQ(verificaInquadratura(byte, 4, byte.size(), Orario::nessuno).orario, Orario::nessuno);
-    EXPECT_EQ(verificaInquadratura(byte, 4, byte.size(), Orario::u32ms).orario, Orario::u32ms);
+    EXPECT_EQ(verifica_inquadratura(byte, 4, byte.size(), Orario::nessuno).orario, Orario::nessuno);
+    EXPECT_EQ(verifica_inquadratura(byte, 4, byte.size(), Orario::u32ms).orario, Orario::u32ms);
 }
 
 TEST(Framing, OfACutRecordingIsToldByItsStamps) {
     auto byte = registrazione(20, Orario::u32ms, 50, [](std::size_t i) { return i * 40; });
     byte.resize(byte.size() - 5);
     EXPECT_EQ(trovata(byte, 20).orario, Orario::u32ms);
-    EXPECT_EQ(verificaInquadratura(byte, 20, byte.size(), Orario::u32ms).detto, "");
+    EXPECT_EQ(verifica_inquadratura(byte, 20, byte.size(), Orario::u32ms).detto, "");
 }
 
 TEST(Framing, AChoiceThatTheSamplesSpeakAgainstIsTold) {
     const auto byte = registrazione(20, Orario::u32ms, 100, [](std::size_t i) { return i * 40; });  // 2400 bytes
-    EXPECT_EQ(verificaInquadratura(byte, 20, byte.size(), Orario::nessuno).detto,
+    EXPECT_EQ(verifica_inquadratura(byte, 20, byte.size(), Orario::nessuno).detto,
               "warning: orario none: time stamps seem to be there; orario u32ms: 100 records of 24 bytes, every 40 ms");
-    EXPECT_EQ(rifiuto([&] { return verificaInquadratura(byte, 20, byte.size(), Orario::u64us); }),
+    EXPECT_EQ(rifiuto([&] { return verifica_inquadratura(byte, 20, byte.size(), Orario::u64us); }),
               "2400 bytes are no whole number of records of 28 bytes: 85 records and 20 bytes over; orario u32ms: 100 "
               "records of 24 bytes, every 40 ms");
-    EXPECT_EQ(verificaInquadratura(byte, 20, byte.size(), Orario::u32ms).detto, "");
+    EXPECT_EQ(verifica_inquadratura(byte, 20, byte.size(), Orario::u32ms).detto, "");
 }
 
 TEST(Framing, OfNoBytesAtAllIsNone) {

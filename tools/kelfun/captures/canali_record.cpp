@@ -26,34 +26,34 @@ class Richiamo {
 public:
     Richiamo(IFunzioni& catalogo, const std::string& testo, std::span<const ColonnaRecord> colonne,
              std::span<const s_kel_canale> canali)
-        : catalogo_(&catalogo), chiave_(chiave(testo)), fid_(fidDaNumeroOVecchio(catalogo, testo)) {
+        : catalogo_(&catalogo), chiave_(chiave(testo)), fid_(fid_da_numero_o_vecchio(catalogo, testo)) {
         // The catalogue's name of a function counts where the recording has no such name of its own.
         const bool vale_gia = std::ranges::any_of(
             colonne, [&](const ColonnaRecord& colonna) { return vale(colonna, canali[colonna.indice]); });
         if (!vale_gia && !fid_)
-            fid_ = nomeDelCatalogo(testo);
+            fid_ = nome_del_catalogo(testo);
     }
 
     bool vale(const ColonnaRecord& colonna, const s_kel_canale& canale) const {
         if (fid_ && ((colonna.fid == *fid_ && *fid_ != 0) || canale.fid == *fid_))
             return true;
         const std::string breve(canale.breve, std::find(canale.breve, std::end(canale.breve), '\0'));
-        return !chiave_.empty() && (chiave(colonna.nome) == chiave_ || chiave(nomeCanale(canale)) == chiave_ ||
-                                    chiave(breve) == chiave_ || diColonna(colonna));
+        return !chiave_.empty() && (chiave(colonna.nome) == chiave_ || chiave(nome_canale(canale)) == chiave_ ||
+                                    chiave(breve) == chiave_ || di_colonna(colonna));
     }
 
 private:
     // "gps_speed_km_h", whatever the unit that it is shown in.
-    bool diColonna(const ColonnaRecord& colonna) const {
+    bool di_colonna(const ColonnaRecord& colonna) const {
         return colonna.chiave() == chiave_ ||
-               std::ranges::any_of(colonna.unitaPossibili(*catalogo_), [&](const std::string& udm) {
-                   return chiaveConUdm(colonna.nomeMisurato(), udm) == chiave_;
+               std::ranges::any_of(colonna.unita_possibili(*catalogo_), [&](const std::string& udm) {
+                   return chiave_con_udm(colonna.nome_misurato(), udm) == chiave_;
                });
     }
 
-    std::optional<kel_funpos> nomeDelCatalogo(const std::string& testo) const {
+    std::optional<kel_funpos> nome_del_catalogo(const std::string& testo) const {
         try {
-            return leggiFid(*catalogo_, testo);
+            return leggi_fid(*catalogo_, testo);
         } catch (const std::runtime_error&) {  // none, or one that several functions have
             return std::nullopt;
         }
@@ -69,7 +69,7 @@ private:
     std::vector<std::string> nomi;
     std::vector<std::string> tutti;  // subfields and short names too: too many to list
     for (const s_kel_canale& canale : canali) {
-        nomi.push_back(nomeCanale(canale));
+        nomi.push_back(nome_canale(canale));
         tutti.emplace_back(canale.breve, std::find(canale.breve, std::end(canale.breve), '\0'));
     }
     tutti.insert(tutti.end(), nomi.begin(), nomi.end());
@@ -98,8 +98,8 @@ void tieni(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<c
     std::erase_if(colonne, [&](const ColonnaRecord&) { return !tenute[i++]; });
 }
 
-void scegliUnita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<const s_kel_canale> canali,
-                 const std::string& richiesta) {
+void scegli_unita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<const s_kel_canale> canali,
+                  const std::string& richiesta) {
     const std::size_t uguale = richiesta.rfind('=');
     const std::string nome = uguale == std::string::npos ? "" : richiesta.substr(0, uguale);
     const std::string udm = uguale == std::string::npos ? richiesta : richiesta.substr(uguale + 1);
@@ -112,8 +112,8 @@ void scegliUnita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::
         if (uguale != std::string::npos && !richiamo.vale(colonna, canale))
             continue;
         chiamata = true;
-        cambiata = colonna.mostraIn(catalogo, canale, udm) || cambiata;
-        for (const std::string& una : colonna.unitaPossibili(catalogo))
+        cambiata = colonna.mostra_in(catalogo, canale, udm) || cambiata;
+        for (const std::string& una : colonna.unita_possibili(catalogo))
             if (std::find(possibili.begin(), possibili.end(), una) == possibili.end())
                 possibili.push_back(una);
     }
@@ -126,9 +126,9 @@ void scegliUnita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::
 
 }  // namespace
 
-std::vector<std::string> ColonnaRecord::unitaPossibili(const IFunzioni& catalogo) const {
+std::vector<std::string> ColonnaRecord::unita_possibili(const IFunzioni& catalogo) const {
     std::list<std::string> tutte;
-    if (conUnita())
+    if (con_unita())
         catalogo.getFunzUIVs(fid, tutte);
     std::vector<std::string> possibili;
     std::copy_if(tutte.begin(), tutte.end(), std::back_inserter(possibili),
@@ -138,12 +138,12 @@ std::vector<std::string> ColonnaRecord::unitaPossibili(const IFunzioni& catalogo
 
 Cella ColonnaRecord::cella(const std::uint8_t* campioni, bool testi) {
     if (campo())
-        return cellaGps(soluzione(campioni), *campo(), fattore(), decimali());
-    if (testi || pacchettoIntero())
+        return cella_gps(soluzione(campioni), *campo(), fattore(), decimali());
+    if (testi || pacchetto_intero())
         return Cella::testo(testo(campioni));
     if (const auto numero = valore(campioni))
-        return Cella::numero(static_cast<float>(*numero), conDecimali(*numero, decimali()));
-    const std::string perche = haValore() ? testo(campioni) : "";  // "---", or blanks for a missing value
+        return Cella::numero(static_cast<float>(*numero), con_decimali(*numero, decimali()));
+    const std::string perche = ha_valore() ? testo(campioni) : "";  // "---", or blanks for a missing value
     return perche.find_first_not_of(' ') == std::string::npos ? Cella() : Cella::mancante(perche);
 }
 
@@ -152,29 +152,29 @@ std::string ColonnaRecord::unita() const {
 }
 
 std::string ColonnaRecord::titolo() const {
-    return titoloConUdm(nomeMisurato(), udm);
+    return titolo_con_udm(nome_misurato(), udm);
 }
 
 std::string ColonnaRecord::chiave() const {
-    const std::string una = chiaveConUdm(nomeMisurato(), udm);
+    const std::string una = chiave_con_udm(nome_misurato(), udm);
     return una.empty() ? "channel_" + std::to_string(indice + 1) : una;
 }
 
 std::size_t ColonnaRecord::larghezza(bool testi) const {
     if (campo())
-        return larghezzaGps(*campo());
-    return pacchettoIntero() || (testi && convertitore().testo_stato == nullptr) ? LARGHEZZA_TESTO
-                                                                                 : LARGHEZZA_NUMERO + 1;
+        return larghezza_gps(*campo());
+    return pacchetto_intero() || (testi && convertitore().testo_stato == nullptr) ? LARGHEZZA_TESTO
+                                                                                  : LARGHEZZA_NUMERO + 1;
 }
 
-std::vector<ColonnaRecord> colonneRecord(IFunzioni& catalogo, std::span<const s_kel_canale> canali,
-                                         const SceltaColonne& scelta) {
+std::vector<ColonnaRecord> colonne_record(IFunzioni& catalogo, std::span<const s_kel_canale> canali,
+                                          const SceltaColonne& scelta) {
     std::vector<ColonnaRecord> colonne;
     for (ColonnaDati& colonna : kel_registrazioni::colonne(catalogo, canali, {scelta.testi, scelta.dispositivo}))
         colonne.emplace_back(std::move(colonna));
     tieni(catalogo, colonne, canali, scelta.solo);
     for (const std::string& richiesta : scelta.unita)
-        scegliUnita(catalogo, colonne, canali, richiesta);
+        scegli_unita(catalogo, colonne, canali, richiesta);
     return colonne;
 }
 

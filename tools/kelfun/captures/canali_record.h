@@ -24,7 +24,7 @@ public:
     Cella cella(const std::uint8_t* campioni, bool testi);
 
     /// The units that it can be shown in; none where its values have no unit, or always the same.
-    std::vector<std::string> unitaPossibili(const IFunzioni& catalogo) const;
+    std::vector<std::string> unita_possibili(const IFunzioni& catalogo) const;
     /// Whether it is WGS 84, and not what the library makes of the samples.
     bool wgs84() const { return campo().has_value(); }
     /// The unit that its values are in, "" for none.
@@ -45,8 +45,8 @@ struct SceltaColonne {
 
 /// The columns of a channel set, in its order, a packet's subfields behind it.
 /// @throws ErroreUso  for a name that no channel has and a unit that its function does not know.
-std::vector<ColonnaRecord> colonneRecord(IFunzioni& catalogo, std::span<const s_kel_canale> canali,
-                                         const SceltaColonne& scelta);
+std::vector<ColonnaRecord> colonne_record(IFunzioni& catalogo, std::span<const s_kel_canale> canali,
+                                          const SceltaColonne& scelta);
 
 }  // namespace kel::strumento
 

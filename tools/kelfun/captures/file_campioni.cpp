@@ -18,15 +18,15 @@ constexpr float FREQUENZA_MINIMA = 0.001f;
 constexpr float FREQUENZA_MASSIMA = 1e6f;
 
 // As many bytes as decide a framing: four records even of those that are a megabyte long.
-std::size_t dimensioneTesta(const Ingresso& ingresso, std::size_t dimensione) {
+std::size_t dimensione_testa(const Ingresso& ingresso, std::size_t dimensione) {
     const std::size_t record = ingresso.lunghezza() ? RECORD_DI_FILE : RECORD_DI_FLUSSO;
-    const std::size_t passo = dimensione + byteOrario(Orario::u64us);
+    const std::size_t passo = dimensione + byte_orario(Orario::u64us);
     return std::max(std::min(record * passo, TESTA_MASSIMA), 4 * passo);
 }
 
 }  // namespace
 
-void aggiungiTempo(Comando& comando, SceltaTempo& scelta) {
+void aggiungi_tempo(Comando& comando, SceltaTempo& scelta) {
     comando
         .opzione(
             "--time", scelta.orario,
@@ -38,13 +38,13 @@ void aggiungiTempo(Comando& comando, SceltaTempo& scelta) {
 
 TempoRecord::TempoRecord(const SceltaTempo& scelta) {
     for (const Orario orario : {Orario::nessuno, Orario::u32ms, Orario::u64us})
-        if (scelta.orario == nomeOrario(orario))
+        if (scelta.orario == nome_orario(orario))
             chiesto_ = orario;
     if (scelta.frequenza.empty())
         return;
     if (chiesto_.value_or(Orario::nessuno) != Orario::nessuno)
         throw ErroreUso("--time and --rate exclude each other; accepted: one of them");
-    const auto frequenza = leggiFloat(scelta.frequenza);
+    const auto frequenza = leggi_float(scelta.frequenza);
     if (!frequenza || *frequenza < FREQUENZA_MINIMA || *frequenza > FREQUENZA_MASSIMA)
         throw ErroreUso("--rate '" + scelta.frequenza + "' is no rate; accepted: records a second, 0.001 to 1000000");
     frequenza_ = static_cast<double>(*frequenza);
@@ -63,22 +63,22 @@ double TempoRecord::secondi(const LettoreRecord& lettore) const {
 }
 
 FileCampioni::FileCampioni(const std::string& nome, std::size_t dimensione, TempoRecord& tempo)
-    : ingresso_(nome), testa_(dimensioneTesta(ingresso_, dimensione)) {
-    const std::size_t letti = ingresso_.leggiTutti(testa_.data(), testa_.size());
+    : ingresso_(nome), testa_(dimensione_testa(ingresso_, dimensione)) {
+    const std::size_t letti = ingresso_.leggi_tutti(testa_.data(), testa_.size());
     std::optional<std::uint64_t> lunghezza = ingresso_.lunghezza();
     if (letti < testa_.size())
         lunghezza = letti;
     testa_.resize(letti);
     Inquadratura inquadratura;
     try {
-        inquadratura = tempo.chiesto() ? verificaInquadratura(testa_, dimensione, lunghezza, *tempo.chiesto(), PAROLE)
-                                       : scegliInquadratura(testa_, dimensione, lunghezza, PAROLE);
+        inquadratura = tempo.chiesto() ? verifica_inquadratura(testa_, dimensione, lunghezza, *tempo.chiesto(), PAROLE)
+                                       : scegli_inquadratura(testa_, dimensione, lunghezza, PAROLE);
     } catch (const Errore& e) {
         throw NonTrovato("cannot use '" + ingresso_.nome() + "' as samples: " + e.what());
     }
     detto_ = testa_.empty() ? "" : inquadratura.detto;
     tempo.inquadra(inquadratura.orario);
-    passo_ = dimensione + byteOrario(inquadratura.orario);
+    passo_ = dimensione + byte_orario(inquadratura.orario);
     lettore_.emplace([this](std::uint8_t* byte, std::size_t quanti) { return leggi(byte, quanti); }, dimensione,
                      inquadratura.orario);
 }
@@ -97,11 +97,11 @@ std::size_t FileCampioni::leggi(std::uint8_t* byte, std::size_t quanti) {
     return quanti;
 }
 
-void FileCampioni::verificaFine() const {
+void FileCampioni::verifica_fine() const {
     if (lettore_->record() == 0)
         throw NonTrovato("there is no whole record in it");
     if (lettore_->avanzo() != 0)
-        throw NonTrovato(lunghezzaErrata(lettore_->byte(), passo_));
+        throw NonTrovato(lunghezza_errata(lettore_->byte(), passo_));
 }
 
 }  // namespace kel::strumento

@@ -21,7 +21,7 @@ struct SceltaTempo {
     std::string orario = "auto";
     std::string frequenza;
 };
-void aggiungiTempo(Comando& comando, SceltaTempo& scelta);
+void aggiungi_tempo(Comando& comando, SceltaTempo& scelta);
 
 /// When a record was taken: from its time stamp, or from its place where samples come at a rate.
 class TempoRecord {
@@ -69,7 +69,7 @@ public:
 
     /// At the end: whether the samples were a whole number of records, at least one.
     /// @throws NonTrovato  when they were not.
-    void verificaFine() const;
+    void verifica_fine() const;
 
 private:
     std::size_t leggi(std::uint8_t* byte, std::size_t quanti);

@@ -6,14 +6,14 @@
 
 namespace kel::strumento {
 
-std::vector<s_kel_canale> leggiFileCanali(const std::string& nome, Disposizione disposizione) {
+std::vector<s_kel_canale> leggi_file_canali(const std::string& nome, Disposizione disposizione) {
     Ingresso ingresso(nome);
     std::vector<std::uint8_t> byte(CANALI_MASSIMI * CANALE_BYTE + 1);
-    byte.resize(ingresso.leggiTutti(byte.data(), byte.size()));
+    byte.resize(ingresso.leggi_tutti(byte.data(), byte.size()));
     try {
         if (byte.size() > CANALI_MASSIMI * CANALE_BYTE)
             throw Errore("it is longer than " + std::to_string(CANALI_MASSIMI) + " channel records");
-        return leggiCanali(byte, disposizione, PAROLE);
+        return leggi_canali(byte, disposizione, PAROLE);
     } catch (const Errore& e) {
         throw NonTrovato("cannot use '" + ingresso.nome() + "' as channels: " + e.what());
     }

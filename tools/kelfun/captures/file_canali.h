@@ -12,7 +12,7 @@ namespace kel::strumento {
 
 /// The channel set of a file, or of standard input for "-".
 /// @throws NonTrovato  when it cannot be read, or holds no channel records: one line that names the file.
-std::vector<s_kel_canale> leggiFileCanali(const std::string& nome, Disposizione disposizione);
+std::vector<s_kel_canale> leggi_file_canali(const std::string& nome, Disposizione disposizione);
 
 }  // namespace kel::strumento
 

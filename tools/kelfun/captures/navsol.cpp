@@ -21,13 +21,13 @@ std::unique_ptr<IConverter> converter(IFunzioni& catalogo, const s_kel_canale& c
         catalogo.CreateConverter(&canale, fid, udm, true, decimali, FORMATO_COMPATTO, LARGHEZZA_VELOCITA));
 }
 
-s_kel_converter senzaUnita(const s_kel_canale& canale, kel_funpos fid) {
+s_kel_converter senza_unita(const s_kel_canale& canale, kel_funpos fid) {
     s_kel_converter conv{};
     kelConvInit(&conv, &canale, fid, kelFunGetConvData(fid, nullptr), 0, 0, 1);
     return conv;
 }
 
-unsigned valoreIntero(const s_kel_converter& conv, const std::uint8_t* pacchetto) {
+unsigned valore_intero(const s_kel_converter& conv, const std::uint8_t* pacchetto) {
     float valore = 0;
     kelConvGetValFloat(&conv, pacchetto, &valore);
     return static_cast<unsigned>(valore);  // a byte, 0 to 255
@@ -42,10 +42,10 @@ CanaleNavSol::CanaleNavSol(IFunzioni& catalogo, const std::string& udm, unsigned
       longitudine_(converter(catalogo, canale_, GPS_LONGITUDINE, "", 0)),
       latitudine_(converter(catalogo, canale_, GPS_LATITUDINE, "", 0)),
       velocita_(converter(catalogo, canale_, GPS_VELOCITA, udm, decimali)),
-      accuratezza_posizione_(senzaUnita(canale_, GPS_ACCURATEZZA_POSIZIONE)),
-      accuratezza_velocita_(senzaUnita(canale_, GPS_ACCURATEZZA_VELOCITA)) {}
+      accuratezza_posizione_(senza_unita(canale_, GPS_ACCURATEZZA_POSIZIONE)),
+      accuratezza_velocita_(senza_unita(canale_, GPS_ACCURATEZZA_VELOCITA)) {}
 
-kel_funpos CanaleNavSol::fidVelocita() {
+kel_funpos CanaleNavSol::fid_velocita() {
     return GPS_VELOCITA;
 }
 
@@ -70,9 +70,9 @@ SoluzioneDispositivo CanaleNavSol::leggi(std::span<const std::uint8_t, NAV_SOL_B
     soluzione.velocita = valore(*velocita_, pacchetto.data());
     std::string testo;
     velocita_->GetString(pacchetto.data(), testo);
-    soluzione.testo_velocita = senzaNul(testo);
-    soluzione.accuratezza_posizione = valoreIntero(accuratezza_posizione_, pacchetto.data());
-    soluzione.accuratezza_velocita = valoreIntero(accuratezza_velocita_, pacchetto.data());
+    soluzione.testo_velocita = senza_nul(testo);
+    soluzione.accuratezza_posizione = valore_intero(accuratezza_posizione_, pacchetto.data());
+    soluzione.accuratezza_velocita = valore_intero(accuratezza_velocita_, pacchetto.data());
     return soluzione;
 }
 

@@ -36,7 +36,7 @@ public:
     CanaleNavSol(IFunzioni& catalogo, const std::string& udm, unsigned decimali);
 
     /// The function of the speed in the packet.
-    static kel_funpos fidVelocita();
+    static kel_funpos fid_velocita();
 
     SoluzioneDispositivo leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const;
 

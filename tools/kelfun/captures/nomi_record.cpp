@@ -22,7 +22,7 @@ bool scrivibile(const std::string& nome) {
 }
 
 // A shell passes on the word as it was typed.
-std::string conCasa(const std::string& file) {
+std::string con_casa(const std::string& file) {
     const char* casa = std::getenv("HOME");
     return file.starts_with("~/") && casa != nullptr ? casa + file.substr(1) : file;
 }
@@ -50,31 +50,32 @@ private:
 };
 
 std::vector<NomeRecord> nomi(IFunzioni& catalogo, const std::vector<s_kel_canale>& canali) {
-    const std::vector<ColonnaRecord> colonne = colonneRecord(catalogo, canali, {});
+    const std::vector<ColonnaRecord> colonne = colonne_record(catalogo, canali, {});
     Nomi nomi;
     for (const ColonnaRecord& colonna : colonne) {
         const s_kel_canale& canale = canali[colonna.indice];
         const bool interno = colonna.fid != canale.fid;
         if (interno)
-            nomi.aggiungi(nomeCanale(canale), "all of this packet", {});
-        nomi.aggiungi(colonna.nome, interno ? "of " + nomeCanale(canale) : catalogo.getNomeFunzione(colonna.fid, false),
-                      colonna.unitaPossibili(catalogo));
+            nomi.aggiungi(nome_canale(canale), "all of this packet", {});
+        nomi.aggiungi(colonna.nome,
+                      interno ? "of " + nome_canale(canale) : catalogo.getNomeFunzione(colonna.fid, false),
+                      colonna.unita_possibili(catalogo));
     }
     for (const ColonnaRecord& colonna : colonne)
-        nomi.aggiungi(breve(canali[colonna.indice]), nomeCanale(canali[colonna.indice]),
-                      colonna.unitaPossibili(catalogo));
+        nomi.aggiungi(breve(canali[colonna.indice]), nome_canale(canali[colonna.indice]),
+                      colonna.unita_possibili(catalogo));
     return std::move(nomi).tutti();
 }
 
 }  // namespace
 
-std::vector<NomeRecord> nomiRecord(IFunzioni& catalogo, const std::string& file, Disposizione disposizione) {
+std::vector<NomeRecord> nomi_record(IFunzioni& catalogo, const std::string& file, Disposizione disposizione) {
     std::error_code errore;
-    const std::string percorso = conCasa(file);
+    const std::string percorso = con_casa(file);
     if (file == "-" || !std::filesystem::is_regular_file(percorso, errore))
         return {};
     try {
-        return nomi(catalogo, leggiFileCanali(percorso, disposizione));
+        return nomi(catalogo, leggi_file_canali(percorso, disposizione));
     } catch (const std::runtime_error&) {
         return {};
     }

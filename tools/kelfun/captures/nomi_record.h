@@ -20,7 +20,7 @@ struct NomeRecord {
 
 /// The names of a file's channels and subfields in their order, then short names. Nothing where there is no such file, or
 /// where it cannot be read twice, as standard input: half a command line is no place for errors.
-std::vector<NomeRecord> nomiRecord(IFunzioni& catalogo, const std::string& file, Disposizione disposizione);
+std::vector<NomeRecord> nomi_record(IFunzioni& catalogo, const std::string& file, Disposizione disposizione);
 
 }  // namespace kel::strumento
 

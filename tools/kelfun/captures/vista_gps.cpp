@@ -33,24 +33,24 @@ double arrotondato(double valore, CampoGps campo) {
 
 }  // namespace
 
-const char* testataGps(CampoGps campo) {
+const char* testata_gps(CampoGps campo) {
     return testata(campo).testo;
 }
 
-std::size_t larghezzaGps(CampoGps campo) {
+std::size_t larghezza_gps(CampoGps campo) {
     return testata(campo).larghezza;
 }
 
-Cella cellaGps(const Soluzione& soluzione, CampoGps campo, double fattore, int decimali_velocita) {
+Cella cella_gps(const Soluzione& soluzione, CampoGps campo, double fattore, int decimali_velocita) {
     if (campo == CampoGps::utc)
         return soluzione.utc ? Cella::testo(soluzione.utc->testo()) : Cella();
-    const auto valore = valoreGps(soluzione, campo);
+    const auto valore = valore_gps(soluzione, campo);
     if (!valore)
         return {};
     if (campo == CampoGps::fix || campo == CampoGps::satelliti)
         return Cella::intero(static_cast<std::int64_t>(*valore));
     if (campo == CampoGps::velocita)
-        return Cella::reale(*valore * fattore, DECIMALI_PROGRAMMI, conDecimali(*valore * fattore, decimali_velocita));
+        return Cella::reale(*valore * fattore, DECIMALI_PROGRAMMI, con_decimali(*valore * fattore, decimali_velocita));
     return Cella::reale(arrotondato(*valore, campo), aspetto(campo).decimali);
 }
 

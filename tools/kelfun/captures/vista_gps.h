@@ -11,12 +11,12 @@
 namespace kel::strumento {
 
 /// For people: a field's name, made short.
-const char* testataGps(CampoGps campo);
+const char* testata_gps(CampoGps campo);
 /// The characters to keep for it.
-std::size_t larghezzaGps(CampoGps campo);
+std::size_t larghezza_gps(CampoGps campo);
 
 /// A field's cell. A speed is in the unit of `fattore`, with so many decimals for people and all that matter for programs.
-Cella cellaGps(const Soluzione& soluzione, CampoGps campo, double fattore, int decimali_velocita);
+Cella cella_gps(const Soluzione& soluzione, CampoGps campo, double fattore, int decimali_velocita);
 
 }  // namespace kel::strumento
 

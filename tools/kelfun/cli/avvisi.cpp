@@ -23,7 +23,7 @@ void Avvisi::subito(const std::optional<std::string>& avviso) {
     di(avviso);
 }
 
-void aggiungiAvvisi(Comando& comando, Avvisi& avvisi) {
+void aggiungi_avvisi(Comando& comando, Avvisi& avvisi) {
     avvisi.comando_ = comando.nome();
     comando.bandiera("--strict", avvisi.stretti_, "Refuse an answer that most people would not expect (exit status 1)");
 }

@@ -22,7 +22,7 @@ public:
     void subito(const std::optional<std::string>& avviso);
 
 private:
-    friend void aggiungiAvvisi(Comando& comando, Avvisi& avvisi);
+    friend void aggiungi_avvisi(Comando& comando, Avvisi& avvisi);
 
     bool stretti_ = false;
     std::string comando_;
@@ -30,7 +30,7 @@ private:
 };
 
 /// Adds --strict to a command.
-void aggiungiAvvisi(Comando& comando, Avvisi& avvisi);
+void aggiungi_avvisi(Comando& comando, Avvisi& avvisi);
 
 }  // namespace kel::strumento
 

@@ -9,7 +9,7 @@ namespace kel::strumento {
 constexpr const char* OPZIONE_COMPATTA = "--packed";
 
 /// Adds --packed to a command.
-inline void aggiungiCompatta(Comando& comando, bool& compatta) {
+inline void aggiungi_compatta(Comando& comando, bool& compatta) {
     comando.bandiera(OPZIONE_COMPATTA, compatta,
                      "Samples lie one behind the other, as long as their types, whatever the channels say");
 }

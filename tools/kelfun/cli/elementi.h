@@ -24,7 +24,7 @@ public:
         : comando_("kelfun " + std::move(comando)), testi_(std::move(testi)) {}
 
     /// Whether lines are awaited: what is printed must not wait for all of them.
-    bool conRighe() const { return std::find(testi_.begin(), testi_.end(), "-") != testi_.end(); }
+    bool con_righe() const { return std::find(testi_.begin(), testi_.end(), "-") != testi_.end(); }
 
     /// @param leggi   makes a value of a text; throws ErroreUso or NonTrovato for a wrong one. Arguments are read
     ///               first.
@@ -51,7 +51,7 @@ public:
             Righe righe("-");
             while (const auto riga = righe.prossima()) {
                 comincia();
-                if (auto letto = diRiga(leggi, *riga, righe.numero()))
+                if (auto letto = di_riga(leggi, *riga, righe.numero()))
                     mostra(std::move(*letto));
             }
         }
@@ -67,7 +67,7 @@ public:
 
 private:
     template <typename Leggi>
-    auto diRiga(Leggi& leggi, const std::string& riga, std::size_t numero)
+    auto di_riga(Leggi& leggi, const std::string& riga, std::size_t numero)
         -> std::optional<decltype(leggi(std::string()))> {
         const auto scarta = [&](const std::runtime_error& e) {
             ++scartate_;

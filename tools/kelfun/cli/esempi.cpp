@@ -2,7 +2,7 @@
 
 namespace kel::strumento {
 
-std::string suRighe(const std::vector<std::string>& testi) {
+std::string su_righe(const std::vector<std::string>& testi) {
     constexpr std::size_t LARGHEZZA = 72;
     std::string tutti;
     std::size_t riga = 0;

@@ -8,7 +8,7 @@
 namespace kel::strumento {
 
 /// Texts one after the other, on lines that an 80-column terminal holds.
-std::string suRighe(const std::vector<std::string>& testi);
+std::string su_righe(const std::vector<std::string>& testi);
 
 /// Text shown below the options by --help: notes and three command lines that work as they stand.
 std::string esempi(const std::string& note, const char* primo, const char* secondo, const char* terzo);

@@ -4,7 +4,7 @@
 
 namespace kel::strumento {
 
-void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std::string>& tabelle) {
+void aggiungi_forma(Comando& comando, SceltaForma& scelta, const std::vector<std::string>& tabelle) {
     const Opzione json = comando.bandiera("--json", scelta.json, "Print JSON");
     Opzione ndjson = comando.bandiera("--ndjson", scelta.ndjson, "Print JSON, one object a line");
     ndjson.esclude(json);
@@ -16,7 +16,7 @@ void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std:
         .scelta({"auto", "always", "never"});
 }
 
-void escludiForma(const Comando& comando, Opzione opzione) {
+void escludi_forma(const Comando& comando, Opzione opzione) {
     for (const char* nome : {"--json", "--ndjson", "--csv", "--table"})
         if (const auto forma = comando.trova(nome))
             opzione.esclude(*forma);
@@ -25,7 +25,7 @@ void escludiForma(const Comando& comando, Opzione opzione) {
 Aspetto SceltaForma::forma() const {
     if (json || ndjson || csv)
         return {json ? Forma::json : ndjson ? Forma::ndjson : Forma::csv, false, tabella};
-    return {Forma::tabella, ammetteColori(colori, stdout), tabella};
+    return {Forma::tabella, ammette_colori(colori, stdout), tabella};
 }
 
 }  // namespace kel::strumento

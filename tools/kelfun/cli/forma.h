@@ -23,10 +23,10 @@ struct SceltaForma {
 };
 /// @param tabelle  the keys of the tables that the command can print, the main one first; without any there is no
 ///                 --table.
-void aggiungiForma(Comando& comando, SceltaForma& scelta, const std::vector<std::string>& tabelle = {});
+void aggiungi_forma(Comando& comando, SceltaForma& scelta, const std::vector<std::string>& tabelle = {});
 
 /// Makes an option exclude --json, --ndjson, --csv and --table, as far as the command has them.
-void escludiForma(const Comando& comando, Opzione opzione);
+void escludi_forma(const Comando& comando, Opzione opzione);
 
 }  // namespace kel::strumento
 

@@ -52,7 +52,7 @@ Opzione& Opzione::esclude(const Opzione& altra) {
     return *this;
 }
 
-std::string senzaSegno(std::string parola) {
+std::string senza_segno(std::string parola) {
     if (parola.starts_with(SOLO_ARGOMENTO))
         parola.erase(0, 1);
     return parola;
@@ -61,10 +61,10 @@ std::string senzaSegno(std::string parola) {
 namespace {
 
 // Removes the mark of the words that came after "--".
-CLI::Option* senzaSegni(CLI::Option* opzione) {
+CLI::Option* senza_segni(CLI::Option* opzione) {
     return opzione->transform(CLI::Validator(
         [](std::string& parola) {
-            parola = senzaSegno(std::move(parola));
+            parola = senza_segno(std::move(parola));
             return std::string();
         },
         ""));
@@ -76,25 +76,25 @@ Comando::Comando(CLI::App& programma, const char* nome, const char* descrizione)
     : comando_(programma.add_subcommand(nome, descrizione)) {}
 
 Opzione Comando::opzione(const char* nome, std::string& valore, const char* aiuto) {
-    return Opzione(senzaSegni(comando_->add_option(nome, valore, aiuto)));
+    return Opzione(senza_segni(comando_->add_option(nome, valore, aiuto)));
 }
 
 Opzione Comando::opzione(const char* nome, std::optional<std::string>& valore, const char* aiuto) {
-    return Opzione(senzaSegni(comando_->add_option(nome, valore, aiuto)));
+    return Opzione(senza_segni(comando_->add_option(nome, valore, aiuto)));
 }
 
 Opzione Comando::opzione(const char* nome, std::vector<std::string>& valori, const char* aiuto) {
-    return Opzione(senzaSegni(comando_->add_option(nome, valori, aiuto)));
+    return Opzione(senza_segni(comando_->add_option(nome, valori, aiuto)));
 }
 
 Opzione Comando::opzione(const char* nome, std::function<void(const std::string&)> leggi, const char* aiuto) {
-    return Opzione(senzaSegni(comando_->add_option_function(nome, leggi, aiuto)));
+    return Opzione(senza_segni(comando_->add_option_function(nome, leggi, aiuto)));
 }
 
 Opzione Comando::intero(const char* nome, std::optional<unsigned>& valore, unsigned minimo, unsigned massimo,
                         const char* aiuto) {
     const auto leggi = [nome = std::string(nome), &valore, minimo, massimo](const std::string& testo) {
-        const auto letto = leggiIntero(testo, minimo, massimo);
+        const auto letto = leggi_intero(testo, minimo, massimo);
         if (!letto)
             throw ErroreUso(nome + " '" + testo + "' is out of range; accepted: " + std::to_string(minimo) + " to " +
                             std::to_string(massimo));

@@ -20,7 +20,7 @@ namespace kel::strumento {
 /// arguments remove it.
 constexpr char SOLO_ARGOMENTO = '\x1F';
 /// A word without the mark.
-std::string senzaSegno(std::string parola);
+std::string senza_segno(std::string parola);
 
 /// An option or an argument. The command owns it: a copy of this object stands for the same option.
 class Opzione {

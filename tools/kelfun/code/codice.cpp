@@ -31,7 +31,7 @@ constexpr Linguaggio LINGUAGGI[] = {{"c", &PROGRAMMI_C}, {"cpp", &PROGRAMMI_CPP}
 
 const std::string PROGRAMMA = "kelfun ";  // begins the names of the pieces that are programs
 
-const Linguaggio* cercaLinguaggio(const std::string& nome) {
+const Linguaggio* cerca_linguaggio(const std::string& nome) {
     const auto uguale = [&](const Linguaggio& uno) { return nome == uno.nome; };
     const auto* trovato = std::find_if(std::begin(LINGUAGGI), std::end(LINGUAGGI), uguale);
     return trovato == std::end(LINGUAGGI) ? nullptr : trovato;
@@ -45,7 +45,7 @@ std::string nomi(std::span<const Linguaggio> linguaggi) {
 }
 
 // The languages that have a program.
-std::vector<Linguaggio> conPezzo(const std::string& pezzo) {
+std::vector<Linguaggio> con_pezzo(const std::string& pezzo) {
     std::vector<Linguaggio> quelli;
     for (const Linguaggio& uno : LINGUAGGI)
         if (Templates(*uno.pezzi).contains(pezzo))
@@ -60,16 +60,16 @@ std::string costante(const Campo& campo) {
 
 }  // namespace
 
-void aggiungiCodice(Comando& comando, std::string& linguaggio) {
+void aggiungi_codice(Comando& comando, std::string& linguaggio) {
     std::vector<std::string> tutti;
     for (const Linguaggio& uno : LINGUAGGI)
         tutti.emplace_back(uno.nome);
-    escludiForma(
+    escludi_forma(
         comando,
         comando.opzione("--code", linguaggio, "Print a program that gets this answer from the library").scelta(tutti));
 }
 
-void rifiutaCodiceAltrove(CLI::App& programma) {
+void rifiuta_codice_altrove(CLI::App& programma) {
     std::string con;
     for (const Comando& comando : Comando::tutti(programma))
         if (comando.trova("--code"))
@@ -81,20 +81,20 @@ void rifiutaCodiceAltrove(CLI::App& programma) {
             });
 }
 
-void stampaProgramma(const std::string& linguaggio, const std::string& nome, const std::string& titolo,
-                     const Json& dati) {
+void stampa_programma(const std::string& linguaggio, const std::string& nome, const std::string& titolo,
+                      const Json& dati) {
     const std::string pezzo = PROGRAMMA + nome;
-    const Templates pezzi(*cercaLinguaggio(linguaggio)->pezzi);
+    const Templates pezzi(*cerca_linguaggio(linguaggio)->pezzi);
     if (!pezzi.contains(pezzo))
         throw ErroreUso("the library's face for --code " + linguaggio +
-                        " has nothing for this; accepted: " + nomi(conPezzo(pezzo)));
+                        " has nothing for this; accepted: " + nomi(con_pezzo(pezzo)));
     Json tutti = dati;
     tutti["titolo"] = titolo;
     tutti["comando"] = nome.substr(0, nome.find(' '));
-    scriviUscita(pezzi.render(pezzo, tutti));
+    scrivi_uscita(pezzi.render(pezzo, tutti));
 }
 
-Json fidPerProgramma(kel_funpos fid) {
+Json fid_per_programma(kel_funpos fid) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     std::map<std::string, std::string> nomi;
     bool intero = true;  // the functions that compose identifiers know every bit of it
@@ -117,7 +117,7 @@ Json fidPerProgramma(kel_funpos fid) {
     return {{"c", intero ? composto : hex + "u"}, {"hex", hex}, {"nome", catalogo->getNomeFunzione(fid, false)}};
 }
 
-std::string elencoPerProgramma(const std::vector<std::string>& valori, std::size_t rientro) {
+std::string elenco_per_programma(const std::vector<std::string>& valori, std::size_t rientro) {
     constexpr std::size_t PER_RIGA = 14;
     std::string testo;
     for (std::size_t i = 0; i < valori.size(); ++i) {
@@ -128,14 +128,14 @@ std::string elencoPerProgramma(const std::vector<std::string>& valori, std::size
     return testo;
 }
 
-std::string floatPerProgramma(float valore) {
+std::string float_per_programma(float valore) {
     std::string testo = breve(valore);
     if (testo.find_first_of(".e") == std::string::npos)
         testo += ".0";
     return testo;
 }
 
-std::string testoPerProgramma(const std::string& testo) {
+std::string testo_per_programma(const std::string& testo) {
     std::string uscita = "\"";
     for (const char c : testo) {
         const auto byte = static_cast<unsigned char>(c);

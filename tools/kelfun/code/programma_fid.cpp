@@ -43,7 +43,7 @@ FonteCampo fonte(const Campo& campo, kel_funpos fid) {
 
 }  // namespace
 
-void programmaFid(const IFunzioni& catalogo, const std::string& linguaggio, kel_funpos fid) {
+void programma_fid(const IFunzioni& catalogo, const std::string& linguaggio, kel_funpos fid) {
     nlohmann::ordered_json suoi = nlohmann::ordered_json::array();
     for (const Campo& campo : campi(fid)) {
         if (campo.bit >= PRIMO_BIT_LIBERO || std::string_view(campo.chiave) == "number")
@@ -63,8 +63,8 @@ void programmaFid(const IFunzioni& catalogo, const std::string& linguaggio, kel_
     catalogo.getFunzDettagli(fid, lati, inout, primo, ultimo);
     const bool pacchetto = kelFidGrandezza(fid) == FID_PHI_PACKAGE &&
                            search_sottocampi_struct(kelFidOggetto(fid), kelFidPosizione(fid)) != nullptr;
-    const nlohmann::ordered_json composto = fidPerProgramma(fid);
-    stampaProgramma(
+    const nlohmann::ordered_json composto = fid_per_programma(fid);
+    stampa_programma(
         linguaggio, "fid",
         "What is known about " + composto["hex"].get<std::string>() + ", " + composto["nome"].get<std::string>(),
         {{"fid", composto},

@@ -9,7 +9,7 @@
 namespace kel::strumento {
 
 /// @throws ErroreUso  for a language without one.
-void programmaFid(const IFunzioni& catalogo, const std::string& linguaggio, kel_funpos fid);
+void programma_fid(const IFunzioni& catalogo, const std::string& linguaggio, kel_funpos fid);
 
 }  // namespace kel::strumento
 

@@ -57,7 +57,7 @@ private:
     std::vector<const Json*> around_;
 };
 
-bool isTrue(const Json* value) {
+bool is_true(const Json* value) {
     return value != nullptr && *value != false && !(value->is_array() && value->empty());
 }
 
@@ -89,7 +89,7 @@ public:
             if (const std::string piece = named(line, "{{> "); !piece.empty()) {
                 this->lines(pieces_.at(piece), values);
             } else if (!shown.empty() || !hidden.empty()) {
-                const std::size_t end = endOf(lines, i, shown + hidden);
+                const std::size_t end = end_of(lines, i, shown + hidden);
                 section(lines.subspan(i + 1, end - i - 1), values, shown + hidden, !shown.empty());
                 i = end;
             } else {
@@ -99,7 +99,7 @@ public:
     }
 
 private:
-    static std::size_t endOf(Lines lines, std::size_t begin, const std::string& name) {
+    static std::size_t end_of(Lines lines, std::size_t begin, const std::string& name) {
         const auto end =
             std::find(lines.begin() + static_cast<std::ptrdiff_t>(begin), lines.end(), "{{/" + name + "}}");
         if (end == lines.end())
@@ -107,11 +107,11 @@ private:
         return static_cast<std::size_t>(end - lines.begin());
     }
 
-    void section(Lines inner, const Values& values, const std::string& name, bool whenTrue) {
+    void section(Lines inner, const Values& values, const std::string& name, bool when_true) {
         const Json* value = values.find(name);
-        if (isTrue(value) != whenTrue)
+        if (is_true(value) != when_true)
             return;
-        if (!whenTrue || !value->is_array())
+        if (!when_true || !value->is_array())
             return lines(inner, values);
         for (const Json& element : *value)
             lines(inner, values.within(element));

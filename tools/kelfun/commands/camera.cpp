@@ -56,7 +56,7 @@ void tabella(Documento& documento, IFunzioni& catalogo, const std::vector<Riga>&
         const Riga r = righe[i];
         if (!nascoste && !viste.contains(r))
             continue;
-        documento.riga({Cella::testo(i < base ? "basic" : "extended"), codiceCamera(r->codice), Cella::fid(r->fid),
+        documento.riga({Cella::testo(i < base ? "basic" : "extended"), codice_camera(r->codice), Cella::fid(r->fid),
                         Cella::testo(r->breve), Cella::testo(r->testo), Cella::testo(r->udm), Cella::numero(r->scala),
                         Cella::numero(r->fattore), Cella::intero(r->tipo_campione), Cella::testo(r->id),
                         Cella::logico(viste.contains(r))});
@@ -80,10 +80,10 @@ void programma(const Argomenti& argomenti, const std::vector<Riga>& righe, std::
                                    {"vecchi", argomenti.vecchi},
                                    {"con_tabelle", !una || argomenti.vecchi}};
     if (una) {
-        dati["fid"] = fidPerProgramma(righe.front()->fid);
+        dati["fid"] = fid_per_programma(righe.front()->fid);
         dati["tabella"] = base == 1 ? "basic" : "extended";
     }
-    stampaProgramma(argomenti.codice, "camera", "Functions that the on-board camera shows", dati);
+    stampa_programma(argomenti.codice, "camera", "Functions that the on-board camera shows", dati);
 }
 
 void esegui(const Argomenti& argomenti) {
@@ -114,15 +114,15 @@ void esegui(const Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiCamera(CLI::App& programma) {
+void aggiungi_camera(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "camera", "Functions that the on-board camera shows");
     comando.opzione("ID", argomenti->id, "One identifier; none: all functions that the camera shows");
     comando.bandiera("--all", argomenti->tutte, "Show hidden functions too");
     comando.bandiera("--legacy", argomenti->vecchi, "Show legacy identifiers that are not camera functions too");
-    aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma, {"camera", "legacy"});
-    aggiungiCodice(comando, argomenti->codice);
+    aggiungi_campi(comando, argomenti->campi);
+    aggiungi_forma(comando, argomenti->forma, {"camera", "legacy"});
+    aggiungi_codice(comando, argomenti->codice);
     comando.note(esempi("SCALE is camera counts per unit; TYPE is the sample type code.", "kelfun camera",
                         "kelfun camera WATER_TEMP --json", "kelfun camera --all --legacy --csv"));
     comando.esegue([argomenti] { esegui(*argomenti); });

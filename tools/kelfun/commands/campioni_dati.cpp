@@ -8,8 +8,8 @@ namespace kel::strumento {
 
 namespace {
 
-std::string leggiEsadecimali(const std::string& testo) {
-    const auto letti = leggiByte(testo);
+std::string leggi_esadecimali(const std::string& testo) {
+    const auto letti = leggi_byte(testo);
     if (!letti)
         throw ErroreUso(
             "'" + testo +
@@ -17,9 +17,9 @@ std::string leggiEsadecimali(const std::string& testo) {
     return *letti;
 }
 
-[[noreturn]] void nonInteri(std::size_t byte, unsigned tipo) {
+[[noreturn]] void non_interi(std::size_t byte, unsigned tipo) {
     throw ErroreUso(std::to_string(byte) + (byte == 1 ? " byte is" : " bytes are") + " no samples of type " +
-                    nomeConCodice(tipo) + "; accepted: " + std::to_string(kelFunGetSamplSize(tipo)) +
+                    nome_con_codice(tipo) + "; accepted: " + std::to_string(kelFunGetSamplSize(tipo)) +
                     " bytes a sample");
 }
 
@@ -31,7 +31,7 @@ std::vector<std::string> uniti(const std::vector<std::string>& testi) {
             pezzi.push_back(testo);
             continue;
         }
-        leggiEsadecimali(testo);
+        leggi_esadecimali(testo);
         pezzi.back() += " " + (testo.starts_with("0x") || testo.starts_with("0X") ? testo.substr(2) : testo);
     }
     return pezzi;
@@ -42,7 +42,7 @@ std::vector<std::string> uniti(const std::vector<std::string>& testi) {
 CampioniDati::CampioniDati(unsigned tipo, const std::vector<std::string>& testi)
     : tipo_(tipo), elementi_("decode", uniti(testi)) {
     if (dimensione() == 0)
-        throw ErroreUso("type " + nomeConCodice(tipo) + " has no sample; accepted: a --type with bytes, see --types");
+        throw ErroreUso("type " + nome_con_codice(tipo) + " has no sample; accepted: a --type with bytes, see --types");
 }
 
 std::size_t CampioniDati::dimensione() const {
@@ -50,7 +50,7 @@ std::size_t CampioniDati::dimensione() const {
 }
 
 void CampioniDati::leggi(const std::function<void()>& inizia, const std::function<void(const char*)>& mostra) {
-    const bool risposto = elementi_.rispondi([&](const std::string& testo) { return leggiPezzo(testo); }, inizia,
+    const bool risposto = elementi_.rispondi([&](const std::string& testo) { return leggi_pezzo(testo); }, inizia,
                                              [&](const std::string& byte) {
                                                  resto_ += byte;
                                                  std::size_t da = 0;
@@ -59,22 +59,22 @@ void CampioniDati::leggi(const std::function<void()>& inizia, const std::functio
                                                  resto_.erase(0, da);
                                              });
     if (!risposto)
-        nonInteri(0, tipo_);
+        non_interi(0, tipo_);
 }
 
 void CampioniDati::fine() const {
     if (!resto_.empty())
         throw NonTrovato("the last " + std::to_string(resto_.size()) +
                          (resto_.size() == 1 ? " byte is" : " bytes are") + " no whole sample of type " +
-                         nomeConCodice(tipo_) + ", which has " + std::to_string(dimensione()));
+                         nome_con_codice(tipo_) + ", which has " + std::to_string(dimensione()));
     elementi_.fine();
 }
 
-std::string CampioniDati::leggiPezzo(const std::string& testo) {
+std::string CampioniDati::leggi_pezzo(const std::string& testo) {
     try {
-        std::string byte = leggiEsadecimali(testo);
-        if (!conRighe() && (byte.empty() || byte.size() % dimensione() != 0))
-            nonInteri(byte.size(), tipo_);
+        std::string byte = leggi_esadecimali(testo);
+        if (!con_righe() && (byte.empty() || byte.size() % dimensione() != 0))
+            non_interi(byte.size(), tipo_);
         return byte;
     } catch (const ErroreUso& e) {
         const bool comincia = !resto_.empty();

@@ -19,7 +19,7 @@ public:
     CampioniDati(unsigned tipo, const std::vector<std::string>& testi);
 
     std::size_t dimensione() const;
-    bool conRighe() const { return elementi_.conRighe(); }
+    bool con_righe() const { return elementi_.con_righe(); }
 
     /// @param inizia  called once, before the first sample or when the first line has come.
     /// @param mostra  is given the bytes of one sample.
@@ -31,7 +31,7 @@ public:
     void fine() const;
 
 private:
-    std::string leggiPezzo(const std::string& testo);
+    std::string leggi_pezzo(const std::string& testo);
 
     unsigned tipo_;
     Elementi elementi_;

@@ -20,16 +20,16 @@ struct Argomenti {
 
 void esegui(const Argomenti& argomenti) {
     if (argomenti.schema) {
-        scriviUscita(SCHEMA_CATALOGO);
+        scrivi_uscita(SCHEMA_CATALOGO);
         return;
     }
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    scriviUscita(catalogoJson(*catalogo, KELFUN_VERSIONE).dump(argomenti.compatto ? -1 : 2) + "\n");
+    scrivi_uscita(catalogo_json(*catalogo, KELFUN_VERSIONE).dump(argomenti.compatto ? -1 : 2) + "\n");
 }
 
 }  // namespace
 
-void aggiungiCatalogue(CLI::App& programma) {
+void aggiungi_catalogue(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "catalogue", "The whole catalogue as one JSON document");
     const Opzione schema =

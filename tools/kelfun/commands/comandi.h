@@ -9,19 +9,19 @@ class App;
 
 namespace kel::strumento {
 
-void aggiungiFid(CLI::App& programma);
-void aggiungiFunctions(CLI::App& programma);
-void aggiungiUnits(CLI::App& programma);
-void aggiungiConvert(CLI::App& programma);
-void aggiungiDecode(CLI::App& programma);
-void aggiungiMatch(CLI::App& programma);
-void aggiungiCamera(CLI::App& programma);
-void aggiungiLap(CLI::App& programma);
-void aggiungiLaps(CLI::App& programma);
-void aggiungiUbx(CLI::App& programma);
-void aggiungiRecord(CLI::App& programma);
-void aggiungiFind(CLI::App& programma);
-void aggiungiCatalogue(CLI::App& programma);
+void aggiungi_fid(CLI::App& programma);
+void aggiungi_functions(CLI::App& programma);
+void aggiungi_units(CLI::App& programma);
+void aggiungi_convert(CLI::App& programma);
+void aggiungi_decode(CLI::App& programma);
+void aggiungi_match(CLI::App& programma);
+void aggiungi_camera(CLI::App& programma);
+void aggiungi_lap(CLI::App& programma);
+void aggiungi_laps(CLI::App& programma);
+void aggiungi_ubx(CLI::App& programma);
+void aggiungi_record(CLI::App& programma);
+void aggiungi_find(CLI::App& programma);
+void aggiungi_catalogue(CLI::App& programma);
 
 }  // namespace kel::strumento
 

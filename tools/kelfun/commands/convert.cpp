@@ -35,17 +35,17 @@ void programma(const std::string& linguaggio, kel_funpos fid, const std::string&
     std::vector<std::string> numeri;
     numeri.reserve(valori.size());
     for (const float valore : valori)
-        numeri.push_back(floatPerProgramma(valore) + suffisso);
-    stampaProgramma(linguaggio, "convert", "Values from " + da + " into " + a,
-                    {{"fid", fidPerProgramma(fid)},
-                     {"da", testoPerProgramma(da)},
-                     {"a", testoPerProgramma(a)},
-                     {"valori", elencoPerProgramma(numeri, 8)}});
+        numeri.push_back(float_per_programma(valore) + suffisso);
+    stampa_programma(linguaggio, "convert", "Values from " + da + " into " + a,
+                     {{"fid", fid_per_programma(fid)},
+                      {"da", testo_per_programma(da)},
+                      {"a", testo_per_programma(a)},
+                      {"valori", elenco_per_programma(numeri, 8)}});
 }
 
-float leggiValore(const std::string& riga) {
-    const std::string testo = senzaBordi(riga);
-    const auto valore = leggiFloat(testo);
+float leggi_valore(const std::string& riga) {
+    const std::string testo = senza_bordi(riga);
+    const auto valore = leggi_float(testo);
     if (!valore)
         throw ErroreUso("'" + testo +
                         "' is no value; accepted: a decimal number with a point, such as 12.5, within single "
@@ -73,13 +73,13 @@ struct Conversione {
     int decimali;
 };
 
-Conversione leggiConversione(IFunzioni& catalogo, const Argomenti& argomenti, const std::string& id) {
+Conversione leggi_conversione(IFunzioni& catalogo, const Argomenti& argomenti, const std::string& id) {
     const kel_funpos fid = risolvi(catalogo, id, argomenti.campi);
     if (argomenti.da.empty() && argomenti.a.empty())
         throw ErroreUso(
             "there is no unit to convert from or into; accepted: --from, --to, one left out is the base unit");
-    const std::string da = leggiUdm(catalogo, fid, argomenti.da);
-    const std::string a = leggiUdm(catalogo, fid, argomenti.a);
+    const std::string da = leggi_udm(catalogo, fid, argomenti.da);
+    const std::string a = leggi_udm(catalogo, fid, argomenti.a);
     return {fid, da, a, catalogo.getParamConv(fid, da, a), catalogo.getNumDecimaliDefault(fid, a)};
 }
 
@@ -94,7 +94,7 @@ void inizia(Documento& documento, const IFunzioni& catalogo, const Conversione& 
 void riga(Documento& documento, const Conversione& c, float valore) {
     const float risultato = valore * c.dati.gain + c.dati.offset;
     documento.riga({Cella::numero(valore), Cella::testo(c.da), Cella::numero(risultato), Cella::testo(c.a),
-                    Cella::testo(conDecimali(risultato, c.decimali))});
+                    Cella::testo(con_decimali(risultato, c.decimali))});
 }
 
 void esegui(Argomenti& argomenti) {
@@ -109,7 +109,7 @@ void esegui(Argomenti& argomenti) {
             throw ErroreUso("there is no value to convert, only the identifier '" + id +
                             "'; accepted: ID VALUE..., or fields by name and VALUE...");
     }
-    const Conversione conversione = leggiConversione(*catalogo, argomenti, id);
+    const Conversione conversione = leggi_conversione(*catalogo, argomenti, id);
     Elementi elementi("convert", testi);
     Documento documento(stdout, argomenti.forma.forma());
     std::vector<float> valori;
@@ -117,20 +117,21 @@ void esegui(Argomenti& argomenti) {
     // The remark is the same for all values that have one: that of the first shows what it is about.
     bool detto = false;
     const auto leggi = [&](const std::string& testo) {
-        const float valore = leggiValore(testo);
-        argomenti.avvisi.pretendi(avvisoConversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore));
+        const float valore = leggi_valore(testo);
+        argomenti.avvisi.pretendi(
+            avviso_conversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore));
         return valore;
     };
     const bool risposto = elementi.rispondi(
         leggi,
         [&] {
             if (!con_codice)
-                inizia(documento, *catalogo, conversione, elementi.conRighe());
+                inizia(documento, *catalogo, conversione, elementi.con_righe());
         },
         [&](float valore) {
             if (!detto) {
                 const auto avviso =
-                    avvisoConversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore);
+                    avviso_conversione(*catalogo, conversione.fid, conversione.da, conversione.a, valore);
                 argomenti.avvisi.di(avviso);
                 detto = avviso.has_value();
             }
@@ -150,7 +151,7 @@ void esegui(Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiConvert(CLI::App& programma) {
+void aggiungi_convert(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "convert", "Values from one unit of a function into another");
     comando
@@ -160,10 +161,10 @@ void aggiungiConvert(CLI::App& programma) {
         .obbligatoria();
     comando.opzione("--from", argomenti->da, "Unit of the values (default: the base unit)").valore("UNIT");
     comando.opzione("--to", argomenti->a, "Unit wanted (default: the base unit)").valore("UNIT");
-    aggiungiCampi(comando, argomenti->campi);
-    aggiungiAvvisi(comando, argomenti->avvisi);
-    aggiungiForma(comando, argomenti->forma, {"values", "properties"});
-    aggiungiCodice(comando, argomenti->codice);
+    aggiungi_campi(comando, argomenti->campi);
+    aggiungi_avvisi(comando, argomenti->avvisi);
+    aggiungi_forma(comando, argomenti->forma, {"values", "properties"});
+    aggiungi_codice(comando, argomenti->codice);
     comando.note(esempi(
         "Result = value * gain + offset in single precision; SHOWN has the default decimals of the function. Lines of\n"
         "standard input are answered as they come; a wrong line is reported and skipped (exit status 1).",

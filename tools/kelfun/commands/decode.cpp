@@ -45,7 +45,7 @@ struct Argomenti {
 // The formats of texts in the order of their numbers.
 const std::vector<std::string> FORMATI = {"right", "left", "compact"};
 
-eFormatoConv leggiFormato(const std::string& testo) {
+eFormatoConv leggi_formato(const std::string& testo) {
     return static_cast<eFormatoConv>(std::find(FORMATI.begin(), FORMATI.end(), testo) - FORMATI.begin());
 }
 
@@ -54,20 +54,20 @@ struct CampoBit {
     unsigned short quanti = 0;
 };
 
-CampoBit leggiBit(const std::string& testo) {
+CampoBit leggi_bit(const std::string& testo) {
     if (testo.empty())
         return {};
     const std::size_t punti = testo.find(':');
-    const auto posizione = leggiIntero(std::string_view(testo).substr(0, punti), 0, 31);
+    const auto posizione = leggi_intero(std::string_view(testo).substr(0, punti), 0, 31);
     const auto quanti =
-        punti == std::string::npos ? std::nullopt : leggiIntero(std::string_view(testo).substr(punti + 1), 1, 32);
+        punti == std::string::npos ? std::nullopt : leggi_intero(std::string_view(testo).substr(punti + 1), 1, 32);
     if (!posizione || !quanti)
         throw ErroreUso("--bits '" + testo + "' is no bit field; accepted: POSITION:COUNT, such as 8:1");
     return {static_cast<unsigned short>(*posizione), static_cast<unsigned short>(*quanti)};
 }
 
 // Those asked for, or those that the function shows in the unit.
-unsigned leggiDecimali(const Argomenti& argomenti, const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
+unsigned leggi_decimali(const Argomenti& argomenti, const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
     if (argomenti.decimali)
         return *argomenti.decimali;
     return static_cast<unsigned>(std::clamp(catalogo.getNumDecimaliDefault(fid, udm), 0, 3));
@@ -79,11 +79,11 @@ public:
     Decodifica(const IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid, const std::string& udm,
                const std::string& nome, const Argomenti& argomenti)
         : fid_(fid), udm_(udm), nome_(nome) {
-        const CampoBit bit = leggiBit(argomenti.bit);
+        const CampoBit bit = leggi_bit(argomenti.bit);
         conv_.larghezza = *argomenti.larghezza;
-        conv_.decimali = leggiDecimali(argomenti, catalogo, fid, udm);
+        conv_.decimali = leggi_decimali(argomenti, catalogo, fid, udm);
         conv_.auto_decimali = argomenti.automatici;
-        conv_.formato = leggiFormato(argomenti.formato);
+        conv_.formato = leggi_formato(argomenti.formato);
         kelConvInit(&conv_, &canale, fid, catalogo.getParamConv(fid, udm), bit.posizione, bit.quanti, 1);
     }
 
@@ -98,7 +98,7 @@ public:
         char testo[32];
         kelConvGetString(&conv_, byte, testo);
         documento.riga({Cella::intero(campione), Cella::fid(fid_), Cella::testo(nome_),
-                        ha_valore ? Cella::numero(valore) : Cella(), testoOVuota(udm_),
+                        ha_valore ? Cella::numero(valore) : Cella(), testo_o_vuota(udm_),
                         ha_valore ? Cella::intero(stato) : Cella(), Cella::citata(testo)});
     }
 
@@ -109,34 +109,34 @@ private:
     s_kel_converter conv_{};
 };
 
-void tabellaTipi(Documento& documento) {
+void tabella_tipi(Documento& documento) {
     documento.inizia(
         "sample_types", "",
         {{"code", "CODE", Lato::destra}, {"name", "TYPE"}, {"bytes", "BYTES", Lato::destra}, {"content", "CONTENT"}});
     for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE; ++tipo)
-        documento.riga({Cella::intero(tipo), Cella::testo(nomeCampione(tipo)), Cella::intero(kelFunGetSamplSize(tipo)),
-                        Cella::testo(contenutoCampione(tipo))});
+        documento.riga({Cella::intero(tipo), Cella::testo(nome_campione(tipo)), Cella::intero(kelFunGetSamplSize(tipo)),
+                        Cella::testo(contenuto_campione(tipo))});
 }
 
-unsigned leggiTipo(const Argomenti& argomenti, kel_funpos fid_canale) {
+unsigned leggi_tipo(const Argomenti& argomenti, kel_funpos fid_canale) {
     if (!argomenti.tipo.empty()) {
-        const auto tipo = leggiTipoCampione(argomenti.tipo);
+        const auto tipo = leggi_tipo_campione(argomenti.tipo);
         if (!tipo)
-            throw ErroreUso("there is no --type '" + argomenti.tipo + "'; " + forse(argomenti.tipo, nomiCampioni()) +
-                            "accepted: " + elenco(nomiCampioni()) + ", or a code from 0 to " +
+            throw ErroreUso("there is no --type '" + argomenti.tipo + "'; " + forse(argomenti.tipo, nomi_campioni()) +
+                            "accepted: " + elenco(nomi_campioni()) + ", or a code from 0 to " +
                             std::to_string(NUM_TIPI_CAMPIONE - 1) + ", see --types");
         return *tipo;
     }
-    const auto tipo = tipoPacchetto(fid_canale);
+    const auto tipo = tipo_pacchetto(fid_canale);
     if (!tipo)
-        throw ErroreUso("the sample type is missing; accepted: --type " + elenco(nomiCampioni()) + ", see --types");
+        throw ErroreUso("the sample type is missing; accepted: --type " + elenco(nomi_campioni()) + ", see --types");
     return *tipo;
 }
 
 void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_kel_canale& canale, kel_funpos fid,
                const std::string& udm, const std::string& byte, bool pacchetto) {
-    const CampoBit bit = leggiBit(argomenti.bit);
-    const eFormatoConv formato = leggiFormato(argomenti.formato);
+    const CampoBit bit = leggi_bit(argomenti.bit);
+    const eFormatoConv formato = leggi_formato(argomenti.formato);
     if (argomenti.codice == "cpp" && (bit.quanti != 0 || argomenti.automatici))
         throw ErroreUso("--bits and --auto-decimals are of the flat face alone; accepted: --code c, --code python");
     const kel_funpos fid_canale = canale.fid;
@@ -147,32 +147,32 @@ void programma(const Argomenti& argomenti, const IFunzioni& catalogo, const s_ke
         std::vector<std::string> uno;
         for (std::size_t i = 0; i < dimensione; ++i)
             uno.push_back(esadecimale(static_cast<std::uint8_t>(byte[da + i]), 2));
-        campioni.push_back({{"byte", elencoPerProgramma(uno, argomenti.codice == "python" ? 11 : 9)}});
+        campioni.push_back({{"byte", elenco_per_programma(uno, argomenti.codice == "python" ? 11 : 9)}});
     }
-    const unsigned decimali = leggiDecimali(argomenti, catalogo, fid, udm);
+    const unsigned decimali = leggi_decimali(argomenti, catalogo, fid, udm);
     static constexpr const char* COSTANTI[] = {"FORMATO_DESTRA", "FORMATO_SINISTRA", "FORMATO_COMPATTO"};
-    stampaProgramma(argomenti.codice, "decode", "Samples of " + catalogo.getNomeFunzione(fid, false),
-                    {{"fid", fidPerProgramma(fid)},
-                     {"canale", fid_canale == fid ? "fid" : esadecimale(fid_canale, 8)},
-                     {"tipo", costanteCampione(tipo)},
-                     {"tipo_numero", tipo},
-                     {"udm", testoPerProgramma(udm)},
-                     {"larghezza", *argomenti.larghezza},
-                     {"decimali", decimali},
-                     {"suoi", !argomenti.decimali},
-                     {"automatici", argomenti.automatici ? 1 : 0},
-                     {"formato", COSTANTI[formato]},
-                     {"formato_numero", static_cast<int>(formato)},
-                     {"pos_bit", bit.posizione},
-                     {"num_bit", bit.quanti},
-                     {"dimensione", dimensione},
-                     {"campioni", campioni},
-                     {"pacchetto", pacchetto}});
+    stampa_programma(argomenti.codice, "decode", "Samples of " + catalogo.getNomeFunzione(fid, false),
+                     {{"fid", fid_per_programma(fid)},
+                      {"canale", fid_canale == fid ? "fid" : esadecimale(fid_canale, 8)},
+                      {"tipo", costante_campione(tipo)},
+                      {"tipo_numero", tipo},
+                      {"udm", testo_per_programma(udm)},
+                      {"larghezza", *argomenti.larghezza},
+                      {"decimali", decimali},
+                      {"suoi", !argomenti.decimali},
+                      {"automatici", argomenti.automatici ? 1 : 0},
+                      {"formato", COSTANTI[formato]},
+                      {"formato_numero", static_cast<int>(formato)},
+                      {"pos_bit", bit.posizione},
+                      {"num_bit", bit.quanti},
+                      {"dimensione", dimensione},
+                      {"campioni", campioni},
+                      {"pacchetto", pacchetto}});
 }
 
 // The subfields of a packet, each in its base unit.
-void aggiungiSottocampi(std::vector<Decodifica>& decodifiche, IFunzioni& catalogo, const s_kel_canale& canale,
-                        const Argomenti& argomenti) {
+void aggiungi_sottocampi(std::vector<Decodifica>& decodifiche, IFunzioni& catalogo, const s_kel_canale& canale,
+                         const Argomenti& argomenti) {
     const s_sottocampo* tabella = search_sottocampi_struct(kelFidOggetto(canale.fid), kelFidPosizione(canale.fid));
     std::list<kel_funpos> interni;
     catalogo.getAllInnerFunpos(canale.fid, interni);
@@ -209,11 +209,11 @@ void inizia(Documento& documento, bool flusso) {
 
 void esegui(Argomenti& argomenti) {
     if (argomenti.tipi && !argomenti.codice.empty())
-        return stampaProgramma(argomenti.codice, "decode types", "The sizes of the sample types",
-                               {{"quanti", NUM_TIPI_CAMPIONE}});
+        return stampa_programma(argomenti.codice, "decode types", "The sizes of the sample types",
+                                {{"quanti", NUM_TIPI_CAMPIONE}});
     Documento documento(stdout, argomenti.forma.forma());
     if (argomenti.tipi) {
-        tabellaTipi(documento);
+        tabella_tipi(documento);
         documento.fine();
         return;
     }
@@ -225,24 +225,24 @@ void esegui(Argomenti& argomenti) {
         testi.erase(testi.begin());
     }
     const kel_funpos fid = risolvi(*catalogo, id, argomenti.campi);
-    const kel_funpos fid_canale = argomenti.canale.empty() ? fid : leggiFid(*catalogo, argomenti.canale);
-    const unsigned tipo = leggiTipo(argomenti, fid_canale);
+    const kel_funpos fid_canale = argomenti.canale.empty() ? fid : leggi_fid(*catalogo, argomenti.canale);
+    const unsigned tipo = leggi_tipo(argomenti, fid_canale);
     CampioniDati campioni(tipo, testi);
     const s_kel_canale canale = kel::strumento::canale(fid_canale, tipo);
 
     // The function asked for; a whole packet shows its subfields too.
-    const std::string udm = leggiUdm(*catalogo, fid, argomenti.udm);
-    const std::size_t pacchetto = tipoPacchetto(fid) ? kelFunGetSamplSize(*tipoPacchetto(fid)) : 0;
+    const std::string udm = leggi_udm(*catalogo, fid, argomenti.udm);
+    const std::size_t pacchetto = tipo_pacchetto(fid) ? kelFunGetSamplSize(*tipo_pacchetto(fid)) : 0;
     const bool intero = fid == fid_canale && pacchetto == campioni.dimensione() && pacchetto != 0 &&
                         search_sottocampi_struct(kelFidOggetto(fid), kelFidPosizione(fid)) != nullptr;
     std::vector<Decodifica> decodifiche;
     decodifiche.emplace_back(*catalogo, canale, fid, udm, catalogo->getNomeFunzione(fid, false), argomenti);
     if (intero)
-        aggiungiSottocampi(decodifiche, *catalogo, canale, argomenti);
-    const CampoBit bit = leggiBit(argomenti.bit);
-    const std::optional<std::string> avvisi[] = {avvisoUnita(*catalogo, fid, udm),
-                                                 avvisoBit(argomenti.bit, bit.posizione + bit.quanti),
-                                                 avvisoGps(mostrati(decodifiche), tipo)};
+        aggiungi_sottocampi(decodifiche, *catalogo, canale, argomenti);
+    const CampoBit bit = leggi_bit(argomenti.bit);
+    const std::optional<std::string> avvisi[] = {avviso_unita(*catalogo, fid, udm),
+                                                 avviso_bit(argomenti.bit, bit.posizione + bit.quanti),
+                                                 avviso_gps(mostrati(decodifiche), tipo)};
     for (const auto& avviso : avvisi)
         argomenti.avvisi.pretendi(avviso);
     const auto avvisa = [&] {
@@ -260,7 +260,7 @@ void esegui(Argomenti& argomenti) {
     campioni.leggi(
         [&] {
             avvisa();
-            inizia(documento, campioni.conRighe());
+            inizia(documento, campioni.con_righe());
         },
         [&](const char* byte) {
             for (Decodifica& una : decodifiche)
@@ -273,7 +273,7 @@ void esegui(Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiDecode(CLI::App& programma) {
+void aggiungi_decode(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "decode", "Sample bytes as value, status and text");
     comando
@@ -295,15 +295,15 @@ void aggiungiDecode(CLI::App& programma) {
     comando.bandiera("--auto-decimals", argomenti->automatici, "Let the text choose 1 or 0 decimals by magnitude");
     comando.opzione("--format", argomenti->formato, "right is the default").scelta(FORMATI);
     comando.opzione("--bits", argomenti->bit, "Bit field of an integer sample").valore("POS:COUNT");
-    aggiungiCampi(comando, argomenti->campi);
-    aggiungiAvvisi(comando, argomenti->avvisi);
-    aggiungiForma(comando, argomenti->forma, {"samples", "sample_types"});
-    aggiungiCodice(comando, argomenti->codice);
+    aggiungi_campi(comando, argomenti->campi);
+    aggiungi_avvisi(comando, argomenti->avvisi);
+    aggiungi_forma(comando, argomenti->forma, {"samples", "sample_types"});
+    aggiungi_codice(comando, argomenti->codice);
     comando.note(esempi(
         "Bytes stand in the order of the record, low byte first; several samples may follow each other. Lines of\n"
         "standard input are answered as they come; a wrong line is reported and skipped (exit status 1).\n"
         "Types: " +
-            suRighe(nomiCampioni()) +
+            su_righe(nomi_campioni()) +
             ".\n"
             "Status: 0 good, 1 error, 2 missing, 4 over range, 8 invalid.",
         "kelfun decode 0x10 --type float32 --unit mph 0000C842",

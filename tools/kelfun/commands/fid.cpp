@@ -29,11 +29,11 @@ void nomi(Documento& documento, IFunzioni& catalogo, kel_funpos fid) {
     documento.proprieta("identifier", "Identifier", Cella::fid(fid));
     documento.proprieta("decimal", "Decimal", Cella::intero(fid));
     documento.proprieta("long_name", "Long name", Cella::testo(catalogo.getNomeFunzione(fid, false)));
-    documento.proprieta("short_name", "Short name", Cella::testo(senzaNul(catalogo.getNomeFunzioneShort(fid))));
-    documento.proprieta("legacy_id", "Legacy identifier", testoOVuota(idVecchio(fid)));
+    documento.proprieta("short_name", "Short name", Cella::testo(senza_nul(catalogo.getNomeFunzioneShort(fid))));
+    documento.proprieta("legacy_id", "Legacy identifier", testo_o_vuota(id_vecchio(fid)));
     const kel_funpos classe = catalogo.getFidEquivalente(fid);
     documento.proprieta("class", "Class", classe == 0 ? Cella() : Cella::fid(classe));
-    documento.proprieta("base_unit", "Base unit", testoOVuota(catalogo.getUnitaBase(fid)));
+    documento.proprieta("base_unit", "Base unit", testo_o_vuota(catalogo.getUnitaBase(fid)));
     std::map<unsigned, IFunzioni::NomiDefaultCanale> canali;
     catalogo.getCanaliGPS(canali);
     catalogo.getCanaliLapTime(canali);
@@ -46,23 +46,23 @@ void nomi(Documento& documento, IFunzioni& catalogo, kel_funpos fid) {
 
 // For people only: programs have the fields.
 void disegno(Documento& documento, kel_funpos fid) {
-    const std::vector<std::string> righe = disegnoBit(fid);
+    const std::vector<std::string> righe = disegno_bit(fid);
     documento.inizia("layout", "", {{"layout", righe.front()}});
     for (std::size_t i = 1; i < righe.size(); ++i)
         documento.riga({Cella::testo(righe[i])});
 }
 
-void tabellaCampi(Documento& documento, kel_funpos fid) {
+void tabella_campi(Documento& documento, kel_funpos fid) {
     documento.inizia("fields", "",
                      {{"field", "FIELD"}, {"value", "VALUE", Lato::destra}, {"xml", "XML NAME"}, {"text", "TEXT"}});
     for (const Campo& campo : campi(fid))
         documento.riga({Cella::testo(campo.titolo), Cella::intero(campo.valore),
                         campo.riga ? Cella::testo(campo.riga->xml) : Cella(),
-                        campo.riga ? testoOVuota(campo.riga->testo) : Cella()});
+                        campo.riga ? testo_o_vuota(campo.riga->testo) : Cella()});
 }
 
 // What a configuration program offers at the function's position. Printed where there is a choice.
-void tabellaScelte(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
+void tabella_scelte(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
     std::map<unsigned, std::string> lati;
     std::map<unsigned, std::string> inout;
     int primo = -1;
@@ -81,7 +81,7 @@ void tabellaScelte(Documento& documento, const IFunzioni& catalogo, kel_funpos f
             {Cella::testo("number"), Cella::testo(std::to_string(primo) + " to " + std::to_string(ultimo)), Cella()});
 }
 
-void tabellaCamera(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
+void tabella_camera(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
     const t_SFunzioneZumikoCam* riga = catalogo.getParamZumikoCam(fid);
     if (riga == nullptr)
         return;
@@ -91,11 +91,11 @@ void tabellaCamera(Documento& documento, const IFunzioni& catalogo, kel_funpos f
                       {"scale", "SCALE", Lato::destra},
                       {"factor", "FACTOR", Lato::destra},
                       {"sample_type", "SAMPLE TYPE", Lato::destra}});
-    documento.riga({codiceCamera(riga->codice), testoOVuota(riga->udm), Cella::numero(riga->scala),
+    documento.riga({codice_camera(riga->codice), testo_o_vuota(riga->udm), Cella::numero(riga->scala),
                     Cella::numero(riga->fattore), Cella::intero(riga->tipo_campione)});
 }
 
-void tabellaSottocampi(Documento& documento, kel_funpos fid) {
+void tabella_sottocampi(Documento& documento, kel_funpos fid) {
     if (kelFidGrandezza(fid) != FID_PHI_PACKAGE)
         return;
     const s_sottocampo* riga = search_sottocampi_struct(kelFidOggetto(fid), kelFidPosizione(fid));
@@ -113,11 +113,11 @@ void tabellaSottocampi(Documento& documento, kel_funpos fid) {
                       {"name", "NAME"}});
     for (; !kelFidFineTabella(riga->fid); ++riga) {
         const std::vector<Campo> suoi = campi(riga->fid);
-        documento.riga({Cella::fid(riga->fid), testoOVuota(suoi[0].riga ? suoi[0].riga->testo : ""),
-                        testoOVuota(suoi[1].riga ? suoi[1].riga->testo : ""), Cella::intero(riga->offset),
+        documento.riga({Cella::fid(riga->fid), testo_o_vuota(suoi[0].riga ? suoi[0].riga->testo : ""),
+                        testo_o_vuota(suoi[1].riga ? suoi[1].riga->testo : ""), Cella::intero(riga->offset),
                         riga->num_bit ? Cella::intero(riga->pos_bit) : Cella(),
                         riga->num_bit ? Cella::intero(riga->num_bit) : Cella(), Cella::intero(riga->tipo_campione),
-                        testoOVuota(riga->breve), testoOVuota(riga->testo)});
+                        testo_o_vuota(riga->breve), testo_o_vuota(riga->testo)});
     }
 }
 
@@ -125,31 +125,31 @@ void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const kel_funpos fid = risolvi(*catalogo, argomenti.id, argomenti.campi);
     if (!argomenti.codice.empty())
-        return programmaFid(*catalogo, argomenti.codice, fid);
+        return programma_fid(*catalogo, argomenti.codice, fid);
     Documento documento(stdout, argomenti.forma.forma());
     nomi(documento, *catalogo, fid);
     if (argomenti.forma.forma().forma == Forma::tabella && argomenti.forma.tabella.empty())
         disegno(documento, fid);
-    tabellaCampi(documento, fid);
-    tabellaUnita(documento, *catalogo, fid);
-    tabellaScelte(documento, *catalogo, fid);
-    tabellaCamera(documento, *catalogo, fid);
-    tabellaSottocampi(documento, fid);
+    tabella_campi(documento, fid);
+    tabella_unita(documento, *catalogo, fid);
+    tabella_scelte(documento, *catalogo, fid);
+    tabella_camera(documento, *catalogo, fid);
+    tabella_sottocampi(documento, fid);
     documento.fine();
 }
 
 }  // namespace
 
-void aggiungiFid(CLI::App& programma) {
+void aggiungi_fid(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "fid", "Everything known about one identifier");
     comando
         .opzione("ID", argomenti->id,
                  "Hexadecimal (0x10), decimal (16), a legacy identifier (REF_SPEED) or a name ('Oil Pressure')")
         .valore("");
-    aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma, {"fields", "properties", "units", "choices", "camera", "subfields"});
-    aggiungiCodice(comando, argomenti->codice);
+    aggiungi_campi(comando, argomenti->campi);
+    aggiungi_forma(comando, argomenti->forma, {"fields", "properties", "units", "choices", "camera", "subfields"});
+    aggiungi_codice(comando, argomenti->codice);
     comando.note(esempi("Value in a unit = value in the base unit * gain + offset.", "kelfun fid 0x10",
                         "kelfun fid FG_GEAR_BOX_TEMP --json",
                         "kelfun fid --quantity speed --position wheel --side 'front left'"));

@@ -26,12 +26,12 @@ std::vector<std::string> parole(const std::vector<std::string>& testi) {
     std::vector<std::string> tutte;
     for (const std::string& testo : testi)
         for (const std::string& parola : dividi(testo, ' '))
-            if (!senzaBordi(parola).empty())
+            if (!senza_bordi(parola).empty())
                 tutte.push_back(parola);
     return tutte;
 }
 
-std::string traVirgolette(const std::vector<std::string>& testi) {
+std::string tra_virgolette(const std::vector<std::string>& testi) {
     std::string tutti;
     for (const std::string& testo : testi)
         tutti += (tutti.empty() ? "'" : ", '") + testo + "'";
@@ -48,7 +48,7 @@ std::string traVirgolette(const std::vector<std::string>& testi) {
                          (simili.empty() ? "searched: names, legacy identifiers, units, XML names, identifiers"
                                          : "close to it: " + elenco(simili)));
     }
-    throw NonTrovato("nothing is called all of " + traVirgolette(cercate) + "; each of them alone is");
+    throw NonTrovato("nothing is called all of " + tra_virgolette(cercate) + "; each of them alone is");
 }
 
 void riga(Documento& documento, const IFunzioni& catalogo, const Trovato& trovato) {
@@ -58,12 +58,12 @@ void riga(Documento& documento, const IFunzioni& catalogo, const Trovato& trovat
     std::vector<std::string> specie;
     std::vector<std::string> testi;
     for (const Testo* testo : trovato.testi) {
-        specie.emplace_back(nomeSpecie(testo->specie));
+        specie.emplace_back(nome_specie(testo->specie));
         testi.push_back(testo->testo);
     }
     documento.riga({Cella::fid(fid), Cella::testo(catalogo.getNomeFunzione(fid, false)),
-                    Cella::testo(senzaNul(catalogo.getNomeFunzioneShort(fid))), testoOVuota(idVecchio(fid)),
-                    Cella::lista({unita.begin(), unita.end()}), Cella::testo(nomeGrado(trovato.grado)),
+                    Cella::testo(senza_nul(catalogo.getNomeFunzioneShort(fid))), testo_o_vuota(id_vecchio(fid)),
+                    Cella::lista({unita.begin(), unita.end()}), Cella::testo(nome_grado(trovato.grado)),
                     Cella::lista(specie), Cella::lista(testi)});
 }
 
@@ -72,7 +72,7 @@ void esegui(const Argomenti& argomenti) {
     if (cercate.empty())
         throw ErroreUso("there is nothing to search for; accepted: words of a name, unit or identifier, such as oil");
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const std::vector<Noto> noti = identificatoriNoti(*catalogo);
+    const std::vector<Noto> noti = identificatori_noti(*catalogo);
     const std::vector<Trovato> trovati = cerca(noti, cercate);
     if (trovati.empty())
         nessuno(noti, cercate);
@@ -93,7 +93,7 @@ void esegui(const Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiFind(CLI::App& programma) {
+void aggiungi_find(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "find", "Identifiers by any word of their names, units or fields");
     comando
@@ -101,7 +101,7 @@ void aggiungiFind(CLI::App& programma) {
                  "Words that must all be found: in names, legacy identifiers, units, XML names or digits")
         .valore("")
         .obbligatoria();
-    aggiungiForma(comando, argomenti->forma, {"found"});
+    aggiungi_forma(comando, argomenti->forma, {"found"});
     comando.note(esempi(
         "Capitals do not matter, nor do blanks, underscores and hyphens between words. The best matches come first:\n"
         "exact, prefix, word, part. Equal ones are in the order names, short names, legacy identifiers, units,\n"

@@ -26,12 +26,12 @@ struct Argomenti {
     std::string codice;
 };
 
-std::vector<unsigned> leggiFiltri(IFunzioni& catalogo, const Argomenti& argomenti) {
+std::vector<unsigned> leggi_filtri(IFunzioni& catalogo, const Argomenti& argomenti) {
     std::vector<unsigned> filtri;
     for (const std::string& testo : argomenti.filtri) {
         // A quantity's name comes before a legacy identifier: none is both but for its capitals ("GEAR", the gear).
-        const s_campo_fid* grandezza = cercaNome(grandezze(), testo);
-        filtri.push_back(grandezza ? static_cast<unsigned>(grandezza->valore) : leggiFid(catalogo, testo));
+        const s_campo_fid* grandezza = cerca_nome(grandezze(), testo);
+        filtri.push_back(grandezza ? static_cast<unsigned>(grandezza->valore) : leggi_fid(catalogo, testo));
     }
     if (argomenti.campi.dati())
         filtri.push_back(componi(argomenti.campi));
@@ -55,7 +55,7 @@ void riga(Documento& documento, IFunzioni& catalogo, const std::string& grandezz
     std::list<std::string> unita;
     catalogo.getFunzUIVs(funzione.funpos, unita);
     documento.riga({Cella::testo(grandezza), Cella::fid(funzione.funpos), Cella::testo(funzione.nome),
-                    Cella::testo(senzaNul(catalogo.getNomeFunzioneShort(funzione.funpos))),
+                    Cella::testo(senza_nul(catalogo.getNomeFunzioneShort(funzione.funpos))),
                     Cella::lista({unita.begin(), unita.end()}), Cella::lista(testi(lati)), Cella::lista(testi(inout)),
                     primo < 0 ? Cella() : Cella::testo(std::to_string(primo) + " to " + std::to_string(ultimo))});
 }
@@ -65,13 +65,13 @@ void programma(const std::string& linguaggio, const std::vector<unsigned>& filtr
     identificatori.reserve(filtri.size());
     for (const unsigned filtro : filtri)
         identificatori.push_back(esadecimale(filtro, 4));
-    stampaProgramma(linguaggio, "functions", "Functions that a configuration program would offer",
-                    {{"filtrate", !filtri.empty()}, {"filtri", elencoPerProgramma(identificatori, 8)}});
+    stampa_programma(linguaggio, "functions", "Functions that a configuration program would offer",
+                     {{"filtrate", !filtri.empty()}, {"filtri", elenco_per_programma(identificatori, 8)}});
 }
 
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    std::vector<unsigned> filtri = leggiFiltri(*catalogo, argomenti);
+    std::vector<unsigned> filtri = leggi_filtri(*catalogo, argomenti);
     std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> funzioni;
     catalogo->getFunzioni(funzioni, filtri);
     if (funzioni.empty())
@@ -96,15 +96,15 @@ void esegui(const Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiFunctions(CLI::App& programma) {
+void aggiungi_functions(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "functions", "Functions that a configuration program would offer");
     comando.opzione(
         "FILTER", argomenti->filtri,
         "Quantity (temperature) or identifier (0x0B8E); several: the functions of each; none: all functions");
-    aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma, {"functions"});
-    aggiungiCodice(comando, argomenti->codice);
+    aggiungi_campi(comando, argomenti->campi);
+    aggiungi_forma(comando, argomenti->forma, {"functions"});
+    aggiungi_codice(comando, argomenti->codice);
     comando.note(esempi("Of a filter only quantity and object count; an object of 0 stands for all.",
                         "kelfun functions", "kelfun functions temperature speed",
                         "kelfun functions --quantity pressure --object oil --json"));

@@ -44,7 +44,7 @@ struct Tempo {
     std::optional<std::string> avviso;
 };
 
-Tempo leggiRiga(const std::string& riga) {
+Tempo leggi_riga(const std::string& riga) {
     int numero = 0;
     int tempo = 0;
     try {
@@ -53,28 +53,28 @@ Tempo leggiRiga(const std::string& riga) {
         throw ErroreUso("'" + riga +
                         "' is no line of a lap list; accepted: 6 characters or more, such as '  7 - 1:23.456'");
     }
-    return {Tempo::Genere::riga, riga, numero, tempo, avvisoRiga(riga, numero, tempo)};
+    return {Tempo::Genere::riga, riga, numero, tempo, avviso_riga(riga, numero, tempo)};
 }
 
-Tempo leggiTesto(const std::string& testo) {
+Tempo leggi_testo(const std::string& testo) {
     const int tempo = CLaptimeAndStrings::StringaToLapTime(testo);
-    return {Tempo::Genere::letto, testo, 0, tempo, avvisoLettura(testo, tempo)};
+    return {Tempo::Genere::letto, testo, 0, tempo, avviso_lettura(testo, tempo)};
 }
 
 Tempo leggi(const Argomenti& argomenti, const std::string& testo) {
     if (argomenti.righe)
-        return leggiRiga(testo);
+        return leggi_riga(testo);
     if (argomenti.testo)
-        return leggiTesto(testo);
-    if (const auto letto = leggiIntero(testo, MINIMO, MASSIMO)) {
+        return leggi_testo(testo);
+    if (const auto letto = leggi_intero(testo, MINIMO, MASSIMO)) {
         const auto millisecondi = static_cast<int>(*letto);
-        return {Tempo::Genere::scritto, testo, 0, millisecondi, avvisoScrittura(millisecondi)};
+        return {Tempo::Genere::scritto, testo, 0, millisecondi, avviso_scrittura(millisecondi)};
     }
     if (testo.find_first_of(":.") == std::string::npos)
-        throw ErroreUso("'" + testo + "' is no lap time; " + propostaTempo(testo) +
+        throw ErroreUso("'" + testo + "' is no lap time; " + proposta_tempo(testo) +
                         "accepted: milliseconds (83456) of 32 bits, or a text (1:23.456); --text "
                         "reads anything");
-    return leggiTesto(testo);
+    return leggi_testo(testo);
 }
 
 // With a number the text is a line of a lap list, and the next one has the number after it.
@@ -98,25 +98,25 @@ std::vector<Cella> riga(const Tempo& tempo, std::optional<int>& numero) {
 }
 
 // The smallest number is no literal: minus is an operation on one too large.
-std::string interoPerProgramma(int valore) {
+std::string intero_per_programma(int valore) {
     return valore == MINIMO ? "-2147483647 - 1" : std::to_string(valore);
 }
 
 // Only C++ has lap times as texts.
-nlohmann::ordered_json vocePerProgramma(const Tempo& tempo, std::optional<int>& numero) {
+nlohmann::ordered_json voce_per_programma(const Tempo& tempo, std::optional<int>& numero) {
     if (tempo.genere != Tempo::Genere::scritto)
         return {{tempo.genere == Tempo::Genere::riga ? "riga" : "letto", true},
-                {"testo", testoPerProgramma(tempo.testo)}};
-    const std::string ms = interoPerProgramma(tempo.millisecondi);
+                {"testo", testo_per_programma(tempo.testo)}};
+    const std::string ms = intero_per_programma(tempo.millisecondi);
     if (!numero)
         return {{"scritto", true}, {"ms", ms}};
-    return {{"elencato", true}, {"ms", ms}, {"numero", interoPerProgramma(prossimo(numero))}};
+    return {{"elencato", true}, {"ms", ms}, {"numero", intero_per_programma(prossimo(numero))}};
 }
 
-std::optional<int> leggiNumero(const Argomenti& argomenti) {
+std::optional<int> leggi_numero(const Argomenti& argomenti) {
     std::optional<int> numero;
     if (!argomenti.numero.empty()) {
-        const auto letto = leggiIntero(argomenti.numero, MINIMO, MASSIMO);
+        const auto letto = leggi_intero(argomenti.numero, MINIMO, MASSIMO);
         if (!letto)
             throw ErroreUso("--number '" + argomenti.numero +
                             "' is no lap number; accepted: a whole number of 32 bits");
@@ -128,7 +128,7 @@ std::optional<int> leggiNumero(const Argomenti& argomenti) {
 }
 
 void esegui(Argomenti& argomenti) {
-    std::optional<int> numero = leggiNumero(argomenti);
+    std::optional<int> numero = leggi_numero(argomenti);
     Elementi elementi("lap", argomenti.tempi);
     Documento documento(stdout, argomenti.forma.forma());
     nlohmann::ordered_json voci = nlohmann::ordered_json::array();
@@ -146,11 +146,11 @@ void esegui(Argomenti& argomenti) {
                                  {{"text", "TEXT", Lato::sinistra, LARGHEZZA_TESTO},
                                   {"lap", "LAP", Lato::destra},
                                   {"milliseconds", "MILLISECONDS", Lato::destra}},
-                                 elementi.conRighe());
+                                 elementi.con_righe());
         },
         [&](const Tempo& tempo) {
             if (con_codice) {
-                voci.push_back(vocePerProgramma(tempo, numero));
+                voci.push_back(voce_per_programma(tempo, numero));
                 sospesi.push_back(tempo.avviso);
                 return;
             }
@@ -160,8 +160,8 @@ void esegui(Argomenti& argomenti) {
     if (!risposto || (con_codice && voci.empty()))
         throw ErroreUso("there is no lap time; accepted: TIME..., or - and a time on each line of standard input");
     if (con_codice)
-        stampaProgramma(argomenti.codice, "lap", "Lap times to text and back",
-                        {{"voci", voci}, {"con_righe", argomenti.righe}});
+        stampa_programma(argomenti.codice, "lap", "Lap times to text and back",
+                         {{"voci", voci}, {"con_righe", argomenti.righe}});
     else
         documento.fine();
     for (const auto& avviso : sospesi)
@@ -171,7 +171,7 @@ void esegui(Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiLap(CLI::App& programma) {
+void aggiungi_lap(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "lap", "Lap times to text and back");
     comando
@@ -181,9 +181,9 @@ void aggiungiLap(CLI::App& programma) {
     comando.opzione("--number", argomenti->numero, "Write lines of a lap list, numbered from N on").valore("N");
     comando.bandiera("--lines", argomenti->righe, "Read lines of a lap list: '  7 - 1:23.456'");
     comando.bandiera("--text", argomenti->testo, "Read everything as a text, even if it looks like milliseconds");
-    aggiungiAvvisi(comando, argomenti->avvisi);
-    aggiungiForma(comando, argomenti->forma, {"laps"});
-    aggiungiCodice(comando, argomenti->codice);
+    aggiungi_avvisi(comando, argomenti->avvisi);
+    aggiungi_forma(comando, argomenti->forma, {"laps"});
+    aggiungi_codice(comando, argomenti->codice);
     comando.note(esempi(
         "A text with a point is read as minutes, seconds and a number of thousandths: 1:23.4 is 83004 ms. A text\n"
         "without a point is read as hours, minutes and seconds. If you probably meant another time, a line on "

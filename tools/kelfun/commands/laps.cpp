@@ -44,21 +44,21 @@ struct Scelte : ScelteGiri {
     std::vector<Intermedio> intermedi;
 };
 
-Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
+Scelte leggi_scelte(const Argomenti& argomenti, IFunzioni& catalogo) {
     Scelte scelte;
     if (argomenti.fonte == "packets")
         scelte.fonte = FonteGiri::registratore;
     else if (argomenti.fonte == "gps")
         scelte.fonte = FonteGiri::gps;
     if (!argomenti.linea.empty()) {
-        scelte.linea = leggiLinea(argomenti.linea);
+        scelte.linea = leggi_linea(argomenti.linea);
         if (!scelte.linea)
             throw ErroreUso("--line '" + argomenti.linea +
                             "' is no line; accepted: LAT,LON,HEADING in degrees, and a width in metres behind them");
     }
     for (const std::string& uno : argomenti.intermedi) {
-        const auto metri = leggiFloat(uno);
-        if (const auto linea = leggiLinea(uno))
+        const auto metri = leggi_float(uno);
+        if (const auto linea = leggi_linea(uno))
             scelte.intermedi.emplace_back(*linea);
         else if (metri && *metri > 0)
             scelte.intermedi.emplace_back(Metri{static_cast<double>(*metri), uno});
@@ -66,24 +66,24 @@ Scelte leggiScelte(const Argomenti& argomenti, IFunzioni& catalogo) {
             throw ErroreUso("--split '" + uno +
                             "' is no split; accepted: LAT,LON,HEADING in degrees, or metres behind the finish line");
     }
-    const auto minimo = leggiFloat(argomenti.minimo);
+    const auto minimo = leggi_float(argomenti.minimo);
     if (!minimo || *minimo < 1 || *minimo > 3600)
         throw ErroreUso("--min-lap '" + argomenti.minimo + "' is no time; accepted: seconds, 1 to 3600");
     scelte.minimo = static_cast<double>(*minimo);
-    scelte.udm = leggiUdm(catalogo, GPS_VELOCITA, argomenti.udm);
-    scelte.fattore = daMetriAlSecondo(catalogo, scelte.udm);
+    scelte.udm = leggi_udm(catalogo, GPS_VELOCITA, argomenti.udm);
+    scelte.fattore = da_metri_al_secondo(catalogo, scelte.udm);
     return scelte;
 }
 
-std::int64_t numeroGiro(const std::string& testo) {
-    const auto numero = leggiIntero(testo, 0, std::numeric_limits<int>::max());
+std::int64_t numero_giro(const std::string& testo) {
+    const auto numero = leggi_intero(testo, 0, std::numeric_limits<int>::max());
     if (!numero)
         throw ErroreUso("--lap '" + testo + "' is no lap; accepted: its number");
     return *numero;
 }
 
-const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
-    const auto numero = numeroGiro(testo);
+const Giro* giro_numero(const Lettura& lettura, const std::string& testo) {
+    const auto numero = numero_giro(testo);
     std::string chiusi;
     for (const Giro& giro : lettura.giri) {
         if (giro.chiuso() && giro.numero == numero)
@@ -96,11 +96,11 @@ const Giro* giroNumero(const Lettura& lettura, const std::string& testo) {
 
 // The laps asked for. Without any: the best lap and the last one that counts, or the second best if the best is the
 // last.
-std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
+std::vector<const Giro*> da_disegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
     std::vector<const Giro*> scelti;
     scelti.reserve(chiesti.size());
     for (const std::string& uno : chiesti)
-        scelti.push_back(giroNumero(lettura, uno));
+        scelti.push_back(giro_numero(lettura, uno));
     if (!scelti.empty())
         return scelti;
     const Giro* primo = migliore(lettura.giri);
@@ -123,7 +123,7 @@ std::vector<const Giro*> daDisegnare(const Lettura& lettura, const std::vector<s
 
 void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Lettura& lettura,
              const Scelte& scelte) {
-    const std::vector<const Giro*> scelti = daDisegnare(lettura, argomenti.giri);
+    const std::vector<const Giro*> scelti = da_disegnare(lettura, argomenti.giri);
     if (lettura.guida.fix().empty())
         throw NonTrovato(
             "laps are drawn over their distance, and the records have no times to tell it by; --rate HZ "
@@ -135,8 +135,8 @@ void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti
         riferimento->metri.value_or(0) <= 0)
         throw NonTrovato("laps are drawn over their distance, and there is no speed in the recording to tell it");
     Grafico grafico =
-        graficoGiri(lettura.guida, scelti, *riferimento, scelte.udm, scelte.fattore, argomenti.grafico.file != "-");
-    grafico.titolo = titoloGrafico(argomenti.file.back());
+        grafico_giri(lettura.guida, scelti, *riferimento, scelte.udm, scelte.fattore, argomenti.grafico.file != "-");
+    grafico.titolo = titolo_grafico(argomenti.file.back());
     destinazione.disegna(grafico, {}, !argomenti.giri.empty());
 }
 
@@ -147,28 +147,28 @@ void esegui(const Argomenti& argomenti) {
     if (!argomenti.giri.empty() && !argomenti.grafico.file)
         throw ErroreUso("--lap is for a plot, a table has all laps; accepted: --plot FILE with it");
     for (const std::string& uno : argomenti.giri)
-        numeroGiro(uno);
-    verificaSenzaGrafico(argomenti.grafico);
+        numero_giro(uno);
+    verifica_senza_grafico(argomenti.grafico);
     std::optional<DestinazioneGrafico> destinazione;
     if (argomenti.grafico.file)
         destinazione.emplace(argomenti.grafico);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const Scelte scelte = leggiScelte(argomenti, *catalogo);
+    const Scelte scelte = leggi_scelte(argomenti, *catalogo);
     const bool cattura = argomenti.file.size() == 1;
     if (cattura && argomenti.fonte == "packets")
         throw ErroreUso("--source packets takes a recording; accepted: CHANNELS and SAMPLES");
     if (!cattura && argomenti.file[0] == "-" && argomenti.file[1] == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     Lettura lettura = cattura
-                          ? leggiCattura(argomenti.file[0], scelte)
-                          : leggiRegistrazione(argomenti.file[0], argomenti.file[1],
-                                               argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata,
-                                               argomenti.tempo, *catalogo, scelte);
-    diSessioni(lettura.guida, dillo);
+                          ? leggi_cattura(argomenti.file[0], scelte)
+                          : leggi_registrazione(argomenti.file[0], argomenti.file[1],
+                                                argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata,
+                                                argomenti.tempo, *catalogo, scelte);
+    di_sessioni(lettura.guida, dillo);
     misura(lettura.giri, lettura.guida);
     if (destinazione)
         return disegna(*destinazione, argomenti, lettura, scelte);
-    const std::vector<Linea> intermedi = lineeIntermedie(lettura, scelte.intermedi, PAROLE, dillo);
+    const std::vector<Linea> intermedi = linee_intermedie(lettura, scelte.intermedi, PAROLE, dillo);
     dividi(lettura.giri, lettura.guida, intermedi);
 
     const Aspetto forma = argomenti.forma.forma();
@@ -183,7 +183,7 @@ void esegui(const Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiLaps(CLI::App& programma) {
+void aggiungi_laps(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "laps", "Laps of a recording or a GPS capture");
     comando
@@ -208,10 +208,10 @@ void aggiungiLaps(CLI::App& programma) {
         .ripetibile();
     comando.opzione("--min-lap", argomenti->minimo, "Shortest lap by GPS in seconds (default 10)").valore("SECONDS");
     comando.opzione("--unit", argomenti->udm, "Unit of the speeds: km/h (default) or mph").valore("UNIT");
-    aggiungiTempo(comando, argomenti->tempo);
-    aggiungiCompatta(comando, argomenti->compatta);
-    aggiungiForma(comando, argomenti->forma, {"laps"});
-    aggiungiGrafico(comando, argomenti->grafico);
+    aggiungi_tempo(comando, argomenti->tempo);
+    aggiungi_compatta(comando, argomenti->compatta);
+    aggiungi_forma(comando, argomenti->forma, {"laps"});
+    aggiungi_grafico(comando, argomenti->grafico);
     comando
         .opzione("--lap", argomenti->giri,
                  "Draw this lap; may be repeated. Without it: the best lap, and the last or the next best")

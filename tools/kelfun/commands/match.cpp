@@ -31,10 +31,10 @@ struct Argomenti {
 };
 
 // Identifiers of a file, one a line; a # begins a comment.
-std::vector<std::string> leggiFile(const std::string& nome) {
+std::vector<std::string> leggi_file(const std::string& nome) {
     std::vector<std::string> testi;
-    for (std::string& riga : leggiRighe(nome)) {
-        riga = senzaBordi(riga.substr(0, riga.find('#')));
+    for (std::string& riga : leggi_righe(nome)) {
+        riga = senza_bordi(riga.substr(0, riga.find('#')));
         if (!riga.empty())
             testi.push_back(riga);
     }
@@ -51,7 +51,7 @@ public:
 
     void prima() { riga("match", kelFunGetMatchCh(&set_, richiesta_)); }
     // The warning when a channel with another instance number is found.
-    std::optional<std::string> avvisoNumero() {
+    std::optional<std::string> avviso_numero() {
         const s_kel_canale* canale = kelFunGetMatchChFull(&set_, richiesta_);
         if (canale == nullptr || !kelFidNumerato(richiesta_) || !kelFidNumerato(canale->fid) ||
             kelFidNumero(canale->fid) == kelFidNumero(richiesta_))
@@ -101,13 +101,13 @@ void programma(const Argomenti& argomenti, const IFunzioni& catalogo, kel_funpos
     const auto vuole = [&](const char* variante) {
         return argomenti.variante.empty() || argomenti.variante == variante;
     };
-    stampaProgramma(argomenti.codice, "match", "Channels that carry " + catalogo.getNomeFunzione(richiesta, false),
-                    {{"fid", fidPerProgramma(richiesta)},
-                     {"canali", elenco},
-                     {"match", vuole("match")},
-                     {"full", vuole("full")},
-                     {"list", vuole("list")},
-                     {"con_set", vuole("full") || vuole("list")}});
+    stampa_programma(argomenti.codice, "match", "Channels that carry " + catalogo.getNomeFunzione(richiesta, false),
+                     {{"fid", fid_per_programma(richiesta)},
+                      {"canali", elenco},
+                      {"match", vuole("match")},
+                      {"full", vuole("full")},
+                      {"list", vuole("list")},
+                      {"con_set", vuole("full") || vuole("list")}});
 }
 
 void esegui(Argomenti& argomenti) {
@@ -121,14 +121,14 @@ void esegui(Argomenti& argomenti) {
     }
     const kel_funpos richiesta = risolvi(*catalogo, id, argomenti.campi);
     if (!argomenti.file.empty())
-        for (const std::string& testo : leggiFile(argomenti.file))
+        for (const std::string& testo : leggi_file(argomenti.file))
             testi.push_back(testo);
     if (testi.empty())
         throw ErroreUso("there are no channels to search; accepted: REQUEST CHANNEL..., or --channels FILE");
     std::vector<s_kel_canale> canali;
     for (const std::string& testo : testi) {
-        const kel_funpos fid = leggiFid(*catalogo, testo);
-        canali.push_back(canale(fid, tipoPacchetto(fid).value_or(0)));
+        const kel_funpos fid = leggi_fid(*catalogo, testo);
+        canali.push_back(canale(fid, tipo_pacchetto(fid).value_or(0)));
     }
 
     if (!argomenti.codice.empty())
@@ -136,7 +136,7 @@ void esegui(Argomenti& argomenti) {
     Documento documento(stdout, argomenti.forma.forma());
     Ricerca ricerca(*catalogo, canali, richiesta, documento);
     if (variante.empty() || variante == "full")
-        argomenti.avvisi.subito(ricerca.avvisoNumero());
+        argomenti.avvisi.subito(ricerca.avviso_numero());
     documento.proprieta("request", "Request", Cella::fid(richiesta));
     documento.proprieta("name", "Name", Cella::testo(catalogo->getNomeFunzione(richiesta, false)));
     documento.proprieta("channels", "Channels", Cella::intero(static_cast<std::int64_t>(canali.size())));
@@ -159,7 +159,7 @@ void esegui(Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiMatch(CLI::App& programma) {
+void aggiungi_match(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "match", "Channels that carry a function");
     comando
@@ -170,10 +170,10 @@ void aggiungiMatch(CLI::App& programma) {
         .opzione("--channels", argomenti->file, "More channels: identifiers of a file, one a line; - is standard input")
         .valore("FILE");
     comando.opzione("--variant", argomenti->variante, "Only one of the three").scelta({"match", "full", "list"});
-    aggiungiCampi(comando, argomenti->campi);
-    aggiungiAvvisi(comando, argomenti->avvisi);
-    aggiungiForma(comando, argomenti->forma, {"matches", "properties"});
-    aggiungiCodice(comando, argomenti->codice);
+    aggiungi_campi(comando, argomenti->campi);
+    aggiungi_avvisi(comando, argomenti->avvisi);
+    aggiungi_forma(comando, argomenti->forma, {"matches", "properties"});
+    aggiungi_codice(comando, argomenti->codice);
     comando.note(
         esempi("Fields of the request that are 0 match anything. match: first channel by quantity, object and "
                "position; full:\n"

@@ -65,8 +65,8 @@ std::string riassunto(const LettoreRecord& lettore, std::size_t passo) {
 // The columns of a plot: those asked for, or those that matter. Characters show one curve in a panel best.
 PannelliRecord pannelli(const Argomenti& argomenti, const std::vector<ColonnaRecord>& colonne) {
     const bool nel_terminale = argomenti.grafico.file == "-";
-    return argomenti.tutto || !argomenti.colonne.solo.empty() ? unPannelloPerColonna(colonne)
-                                                              : pannelliPrincipali(colonne, !nel_terminale);
+    return argomenti.tutto || !argomenti.colonne.solo.empty() ? un_pannello_per_colonna(colonne)
+                                                              : pannelli_principali(colonne, !nel_terminale);
 }
 
 void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const TempoRecord& tempo,
@@ -75,7 +75,7 @@ void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti
         grafico.aggiungi(tempo.noto() ? tempo.secondi(lettore) : static_cast<double>(lettore.record() - 1),
                          lettore.campioni());
     std::vector<Nota> note = grafico.chiudi();
-    grafico.grafico().titolo = titoloGrafico(argomenti.campioni);
+    grafico.grafico().titolo = titolo_grafico(argomenti.campioni);
     note.push_back({riassunto(), {}, ""});
     if (lettore.record() != 0)
         destinazione.disegna(grafico.grafico(), note, argomenti.tutto || !argomenti.colonne.solo.empty());
@@ -88,39 +88,39 @@ void esegui(Argomenti& argomenti) {
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
     TempoRecord tempo(argomenti.tempo);
     std::optional<DestinazioneGrafico> destinazione;
-    trattoScelto(argomenti.grafico, true);  // refuses what is no time before anything is read
+    tratto_scelto(argomenti.grafico, true);  // refuses what is no time before anything is read
     if (argomenti.tutto && !argomenti.grafico.file)
         throw ErroreUso("--all is for a plot, a table has all columns; accepted: --plot FILE with it");
     if (argomenti.grafico.file)
         destinazione.emplace(argomenti.grafico);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     const std::vector<s_kel_canale> canali =
-        leggiFileCanali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
-    std::vector<ColonnaRecord> colonne = colonneRecord(*catalogo, canali, argomenti.colonne);
+        leggi_file_canali(argomenti.canali, argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata);
+    std::vector<ColonnaRecord> colonne = colonne_record(*catalogo, canali, argomenti.colonne);
     for (const ColonnaRecord& colonna : colonne)
-        argomenti.avvisi.subito(avvisoUnita(*catalogo, colonna.fid, colonna.udm));
-    FileCampioni campioni(argomenti.campioni, dimensioneRecord(canali), tempo);
-    const Tratto tratto = trattoScelto(argomenti.grafico, tempo.noto());
+        argomenti.avvisi.subito(avviso_unita(*catalogo, colonna.fid, colonna.udm));
+    FileCampioni campioni(argomenti.campioni, dimensione_record(canali), tempo);
+    const Tratto tratto = tratto_scelto(argomenti.grafico, tempo.noto());
     campioni.annuncia("record");
-    campioni.ingresso().mostraAvanzamento(!destinazione);
+    campioni.ingresso().mostra_avanzamento(!destinazione);
     LettoreRecord& lettore = campioni.lettore();
     const auto letto = [&] { return riassunto(lettore, campioni.passo()); };
     if (destinazione) {
         SceltaColonne ogni;
         ogni.dispositivo = argomenti.colonne.dispositivo;
-        const std::vector<ColonnaRecord> tutte = colonneRecord(*catalogo, canali, ogni);
+        const std::vector<ColonnaRecord> tutte = colonne_record(*catalogo, canali, ogni);
         GraficoRecord grafico(*catalogo, canali, tutte, colonne, pannelli(argomenti, colonne), tratto);
         disegna(*destinazione, argomenti, tempo, grafico, lettore, letto);
     } else {
         tabella(argomenti, tempo, colonne, lettore);
         std::fputs((letto() + "\n").c_str(), stderr);
     }
-    campioni.verificaFine();
+    campioni.verifica_fine();
 }
 
 }  // namespace
 
-void aggiungiRecord(CLI::App& programma) {
+void aggiungi_record(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "record", "Samples of a recording, a column for each channel");
     comando.opzione("CHANNELS", argomenti->canali, "Channel records of 112 bytes, or - for standard input")
@@ -129,7 +129,7 @@ void aggiungiRecord(CLI::App& programma) {
     comando.opzione("SAMPLES", argomenti->campioni, "Records of samples, or - for standard input")
         .valore("")
         .obbligatoria();
-    aggiungiTempo(comando, argomenti->tempo);
+    aggiungi_tempo(comando, argomenti->tempo);
     comando
         .opzione("--unit", argomenti->colonne.unita,
                  "Unit of all channels that have it, or of the named channel; may be repeated")
@@ -144,13 +144,13 @@ void aggiungiRecord(CLI::App& programma) {
         comando.bandiera("--text", argomenti->colonne.testi, "Show the library's texts in place of values");
     comando.bandiera("--device", argomenti->colonne.dispositivo,
                      "Show GPS packets as the device shows them: the library's values, not WGS 84");
-    aggiungiCompatta(comando, argomenti->compatta);
-    aggiungiAvvisi(comando, argomenti->avvisi);
-    aggiungiForma(comando, argomenti->forma, {"records"});
-    aggiungiGrafico(comando, argomenti->grafico).esclude(testi);
+    aggiungi_compatta(comando, argomenti->compatta);
+    aggiungi_avvisi(comando, argomenti->avvisi);
+    aggiungi_forma(comando, argomenti->forma, {"records"});
+    aggiungi_grafico(comando, argomenti->grafico).esclude(testi);
     comando.bandiera("--all", argomenti->tutto,
                      "Draw all channels, each in its panel, not only those that matter most");
-    aggiungiTratto(comando, argomenti->grafico);
+    aggiungi_tratto(comando, argomenti->grafico);
     comando.note(esempi(
         "The columns of a GPS packet are in WGS 84, and empty without a fix.\n"
         "A record of samples holds one sample of every channel, little-endian. Where it lies, and how many bytes the\n"

@@ -49,16 +49,16 @@ public:
 class VistaWgs84 : public Vista {
 public:
     VistaWgs84(const IFunzioni& catalogo, const std::string& udm, unsigned decimali)
-        : udm_(udm), fattore_(daMetriAlSecondo(catalogo, udm)), decimali_(static_cast<int>(decimali)) {}
+        : udm_(udm), fattore_(da_metri_al_secondo(catalogo, udm)), decimali_(static_cast<int>(decimali)) {}
 
     std::vector<Colonna> colonne() const override {
         std::vector<Colonna> tutte = {{"time_of_week_ms", "TIME OF WEEK ms", Lato::destra, 15}};
         for (const CampoGps campo : CAMPI_GPS) {
             const AspettoGps& suo = aspetto(campo);
             const std::string udm = campo == CampoGps::velocita ? udm_ : suo.udm;
-            tutte.push_back({chiaveConUdm(suo.nome, udm),
-                             std::string(testataGps(campo)) + (udm.empty() ? "" : " " + udm), Lato::destra,
-                             larghezzaGps(campo)});
+            tutte.push_back({chiave_con_udm(suo.nome, udm),
+                             std::string(testata_gps(campo)) + (udm.empty() ? "" : " " + udm), Lato::destra,
+                             larghezza_gps(campo)});
         }
         return tutte;
     }
@@ -66,7 +66,7 @@ public:
     std::vector<Cella> celle(const LettoreSoluzioni& lettore) const override {
         std::vector<Cella> tutte = {Cella::intero(lettore.soluzione().settimana_ms)};
         for (const CampoGps campo : CAMPI_GPS)
-            tutte.push_back(cellaGps(lettore.soluzione(), campo, fattore_, decimali_));
+            tutte.push_back(cella_gps(lettore.soluzione(), campo, fattore_, decimali_));
         return tutte;
     }
 
@@ -100,14 +100,14 @@ public:
                 {"satellites", "SATS", Lato::destra, 4},
                 {"longitude_deg", "LONGITUDE deg", Lato::destra, 11},
                 {"latitude_library_rule_deg", "LATITUDE+-0.19 deg", Lato::destra, 14},
-                {chiaveConUdm("speed", udm_), "SPEED " + udm_, Lato::destra, 10},
+                {chiave_con_udm("speed", udm_), "SPEED " + udm_, Lato::destra, 10},
                 {"position_accuracy_low_byte_cm", "POS.ACC LOW BYTE cm", Lato::destra, 19},
                 {"speed_accuracy_low_byte_cm_s", "SPD.ACC LOW BYTE cm/s", Lato::destra, 21}};
     }
 
     std::vector<Cella> celle(const LettoreSoluzioni& lettore) const override {
         constexpr int DECIMALI_GRADI = 6;  // a float near 100 degrees is worth 0.000008
-        const SoluzioneDispositivo s = canale_.leggi(lettore.navSol());
+        const SoluzioneDispositivo s = canale_.leggi(lettore.nav_sol());
         return {Cella::intero(s.settimana_ms),
                 Cella::intero(s.fix),
                 Cella::intero(s.satelliti),
@@ -119,7 +119,7 @@ public:
     }
 
     PuntoGps punto(const LettoreSoluzioni& lettore) const override {
-        const SoluzioneDispositivo s = canale_.leggi(lettore.navSol());
+        const SoluzioneDispositivo s = canale_.leggi(lettore.nav_sol());
         if (s.fix < GPS_FIX_MINIMO || s.satelliti < GPS_SATELLITI_MINIMI)
             return {s.settimana_ms, s.satelliti, {}, {}, {}};
         return {s.settimana_ms, s.satelliti, s.latitudine, s.longitudine, s.velocita};
@@ -144,8 +144,8 @@ std::string riassunto(const LettoreSoluzioni& lettore) {
     return testo;
 }
 
-[[noreturn]] void senzaSoluzioni(const LettoreSoluzioni& lettore) {
-    const std::string messaggi = elencoMessaggi(lettore.conteggi());
+[[noreturn]] void senza_soluzioni(const LettoreSoluzioni& lettore) {
+    const std::string messaggi = elenco_messaggi(lettore.conteggi());
     throw NonTrovato("there is no NAV-SOL (01 06) and no NAV-PVT (01 07) message in it; " +
                      (messaggi.empty() ? "it holds no UBX message at all"
                                        : "the messages that it holds, by class and id: " + messaggi));
@@ -153,27 +153,27 @@ std::string riassunto(const LettoreSoluzioni& lettore) {
 
 void esegui(const Argomenti& argomenti) {
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const std::string udm = leggiUdm(*catalogo, CanaleNavSol::fidVelocita(), argomenti.udm);
+    const std::string udm = leggi_udm(*catalogo, CanaleNavSol::fid_velocita(), argomenti.udm);
     std::unique_ptr<Vista> vista;
     if (argomenti.dispositivo)
         vista = std::make_unique<VistaDispositivo>(*catalogo, udm, *argomenti.decimali);
     else
         vista = std::make_unique<VistaWgs84>(*catalogo, udm, *argomenti.decimali);
     std::optional<DestinazioneGrafico> destinazione;
-    const Tratto tratto = trattoScelto(argomenti.grafico, true);
+    const Tratto tratto = tratto_scelto(argomenti.grafico, true);
     if (argomenti.grafico.file)
         destinazione.emplace(argomenti.grafico);
     Ingresso ingresso(argomenti.file);
-    ingresso.mostraAvanzamento(!destinazione);
+    ingresso.mostra_avanzamento(!destinazione);
     LettoreSoluzioni lettore(
         [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
 
     if (destinazione) {
-        GraficoSoluzioni grafico(udm, 1 / daMetriAlSecondo(*catalogo, udm), tratto);
+        GraficoSoluzioni grafico(udm, 1 / da_metri_al_secondo(*catalogo, udm), tratto);
         while (lettore.prossima())
             grafico.aggiungi(vista->punto(lettore));
         std::vector<Nota> note = grafico.chiudi();
-        grafico.grafico().titolo = titoloGrafico(argomenti.file);
+        grafico.grafico().titolo = titolo_grafico(argomenti.file);
         for (const std::string& riga : dividi(riassunto(lettore), '\n'))
             note.push_back({riga, {}, ""});
         if (lettore.conteggi().soluzioni != 0)
@@ -189,12 +189,12 @@ void esegui(const Argomenti& argomenti) {
         std::fputs((riassunto(lettore) + "\n").c_str(), stderr);
     }
     if (lettore.conteggi().soluzioni == 0)
-        senzaSoluzioni(lettore);
+        senza_soluzioni(lettore);
 }
 
 }  // namespace
 
-void aggiungiUbx(CLI::App& programma) {
+void aggiungi_ubx(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "ubx", "GPS solutions (UBX NAV-SOL and NAV-PVT) of a u-blox byte stream");
     comando.opzione("FILE", argomenti->file, "Capture, or - for standard input").valore("").obbligatoria();
@@ -202,9 +202,9 @@ void aggiungiUbx(CLI::App& programma) {
     comando.intero("--decimals", argomenti->decimali, 0, 3, "Decimals of the speed, 0 to 3 (default 3)");
     comando.bandiera("--device", argomenti->dispositivo,
                      "Show what the device shows: the library's values and texts of the logger's GPS packet");
-    aggiungiForma(comando, argomenti->forma, {"solutions"});
-    aggiungiGrafico(comando, argomenti->grafico);
-    aggiungiTratto(comando, argomenti->grafico);
+    aggiungi_forma(comando, argomenti->forma, {"solutions"});
+    aggiungi_grafico(comando, argomenti->grafico);
+    aggiungi_tratto(comando, argomenti->grafico);
     comando.note(esempi(
         "Positions are in WGS 84, computed in double precision from the message's own numbers. The altitude is above\n"
         "the ellipsoid. Fix 2 gives position and speed, fix 3 and 4 also altitude and climb. Without a fix the cells\n"

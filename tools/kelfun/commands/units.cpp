@@ -49,21 +49,21 @@ void una(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
     documento.proprieta("identifier", "Identifier", Cella::fid(fid));
     documento.proprieta("name", "Name", Cella::testo(catalogo.getNomeFunzione(fid, false)));
     documento.proprieta("base_unit", "Base unit", Cella::testo(catalogo.getUnitaBase(fid)));
-    tabellaUnita(documento, catalogo, fid);
+    tabella_unita(documento, catalogo, fid);
 }
 
 void programma(IFunzioni& catalogo, const Argomenti& argomenti) {
     const std::string& linguaggio = argomenti.codice;
     if (argomenti.codici)
-        return stampaProgramma(linguaggio, "units codes", "The unit codes", nlohmann::ordered_json::object());
+        return stampa_programma(linguaggio, "units codes", "The unit codes", nlohmann::ordered_json::object());
     if (argomenti.id.empty() && !argomenti.campi.dati())
-        return stampaProgramma(linguaggio, "units all", "The units of every row of the quantity table",
-                               nlohmann::ordered_json::object());
+        return stampa_programma(linguaggio, "units all", "The units of every row of the quantity table",
+                                nlohmann::ordered_json::object());
     const kel_funpos fid = risolvi(catalogo, argomenti.id, argomenti.campi);
     if (kelFunGetUIVs(fid) == nullptr)
         throw NonTrovato(esadecimale(fid, 8) + " has no units");
-    stampaProgramma(linguaggio, "units", "The units of " + catalogo.getNomeFunzione(fid, false),
-                    {{"fid", fidPerProgramma(fid)}});
+    stampa_programma(linguaggio, "units", "The units of " + catalogo.getNomeFunzione(fid, false),
+                     {{"fid", fid_per_programma(fid)}});
 }
 
 void esegui(const Argomenti& argomenti) {
@@ -85,14 +85,14 @@ void esegui(const Argomenti& argomenti) {
 
 }  // namespace
 
-void aggiungiUnits(CLI::App& programma) {
+void aggiungi_units(CLI::App& programma) {
     auto argomenti = std::make_shared<Argomenti>();
     Comando comando(programma, "units", "Units of a function, of every function, or the unit codes");
     comando.opzione("ID", argomenti->id, "Identifier; none: the units of all functions");
     comando.bandiera("--codes", argomenti->codici, "List the unit codes; some of their texts differ from the units'");
-    aggiungiCampi(comando, argomenti->campi);
-    aggiungiForma(comando, argomenti->forma, {"units", "properties", "functions", "codes"});
-    aggiungiCodice(comando, argomenti->codice);
+    aggiungi_campi(comando, argomenti->campi);
+    aggiungi_forma(comando, argomenti->forma, {"units", "properties", "functions", "codes"});
+    aggiungi_codice(comando, argomenti->codice);
     comando.note(esempi("Value in a unit = value in the base unit * gain + offset. A reciprocal unit shows a pace.",
                         "kelfun units", "kelfun units --quantity velocity", "kelfun units --codes --csv"));
     comando.esegue([argomenti] { esegui(*argomenti); });

@@ -23,7 +23,7 @@ namespace kel::strumento {
 
 namespace {
 
-bool diIdentificatore(std::string_view argomento) {
+bool di_identificatore(std::string_view argomento) {
     return argomento == "ID" || argomento == "REQUEST";
 }
 
@@ -53,7 +53,7 @@ public:
             return opzioni();
         const auto [nome, dichiarato] = argomento(comando_, campi_.dati(), contesto_.argomenti.size());
         if (dichiarato != nullptr)
-            argomentoDi(nome, *dichiarato);
+            argomento_di(nome, *dichiarato);
         if (candidati_.vuoti() && inizio.empty() && !contesto_.solo_argomenti)
             opzioni();
     }
@@ -62,14 +62,14 @@ public:
         static const std::map<std::string_view, Offri> per_tipo = {
             {"SIDE", &Completamento::lati},      {"DIRECTION", &Completamento::inout},
             {"NUMBER", &Completamento::numeri},  {"TYPE", &Completamento::tipi},
-            {"UNIT", &Completamento::unita},     {"[CHANNEL=]UNIT", &Completamento::unitaCanali},
+            {"UNIT", &Completamento::unita},     {"[CHANNEL=]UNIT", &Completamento::unita_canali},
             {"CHANNEL", &Completamento::canali}, {"ID", &Completamento::identificatori},
             {"FILE", &Completamento::file},
         };
         const std::string tipo = opzione.get_type_name();
         if (const auto offri = per_tipo.find(tipo); offri != per_tipo.end())
             (this->*offri->second)();
-        else if (const Vocabolario* voci = vocabolario(nomeLungo(opzione), dettagli()))
+        else if (const Vocabolario* voci = vocabolario(nome_lungo(opzione), dettagli()))
             nomi(*voci);
         else
             scelte(tipo);
@@ -78,7 +78,7 @@ public:
 private:
     using Offri = void (Completamento::*)();
 
-    void argomentoDi(const std::string& nome, const CLI::Option& dichiarato) {
+    void argomento_di(const std::string& nome, const CLI::Option& dichiarato) {
         static const std::map<std::string_view, Offri> per_nome = {
             {"ID", &Completamento::identificatori},      {"REQUEST", &Completamento::identificatori},
             {"CHANNEL", &Completamento::identificatori}, {"FILTER", &Completamento::filtri},
@@ -111,20 +111,20 @@ private:
         for (const char* opzione : {OPZIONE_GRANDEZZA, OPZIONE_OGGETTO, OPZIONE_POSIZIONE})
             nomi(*vocabolario(opzione));
         if (candidati_.inizio().starts_with("FID_"))
-            nomiXml();
-        nomiFunzioni();
+            nomi_xml();
+        nomi_funzioni();
         identificatori();
     }
 
     void opzioni() {
         for (const CLI::Option* opzione : comando_.get_options()) {
-            const std::string nome = nomeLungo(*opzione);
+            const std::string nome = nome_lungo(*opzione);
             if (nome.empty() || opzione->get_group().empty())
                 continue;
             const bool ripetibile = opzione->get_items_expected_max() > 1;
             bool esclusa = contesto_.opzioni.contains(nome) && !ripetibile;
             for (const CLI::Option* altra : opzione->get_excludes())
-                esclusa = esclusa || contesto_.opzioni.contains(nomeLungo(*altra));
+                esclusa = esclusa || contesto_.opzioni.contains(nome_lungo(*altra));
             if (!esclusa)
                 candidati_.aggiungi(nome, opzione->get_description());
         }
@@ -139,14 +139,14 @@ private:
         }
     }
 
-    void nomiXml() {
+    void nomi_xml() {
         for (const char* opzione :
              {OPZIONE_GRANDEZZA, OPZIONE_OGGETTO, OPZIONE_POSIZIONE, OPZIONE_INOUT, OPZIONE_DETTAGLI})
             for (const s_campo_fid& riga : vocabolario(opzione)->righe)
                 candidati_.aggiungi(riga.xml, riga.testo);
     }
 
-    void nomiFunzioni() {
+    void nomi_funzioni() {
         std::vector<unsigned> nessuno;
         std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> funzioni;
         catalogo_->getFunzioni(funzioni, nessuno);
@@ -157,7 +157,7 @@ private:
 
     unsigned dettagli() const {
         try {
-            return campi_.dettagli.empty() ? 0 : leggiCampo(*vocabolario(OPZIONE_DETTAGLI), campi_.dettagli);
+            return campi_.dettagli.empty() ? 0 : leggi_campo(*vocabolario(OPZIONE_DETTAGLI), campi_.dettagli);
         } catch (const std::exception&) {
             return 0;
         }
@@ -168,9 +168,9 @@ private:
         try {
             if (campi_.dati())
                 return componi(campi_);
-            if (contesto_.argomenti.empty() || !diIdentificatore(argomento(comando_, false, 0).first))
+            if (contesto_.argomenti.empty() || !di_identificatore(argomento(comando_, false, 0).first))
                 return std::nullopt;
-            return leggiFid(*catalogo_, contesto_.argomenti.front());
+            return leggi_fid(*catalogo_, contesto_.argomenti.front());
         } catch (const std::exception&) {
             return std::nullopt;
         }
@@ -181,7 +181,7 @@ private:
         if (argomento(comando_, false, 0).first == "FILE" && !campi_.dati())
             di = kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS);  // what a capture's unit is of
         if (di) {
-            unitaDi(*di);
+            unita_di(*di);
             return;
         }
         for (const s_grandezza_fisica_uiv& riga : uib_grandezza_fisica_uiv)
@@ -191,22 +191,22 @@ private:
     }
 
     // The names in the file of channels that stands on the line.
-    std::vector<NomeRecord> nomiCanali() {
+    std::vector<NomeRecord> nomi_canali() {
         if (contesto_.argomenti.empty())
             return {};
-        return nomiRecord(
+        return nomi_record(
             *catalogo_, contesto_.argomenti.front(),
             contesto_.opzioni.contains(OPZIONE_COMPATTA) ? Disposizione::compatta : Disposizione::dichiarata);
     }
 
     void canali() {
-        for (const NomeRecord& uno : nomiCanali())
+        for (const NomeRecord& uno : nomi_canali())
             candidati_.aggiungi(uno.nome, uno.spiegazione);
     }
 
     // A unit for everything, or with the name of what it is for.
-    void unitaCanali() {
-        const std::vector<NomeRecord> nomi = nomiCanali();
+    void unita_canali() {
+        const std::vector<NomeRecord> nomi = nomi_canali();
         if (nomi.empty())
             return unita();
         for (const NomeRecord& uno : nomi)
@@ -217,7 +217,7 @@ private:
                 candidati_.aggiungi(uno.nome + "=" + udm, uno.spiegazione);
     }
 
-    void unitaDi(kel_funpos di) {
+    void unita_di(kel_funpos di) {
         const std::string base = catalogo_->getUnitaBase(di);
         std::list<std::string> tutte;
         catalogo_->getFunzUIVs(di, tutte);
@@ -234,9 +234,9 @@ private:
     // By name, and by code once a digit is there.
     void tipi() {
         for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE; ++tipo)
-            candidati_.aggiungi(nomeCampione(tipo), contenutoCampione(tipo));
+            candidati_.aggiungi(nome_campione(tipo), contenuto_campione(tipo));
         for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE && !candidati_.inizio().empty(); ++tipo)
-            candidati_.aggiungi(std::to_string(tipo), contenutoCampione(tipo));
+            candidati_.aggiungi(std::to_string(tipo), contenuto_campione(tipo));
     }
 
     struct Possibili {
@@ -255,7 +255,7 @@ private:
     }
 
     // With hyphens a side of two words needs no quotes.
-    static std::string conTratti(std::string_view testo) {
+    static std::string con_tratti(std::string_view testo) {
         std::string parola = normale(testo);
         std::replace(parola.begin(), parola.end(), ' ', '-');
         return parola;
@@ -264,10 +264,10 @@ private:
     void lati() {
         const Possibili trovate = possibili();
         for (const auto& [bit, testo] : trovate.lati)
-            candidati_.aggiungi(conTratti(testo), testo);
+            candidati_.aggiungi(con_tratti(testo), testo);
         if (!trovate.lati.empty())
             return;
-        for (const std::string& uno : nomiLati())
+        for (const std::string& uno : nomi_lati())
             candidati_.aggiungi(uno, "");
         for (const char* angolo : {"front-left", "front-right", "rear-left", "rear-right"})
             candidati_.aggiungi(angolo, "");
@@ -276,7 +276,7 @@ private:
     void inout() {
         const Possibili trovate = possibili();
         for (const auto& [valore, testo] : trovate.inout)
-            candidati_.aggiungi(conTratti(testo), testo);
+            candidati_.aggiungi(con_tratti(testo), testo);
         if (trovate.inout.empty())
             nomi(*vocabolario(OPZIONE_INOUT));
     }
@@ -370,13 +370,13 @@ void completa(const CLI::App& programma, const std::vector<std::string>& parole)
     for (const CLI::App* comando : comandi) {
         if (prima.empty() || comando->get_name() != prima.front())
             continue;
-        const Contesto contesto = leggiContesto(*comando, {prima.begin() + 1, prima.end()});
+        const Contesto contesto = leggi_contesto(*comando, {prima.begin() + 1, prima.end()});
         const std::size_t uguale = ultima.find('=');
         const CLI::Option* opzione = nullptr;
         if (contesto.attesa == nullptr && !contesto.solo_argomenti && ultima.starts_with("--") &&
             uguale != std::string::npos)
-            opzione = cercaOpzione(*comando, ultima.substr(0, uguale));
-        if (opzione != nullptr && vuoleValore(*opzione)) {
+            opzione = cerca_opzione(*comando, ultima.substr(0, uguale));
+        if (opzione != nullptr && vuole_valore(*opzione)) {
             candidati = Candidati(ultima.substr(uguale + 1));
             candidati.premetti(ultima.substr(0, uguale + 1));
             Completamento(*comando, contesto, candidati).valore(*opzione);
@@ -384,7 +384,7 @@ void completa(const CLI::App& programma, const std::vector<std::string>& parole)
             Completamento(*comando, contesto, candidati).parola();
         }
     }
-    scriviUscita(candidati.testo());
+    scrivi_uscita(candidati.testo());
 }
 
 }  // namespace kel::strumento

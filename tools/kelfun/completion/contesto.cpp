@@ -6,26 +6,26 @@
 
 namespace kel::strumento {
 
-std::string nomeLungo(const CLI::Option& opzione) {
+std::string nome_lungo(const CLI::Option& opzione) {
     return opzione.get_lnames().empty() ? "" : "--" + opzione.get_lnames().front();
 }
 
-bool vuoleValore(const CLI::Option& opzione) {
+bool vuole_valore(const CLI::Option& opzione) {
     return opzione.get_items_expected_max() > 0;
 }
 
-const CLI::Option* cercaOpzione(const CLI::App& comando, std::string_view nome) {
+const CLI::Option* cerca_opzione(const CLI::App& comando, std::string_view nome) {
     for (const CLI::Option* opzione : comando.get_options())
         if (opzione->nonpositional() && opzione->check_name(std::string(nome)))
             return opzione;
     return nullptr;
 }
 
-Contesto leggiContesto(const CLI::App& comando, const std::vector<std::string>& prima) {
+Contesto leggi_contesto(const CLI::App& comando, const std::vector<std::string>& prima) {
     Contesto contesto;
     for (const std::string& parola : prima) {
         if (contesto.attesa != nullptr) {
-            contesto.opzioni[nomeLungo(*contesto.attesa)].push_back(parola);
+            contesto.opzioni[nome_lungo(*contesto.attesa)].push_back(parola);
             contesto.attesa = nullptr;
         } else if (contesto.solo_argomenti || parola.size() < 2 || parola.front() != '-') {
             contesto.argomenti.push_back(parola);
@@ -33,13 +33,13 @@ Contesto leggiContesto(const CLI::App& comando, const std::vector<std::string>& 
             contesto.solo_argomenti = true;
         } else {
             const std::size_t uguale = parola.find('=');
-            const CLI::Option* opzione = cercaOpzione(comando, parola.substr(0, uguale));
+            const CLI::Option* opzione = cerca_opzione(comando, parola.substr(0, uguale));
             if (opzione == nullptr)
                 continue;
-            std::vector<std::string>& valori = contesto.opzioni[nomeLungo(*opzione)];
+            std::vector<std::string>& valori = contesto.opzioni[nome_lungo(*opzione)];
             if (uguale != std::string::npos)
                 valori.push_back(parola.substr(uguale + 1));
-            else if (vuoleValore(*opzione))
+            else if (vuole_valore(*opzione))
                 contesto.attesa = opzione;
         }
     }
@@ -49,7 +49,7 @@ Contesto leggiContesto(const CLI::App& comando, const std::vector<std::string>& 
 namespace {
 
 // An argument may be named by several words: "[ID] VALUE" is an identifier, unless its fields are given, and values.
-std::vector<std::string> nomiArgomento(const CLI::Option& argomento, bool campi_dati) {
+std::vector<std::string> nomi_argomento(const CLI::Option& argomento, bool campi_dati) {
     std::vector<std::string> nomi;
     for (std::string nome : dividi(argomento.get_name(true), ' ')) {
         if (nome.front() == '[') {
@@ -68,7 +68,7 @@ std::pair<std::string, const CLI::Option*> argomento(const CLI::App& comando, bo
     for (const CLI::Option* opzione : comando.get_options()) {
         if (!opzione->get_positional())
             continue;
-        const std::vector<std::string> nomi = nomiArgomento(*opzione, campi_dati);
+        const std::vector<std::string> nomi = nomi_argomento(*opzione, campi_dati);
         const bool ripetuto = opzione->get_items_expected_max() > static_cast<int>(nomi.size());
         if (n < nomi.size())
             return {nomi[n], opzione};

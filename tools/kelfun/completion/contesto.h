@@ -23,13 +23,13 @@ struct Contesto {
     bool solo_argomenti = false;          // after "--"
 };
 
-Contesto leggiContesto(const CLI::App& comando, const std::vector<std::string>& prima);
+Contesto leggi_contesto(const CLI::App& comando, const std::vector<std::string>& prima);
 
 /// "--unit", or nothing for an argument.
-std::string nomeLungo(const CLI::Option& opzione);
-bool vuoleValore(const CLI::Option& opzione);
+std::string nome_lungo(const CLI::Option& opzione);
+bool vuole_valore(const CLI::Option& opzione);
 /// Null when the command has no such option.
-const CLI::Option* cercaOpzione(const CLI::App& comando, std::string_view nome);
+const CLI::Option* cerca_opzione(const CLI::App& comando, std::string_view nome);
 
 /// Name and declaration of the n-th argument of a command; null when it takes no more.
 /// @param campi_dati  the identifier is given by its fields: an argument "[ID]" is left out.

@@ -9,14 +9,14 @@
 
 namespace kel::strumento {
 
-std::optional<std::string> avvisoBit(const std::string& campo, unsigned sopra) {
+std::optional<std::string> avviso_bit(const std::string& campo, unsigned sopra) {
     if (campo.empty())
         return std::nullopt;
     return "--bits " + campo + " shows the single bit above the field, bit " + std::to_string(sopra) +
            ", as the device does, and none of the field's own bits";
 }
 
-std::optional<std::string> avvisoGps(std::span<const kel_funpos> mostrati, unsigned tipo) {
+std::optional<std::string> avviso_gps(std::span<const kel_funpos> mostrati, unsigned tipo) {
     const auto mostra = [&](kel_funpos fid) { return std::ranges::find(mostrati, fid) != mostrati.end(); };
     if (tipo != KEL_TIPO_GPS_KEL && tipo != KEL_TIPO_GPS_NAVSOL)
         return std::nullopt;

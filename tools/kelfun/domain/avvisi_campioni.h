@@ -13,10 +13,10 @@ namespace kel::strumento {
 /// The warning for a bit field.
 /// @param campo  as it was given: "8:1"; "" for none.
 /// @param sopra  the bit above the field, which the converter reads.
-std::optional<std::string> avvisoBit(const std::string& campo, unsigned sopra);
+std::optional<std::string> avviso_bit(const std::string& campo, unsigned sopra);
 
 /// The warning for the functions of a packet that are shown; nothing if the packet is no GPS packet.
-std::optional<std::string> avvisoGps(std::span<const kel_funpos> mostrati, unsigned tipo);
+std::optional<std::string> avviso_gps(std::span<const kel_funpos> mostrati, unsigned tipo);
 
 }  // namespace kel::strumento
 

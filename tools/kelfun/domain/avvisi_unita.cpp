@@ -109,8 +109,8 @@ std::optional<std::string> reciproco(const IFunzioni& catalogo, kel_funpos fid, 
 
 }  // namespace
 
-std::optional<std::string> avvisoConversione(const IFunzioni& catalogo, kel_funpos fid, const std::string& da,
-                                             const std::string& a, float valore) {
+std::optional<std::string> avviso_conversione(const IFunzioni& catalogo, kel_funpos fid, const std::string& da,
+                                              const std::string& a, float valore) {
     if (da == a)
         return std::nullopt;
     auto avviso = scambio(catalogo, fid, da, a, valore);
@@ -119,7 +119,7 @@ std::optional<std::string> avvisoConversione(const IFunzioni& catalogo, kel_funp
     return avviso ? avviso : reciproco(catalogo, fid, da, a, valore);
 }
 
-std::optional<std::string> avvisoUnita(const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
+std::optional<std::string> avviso_unita(const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
     if (altra(udm) != udm && scambiati(catalogo, fid))
         return "the catalogue's gains of HP and CV are swapped: what is shown as " + udm + " is " + altra(udm);
     if (decuplicati(catalogo, fid, udm))

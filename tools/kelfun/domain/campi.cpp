@@ -89,7 +89,7 @@ std::string parole(const Vocabolario& vocabolario, const s_campo_fid& riga) {
     return testo;
 }
 
-const s_campo_fid* cercaNome(const Vocabolario& vocabolario, std::string_view nome) {
+const s_campo_fid* cerca_nome(const Vocabolario& vocabolario, std::string_view nome) {
     const std::string cercato = normale(nome);
     if (cercato.empty())
         return nullptr;
@@ -105,10 +105,10 @@ const s_campo_fid* cercaNome(const Vocabolario& vocabolario, std::string_view no
     return nullptr;
 }
 
-unsigned leggiCampo(const Vocabolario& vocabolario, std::string_view nome) {
-    if (const s_campo_fid* r = cercaNome(vocabolario, nome))
+unsigned leggi_campo(const Vocabolario& vocabolario, std::string_view nome) {
+    if (const s_campo_fid* r = cerca_nome(vocabolario, nome))
         return static_cast<unsigned>(r->valore);
-    if (const auto numero = leggiIntero(nome, 0, vocabolario.massimo))
+    if (const auto numero = leggi_intero(nome, 0, vocabolario.massimo))
         return static_cast<unsigned>(*numero);
     std::vector<std::string> nomi;
     for (const s_campo_fid& r : vocabolario.righe)

@@ -55,16 +55,16 @@ struct Vocabolario {
 const Vocabolario& grandezze();
 
 /// The vocabulary of a field's option, of --specialisation that of a kind of packet. Null for options that have none,
-/// and for packets without specialisations. The sides share one option and have none: see `nomiLati`.
+/// and for packets without specialisations. The sides share one option and have none: see `nomi_lati`.
 const Vocabolario* vocabolario(std::string_view opzione, unsigned dettagli = 0);
 
 /// The row of a name: XML name, its words after the prefix ("speed", "angle-sec-ratio"), or the text. Capitals do not
 /// matter, nor whether words stand apart by blanks, underscores or hyphens. Null when there is none.
-const s_campo_fid* cercaNome(const Vocabolario& vocabolario, std::string_view nome);
+const s_campo_fid* cerca_nome(const Vocabolario& vocabolario, std::string_view nome);
 
 /// The value of a name, or of a number up to the field's largest value.
 /// @throws ErroreUso  with the nearest name and all that are accepted.
-unsigned leggiCampo(const Vocabolario& vocabolario, std::string_view nome);
+unsigned leggi_campo(const Vocabolario& vocabolario, std::string_view nome);
 
 /// Words of an XML name after the prefix, small, with hyphens: "angle-sec-ratio".
 std::string parole(const Vocabolario& vocabolario, const s_campo_fid& riga);

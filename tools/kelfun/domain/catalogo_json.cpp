@@ -20,7 +20,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json testoONullo(const char* testo) {
+Json testo_o_nullo(const char* testo) {
     return testo == nullptr || *testo == '\0' ? Json() : Json(testo);
 }
 
@@ -51,7 +51,7 @@ Json disposizione() {
     };
     Json tutti = Json::array();
     for (const Campo& c : CAMPI)
-        tutti.push_back({{"field", c.campo}, {"bit", c.bit}, {"bits", c.quanti}, {"when", testoONullo(c.quando)}});
+        tutti.push_back({{"field", c.campo}, {"bit", c.bit}, {"bits", c.quanti}, {"when", testo_o_nullo(c.quando)}});
     return tutti;
 }
 
@@ -60,12 +60,12 @@ Json vocabolario(std::span<const s_campo_fid> righe) {
     for (const s_campo_fid& riga : righe)
         tutte.push_back({{"value", riga.valore},
                          {"xml", riga.xml},
-                         {"short_text", testoONullo(riga.breve)},
-                         {"text", testoONullo(riga.testo)}});
+                         {"short_text", testo_o_nullo(riga.breve)},
+                         {"text", testo_o_nullo(riga.testo)}});
     return tutte;
 }
 
-Json campiConNome() {
+Json campi_con_nome() {
     return {{"quantity", vocabolario(grandezza_fisica_FunzKel)},
             {"object", vocabolario(oggetto_misurato_FunzKel)},
             {"position", vocabolario(posizione_FunzKel)},
@@ -80,11 +80,11 @@ Json campiConNome() {
 
 // What every function has, whichever part of the catalogue it comes from.
 Json funzione(const IFunzioni& catalogo, kel_funpos fid) {
-    const std::string vecchio = idVecchio(fid);
+    const std::string vecchio = id_vecchio(fid);
     return {{"identifier", identificatore(fid)},
             {"name", catalogo.getNomeFunzione(fid, false)},
-            {"short_name", senzaNul(catalogo.getNomeFunzioneShort(fid))},
-            {"legacy_id", testoONullo(vecchio.c_str())}};
+            {"short_name", senza_nul(catalogo.getNomeFunzioneShort(fid))},
+            {"legacy_id", testo_o_nullo(vecchio.c_str())}};
 }
 
 Json unita(const s_grandezza_fisica_uiv& riga) {
@@ -93,8 +93,8 @@ Json unita(const s_grandezza_fisica_uiv& riga) {
         const int codice = kelFunGetUdmCode(udm.dati.udm);
         tutte.push_back({{"unit", udm.dati.udm},
                          {"code", codice < 0 ? Json() : Json(codice)},
-                         {"gain", comeScritto(udm.dati.gain)},
-                         {"offset", comeScritto(udm.dati.offset)},
+                         {"gain", come_scritto(udm.dati.gain)},
+                         {"offset", come_scritto(udm.dati.offset)},
                          {"reciprocal", udm.dati.reciproco != 0},
                          {"decimals", udm.decimali_default},
                          {"max_decimals", udm.decimali_max},
@@ -113,8 +113,8 @@ Json conversioni(const s_grandezza_fisica_uiv& riga) {
             const s_converter_data dati = kelFunGetConvDatas(riga.chiave, da.dati.udm, a.dati.udm);
             tutte.push_back({{"from", da.dati.udm},
                              {"to", a.dati.udm},
-                             {"gain", comeScritto(dati.gain)},
-                             {"offset", comeScritto(dati.offset)}});
+                             {"gain", come_scritto(dati.gain)},
+                             {"offset", come_scritto(dati.offset)}});
         }
     return tutte;
 }
@@ -128,7 +128,7 @@ Json oggetti(const IFunzioni& catalogo, unsigned grandezza) {
         tutti.push_back({{"identifier", identificatore(riga.chiave)},
                          {"object", kelFidOggetto(riga.chiave)},
                          {"name", riga.testo},
-                         {"short_name", testoONullo(riga.breve)},
+                         {"short_name", testo_o_nullo(riga.breve)},
                          {"base_unit", catalogo.getUnitaBase(riga.chiave)},
                          {"units", unita(riga)},
                          {"conversions", conversioni(riga)}});
@@ -141,7 +141,7 @@ Json grandezze(const IFunzioni& catalogo) {
     for (const s_campo_fid& riga : grandezza_fisica_FunzKel)
         tutte.push_back({{"value", riga.valore},
                          {"xml", riga.xml},
-                         {"text", testoONullo(riga.testo)},
+                         {"text", testo_o_nullo(riga.testo)},
                          {"objects", oggetti(catalogo, static_cast<unsigned>(riga.valore))}});
     return tutte;
 }
@@ -152,7 +152,7 @@ Json scelta(const IFunzioni& catalogo, kel_funpos fid, const std::string& testo)
     return una;
 }
 
-Json daOffrire(const IFunzioni& catalogo, const std::string& grandezza, const SFunzionePerGF& offerta) {
+Json da_offrire(const IFunzioni& catalogo, const std::string& grandezza, const SFunzionePerGF& offerta) {
     std::map<unsigned, std::string> lati;
     std::map<unsigned, std::string> inout;
     int primo = -1;
@@ -181,24 +181,24 @@ Json funzioni(IFunzioni& catalogo) {
     Json tutte = Json::array();
     for (const auto& [grandezza, elenco] : offerte)
         for (const SFunzionePerGF& offerta : elenco)
-            tutte.push_back(daOffrire(catalogo, catalogo.getStrPhi(grandezza), offerta));
+            tutte.push_back(da_offrire(catalogo, catalogo.getStrPhi(grandezza), offerta));
     return tutte;
 }
 
-Json codiciUnita() {
+Json codici_unita() {
     Json tutti = Json::array();
     for (const s_codice_udm& riga : udm_codici)
         tutti.push_back({{"code", riga.codice}, {"unit", riga.testo}});
     return tutti;
 }
 
-Json tipiCampione() {
+Json tipi_campione() {
     Json tutti = Json::array();
     for (unsigned tipo = 0; tipo < NUM_TIPI_CAMPIONE; ++tipo)
         tutti.push_back({{"code", tipo},
-                         {"name", nomeCampione(tipo)},
+                         {"name", nome_campione(tipo)},
                          {"bytes", kelFunGetSamplSize(tipo)},
-                         {"content", contenutoCampione(tipo)}});
+                         {"content", contenuto_campione(tipo)}});
     return tutti;
 }
 
@@ -211,14 +211,14 @@ Json sottocampo(const IFunzioni& catalogo, const s_sottocampo& riga) {
             {"bits", riga.num_bit == 0 ? Json() : Json(riga.num_bit)},
             {"sample_type", riga.tipo_campione},
             {"base_unit", riservato ? Json() : Json(catalogo.getUnitaBase(riga.fid))},
-            {"channel_short_name", testoONullo(riga.breve)},
-            {"channel_name", testoONullo(riga.testo)}};
+            {"channel_short_name", testo_o_nullo(riga.breve)},
+            {"channel_name", testo_o_nullo(riga.testo)}};
 }
 
 Json pacchetti(const IFunzioni& catalogo) {
     Json tutti = Json::array();
-    for (const Pacchetto& pacchetto : tuttiIPacchetti()) {
-        const unsigned tipo = tipoPacchetto(pacchetto.fid).value_or(KEL_TIPO_NESSUNO);
+    for (const Pacchetto& pacchetto : tutti_i_pacchetti()) {
+        const unsigned tipo = tipo_pacchetto(pacchetto.fid).value_or(KEL_TIPO_NESSUNO);
         Json sottocampi = Json::array();
         for (const s_sottocampo* riga = pacchetto.sottocampi; !kelFidFineTabella(riga->fid); ++riga)
             sottocampi.push_back(sottocampo(catalogo, *riga));
@@ -234,15 +234,15 @@ Json pacchetti(const IFunzioni& catalogo) {
 
 using RigaCamera = const t_SFunzioneZumikoCam*;
 
-Json rigaCamera(RigaCamera riga, const char* tabella, bool visibile) {
+Json riga_camera(RigaCamera riga, const char* tabella, bool visibile) {
     return {{"table", tabella},
             {"code", riga->codice < 0 ? Json() : Json(riga->codice)},
             {"identifier", identificatore(riga->fid)},
             {"short_name", riga->breve},
             {"name", riga->testo},
             {"unit", riga->udm},
-            {"scale", comeScritto(riga->scala)},
-            {"factor", comeScritto(riga->fattore)},
+            {"scale", come_scritto(riga->scala)},
+            {"factor", come_scritto(riga->fattore)},
             {"sample_type", riga->tipo_campione},
             {"legacy_id", riga->id},
             {"visible", visibile}};
@@ -261,7 +261,7 @@ Json camera(IFunzioni& catalogo) {
     catalogo.getAllFunzZumikoCamEstesePerSw(righe);
     Json tutte = Json::array();
     for (std::size_t i = 0; i < righe.size(); ++i)
-        tutte.push_back(rigaCamera(righe[i], i < base ? "basic" : "extended", visibili.contains(righe[i])));
+        tutte.push_back(riga_camera(righe[i], i < base ? "basic" : "extended", visibili.contains(righe[i])));
     return tutte;
 }
 
@@ -285,16 +285,16 @@ Json vecchi() {
 
 }  // namespace
 
-Json catalogoJson(IFunzioni& catalogo, const std::string& versione) {
+Json catalogo_json(IFunzioni& catalogo, const std::string& versione) {
     return {{"format", FORMA_CATALOGO},
             {"library", "libkelfunzioni"},
             {"version", versione},
             {"identifier_layout", disposizione()},
-            {"fields", campiConNome()},
+            {"fields", campi_con_nome()},
             {"quantities", grandezze(catalogo)},
             {"functions", funzioni(catalogo)},
-            {"unit_codes", codiciUnita()},
-            {"sample_types", tipiCampione()},
+            {"unit_codes", codici_unita()},
+            {"sample_types", tipi_campione()},
             {"packets", pacchetti(catalogo)},
             {"camera", camera(catalogo)},
             {"legacy_identifiers", vecchi()}};

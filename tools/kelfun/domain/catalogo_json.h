@@ -14,7 +14,7 @@ constexpr int FORMA_CATALOGO = 1;
 
 /// Everything that the library knows, members and elements in a fixed order; catalogue.schema.json describes it.
 /// @param versione  of the library, "0.1.0".
-nlohmann::ordered_json catalogoJson(IFunzioni& catalogo, const std::string& versione);
+nlohmann::ordered_json catalogo_json(IFunzioni& catalogo, const std::string& versione);
 
 }  // namespace kel::strumento
 

@@ -28,7 +28,7 @@ std::string numeri(const Casella& casella) {
     return testo + std::string(fra, ' ') + ultimo;
 }
 
-std::string inMezzo(const std::string& testo, std::size_t larghezza) {
+std::string in_mezzo(const std::string& testo, std::size_t larghezza) {
     const std::size_t spazi = larghezza - testo.size();
     return std::string(spazi / 2, ' ') + testo + std::string(spazi - spazi / 2, ' ');
 }
@@ -62,18 +62,18 @@ std::vector<Casella> caselle(kel_funpos fid) {
 
 }  // namespace
 
-std::vector<std::string> disegnoBit(kel_funpos fid) {
+std::vector<std::string> disegno_bit(kel_funpos fid) {
     std::string numeri_bit = " ";
     std::string bordo = "+";
     std::string bit = "|";
     std::string nomi = "|";
     std::string valori = "|";
     for (const Casella& una : caselle(fid)) {
-        numeri_bit += inMezzo(numeri(una), una.larghezza) + " ";
+        numeri_bit += in_mezzo(numeri(una), una.larghezza) + " ";
         bordo += std::string(una.larghezza, '-') + "+";
-        bit += inMezzo(una.bit_scritti, una.larghezza) + "|";
-        nomi += inMezzo(una.nome, una.larghezza) + "|";
-        valori += inMezzo(una.valore, una.larghezza) + "|";
+        bit += in_mezzo(una.bit_scritti, una.larghezza) + "|";
+        nomi += in_mezzo(una.nome, una.larghezza) + "|";
+        valori += in_mezzo(una.valore, una.larghezza) + "|";
     }
     return {numeri_bit, bordo, bit, nomi, valori, bordo};
 }

@@ -11,7 +11,7 @@ namespace kel::strumento {
 
 /// Lines of plain ASCII: the numbers of the bits, the highest on the left, and below them a box for each field with its
 /// bits, its name and what its value means.
-std::vector<std::string> disegnoBit(kel_funpos fid);
+std::vector<std::string> disegno_bit(kel_funpos fid);
 
 }  // namespace kel::strumento
 

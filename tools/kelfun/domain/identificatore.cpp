@@ -28,7 +28,7 @@ const CampoLato LATI[] = {
 };
 
 // One side by name, as bits; 0 when there is no such side.
-kel_funpos bitLato(std::string_view nome) {
+kel_funpos bit_lato(std::string_view nome) {
     const std::string cercato = normale(nome);
     for (const CampoLato& campo : LATI)
         for (const s_campo_fid& riga : campo.vocabolario.righe)
@@ -37,20 +37,20 @@ kel_funpos bitLato(std::string_view nome) {
     return 0;
 }
 
-kel_funpos leggiLati(const std::vector<std::string>& testi) {
+kel_funpos leggi_lati(const std::vector<std::string>& testi) {
     kel_funpos bit = 0;
     for (const std::string& testo : testi) {
         // An XML name is one side; else every word is: "front left".
         std::vector<std::string> nomi;
-        if (bitLato(testo) != 0)
+        if (bit_lato(testo) != 0)
             nomi.push_back(testo);
         else
             nomi = dividi(normale(testo), ' ');
         for (const std::string& nome : nomi) {
-            const kel_funpos nuovo = bitLato(nome);
+            const kel_funpos nuovo = bit_lato(nome);
             if (nuovo == 0)
-                throw ErroreUso("there is no --side '" + nome + "'; " + forse(nome, nomiLati()) +
-                                "accepted: " + elenco(nomiLati()) + ", one of each direction, such as 'front left'");
+                throw ErroreUso("there is no --side '" + nome + "'; " + forse(nome, nomi_lati()) +
+                                "accepted: " + elenco(nomi_lati()) + ", one of each direction, such as 'front left'");
             for (const CampoLato& campo : LATI) {
                 const kel_funpos maschera = campo.vocabolario.massimo << campo.shift;
                 if ((nuovo & maschera) != 0 && (bit & maschera) != 0 && (nuovo & maschera) != (bit & maschera))
@@ -65,7 +65,7 @@ kel_funpos leggiLati(const std::vector<std::string>& testi) {
 
 }  // namespace
 
-const std::vector<std::string>& nomiLati() {
+const std::vector<std::string>& nomi_lati() {
     static const std::vector<std::string> nomi = [] {
         std::vector<std::string> tutti;
         for (const CampoLato& campo : LATI)
@@ -82,7 +82,7 @@ bool CampiDati::dati() const {
            !dettagli.empty() || !specializzazione.empty() || !lati.empty();
 }
 
-void aggiungiCampi(Comando& comando, CampiDati& campi) {
+void aggiungi_campi(Comando& comando, CampiDati& campi) {
     const char* gruppo = "Fields by name (XML name, its last words such as 'speed', text or number)";
     comando.opzione(OPZIONE_GRANDEZZA, campi.grandezza, "Physical quantity: speed, oil pressure is 'pressure'")
         .valore("NAME")
@@ -112,7 +112,7 @@ void aggiungiCampi(Comando& comando, CampiDati& campi) {
 
 kel_funpos componi(const CampiDati& campi) {
     kel_funpos fid = 0;
-    unsigned grandezza = campi.grandezza.empty() ? 0 : leggiCampo(grandezze(), campi.grandezza);
+    unsigned grandezza = campi.grandezza.empty() ? 0 : leggi_campo(grandezze(), campi.grandezza);
     if (!campi.dettagli.empty() || !campi.specializzazione.empty()) {
         if (campi.grandezza.empty())
             grandezza = FID_PHI_PACKAGE;
@@ -123,29 +123,29 @@ kel_funpos componi(const CampiDati& campi) {
         if (!campi.oggetto.empty() || !campi.posizione.empty())
             throw ErroreUso("a packet has no --object and no --position; accepted: --details, --specialisation");
         const unsigned dettagli =
-            campi.dettagli.empty() ? 0 : leggiCampo(*vocabolario(OPZIONE_DETTAGLI), campi.dettagli);
+            campi.dettagli.empty() ? 0 : leggi_campo(*vocabolario(OPZIONE_DETTAGLI), campi.dettagli);
         if (!campi.specializzazione.empty() && specializzazioni(dettagli).empty())
             throw ErroreUso(
                 "only lap and GPS packets have a --specialisation; accepted: --details laptime, --details gps");
         const unsigned specializzazione =
             campi.specializzazione.empty()
                 ? 0
-                : leggiCampo(*vocabolario(OPZIONE_SPECIALIZZAZIONE, dettagli), campi.specializzazione);
+                : leggi_campo(*vocabolario(OPZIONE_SPECIALIZZAZIONE, dettagli), campi.specializzazione);
         fid = kelFidComponi(grandezza, dettagli, specializzazione);
     } else {
-        const unsigned oggetto = campi.oggetto.empty() ? 0 : leggiCampo(*vocabolario(OPZIONE_OGGETTO), campi.oggetto);
+        const unsigned oggetto = campi.oggetto.empty() ? 0 : leggi_campo(*vocabolario(OPZIONE_OGGETTO), campi.oggetto);
         const unsigned posizione =
-            campi.posizione.empty() ? 0 : leggiCampo(*vocabolario(OPZIONE_POSIZIONE), campi.posizione);
+            campi.posizione.empty() ? 0 : leggi_campo(*vocabolario(OPZIONE_POSIZIONE), campi.posizione);
         fid = kelFidComponi(grandezza, oggetto, posizione);
     }
     if (!campi.inout.empty())
-        fid |= kelFidBitInOut(leggiCampo(*vocabolario(OPZIONE_INOUT), campi.inout));
+        fid |= kelFidBitInOut(leggi_campo(*vocabolario(OPZIONE_INOUT), campi.inout));
     if (campi.numero) {
         if (!campi.lati.empty())
             throw ErroreUso("a function has either a --number or a --side; accepted: one of the two");
         fid |= kelFidIstanza(*campi.numero);
     }
-    return fid | leggiLati(campi.lati);
+    return fid | leggi_lati(campi.lati);
 }
 
 kel_funpos risolvi(IFunzioni& catalogo, const std::string& argomento, const CampiDati& campi) {
@@ -153,10 +153,10 @@ kel_funpos risolvi(IFunzioni& catalogo, const std::string& argomento, const Camp
         throw ErroreUso("an identifier and its fields are both given; accepted: one of the two");
     if (argomento.empty() && !campi.dati())
         throw ErroreUso(std::string("there is no identifier; ") + FID_ACCETTATI);
-    return campi.dati() ? componi(campi) : leggiFid(catalogo, argomento);
+    return campi.dati() ? componi(campi) : leggi_fid(catalogo, argomento);
 }
 
-std::string idVecchio(kel_funpos fid) {
+std::string id_vecchio(kel_funpos fid) {
     if (const t_SFunzioneZumikoCam* riga = kelFunGetFunVecchiaZumikoDaFID(fid))
         return riga->id;
     for (const t_SFunzioneVecchia& riga : funz_Kel)
@@ -165,7 +165,7 @@ std::string idVecchio(kel_funpos fid) {
     return "";
 }
 
-std::string leggiUdm(const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
+std::string leggi_udm(const IFunzioni& catalogo, kel_funpos fid, const std::string& udm) {
     if (udm.empty())
         return catalogo.getUnitaBase(fid);
     std::list<std::string> unita;

@@ -36,7 +36,7 @@ std::optional<kel_funpos> numero(std::string_view testo) {
 
 // The tables of legacy identifiers give the first row that has the text.
 template <typename Tabella>
-const char* comeScritto(const Tabella& tabella, std::string_view testo) {
+const char* come_scritto(const Tabella& tabella, std::string_view testo) {
     for (const auto& riga : tabella)
         if (!kelFidFineTabella(riga.fid) && riga.id != nullptr && *riga.id != '\0' && uguali(riga.id, testo))
             return riga.id;
@@ -45,11 +45,11 @@ const char* comeScritto(const Tabella& tabella, std::string_view testo) {
 
 std::optional<kel_funpos> vecchio(IFunzioni& catalogo, std::string_view testo) {
     const std::string scritto(testo);
-    const char* suo = comeScritto(funz_ZumikoCam_base, testo);
+    const char* suo = come_scritto(funz_ZumikoCam_base, testo);
     if (suo == nullptr)
-        suo = comeScritto(funz_ZumikoCam_estese, testo);
+        suo = come_scritto(funz_ZumikoCam_estese, testo);
     if (suo == nullptr)
-        suo = comeScritto(funz_Kel, testo);
+        suo = come_scritto(funz_Kel, testo);
     for (const char* uno : {scritto.c_str(), suo})
         if (uno != nullptr)
             if (const kel_funpos fid = catalogo.getFidDaID(uno); fid != 0)
@@ -58,7 +58,7 @@ std::optional<kel_funpos> vecchio(IFunzioni& catalogo, std::string_view testo) {
 }
 
 // The functions that have a text as their name; of short names only where no name is the same.
-std::vector<const Noto*> conNome(const std::vector<Noto>& noti, const std::string& cercato) {
+std::vector<const Noto*> con_nome(const std::vector<Noto>& noti, const std::string& cercato) {
     std::vector<const Noto*> trovati;
     for (const Specie specie : {Specie::nome, Specie::breve}) {
         for (const Noto& noto : noti)
@@ -77,7 +77,7 @@ std::vector<const Noto*> conNome(const std::vector<Noto>& noti, const std::strin
     std::vector<std::string> alcuni;
     for (std::size_t i = 0; i < std::min(MASSIMO, trovati.size()); ++i)
         alcuni.push_back(esadecimale(trovati[i]->fid, 8) + " (" +
-                         senzaNul(catalogo.getNomeFunzioneShort(trovati[i]->fid)) + ")");
+                         senza_nul(catalogo.getNomeFunzioneShort(trovati[i]->fid)) + ")");
     throw ErroreUso("'" + std::string(testo) + "' is the name of " + std::to_string(trovati.size()) +
                     " functions; accepted: " + elenco(alcuni) +
                     (trovati.size() > MASSIMO ? ", and more that kelfun find shows" : ""));
@@ -95,16 +95,16 @@ std::vector<const Noto*> conNome(const std::vector<Noto>& noti, const std::strin
 
 }  // namespace
 
-std::optional<kel_funpos> fidDaNumeroOVecchio(IFunzioni& catalogo, std::string_view testo) {
+std::optional<kel_funpos> fid_da_numero_o_vecchio(IFunzioni& catalogo, std::string_view testo) {
     const auto letto = numero(testo);
     return letto ? letto : vecchio(catalogo, testo);
 }
 
-kel_funpos leggiFid(IFunzioni& catalogo, std::string_view testo) {
-    if (const auto fid = fidDaNumeroOVecchio(catalogo, testo))
+kel_funpos leggi_fid(IFunzioni& catalogo, std::string_view testo) {
+    if (const auto fid = fid_da_numero_o_vecchio(catalogo, testo))
         return *fid;
-    static const std::vector<Noto> noti = identificatoriNoti(catalogo);  // the same of every catalogue
-    const std::vector<const Noto*> trovati = conNome(noti, normale(testo));
+    static const std::vector<Noto> noti = identificatori_noti(catalogo);  // the same of every catalogue
+    const std::vector<const Noto*> trovati = con_nome(noti, normale(testo));
     if (trovati.size() == 1)
         return trovati.front()->fid;
     if (!trovati.empty())

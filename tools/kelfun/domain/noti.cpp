@@ -65,7 +65,7 @@ private:
     void nomi(kel_funpos fid, std::vector<Testo>& testi) {
         aggiungi(testi, Specie::nome, catalogo_.getNomeFunzione(fid, false).c_str());
         aggiungi(testi, Specie::breve, catalogo_.getNomeFunzioneShort(fid).c_str());
-        aggiungi(testi, Specie::vecchio, idVecchio(fid).c_str());
+        aggiungi(testi, Specie::vecchio, id_vecchio(fid).c_str());
     }
 
     void resto(kel_funpos fid, std::vector<Testo>& testi) {
@@ -88,7 +88,7 @@ private:
     std::map<kel_funpos, std::vector<Testo>, PerCampi> noti_;
 };
 
-void daOffrire(IFunzioni& catalogo, Raccolta& raccolta) {
+void da_offrire(IFunzioni& catalogo, Raccolta& raccolta) {
     std::vector<unsigned> tutte;
     std::map<GRANDEZZA_FISICA_FUNZKEL, std::list<SFunzionePerGF>> funzioni;
     catalogo.getFunzioni(funzioni, tutte);
@@ -119,7 +119,7 @@ void daOffrire(IFunzioni& catalogo, Raccolta& raccolta) {
 }
 
 void pacchetti(Raccolta& raccolta) {
-    for (const Pacchetto& pacchetto : tuttiIPacchetti()) {
+    for (const Pacchetto& pacchetto : tutti_i_pacchetti()) {
         raccolta.riga(pacchetto.fid, nullptr, nullptr);
         for (const s_sottocampo* riga = pacchetto.sottocampi; !kelFidFineTabella(riga->fid); ++riga)
             raccolta.riga(riga->fid, riga->testo, riga->breve);
@@ -128,7 +128,7 @@ void pacchetti(Raccolta& raccolta) {
 
 }  // namespace
 
-const char* nomeSpecie(Specie specie) {
+const char* nome_specie(Specie specie) {
     switch (specie) {
         case Specie::nome:
             return "name";
@@ -145,9 +145,9 @@ const char* nomeSpecie(Specie specie) {
     }
 }
 
-std::vector<Noto> identificatoriNoti(IFunzioni& catalogo) {
+std::vector<Noto> identificatori_noti(IFunzioni& catalogo) {
     Raccolta raccolta(catalogo);
-    daOffrire(catalogo, raccolta);
+    da_offrire(catalogo, raccolta);
     for (const t_SFunzioneZumikoCam& riga : funz_ZumikoCam_base)
         raccolta.riga(riga.fid, riga.testo, riga.breve, riga.id);
     for (const t_SFunzioneZumikoCam& riga : funz_ZumikoCam_estese)

@@ -13,7 +13,7 @@ namespace kel::strumento {
 enum class Specie { nome, breve, vecchio, unita, campo, identificatore };
 
 /// What people call it: "legacy identifier".
-const char* nomeSpecie(Specie specie);
+const char* nome_specie(Specie specie);
 
 /// One text of an identifier.
 struct Testo {
@@ -30,7 +30,7 @@ struct Noto {
 
 /// The functions to offer and each of their choices, the rows of the quantity table, legacy identifiers, camera rows,
 /// packets and their subfields: in the order of quantity, object, position and the other fields.
-std::vector<Noto> identificatoriNoti(IFunzioni& catalogo);
+std::vector<Noto> identificatori_noti(IFunzioni& catalogo);
 
 }  // namespace kel::strumento
 

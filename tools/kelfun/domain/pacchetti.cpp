@@ -6,7 +6,7 @@
 
 namespace kel::strumento {
 
-std::vector<Pacchetto> tuttiIPacchetti() {
+std::vector<Pacchetto> tutti_i_pacchetti() {
     std::vector<Pacchetto> tutti;
     for (unsigned dettagli = 1; dettagli < std::size(dettagli_FunzKel); ++dettagli) {
         const std::size_t quante = specializzazioni(dettagli).size();

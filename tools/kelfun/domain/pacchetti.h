@@ -14,7 +14,7 @@ struct Pacchetto {
 };
 
 /// Every packet with a subfield table, by details and specialisation.
-std::vector<Pacchetto> tuttiIPacchetti();
+std::vector<Pacchetto> tutti_i_pacchetti();
 
 }  // namespace kel::strumento
 

@@ -22,7 +22,7 @@ bool spezza(char c) {
 }
 
 // The words that all XML names of a field begin with: "FID_LEFTRIGHT_". Other texts have none.
-std::size_t prefissoXml(const std::string& testo) {
+std::size_t prefisso_xml(const std::string& testo) {
     const std::size_t primo = testo.starts_with("FID_") ? testo.find('_') : std::string::npos;
     const std::size_t secondo = primo == std::string::npos ? primo : testo.find('_', primo + 1);
     return secondo == std::string::npos ? 0 : secondo + 1;
@@ -45,7 +45,7 @@ std::optional<Grado> confronta(const std::string& testo, std::size_t prefisso, c
 }
 
 // An identifier in hexadecimal as its texts have it: "0x0b8e" is "0xb8e". Both in small letters.
-std::string senzaZeri(const std::string& cercato) {
+std::string senza_zeri(const std::string& cercato) {
     const std::size_t cifre = cercato.starts_with("0x") ? cercato.find_first_not_of('0', 2) : std::string::npos;
     return cifre == std::string::npos ? cercato : "0x" + cercato.substr(cifre);
 }
@@ -59,11 +59,11 @@ struct Risposta {
 std::optional<Risposta> rispondi(const Noto& noto, const std::string& cercato) {
     std::optional<Risposta> migliore;
     for (const Testo& testo : noto.testi)
-        if (const auto grado = confronta(normale(testo.testo), prefissoXml(testo.testo), cercato))
+        if (const auto grado = confronta(normale(testo.testo), prefisso_xml(testo.testo), cercato))
             if (!migliore || *grado < migliore->grado)
                 migliore = {*grado, &testo};
     for (const Testo& testo : noto.testi)
-        if (testo.specie == Specie::identificatore && normale(testo.testo) == senzaZeri(cercato))
+        if (testo.specie == Specie::identificatore && normale(testo.testo) == senza_zeri(cercato))
             migliore = {Grado::intero, &testo};
     return migliore;
 }
@@ -71,7 +71,7 @@ std::optional<Risposta> rispondi(const Noto& noto, const std::string& cercato) {
 // A short word that stands for another is a unit: "celsius" is C, and not the short name of a coordinate.
 constexpr std::size_t LETTERE_UNITA = 2;
 
-std::optional<Risposta> rispondiUnita(const Noto& noto, const std::string& unita) {
+std::optional<Risposta> rispondi_unita(const Noto& noto, const std::string& unita) {
     for (const Testo& testo : noto.testi)
         if (testo.specie == Specie::unita && testo.testo == unita)
             return Risposta{Grado::intero, &testo};
@@ -79,20 +79,21 @@ std::optional<Risposta> rispondiUnita(const Noto& noto, const std::string& unita
 }
 
 // A text that has the word, or else one that has its synonym in the catalogue.
-std::optional<Risposta> rispondiOSinonimo(const Noto& noto, const std::string& cercato,
-                                          const std::vector<std::string>& altri) {
+std::optional<Risposta> rispondi_o_sinonimo(const Noto& noto, const std::string& cercato,
+                                            const std::vector<std::string>& altri) {
     std::optional<Risposta> migliore = rispondi(noto, cercato);
     for (std::size_t i = 0; i < altri.size() && !migliore; ++i)
-        migliore = altri[i].size() <= LETTERE_UNITA ? rispondiUnita(noto, altri[i]) : rispondi(noto, normale(altri[i]));
+        migliore =
+            altri[i].size() <= LETTERE_UNITA ? rispondi_unita(noto, altri[i]) : rispondi(noto, normale(altri[i]));
     return migliore;
 }
 
 // `altri` are the synonyms of each word.
-std::optional<Trovato> rispondiATutte(const Noto& noto, std::span<const std::string> cercati,
-                                      std::span<const std::vector<std::string>> altri) {
+std::optional<Trovato> rispondi_a_tutte(const Noto& noto, std::span<const std::string> cercati,
+                                        std::span<const std::vector<std::string>> altri) {
     Trovato trovato{&noto, Grado::intero, {}};
     for (std::size_t i = 0; i < cercati.size(); ++i) {
-        const auto risposta = rispondiOSinonimo(noto, cercati[i], altri[i]);
+        const auto risposta = rispondi_o_sinonimo(noto, cercati[i], altri[i]);
         if (!risposta)
             return std::nullopt;
         trovato.grado = std::max(trovato.grado, risposta->grado);
@@ -114,7 +115,7 @@ std::optional<Trovato> rispondiATutte(const Noto& noto, std::span<const std::str
 
 }  // namespace
 
-const char* nomeGrado(Grado grado) {
+const char* nome_grado(Grado grado) {
     switch (grado) {
         case Grado::intero:
             return "exact";
@@ -136,7 +137,7 @@ std::vector<Trovato> cerca(std::span<const Noto> noti, std::span<const std::stri
     }
     std::vector<Trovato> trovati;
     for (const Noto& noto : noti)
-        if (auto trovato = rispondiATutte(noto, cercati, altri))
+        if (auto trovato = rispondi_a_tutte(noto, cercati, altri))
             trovati.push_back(std::move(*trovato));
     std::stable_sort(trovati.begin(), trovati.end(), [](const Trovato& a, const Trovato& b) {
         return std::tuple(a.grado, a.testi.front()->specie) < std::tuple(b.grado, b.testi.front()->specie);

@@ -13,7 +13,7 @@ namespace kel::strumento {
 /// How well a text answers: the whole of it, its beginning, a whole word in it, any part of it.
 enum class Grado { intero, inizio, parola, parte };
 
-const char* nomeGrado(Grado grado);
+const char* nome_grado(Grado grado);
 
 /// An identifier that answers every word: the worst of their grades, and the text that answers each of them best.
 struct Trovato {

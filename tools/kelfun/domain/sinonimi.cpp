@@ -18,9 +18,9 @@ Tabella leggi(std::string_view testo) {
         const std::size_t punti = riga.find(':');
         if (riga.starts_with('#') || punti == std::string::npos)
             continue;
-        std::vector<std::string>& risposte = tabella[normale(senzaBordi(riga.substr(0, punti)))];
+        std::vector<std::string>& risposte = tabella[normale(senza_bordi(riga.substr(0, punti)))];
         for (const std::string& una : dividi(riga.substr(punti + 1), ','))
-            risposte.push_back(senzaBordi(una));
+            risposte.push_back(senza_bordi(una));
     }
     return tabella;
 }

@@ -46,7 +46,7 @@ std::vector<Numero> numeri(std::string_view testo) {
 }
 
 std::int64_t valore(const std::string& cifre) {
-    return leggiIntero(cifre, 0, std::int64_t{1} << 32).value_or(0);
+    return leggi_intero(cifre, 0, std::int64_t{1} << 32).value_or(0);
 }
 
 // Digits after the point as thousandths, to the nearest.
@@ -74,18 +74,18 @@ std::string scrittura(std::int64_t millisecondi) {
     return "no text can say it, give the milliseconds";
 }
 
-bool diGiro(std::int64_t millisecondi) {
+bool di_giro(std::int64_t millisecondi) {
     return millisecondi >= INT32_MIN && millisecondi <= INT32_MAX;
 }
 
-std::string dalLettore(const std::string& testo, int letto) {
+std::string dal_lettore(const std::string& testo, int letto) {
     return "'" + testo + "' is read as " + std::to_string(letto) + " ms";
 }
 
 }  // namespace
 
-std::optional<std::int64_t> tempoInteso(std::string_view testo) {
-    const std::string senza = senzaBordi(testo);
+std::optional<std::int64_t> tempo_inteso(std::string_view testo) {
+    const std::string senza = senza_bordi(testo);
     const bool negativo = senza.starts_with('-');
     std::vector<Numero> tutti = numeri(std::string_view(senza).substr(negativo ? 1 : 0));
     if (tutti.empty())
@@ -104,42 +104,42 @@ std::optional<std::int64_t> tempoInteso(std::string_view testo) {
     return negativo ? -inteso : inteso;
 }
 
-std::string propostaTempo(const std::string& testo) {
-    const auto inteso = tempoInteso(testo);
+std::string proposta_tempo(const std::string& testo) {
+    const auto inteso = tempo_inteso(testo);
     const bool parti = testo.find_first_of("'\",") != std::string::npos;
     if (!inteso || !parti || *inteso < 0 || *inteso >= ORA)
         return "";
     return "did you mean '" + CLaptimeAndStrings::LapTimeToStringa(static_cast<int>(*inteso)) + "'? ";
 }
 
-std::optional<std::string> avvisoLettura(const std::string& testo, int letto) {
-    const auto inteso = tempoInteso(testo);
+std::optional<std::string> avviso_lettura(const std::string& testo, int letto) {
+    const auto inteso = tempo_inteso(testo);
     if (!inteso)
-        return dalLettore(testo, letto) + ", but is no time as people write it, such as '1:23.456'";
+        return dal_lettore(testo, letto) + ", but is no time as people write it, such as '1:23.456'";
     if (*inteso == letto)
         return std::nullopt;
-    if (!diGiro(*inteso))
-        return dalLettore(testo, letto) + ", which it is not: it is longer than a lap time can be";
-    return dalLettore(testo, letto) + "; if " + std::to_string(*inteso) + " ms are meant, " + scrittura(*inteso);
+    if (!di_giro(*inteso))
+        return dal_lettore(testo, letto) + ", which it is not: it is longer than a lap time can be";
+    return dal_lettore(testo, letto) + "; if " + std::to_string(*inteso) + " ms are meant, " + scrittura(*inteso);
 }
 
-std::optional<std::string> avvisoRiga(const std::string& riga, int numero, int letto) {
+std::optional<std::string> avviso_riga(const std::string& riga, int numero, int letto) {
     const std::size_t tratto = riga.find(" - ");
-    const std::string prima = senzaBordi(riga.substr(0, tratto));
-    if (tratto == std::string::npos || leggiIntero(prima, INT32_MIN, INT32_MAX) != numero)
+    const std::string prima = senza_bordi(riga.substr(0, tratto));
+    if (tratto == std::string::npos || leggi_intero(prima, INT32_MIN, INT32_MAX) != numero)
         return "'" + riga + "' is read as lap " + std::to_string(numero) + " and " + std::to_string(letto) +
                " ms, but is no line of a lap list, such as '  7 - 1:23.456'";
     const std::string tempo = riga.substr(tratto + 3);
-    if (tempoInteso(tempo) == letto)
+    if (tempo_inteso(tempo) == letto)
         return std::nullopt;
-    const auto avviso = avvisoLettura(tempo, letto);
+    const auto avviso = avviso_lettura(tempo, letto);
     if (CLaptimeAndStrings::StringaToLapTime(tempo) != letto)
         return "the time of '" + riga + "' is read as " + std::to_string(letto) +
                " ms: it is looked for from the seventh character on";
     return "of '" + riga + "' " + avviso.value_or("");
 }
 
-std::optional<std::string> avvisoScrittura(int millisecondi) {
+std::optional<std::string> avviso_scrittura(int millisecondi) {
     const std::string testo = CLaptimeAndStrings::LapTimeToStringa(millisecondi);
     if (millisecondi < 0)
         return std::to_string(millisecondi) + " ms is written as '" + testo +

@@ -52,23 +52,23 @@ static_assert(std::ranges::all_of(TIPI, [](const Tipo& tipo) { return &tipo == &
 
 }  // namespace
 
-const char* contenutoCampione(unsigned tipo) {
+const char* contenuto_campione(unsigned tipo) {
     return TIPI[tipo].contenuto;
 }
 
-const char* costanteCampione(unsigned tipo) {
+const char* costante_campione(unsigned tipo) {
     return TIPI[tipo].costante;
 }
 
-const char* nomeCampione(unsigned tipo) {
+const char* nome_campione(unsigned tipo) {
     return TIPI[tipo].nome;
 }
 
-std::string nomeConCodice(unsigned tipo) {
-    return std::string(nomeCampione(tipo)) + " (" + std::to_string(tipo) + ")";
+std::string nome_con_codice(unsigned tipo) {
+    return std::string(nome_campione(tipo)) + " (" + std::to_string(tipo) + ")";
 }
 
-const std::vector<std::string>& nomiCampioni() {
+const std::vector<std::string>& nomi_campioni() {
     static const std::vector<std::string> nomi = [] {
         std::vector<std::string> tutti;
         for (const Tipo& tipo : TIPI)
@@ -78,8 +78,8 @@ const std::vector<std::string>& nomiCampioni() {
     return nomi;
 }
 
-std::optional<unsigned> leggiTipoCampione(std::string_view testo) {
-    if (const auto codice = leggiIntero(testo, 0, NUM_TIPI_CAMPIONE - 1))
+std::optional<unsigned> leggi_tipo_campione(std::string_view testo) {
+    if (const auto codice = leggi_intero(testo, 0, NUM_TIPI_CAMPIONE - 1))
         return static_cast<unsigned>(*codice);
     const std::string cercato = normale(testo);
     for (const Tipo& tipo : TIPI)
@@ -88,7 +88,7 @@ std::optional<unsigned> leggiTipoCampione(std::string_view testo) {
     return std::nullopt;
 }
 
-std::optional<unsigned> tipoPacchetto(kel_funpos fid) {
+std::optional<unsigned> tipo_pacchetto(kel_funpos fid) {
     if (kelFidGrandezza(fid) != FID_PHI_PACKAGE)
         return std::nullopt;
     switch (kelFidOggetto(fid)) {

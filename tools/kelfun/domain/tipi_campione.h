@@ -15,25 +15,25 @@ namespace kel::strumento {
 constexpr unsigned NUM_TIPI_CAMPIONE = KEL_TIPO_CALCOLATO;
 
 /// What a sample of a type holds. `tipo` is below NUM_TIPI_CAMPIONE, here and below.
-const char* contenutoCampione(unsigned tipo);
+const char* contenuto_campione(unsigned tipo);
 
 /// The name of a type's constant: "KEL_TIPO_INT16".
-const char* costanteCampione(unsigned tipo);
+const char* costante_campione(unsigned tipo);
 
 /// The name of a type: "int16". No two have the same.
-const char* nomeCampione(unsigned tipo);
+const char* nome_campione(unsigned tipo);
 
 /// "int16 (1)".
-std::string nomeConCodice(unsigned tipo);
+std::string nome_con_codice(unsigned tipo);
 
 /// The names of all types in the order of their codes.
-const std::vector<std::string>& nomiCampioni();
+const std::vector<std::string>& nomi_campioni();
 
 /// The type of a name, capitals or not, of a constant ("KEL_TIPO_INT16") or of a code in decimal.
-std::optional<unsigned> leggiTipoCampione(std::string_view testo);
+std::optional<unsigned> leggi_tipo_campione(std::string_view testo);
 
 /// The sample type of a packet channel, known from its function; nothing for other functions.
-std::optional<unsigned> tipoPacchetto(kel_funpos fid);
+std::optional<unsigned> tipo_pacchetto(kel_funpos fid);
 
 }  // namespace kel::strumento
 

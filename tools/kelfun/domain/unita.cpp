@@ -5,7 +5,7 @@
 
 namespace kel::strumento {
 
-void tabellaUnita(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
+void tabella_unita(Documento& documento, const IFunzioni& catalogo, kel_funpos fid) {
     std::list<std::string> unita;
     catalogo.getFunzUIVs(fid, unita);
     documento.inizia("units", "",

@@ -9,7 +9,7 @@
 namespace kel::strumento {
 
 /// Adds the table "units": every unit of a function with its code, decimals and conversion, base unit first.
-void tabellaUnita(Documento& documento, const IFunzioni& catalogo, kel_funpos fid);
+void tabella_unita(Documento& documento, const IFunzioni& catalogo, kel_funpos fid);
 
 }  // namespace kel::strumento
 

@@ -23,7 +23,7 @@ std::string misura(std::uint64_t byte) {
             quanti /= MILLE;
             unita = maggiore;
         }
-    return conDecimali(quanti, byte < 1000 ? 0 : 1) + " " + unita;
+    return con_decimali(quanti, byte < 1000 ? 0 : 1) + " " + unita;
 }
 
 std::string minuti(double secondi) {

@@ -15,15 +15,15 @@ std::string variabile(const char* nome) {
 
 }  // namespace
 
-bool capisceComandi(std::FILE* file) {
+bool capisce_comandi(std::FILE* file) {
     const std::string terminale = variabile("TERM");
     return !terminale.empty() && terminale != "dumb" && ::isatty(::fileno(file)) == 1;
 }
 
-bool ammetteColori(std::string_view quando, std::FILE* file) {
+bool ammette_colori(std::string_view quando, std::FILE* file) {
     if (quando == "always" || quando == "never")
         return quando == "always";
-    return variabile("NO_COLOR").empty() && capisceComandi(file);
+    return variabile("NO_COLOR").empty() && capisce_comandi(file);
 }
 
 }  // namespace kel::strumento

@@ -8,11 +8,11 @@
 namespace kel::strumento {
 
 /// Whether it is a terminal that understands control sequences: not if TERM is "dumb" or not set.
-bool capisceComandi(std::FILE* file);
+bool capisce_comandi(std::FILE* file);
 
 /// "always", "never", or anything else: a terminal that can show colours, unless NO_COLOR is set and not empty. Only
 /// "always" overrides that variable.
-bool ammetteColori(std::string_view quando, std::FILE* file);
+bool ammette_colori(std::string_view quando, std::FILE* file);
 
 /// Renditions of ECMA-48, SELECT GRAPHIC RENDITION.
 constexpr std::string_view GRASSETTO = "\033[1m";

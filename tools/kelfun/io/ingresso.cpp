@@ -36,8 +36,8 @@ void Ingresso::chiudi() const {
         ::close(fd_);
 }
 
-void Ingresso::mostraAvanzamento(bool con_righe) {
-    if (!capisceComandi(stderr) || (con_righe && ::isatty(STDOUT_FILENO) == 1))
+void Ingresso::mostra_avanzamento(bool con_righe) {
+    if (!capisce_comandi(stderr) || (con_righe && ::isatty(STDOUT_FILENO) == 1))
         return;
     avanzamento_.emplace(
         lunghezza(),
@@ -53,7 +53,7 @@ std::optional<std::uint64_t> Ingresso::lunghezza() const {
 }
 
 std::size_t Ingresso::leggi(std::uint8_t* byte, std::size_t quanti) {
-    mandaUscita();  // the next bytes may be long in coming, from a receiver for example
+    manda_uscita();  // the next bytes may be long in coming, from a receiver for example
     for (;;) {
         const ssize_t letti = ::read(fd_, byte, quanti);
         const int errore = errno;
@@ -70,7 +70,7 @@ std::size_t Ingresso::leggi(std::uint8_t* byte, std::size_t quanti) {
     }
 }
 
-std::size_t Ingresso::leggiTutti(std::uint8_t* byte, std::size_t quanti) {
+std::size_t Ingresso::leggi_tutti(std::uint8_t* byte, std::size_t quanti) {
     std::size_t avuti = 0;
     while (avuti < quanti) {
         const std::size_t letti = leggi(byte + avuti, quanti - avuti);

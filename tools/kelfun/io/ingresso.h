@@ -26,10 +26,10 @@ public:
 
     /// Shows on standard error how far the reading has come, if that is a terminal.
     /// @param con_righe  what is read is printed row by row: on a terminal the rows themselves show the progress.
-    void mostraAvanzamento(bool con_righe);
+    void mostra_avanzamento(bool con_righe);
 
     /// So many bytes, or fewer at the end.
-    std::size_t leggiTutti(std::uint8_t* byte, std::size_t quanti);
+    std::size_t leggi_tutti(std::uint8_t* byte, std::size_t quanti);
 
     /// Length of a file in bytes; nothing where it is not known, as for standard input.
     std::optional<std::uint64_t> lunghezza() const;

@@ -26,7 +26,7 @@ std::optional<std::string> Righe::prossima() {
     return riga;
 }
 
-std::vector<std::string> leggiRighe(const std::string& nome) {
+std::vector<std::string> leggi_righe(const std::string& nome) {
     Righe righe(nome);
     std::vector<std::string> tutte;
     while (auto riga = righe.prossima())

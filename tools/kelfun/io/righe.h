@@ -33,7 +33,7 @@ private:
 
 /// All lines at once.
 /// @throws NonTrovato  when they cannot be read.
-std::vector<std::string> leggiRighe(const std::string& nome);
+std::vector<std::string> leggi_righe(const std::string& nome);
 
 }  // namespace kel::strumento
 

@@ -9,11 +9,11 @@ namespace kel::strumento {
 
 /// Flushes what has been written so far.
 /// @throws NonTrovato  when any of it could not be written, now or before.
-void mandaUscita(std::FILE* file = stdout);
+void manda_uscita(std::FILE* file = stdout);
 
 /// Writes a text to standard output and flushes it.
 /// @throws NonTrovato  when it could not be written.
-void scriviUscita(std::string_view testo);
+void scrivi_uscita(std::string_view testo);
 
 }  // namespace kel::strumento
 

@@ -17,36 +17,36 @@ void dillo(const std::string& testo) {
     std::fprintf(stderr, "kelfun laps: %s\n", mostrabile(testo).c_str());
 }
 
-Lettura leggiCattura(const std::string& file, const ScelteGiri& scelte) {
+Lettura leggi_cattura(const std::string& file, const ScelteGiri& scelte) {
     Ingresso ingresso(file);
-    ingresso.mostraAvanzamento(false);
+    ingresso.mostra_avanzamento(false);
     LettoreSoluzioni lettore(
         [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
     OrologioGps orologio;
     std::vector<Fix> fix;
     while (lettore.prossima())
-        fix.push_back(fixDi(lettore.soluzione(), orologio));
+        fix.push_back(fix_di(lettore.soluzione(), orologio));
     if (fix.empty()) {
-        const std::string messaggi = elencoMessaggi(lettore.conteggi());
+        const std::string messaggi = elenco_messaggi(lettore.conteggi());
         throw NonTrovato("there is no NAV-SOL and no NAV-PVT message in it" +
                          (messaggi.empty() ? "" : "; messages by class and id: " + messaggi));
     }
-    return giriDellaCattura(std::move(fix), scelte, PAROLE, dillo);
+    return giri_della_cattura(std::move(fix), scelte, PAROLE, dillo);
 }
 
-Lettura leggiRegistrazione(const std::string& file_canali, const std::string& file_campioni, Disposizione disposizione,
-                           const SceltaTempo& scelta_tempo, const IFunzioni& catalogo, const ScelteGiri& scelte) {
+Lettura leggi_registrazione(const std::string& file_canali, const std::string& file_campioni, Disposizione disposizione,
+                            const SceltaTempo& scelta_tempo, const IFunzioni& catalogo, const ScelteGiri& scelte) {
     TempoRecord tempo(scelta_tempo);
-    const std::vector<s_kel_canale> canali = leggiFileCanali(file_canali, disposizione);
-    FileCampioni campioni(file_campioni, dimensioneRecord(canali), tempo);
+    const std::vector<s_kel_canale> canali = leggi_file_canali(file_canali, disposizione);
+    FileCampioni campioni(file_campioni, dimensione_record(canali), tempo);
     campioni.annuncia("laps");
-    campioni.ingresso().mostraAvanzamento(false);
+    campioni.ingresso().mostra_avanzamento(false);
     RaccoltaRecord raccolta(catalogo, canali);
     while (campioni.lettore().prossimo())
         raccolta.aggiungi(tempo.noto() ? std::optional(tempo.secondi(campioni.lettore())) : std::nullopt,
                           campioni.lettore().campioni());
-    campioni.verificaFine();
-    return giriDellaRegistrazione(raccolta, scelte, PAROLE, dillo);
+    campioni.verifica_fine();
+    return giri_della_registrazione(raccolta, scelte, PAROLE, dillo);
 }
 
 }  // namespace kel::strumento

@@ -14,9 +14,9 @@ namespace kel::strumento {
 
 /// The laps of a u-blox capture, or of a recording.
 /// @throws NonTrovato  where no lap is closed: one line that says why.
-Lettura leggiCattura(const std::string& file, const ScelteGiri& scelte);
-Lettura leggiRegistrazione(const std::string& file_canali, const std::string& file_campioni, Disposizione disposizione,
-                           const SceltaTempo& scelta_tempo, const IFunzioni& catalogo, const ScelteGiri& scelte);
+Lettura leggi_cattura(const std::string& file, const ScelteGiri& scelte);
+Lettura leggi_registrazione(const std::string& file_canali, const std::string& file_campioni, Disposizione disposizione,
+                            const SceltaTempo& scelta_tempo, const IFunzioni& catalogo, const ScelteGiri& scelte);
 
 /// "kelfun laps: ..." on standard error.
 void dillo(const std::string& testo);

@@ -40,8 +40,8 @@ std::vector<Colonna> TabellaGiri::colonne() const {
         if (aspetto_.per_programmi)
             tutte.push_back({"sector_" + n + "_ms", "SECTOR " + n + " ms", Lato::destra});
     }
-    tutte.push_back({chiaveConUdm("top_speed", aspetto_.udm), "TOP " + aspetto_.udm, Lato::destra});
-    tutte.push_back({chiaveConUdm("least_speed", aspetto_.udm), "LEAST " + aspetto_.udm, Lato::destra});
+    tutte.push_back({chiave_con_udm("top_speed", aspetto_.udm), "TOP " + aspetto_.udm, Lato::destra});
+    tutte.push_back({chiave_con_udm("least_speed", aspetto_.udm), "LEAST " + aspetto_.udm, Lato::destra});
     if (aspetto_.per_programmi)
         tutte.push_back({"distance_m", "DISTANCE m", Lato::destra});
     tutte.push_back({"samples", "SAMPLES", Lato::destra});

@@ -31,27 +31,27 @@ Cella Cella::fid(kel_funpos fid) {
 }
 
 Cella Cella::numero(float valore) {
-    return {breve(valore), comeScritto(valore)};
+    return {breve(valore), come_scritto(valore)};
 }
 
 Cella Cella::numero(float valore, int decimali) {
-    std::string testo = conDecimali(valore, decimali);
-    const double scritto = comeScritto(testo);
+    std::string testo = con_decimali(valore, decimali);
+    const double scritto = come_scritto(testo);
     return {std::move(testo), scritto};
 }
 
 Cella Cella::reale(double valore, int decimali) {
-    std::string testo = conDecimali(valore, decimali);
-    const double scritto = comeScritto(testo);
+    std::string testo = con_decimali(valore, decimali);
+    const double scritto = come_scritto(testo);
     return {std::move(testo), scritto};
 }
 
 Cella Cella::reale(double valore, int decimali, std::string_view testo) {
-    return {std::string(testo), comeScritto(conDecimali(valore, decimali))};
+    return {std::string(testo), come_scritto(con_decimali(valore, decimali))};
 }
 
 Cella Cella::numero(float valore, std::string_view testo) {
-    return {std::string(testo), comeScritto(valore)};
+    return {std::string(testo), come_scritto(valore)};
 }
 
 Cella Cella::lista(std::vector<std::string> testi) {

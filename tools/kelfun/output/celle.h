@@ -10,14 +10,14 @@
 namespace kel::strumento {
 
 /// A text of a table; nothing when it is "".
-Cella testoOVuota(std::string_view testo);
+Cella testo_o_vuota(std::string_view testo);
 
 /// A text without the NUL that the object face counts in its length.
-std::string senzaNul(std::string testo);
+std::string senza_nul(std::string testo);
 
 /// A parameter code of the camera: the basic ones are small numbers, the extended ones are known in hexadecimal;
 /// nothing for -1, a row without one.
-Cella codiceCamera(int codice);
+Cella codice_camera(int codice);
 
 }  // namespace kel::strumento
 

@@ -17,12 +17,12 @@ namespace kel::strumento {
 namespace {
 
 // Texts hold the bytes of samples and of recorded names as they are: what a terminal would obey is made visible.
-std::string perPersone(const Cella& cella) {
-    return mostrabile(cella.perPersone());
+std::string per_persone(const Cella& cella) {
+    return mostrabile(cella.per_persone());
 }
 
-std::size_t colonneDi(const std::string& testo) {
-    return static_cast<std::size_t>(larghezzaTesto(testo));
+std::size_t colonne_di(const std::string& testo) {
+    return static_cast<std::size_t>(larghezza_testo(testo));
 }
 
 nlohmann::ordered_json json(const Cella& cella) {
@@ -37,11 +37,11 @@ nlohmann::ordered_json json(const Cella& cella) {
         cella.valore());
 }
 
-std::string testoJson(const nlohmann::ordered_json& valore) {
+std::string testo_json(const nlohmann::ordered_json& valore) {
     return valore.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
-std::string testoCsv(const Cella& cella) {
+std::string testo_csv(const Cella& cella) {
     if (const auto* lista = std::get_if<std::vector<std::string>>(&cella.valore()))
         return mostrabile(elenco(*lista));
     if (const auto* testo = std::get_if<std::string>(&cella.valore()))
@@ -50,7 +50,7 @@ std::string testoCsv(const Cella& cella) {
         return "";
     if (const auto* logico = std::get_if<bool>(&cella.valore()))
         return *logico ? "true" : "false";
-    return testoJson(json(cella));
+    return testo_json(json(cella));
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ void Documento::proprieta(std::string_view chiave, std::string_view titolo, cons
 }
 
 void Documento::inizia(std::string_view chiave, std::string_view titolo, std::vector<Colonna> colonne, bool flusso) {
-    chiudiProprieta();
+    chiudi_proprieta();
     chiudi();
     muta_ = !vale(chiave);
     if (muta_)
@@ -96,7 +96,7 @@ void Documento::inizia(std::string_view chiave, std::string_view titolo, std::ve
     if (forma_ == Forma::ndjson)
         return;
     if (forma_ == Forma::json)
-        scrivi((scritto_ ? ",\n  " : "{\n  ") + testoJson(chiave) + ": [");
+        scrivi((scritto_ ? ",\n  " : "{\n  ") + testo_json(chiave) + ": [");
     else if (scritto_)
         scrivi("\n");
     scritto_ = true;
@@ -115,12 +115,12 @@ void Documento::riga(std::vector<Cella> celle) {
         std::vector<std::string> testi;
         testi.reserve(celle.size());
         for (const Cella& cella : celle)
-            testi.push_back(testoCsv(cella));
-        rigaCsv(testi);
+            testi.push_back(testo_csv(cella));
+        riga_csv(testi);
     } else if (forma_ != Forma::tabella) {
-        rigaJson(celle);
+        riga_json(celle);
     } else if (flusso_) {
-        rigaPerPersone(celle);
+        riga_per_persone(celle);
     } else {
         celle_.push_back(std::move(celle));
     }
@@ -136,44 +136,44 @@ void Documento::chiudi() {
         return;
     for (const auto& celle : celle_)
         for (std::size_t i = 0; i < celle.size(); ++i)
-            colonne_[i].larghezza = std::max(colonne_[i].larghezza, colonneDi(perPersone(celle[i])));
+            colonne_[i].larghezza = std::max(colonne_[i].larghezza, colonne_di(per_persone(celle[i])));
     testata();
     for (const auto& celle : celle_)
-        rigaPerPersone(celle);
+        riga_per_persone(celle);
     celle_.clear();
 }
 
-void Documento::chiudiProprieta() {
+void Documento::chiudi_proprieta() {
     if (proprieta_.empty() || !vale(PROPRIETA)) {
         proprieta_.clear();
         return;
     }
     if (forma_ == Forma::tabella) {
-        proprietaPerPersone();
+        proprieta_per_persone();
     } else if (forma_ == Forma::csv) {
         scrivi("property,value\n");
         for (const Proprieta& p : proprieta_)
-            rigaCsv({p.chiave, testoCsv(p.valore)});
+            riga_csv({p.chiave, testo_csv(p.valore)});
     } else if (forma_ == Forma::ndjson) {
         nlohmann::ordered_json oggetto = {{"table", PROPRIETA}};
         for (const Proprieta& p : proprieta_)
             oggetto[p.chiave] = json(p.valore);
-        scrivi(testoJson(oggetto) + "\n");
+        scrivi(testo_json(oggetto) + "\n");
     } else {
         for (const Proprieta& p : proprieta_)
-            scrivi((&p != &proprieta_.front() || scritto_ ? ",\n  " : "{\n  ") + testoJson(p.chiave) + ": " +
-                   testoJson(json(p.valore)));
+            scrivi((&p != &proprieta_.front() || scritto_ ? ",\n  " : "{\n  ") + testo_json(p.chiave) + ": " +
+                   testo_json(json(p.valore)));
     }
     scritto_ = true;
     proprieta_.clear();
 }
 
-void Documento::proprietaPerPersone() {
+void Documento::proprieta_per_persone() {
     std::size_t larghezza = 0;
     for (const Proprieta& p : proprieta_)
         larghezza = std::max(larghezza, p.titolo.size());
     for (const Proprieta& p : proprieta_) {
-        const std::string testo = perPersone(p.valore);
+        const std::string testo = per_persone(p.valore);
         scrivi(colorato(GRASSETTO, p.titolo) + std::string(larghezza - p.titolo.size() + 2, ' ') +
                (p.valore.identificatore() ? colorato(CIANO, testo) : testo) + "\n");
     }
@@ -187,29 +187,29 @@ void Documento::testata() {
         titoli.push_back(Cella::testo(colonna.titolo));
     }
     if (forma_ == Forma::csv)
-        rigaCsv(chiavi);
+        riga_csv(chiavi);
     else
-        rigaPerPersone(titoli, GRASSETTO);
+        riga_per_persone(titoli, GRASSETTO);
 }
 
-void Documento::rigaJson(const std::vector<Cella>& celle) {
+void Documento::riga_json(const std::vector<Cella>& celle) {
     nlohmann::ordered_json oggetto = nlohmann::ordered_json::object();
     if (forma_ == Forma::ndjson)
         oggetto["table"] = tabella_;
     for (std::size_t i = 0; i < celle.size(); ++i)
         oggetto[colonne_[i].chiave] = json(celle[i]);
     if (forma_ == Forma::ndjson)
-        scrivi(testoJson(oggetto) + "\n");
+        scrivi(testo_json(oggetto) + "\n");
     else
-        scrivi((righe_ > 1 ? ",\n    " : "\n    ") + testoJson(oggetto));
+        scrivi((righe_ > 1 ? ",\n    " : "\n    ") + testo_json(oggetto));
 }
 
-void Documento::rigaPerPersone(const std::vector<Cella>& celle, std::string_view colore) {
+void Documento::riga_per_persone(const std::vector<Cella>& celle, std::string_view colore) {
     std::string riga;
     std::size_t mancano = 0;  // blanks to write before the next text; at the end of a line none are written
     for (std::size_t i = 0; i < celle.size(); ++i) {
-        const std::string testo = perPersone(celle[i]);
-        const std::size_t larga = colonneDi(testo);
+        const std::string testo = per_persone(celle[i]);
+        const std::size_t larga = colonne_di(testo);
         const std::size_t spazi = std::max(colonne_[i].larghezza, larga) - larga;
         const bool destra = colonne_[i].lato == Lato::destra;
         mancano += (i > 0 ? 2 : 0) + (destra ? spazi : 0);
@@ -222,7 +222,7 @@ void Documento::rigaPerPersone(const std::vector<Cella>& celle, std::string_view
     scrivi(riga + "\n");
 }
 
-void Documento::rigaCsv(const std::vector<std::string>& testi) {
+void Documento::riga_csv(const std::vector<std::string>& testi) {
     std::string riga;
     for (std::size_t i = 0; i < testi.size(); ++i) {
         if (i > 0)
@@ -240,13 +240,13 @@ void Documento::rigaCsv(const std::vector<std::string>& testi) {
 }
 
 void Documento::fine() {
-    chiudiProprieta();
+    chiudi_proprieta();
     chiudi();
     if (!scelta_.empty() && std::find(viste_.begin(), viste_.end(), scelta_) == viste_.end())
         throw NonTrovato("this answer has no table '" + scelta_ + "'; it has: " + elenco(viste_));
     if (forma_ == Forma::json)
         scrivi(scritto_ ? "\n}\n" : "{}\n");
-    mandaUscita(file_);
+    manda_uscita(file_);
 }
 
 }  // namespace kel::strumento

@@ -56,7 +56,7 @@ public:
     static Cella lista(std::vector<std::string> testi);
 
     using Valore = std::variant<std::monostate, std::string, std::int64_t, double, bool, std::vector<std::string>>;
-    const std::string& perPersone() const { return testo_; }
+    const std::string& per_persone() const { return testo_; }
     const Valore& valore() const { return valore_; }
     /// Whether it is an identifier, which stands out by its colour.
     bool identificatore() const { return identificatore_; }
@@ -72,7 +72,7 @@ private:
 enum class Lato { sinistra, destra };
 
 struct Colonna {
-    std::string chiave;  ///< its name in JSON and CSV, with its unit if it has one: see `chiaveConUdm`
+    std::string chiave;  ///< its name in JSON and CSV, with its unit if it has one: see `chiave_con_udm`
     std::string titolo;  ///< its heading for people
     Lato lato = Lato::sinistra;
     std::size_t larghezza = 0;  ///< characters to keep in a table that is printed while it grows
@@ -101,14 +101,14 @@ public:
 private:
     void scrivi(std::string_view testo);
     void chiudi();
-    void chiudiProprieta();
+    void chiudi_proprieta();
     bool vale(std::string_view tabella);
-    void proprietaPerPersone();
+    void proprieta_per_persone();
     void testata();
-    void rigaPerPersone(const std::vector<Cella>& celle, std::string_view colore = {});
-    void rigaJson(const std::vector<Cella>& celle);
+    void riga_per_persone(const std::vector<Cella>& celle, std::string_view colore = {});
+    void riga_json(const std::vector<Cella>& celle);
     std::string colorato(std::string_view colore, std::string_view testo) const;
-    void rigaCsv(const std::vector<std::string>& testi);
+    void riga_csv(const std::vector<std::string>& testi);
 
     struct Proprieta {
         std::string chiave;

@@ -39,7 +39,7 @@ std::vector<std::string*> testi(Grafico& grafico) {
     return tutti;
 }
 
-bool tuttoAscii(const std::string& testo) {
+bool tutto_ascii(const std::string& testo) {
     return std::ranges::all_of(testo, [](char c) { return static_cast<unsigned char>(c) < ASCII; });
 }
 
@@ -59,12 +59,12 @@ bool Caratteri::ha(std::uint32_t codice) const {
                                [codice](const auto& uno) { return codice >= uno.first && codice <= uno.second; });
 }
 
-std::vector<std::string> togliMancanti(Grafico& grafico, const Caratteri& caratteri) {
+std::vector<std::string> togli_mancanti(Grafico& grafico, const Caratteri& caratteri) {
     std::vector<std::string> tolti;
     for (std::string* testo : testi(grafico)) {
         std::string nuovo;
         for (std::string_view resto = *testo; !resto.empty();) {
-            const Carattere primo = primoCarattere(resto);
+            const Carattere primo = primo_carattere(resto);
             const std::string uno(resto.substr(0, std::max<std::size_t>(1, primo.byte)));
             const bool resta = primo.byte == 0 || primo.codice < ASCII || caratteri.ha(primo.codice);
             nuovo += resta ? uno : "?";
@@ -77,17 +77,17 @@ std::vector<std::string> togliMancanti(Grafico& grafico, const Caratteri& caratt
     return tolti;
 }
 
-std::vector<std::string> togliSenzaFont(Grafico& grafico) {
+std::vector<std::string> togli_senza_font(Grafico& grafico) {
     const std::vector<std::string*> tutti = testi(grafico);
-    if (std::ranges::all_of(tutti, [](const std::string* testo) { return tuttoAscii(*testo); }))
+    if (std::ranges::all_of(tutti, [](const std::string* testo) { return tutto_ascii(*testo); }))
         return {};
-    const auto programma = cercaProgramma("fc-list");
+    const auto programma = cerca_programma("fc-list");
     if (!programma)
         return {};
     const EsitoProgramma esito =
-        eseguiProgramma(*programma, {"fc-list", "--format", "%{charset}\n", ":scalable=true"}, "");
+        esegui_programma(*programma, {"fc-list", "--format", "%{charset}\n", ":scalable=true"}, "");
     const Caratteri caratteri(esito.uscita);
-    return esito.stato != 0 || caratteri.vuoti() ? std::vector<std::string>() : togliMancanti(grafico, caratteri);
+    return esito.stato != 0 || caratteri.vuoti() ? std::vector<std::string>() : togli_mancanti(grafico, caratteri);
 }
 
 }  // namespace kel::strumento

@@ -27,11 +27,11 @@ private:
 
 /// Replaces in all texts of a plot the characters that are not among these by "?".
 /// @return  what was replaced, each once.
-std::vector<std::string> togliMancanti(Grafico& grafico, const Caratteri& caratteri);
+std::vector<std::string> togli_mancanti(Grafico& grafico, const Caratteri& caratteri);
 
 /// The same for the characters that no font of this machine has. The library that draws PNG and PDF would draw a box
 /// for each, which may be larger than the picture. Without fontconfig the fonts are not known, and nothing is replaced.
-std::vector<std::string> togliSenzaFont(Grafico& grafico);
+std::vector<std::string> togli_senza_font(Grafico& grafico);
 
 }  // namespace kel::strumento
 

@@ -14,7 +14,7 @@
 namespace kel::strumento {
 
 /// What a plot of a file is called: its name without its folder, nothing for standard input.
-std::string titoloGrafico(const std::string& file);
+std::string titolo_grafico(const std::string& file);
 
 class DestinazioneGrafico {
 public:
@@ -30,7 +30,7 @@ public:
     void disegna(const Grafico& grafico, std::vector<Nota> note, bool tutto) const;
 
 private:
-    void nelTerminale(const Grafico& grafico, std::vector<Nota> note, bool tutto) const;
+    void nel_terminale(const Grafico& grafico, std::vector<Nota> note, bool tutto) const;
 
     std::string file_;
     std::string gnuplot_;  // its path; "" for the terminal

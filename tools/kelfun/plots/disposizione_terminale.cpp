@@ -23,39 +23,39 @@ constexpr int RIGHE_TRACCIA_MINIME = 8;
 constexpr int CURVA_MINIMA = 6;  // columns
 
 // Several curves are told apart by letters.
-std::string titoloDi(const Pannello& pannello) {
-    std::string testo = titoloConUdm(pannello.nome, pannello.udm);
+std::string titolo_di(const Pannello& pannello) {
+    std::string testo = titolo_con_udm(pannello.nome, pannello.udm);
     if (pannello.curve.size() > 1)
         for (std::size_t i = 0; i < pannello.curve.size(); ++i)
             testo += std::string(i == 0 ? ": " : ", ") + static_cast<char>('a' + i % 26) + " " + pannello.curve[i].nome;
     return pannello.vuoto() ? testo + ": no values" : testo;
 }
 
-int larghezzaEtichette(const Grafico& grafico) {
-    int larghezza = larghezzaTesto(unitaAscissa(grafico));
+int larghezza_etichette(const Grafico& grafico) {
+    int larghezza = larghezza_testo(unita_ascissa(grafico));
     for (const Pannello& pannello : grafico.pannelli)
         if (!pannello.vuoto())
             for (const double valore : {pannello.minimo(), pannello.massimo()})
-                larghezza = std::max(larghezza, larghezzaTesto(etichetta(valore)));
+                larghezza = std::max(larghezza, larghezza_testo(etichetta(valore)));
     return larghezza;
 }
 
 std::vector<PostoPannello> posti(const Grafico& grafico, const Disposizione& d) {
     std::vector<PostoPannello> tutti;
     for (const Pannello& pannello : grafico.pannelli) {
-        const std::string titolo = mostrabile(titoloDi(pannello));
-        const bool dietro_asse = larghezzaTesto(titolo) <= d.larghezzaCurve();
+        const std::string titolo = mostrabile(titolo_di(pannello));
+        const bool dietro_asse = larghezza_testo(titolo) <= d.larghezza_curve();
         PostoPannello posto;
         posto.pannello = &pannello;
         posto.colonna_titolo = dietro_asse ? d.asse + 1 : 0;
-        posto.titolo = aCapo(titolo, d.colonne_pannelli - posto.colonna_titolo);
+        posto.titolo = a_capo(titolo, d.colonne_pannelli - posto.colonna_titolo);
         tutti.push_back(std::move(posto));
     }
     return tutti;
 }
 
 // Lines that the titles of the panels take, and their curves at the least.
-int righeMinime(const std::vector<PostoPannello>& pannelli, int a_pannello) {
+int righe_minime(const std::vector<PostoPannello>& pannelli, int a_pannello) {
     int righe = 0;
     for (const PostoPannello& uno : pannelli)
         righe += static_cast<int>(uno.titolo.size()) + a_pannello;
@@ -63,9 +63,9 @@ int righeMinime(const std::vector<PostoPannello>& pannelli, int a_pannello) {
 }
 
 // The panels that have room in so many lines.
-void tieniQuantiEntrano(Disposizione& d, int libere) {
+void tieni_quanti_entrano(Disposizione& d, int libere) {
     Nota nota{"no room for ", {}, ": a higher terminal, --only NAME, or a picture shows them"};
-    while (d.pannelli.size() > 1 && righeMinime(d.pannelli, RIGHE_PANNELLO_MINIME) > libere) {
+    while (d.pannelli.size() > 1 && righe_minime(d.pannelli, RIGHE_PANNELLO_MINIME) > libere) {
         nota.nomi.insert(nota.nomi.begin(), d.pannelli.back().pannello->nome);
         d.pannelli.pop_back();
     }
@@ -74,10 +74,10 @@ void tieniQuantiEntrano(Disposizione& d, int libere) {
 }
 
 // Shares out the lines; what does not divide goes to the panels above.
-void mettiPannelli(Disposizione& d, int libere, int minime) {
+void metti_pannelli(Disposizione& d, int libere, int minime) {
     int riga = static_cast<int>(d.titolo.size()) + (d.riga_segni >= 0 ? 1 : 0);
     const int quanti = static_cast<int>(d.pannelli.size());
-    const int di_curve = std::max(libere - righeMinime(d.pannelli, 0), quanti * minime);
+    const int di_curve = std::max(libere - righe_minime(d.pannelli, 0), quanti * minime);
     for (int i = 0; i < quanti; ++i) {
         PostoPannello& posto = d.pannelli[static_cast<std::size_t>(i)];
         posto.riga = riga;
@@ -88,11 +88,11 @@ void mettiPannelli(Disposizione& d, int libere, int minime) {
     d.righe = riga + RIGHE_ASSE;
 }
 
-void disponiPannelli(const Grafico& grafico, const Terminale& terminale, Disposizione& d) {
+void disponi_pannelli(const Grafico& grafico, const Terminale& terminale, Disposizione& d) {
     const bool traccia = !grafico.traccia.vuota();
     const bool affianco = traccia && d.colonne >= COLONNE_CON_TRACCIA;
     d.colonne_pannelli = affianco ? d.colonne * 5 / 8 : d.colonne;
-    d.asse = std::min(larghezzaEtichette(grafico) + 1, d.colonne_pannelli - 1 - CURVA_MINIMA);
+    d.asse = std::min(larghezza_etichette(grafico) + 1, d.colonne_pannelli - 1 - CURVA_MINIMA);
     if (affianco)
         d.colonna_traccia = d.colonne_pannelli + FRA_COLONNE;
     else if (traccia)
@@ -101,15 +101,15 @@ void disponiPannelli(const Grafico& grafico, const Terminale& terminale, Disposi
     d.pannelli = posti(grafico, d);
     int libere = terminale.righe - static_cast<int>(d.titolo.size()) - RIGHE_ASSE;
     const bool segni = !grafico.giri.empty() || !grafico.sessioni.empty();
-    if (segni && (terminale.cresce || libere - 1 >= righeMinime({d.pannelli.front()}, RIGHE_PANNELLO_MINIME))) {
+    if (segni && (terminale.cresce || libere - 1 >= righe_minime({d.pannelli.front()}, RIGHE_PANNELLO_MINIME))) {
         d.riga_segni = static_cast<int>(d.titolo.size());
         --libere;
     } else if (segni) {
         d.note.push_back({"no room to mark the laps", {}, ""});
     }
     if (!terminale.cresce)
-        tieniQuantiEntrano(d, libere);
-    mettiPannelli(d, libere, terminale.cresce ? RIGHE_PANNELLO_COMODE : RIGHE_PANNELLO_MINIME);
+        tieni_quanti_entrano(d, libere);
+    metti_pannelli(d, libere, terminale.cresce ? RIGHE_PANNELLO_COMODE : RIGHE_PANNELLO_MINIME);
 }
 
 }  // namespace
@@ -124,13 +124,13 @@ Disposizione disponi(const Grafico& grafico, const Terminale& terminale) {
     Disposizione d;
     d.colonne = std::max(COLONNE_MINIME, terminale.colonne);
     if (!grafico.titolo.empty())
-        d.titolo = aCapo(mostrabile(grafico.titolo), d.colonne);
+        d.titolo = a_capo(mostrabile(grafico.titolo), d.colonne);
     if (grafico.pannelli.empty()) {
         d.colonna_traccia = grafico.traccia.vuota() ? -1 : 0;
         d.righe = std::max(terminale.righe, static_cast<int>(d.titolo.size()) + RIGHE_TRACCIA_MINIME);
         return d;
     }
-    disponiPannelli(grafico, terminale, d);
+    disponi_pannelli(grafico, terminale, d);
     if (d.colonna_traccia >= 0)
         d.righe = std::max(d.righe, static_cast<int>(d.titolo.size()) + RIGHE_TRACCIA_MINIME);
     return d;

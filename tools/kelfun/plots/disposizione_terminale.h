@@ -33,7 +33,7 @@ struct Disposizione {
     int colonna_traccia = -1;  ///< -1: none
     std::vector<Nota> note;    ///< what has no room
 
-    int larghezzaCurve() const { return colonne_pannelli - asse - 1; }
+    int larghezza_curve() const { return colonne_pannelli - asse - 1; }
 };
 
 Disposizione disponi(const Grafico& grafico, const Terminale& terminale);

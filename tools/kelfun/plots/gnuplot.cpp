@@ -11,7 +11,7 @@ namespace kel::strumento {
 
 namespace {
 
-std::string primaRiga(std::string_view testo) {
+std::string prima_riga(std::string_view testo) {
     while (!testo.empty()) {
         const std::string_view riga = testo.substr(0, testo.find('\n'));
         const std::size_t inizio = riga.find_first_not_of(" \t^");
@@ -24,17 +24,17 @@ std::string primaRiga(std::string_view testo) {
 
 }  // namespace
 
-std::string cercaGnuplot() {
-    if (auto programma = cercaProgramma("gnuplot"))
+std::string cerca_gnuplot() {
+    if (auto programma = cerca_programma("gnuplot"))
         return *programma;
     throw NonTrovato(
         "a picture takes gnuplot, which is not installed: install the package gnuplot-nox, or use --plot -");
 }
 
-std::string eseguiGnuplot(const std::string& programma, const std::string& istruzioni) {
-    EsitoProgramma esito = eseguiProgramma(programma, {"gnuplot", "-d", "-"}, istruzioni);
+std::string esegui_gnuplot(const std::string& programma, const std::string& istruzioni) {
+    EsitoProgramma esito = esegui_programma(programma, {"gnuplot", "-d", "-"}, istruzioni);
     if (esito.stato != 0 || esito.uscita.empty())
-        throw NonTrovato("gnuplot fails: " + primaRiga(esito.errori));
+        throw NonTrovato("gnuplot fails: " + prima_riga(esito.errori));
     return std::move(esito.uscita);
 }
 

@@ -43,7 +43,7 @@ std::pair<double, double> Grafico::estremi() const {
     return {primo, ultimo > primo ? ultimo : primo + 1};
 }
 
-Pannello pannelloSingolo(const std::string& nome, const std::string& udm) {
+Pannello pannello_singolo(const std::string& nome, const std::string& udm) {
     Pannello pannello{nome, udm, {}};
     pannello.curve.push_back({nome, {}});
     return pannello;

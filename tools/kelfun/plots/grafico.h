@@ -64,7 +64,7 @@ struct Grafico {
 };
 
 /// A panel of one curve, which has the panel's name.
-Pannello pannelloSingolo(const std::string& nome, const std::string& udm);
+Pannello pannello_singolo(const std::string& nome, const std::string& udm);
 
 }  // namespace kel::strumento
 

@@ -11,7 +11,7 @@ namespace kel::strumento {
 
 namespace {
 
-std::string nomeGiro(const Giro& giro) {
+std::string nome_giro(const Giro& giro) {
     return "Lap " + std::to_string(giro.numero) + "  " + CLaptimeAndStrings::LapTimeToStringa(*giro.ms);
 }
 
@@ -29,7 +29,7 @@ Serie velocita(std::span<const PuntoGiro> punti, double fattore) {
 Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> riferimento) {
     Serie serie;
     for (const PuntoGiro& punto : punti) {
-        const auto suo = tempoA(riferimento, punto.metri);
+        const auto suo = tempo_a(riferimento, punto.metri);
         if (punto.staccato)
             serie.aggiungi(punto.metri, std::nullopt);
         // Rounded to a microsecond: the rounding errors of equal times would be drawn as a curve.
@@ -41,7 +41,7 @@ Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> rife
 
 // The length that all laps are stretched to: that of the reference. If it lost the fix, a part of its length is a
 // guess; then it is that of the first lap that did not.
-double lunghezzaComune(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento) {
+double lunghezza_comune(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento) {
     std::vector<const Giro*> tutti = {&riferimento};
     tutti.insert(tutti.end(), scelti.begin(), scelti.end());
     for (const Giro* giro : tutti) {
@@ -53,8 +53,8 @@ double lunghezzaComune(const Guida& guida, std::span<const Giro* const> scelti, 
     return riferimento.metri.value_or(0);
 }
 
-void disegnaTraccia(Traccia& traccia, const Giro& giro, const Guida& guida, double fattore) {
-    const auto [primo, oltre] = fixDelGiro(giro, guida);
+void disegna_traccia(Traccia& traccia, const Giro& giro, const Guida& guida, double fattore) {
+    const auto [primo, oltre] = fix_del_giro(giro, guida);
     for (std::size_t i = primo; i < oltre; ++i) {
         const Fix& fix = guida.fix()[i];
         if (fix.valido)
@@ -66,12 +66,12 @@ void disegnaTraccia(Traccia& traccia, const Giro& giro, const Guida& guida, doub
 
 }  // namespace
 
-Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento,
-                    const std::string& udm, double fattore, bool insieme) {
+Grafico grafico_giri(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento,
+                     const std::string& udm, double fattore, bool insieme) {
     Grafico grafico;
     grafico.ascissa = Ascissa::distanza;
     grafico.udm_velocita = udm;
-    const double lunghezza = lunghezzaComune(guida, scelti, riferimento);
+    const double lunghezza = lunghezza_comune(guida, scelti, riferimento);
     const std::vector<PuntoGiro> base = andamento(riferimento, guida, lunghezza);
     if (insieme)
         grafico.pannelli.push_back({"Speed", udm, {}});
@@ -81,8 +81,8 @@ Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, con
         if (punti.empty())
             continue;
         if (!insieme)
-            grafico.pannelli.push_back({nomeGiro(*giro), udm, {}});
-        grafico.pannelli.back().curve.push_back({nomeGiro(*giro), velocita(punti, fattore)});
+            grafico.pannelli.push_back({nome_giro(*giro), udm, {}});
+        grafico.pannelli.back().curve.push_back({nome_giro(*giro), velocita(punti, fattore)});
         // The reference is drawn too, as a line at 0, so that each lap has the same colour in both panels. A terminal
         // has no colours.
         if (!insieme && giro == &riferimento)
@@ -93,7 +93,7 @@ Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, con
     const bool sola = insieme && scelti.size() == 1 && scelti.front() == &riferimento;
     if (!distacchi.curve.empty() && !sola)
         grafico.pannelli.push_back(std::move(distacchi));
-    disegnaTraccia(grafico.traccia, riferimento, guida, fattore);
+    disegna_traccia(grafico.traccia, riferimento, guida, fattore);
     return grafico;
 }
 

@@ -15,8 +15,8 @@ namespace kel::strumento {
 /// @param scelti       closed laps, drawn in this order.
 /// @param riferimento  the lap that gaps are to; its way is the track.
 /// @param insieme      all speeds in one panel, told apart by their colours; else a panel for each.
-Grafico graficoGiri(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento,
-                    const std::string& udm, double fattore, bool insieme);
+Grafico grafico_giri(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento,
+                     const std::string& udm, double fattore, bool insieme);
 
 }  // namespace kel::strumento
 

@@ -42,14 +42,14 @@ class Testi {
 public:
     /// The expression that gives a text.
     std::string operator()(const std::string& testo) {
-        righe_ += "|" + perXml(mostrabile(testo)) + "\n";
+        righe_ += "|" + per_xml(mostrabile(testo)) + "\n";
         return "$N[" + std::to_string(++quanti_) + "][2:*]";
     }
     std::string blocco() const { return "$N << EOD\n" + righe_ + "EOD\n"; }
 
 private:
     // The two codes that UTF-8 can write and XML cannot, U+FFFE and U+FFFF.
-    static std::string perXml(std::string testo) {
+    static std::string per_xml(std::string testo) {
         for (const char* nessuno : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"})
             for (std::size_t dove = 0; (dove = testo.find(nessuno, dove)) != std::string::npos;)
                 testo.replace(dove, 3, "?");
@@ -96,7 +96,7 @@ private:
                 break;
         }
         // A long name is written in smaller letters, so that it is not cut off.
-        const double colonne = std::max(1, larghezzaTesto(mostrabile(grafico_.titolo)));
+        const double colonne = std::max(1, larghezza_testo(mostrabile(grafico_.titolo)));
         const double punti = std::clamp(1.2 * pagina_.larghezza / colonne, 5.0, 14.0);
         return testo + "set multiplot\nunset key\n" + "set label 1 " + testi_(grafico_.titolo) + " at screen " + x(16) +
                ",screen " + y(18) + " left noenhanced font '," + n(std::floor(punti)) + "' front\n" +
@@ -110,13 +110,13 @@ private:
                "\nset tmargin at screen " + y(r.sopra) + "\nset bmargin at screen " + y(r.sotto) + "\n";
     }
 
-    std::string nomeRiquadro(const std::string& nome) {
+    std::string nome_riquadro(const std::string& nome) {
         return "set label 2 " + testi_(nome) +
                " at graph 0,graph 1 left offset 0,0.6 noenhanced front textcolor rgb '#111827'\n";
     }
 
     // The lines of a series, and the points that belong to none.
-    void aggiungiDati(const std::string& nome, const Serie& serie) {
+    void aggiungi_dati(const std::string& nome, const Serie& serie) {
         std::string linee;
         std::string soli;
         const auto& punti = serie.punti();
@@ -131,7 +131,7 @@ private:
     }
 
     // A little room above and below, so that no line lies on the border.
-    std::string asseY(const Pannello& pannello, double altezza) const {
+    std::string asse_y(const Pannello& pannello, double altezza) const {
         if (pannello.vuoto())
             return "set yrange [0:1]\nset ytics ()\n";
         constexpr double MINIMA = 1e-12;  // gnuplot takes a smaller range for an empty one
@@ -140,18 +140,18 @@ private:
         const bool ferma = ampiezza <= MINIMA * std::max(1.0, grandezza);
         const double margine = ferma ? std::max(1.0, grandezza * 0.1) : ampiezza * 0.08;
         const double passo =
-            passoTacche(ampiezza + 2 * margine, std::clamp(altezza / FRA_TACCHE_Y, 1.0, TACCHE_Y_MASSIME));
+            passo_tacche(ampiezza + 2 * margine, std::clamp(altezza / FRA_TACCHE_Y, 1.0, TACCHE_Y_MASSIME));
         return "set yrange [" + n(pannello.minimo() - margine) + ":" + n(pannello.massimo() + margine) +
                "]\nset format y '%g'\nset ytics " + n(pannello.udm.empty() && passo < 1 ? 1.0 : passo) + "\n";
     }
 
-    std::string asseX(double larghezza, bool ultimo) {
+    std::string asse_x(double larghezza, bool ultimo) {
         const auto [inizio, fine] = grafico_.estremi();
         std::string posti;
         for (const Tacca& tacca : tacche(grafico_, larghezza, CARATTERE))
             posti += (posti.empty() ? "'" : ",'") + (ultimo ? tacca.testo : "") + "' " + n(tacca.x);
         return "set xrange [" + n(inizio) + ":" + n(fine) + "]\nset xtics (" + posti + ")\n" +
-               (ultimo ? "set xlabel '" + nomeAscissa(grafico_) + "'\n" : "unset xlabel\n");
+               (ultimo ? "set xlabel '" + nome_ascissa(grafico_) + "'\n" : "unset xlabel\n");
     }
 
     // Upright lines where laps and sessions begin; their numbers stand above the first panel.
@@ -170,7 +170,7 @@ private:
                          n(sopra) + " noenhanced front textcolor rgb '" + colore + "' font ',9'\n";
         };
         const std::vector<Segno>& giri = grafico_.giri;
-        const std::size_t ogni = ogniQuanti(giri, dot);
+        const std::size_t ogni = ogni_quanti(giri, dot);
         const bool fitti =
             giri.size() > 1 && (giri.back().x - giri.front().x) * dot < FRA_GIRI * static_cast<double>(giri.size());
         for (std::size_t i = 0; i < giri.size(); ++i) {
@@ -181,21 +181,21 @@ private:
         }
         for (std::size_t i = 1; i < grafico_.sessioni.size(); ++i) {
             linea(grafico_.sessioni[i].da, "dt 1 lc rgb '#D55E00'");
-            if (grafico_.sessioni[i].da * dot < fine * dot - larghezzaTesto(SESSIONE) * CARATTERE)
+            if (grafico_.sessioni[i].da * dot < fine * dot - larghezza_testo(SESSIONE) * CARATTERE)
                 nome(grafico_.sessioni[i].da, SESSIONE + std::to_string(i + 1), giri.empty() ? 1.7 : 2.8, "#D55E00");
         }
         return testo;
     }
 
     // Every first, second, fifth, tenth... lap is named, so that the names have room.
-    static std::size_t ogniQuanti(const std::vector<Segno>& giri, double dot) {
+    static std::size_t ogni_quanti(const std::vector<Segno>& giri, double dot) {
         for (std::size_t potenza = 1; potenza < giri.size(); potenza *= 10)
             for (const std::size_t volte : {std::size_t{1}, std::size_t{2}, std::size_t{5}}) {
                 const std::size_t ogni = volte * potenza;
                 bool entrano = true;
                 for (std::size_t i = ogni; i < giri.size() && entrano; i += ogni)
                     entrano = (giri[i].x - giri[i - ogni].x) * dot >
-                              (larghezzaTesto(GIRO + giri[i - ogni].testo) + 1) * CARATTERE;
+                              (larghezza_testo(GIRO + giri[i - ogni].testo) + 1) * CARATTERE;
                 if (entrano)
                     return ogni;
             }
@@ -206,8 +206,8 @@ private:
         const Pannello& uno = grafico_.pannelli[i];
         const Riquadro& r = pagina_.pannelli[i];
         std::string testo =
-            margini(r) + asseY(uno, r.altezza()) + asseX(r.larghezza(), i + 1 == grafico_.pannelli.size());
-        testo += nomeRiquadro(titoloConUdm(uno.nome, uno.udm) + (uno.vuoto() ? ": no values" : ""));
+            margini(r) + asse_y(uno, r.altezza()) + asse_x(r.larghezza(), i + 1 == grafico_.pannelli.size());
+        testo += nome_riquadro(titolo_con_udm(uno.nome, uno.udm) + (uno.vuoto() ? ": no values" : ""));
         testo += segni(r, i == 0);
         testo += uno.curve.size() > 1
                      ? "set key at graph 1,graph 1 right bottom horizontal samplen 1.5 noenhanced width 1\n"
@@ -232,7 +232,7 @@ private:
                 continue;
             const std::string nome = std::to_string(i) + "_" + std::to_string(j);
             const std::string colore = std::string(" lc rgb '") + COLORI[j % std::size(COLORI)] + "'";
-            aggiungiDati(nome, curva.serie);
+            aggiungi_dati(nome, curva.serie);
             testo += testo.empty() ? "$l" : ", $l";
             testo += nome;
             testo += pannello.udm.empty() ? " using 1:2 with steps lw " : " using 1:2 with lines lw ";
@@ -249,7 +249,7 @@ private:
     }
 
     // A piece of the ground as large as the box, the track in its middle, as long to the east as to the north.
-    static std::string intervalliTraccia(const Traccia& traccia, const Riquadro& r) {
+    static std::string intervalli_traccia(const Traccia& traccia, const Riquadro& r) {
         constexpr double INTORNO = 1.08;
         const Estensione terreno = traccia.estensione();
         const double metri_per_dot = INTORNO * std::max({(terreno.est - terreno.ovest) / r.larghezza(),
@@ -258,7 +258,7 @@ private:
             const double mezzo = metri_per_dot * dot / 2;
             return "[" + n((da + a) / 2 - mezzo) + ":" + n((da + a) / 2 + mezzo) + "]\n";
         };
-        const double passo = passoTacche(metri_per_dot * r.larghezza(), std::max(2.0, r.larghezza() / 90));
+        const double passo = passo_tacche(metri_per_dot * r.larghezza(), std::max(2.0, r.larghezza() / 90));
         return "set xrange " + intervallo(terreno.ovest, terreno.est, r.larghezza()) + "set yrange " +
                intervallo(terreno.sud, terreno.nord, r.altezza()) + "set xtics " + n(passo) + "\nset ytics " +
                n(passo) + "\n";
@@ -267,7 +267,7 @@ private:
     // A line has one colour from point to point: where the speed changes more than a shade between two, there are
     // points between.
     // @return  the range of the colours.
-    std::string aggiungiTraccia() {
+    std::string aggiungi_traccia() {
         const auto& punti = grafico_.traccia.punti();
         const auto minore = [](const PuntoTraccia& a, const PuntoTraccia& b) { return a.velocita < b.velocita; };
         const auto [minimo, massimo] = std::minmax_element(punti.begin(), punti.end(), minore);
@@ -291,8 +291,8 @@ private:
     }
 
     std::string traccia(const Riquadro& r) {
-        return aggiungiTraccia() + margini(r) + intervalliTraccia(grafico_.traccia, r) +
-               nomeRiquadro("Track by " + titoloConUdm("speed", grafico_.udm_velocita)) +
+        return aggiungi_traccia() + margini(r) + intervalli_traccia(grafico_.traccia, r) +
+               nome_riquadro("Track by " + titolo_con_udm("speed", grafico_.udm_velocita)) +
                "unset arrow\nunset key\nset format x '%g'\nset format y '%g'\nset xlabel 'east, m'\n"
                "set label 3 'north, m' at screen " +
                x(r.sinistra - FRA_SCRITTA_E_TRACCIA) + ",screen " + y((r.sopra + r.sotto) / 2) +
@@ -314,7 +314,7 @@ private:
 
 }  // namespace
 
-Immagine istruzioniGnuplot(const Grafico& grafico, Formato formato, std::optional<Misura> misura) {
+Immagine istruzioni_gnuplot(const Grafico& grafico, Formato formato, std::optional<Misura> misura) {
     return Copione(grafico, formato, misura).tutto();
 }
 

@@ -21,7 +21,7 @@ struct Immagine {
 /// beside them, or above where there are many panels. Names go into it as data: nothing in them is an instruction.
 /// @param misura  dots; nothing: as wide as a screen, as high as the panels need.
 /// @throws ErroreUso  when the size is too small for the panels.
-Immagine istruzioniGnuplot(const Grafico& grafico, Formato formato, std::optional<Misura> misura);
+Immagine istruzioni_gnuplot(const Grafico& grafico, Formato formato, std::optional<Misura> misura);
 
 }  // namespace kel::strumento
 

@@ -15,7 +15,7 @@ constexpr kel_funpos TEMPO_GIRO = kelFidComponi(FID_PHI_TIME, FID_OBJ_LAP, 0);
 constexpr std::size_t GIRI_MASSIMI = 1000;  // a channel that changes more often does not count laps
 constexpr double KMH = 3.6;                 // km/h in a m/s
 
-bool delFix(kel_funpos fid) {
+bool del_fix(kel_funpos fid) {
     return fid == GPS_VELOCITA || fid == GPS_LATITUDINE || fid == GPS_LONGITUDINE;
 }
 
@@ -36,26 +36,26 @@ GraficoRecord::GraficoRecord(const IFunzioni& catalogo, std::span<const s_kel_ca
         const s_kel_canale& canale = canali[colonna.indice];
         const bool interna = canale.fid != colonna.fid;
         const auto sua = [&colonna](const Ricezione& una) { return una.canale == colonna.indice; };
-        if (interna && delFix(colonna.fid) && std::none_of(ricezioni_.begin(), ricezioni_.end(), sua))
+        if (interna && del_fix(colonna.fid) && std::none_of(ricezioni_.begin(), ricezioni_.end(), sua))
             ricezioni_.push_back({colonna.indice, ColonnaRecord(catalogo, canale, colonna.indice, GPS_FIX),
                                   ColonnaRecord(catalogo, canale, colonna.indice, GPS_SATELLITI)});
-        if (!giro_ && colonna.fid == NUMERO_GIRO && colonna.haValore()) {
+        if (!giro_ && colonna.fid == NUMERO_GIRO && colonna.ha_valore()) {
             giro_ = colonna;
             prossimo_giro_ = interna || tempi ? 1 : 0;  // beside its time stands the number of the lap driven last
         }
     }
-    trovaTraccia(canali, colonne);
+    trova_traccia(canali, colonne);
     if (tratto.ascissa == Ascissa::distanza)
-        trovaVelocita(tutte);
+        trova_velocita(tutte);
     for (const PannelloRecord& uno : pannelli_.pannelli) {
         Pannello pannello{uno.nome, uno.udm, {}, uno.altezza};
         for (const ColonnaRecord& colonna : uno.colonne)
-            pannello.curve.push_back({colonna.nomeMisurato(), {}});
+            pannello.curve.push_back({colonna.nome_misurato(), {}});
         grafico_.pannelli.push_back(std::move(pannello));
     }
 }
 
-void GraficoRecord::trovaTraccia(std::span<const s_kel_canale> canali, std::span<const ColonnaRecord> colonne) {
+void GraficoRecord::trova_traccia(std::span<const s_kel_canale> canali, std::span<const ColonnaRecord> colonne) {
     for (std::size_t i = 0; i < canali.size() && !longitudine_; ++i) {
         const auto sottocampo = [&](kel_funpos fid) -> std::optional<ColonnaRecord> {
             for (const ColonnaRecord& colonna : colonne)
@@ -80,18 +80,18 @@ void GraficoRecord::trovaTraccia(std::span<const s_kel_canale> canali, std::span
             std::erase_if(pannello.colonne, sulla_traccia);
         std::erase_if(pannelli_.pannelli, [](const PannelloRecord& pannello) { return pannello.colonne.empty(); });
         std::erase_if(pannelli_.tolte, [&](const std::string& nome) {
-            return nome == longitudine->nomeMisurato() || nome == latitudine->nomeMisurato();
+            return nome == longitudine->nome_misurato() || nome == latitudine->nome_misurato();
         });
     }
 }
 
 // The speed over ground where there is GPS, else the first speed there is.
-void GraficoRecord::trovaVelocita(std::span<const ColonnaRecord> tutte) {
+void GraficoRecord::trova_velocita(std::span<const ColonnaRecord> tutte) {
     for (const bool gps : {true, false})
         for (const ColonnaRecord& colonna : tutte) {
             if (andatura_ || (gps ? colonna.fid != GPS_VELOCITA : kelFidGrandezza(colonna.fid) != FID_PHI_SPEED))
                 continue;
-            if (colonna.haValore() && colonna.udm == "km/h")
+            if (colonna.ha_valore() && colonna.udm == "km/h")
                 andatura_ = colonna;
         }
     if (!andatura_)
@@ -108,7 +108,7 @@ const GraficoRecord::Ricezione* GraficoRecord::ricezione(const ColonnaRecord& co
 }
 
 std::optional<double> GraficoRecord::valore(const ColonnaRecord& colonna, const std::uint8_t* campioni) const {
-    const Ricezione* sua = delFix(colonna.fid) ? ricezione(colonna) : nullptr;
+    const Ricezione* sua = del_fix(colonna.fid) ? ricezione(colonna) : nullptr;
     if (sua != nullptr && !sua->buona)
         return std::nullopt;
     const auto letto = colonna.valore(campioni);
@@ -133,9 +133,9 @@ void GraficoRecord::aggiungi(double tempo, const std::uint8_t* campioni) {
         for (std::size_t j = 0; j < pannelli_.pannelli[i].colonne.size(); ++j)
             grafico_.pannelli[i].curve[j].serie.aggiungi(*x, valore(pannelli_.pannelli[i].colonne[j], campioni));
     if (longitudine_)
-        aggiungiTraccia(campioni);
+        aggiungi_traccia(campioni);
     if (giro_)
-        segnaGiro(*x, campioni);
+        segna_giro(*x, campioni);
 }
 
 void GraficoRecord::interrompi(double x) {
@@ -145,7 +145,7 @@ void GraficoRecord::interrompi(double x) {
     grafico_.traccia.interrompi();
 }
 
-void GraficoRecord::aggiungiTraccia(const std::uint8_t* campioni) {
+void GraficoRecord::aggiungi_traccia(const std::uint8_t* campioni) {
     const auto longitudine = valore(*longitudine_, campioni);
     const auto latitudine = valore(*latitudine_, campioni);
     const auto velocita = valore(*velocita_, campioni);
@@ -155,7 +155,7 @@ void GraficoRecord::aggiungiTraccia(const std::uint8_t* campioni) {
         grafico_.traccia.interrompi();
 }
 
-void GraficoRecord::segnaGiro(double x, const std::uint8_t* campioni) {
+void GraficoRecord::segna_giro(double x, const std::uint8_t* campioni) {
     const auto giro = valore(*giro_, campioni);
     if (!giro || giro == ultimo_giro_ || troppi_giri_)
         return;
@@ -165,7 +165,7 @@ void GraficoRecord::segnaGiro(double x, const std::uint8_t* campioni) {
 }
 
 // Takes out the curves that never change, where others do; gives their names.
-std::vector<std::string> GraficoRecord::togliFermi() {
+std::vector<std::string> GraficoRecord::togli_fermi() {
     const auto ferma = [](const Curva& curva) {
         return curva.serie.vuota() || curva.serie.minimo() >= curva.serie.massimo();
     };
@@ -191,7 +191,7 @@ std::vector<Nota> GraficoRecord::chiudi() {
     grafico_.sessioni = percorso_.sessioni();
     if (const std::string nota = percorso_.nota(); !nota.empty())
         note.push_back({nota, {}, ""});
-    const std::vector<std::string> fermi = togliFermi();
+    const std::vector<std::string> fermi = togli_fermi();
     for (Pannello& pannello : grafico_.pannelli)
         if (pannello.curve.size() == 1)
             pannello.nome = pannello.curve.front().nome;

@@ -44,14 +44,14 @@ private:
         bool buona = true;  // in the current record
     };
 
-    void trovaTraccia(std::span<const s_kel_canale> canali, std::span<const ColonnaRecord> colonne);
-    void trovaVelocita(std::span<const ColonnaRecord> tutte);
+    void trova_traccia(std::span<const s_kel_canale> canali, std::span<const ColonnaRecord> colonne);
+    void trova_velocita(std::span<const ColonnaRecord> tutte);
     const Ricezione* ricezione(const ColonnaRecord& colonna) const;
     std::optional<double> valore(const ColonnaRecord& colonna, const std::uint8_t* campioni) const;
-    void aggiungiTraccia(const std::uint8_t* campioni);
-    void segnaGiro(double x, const std::uint8_t* campioni);
+    void aggiungi_traccia(const std::uint8_t* campioni);
+    void segna_giro(double x, const std::uint8_t* campioni);
     void interrompi(double x);
-    std::vector<std::string> togliFermi();
+    std::vector<std::string> togli_fermi();
 
     PannelliRecord pannelli_;
     std::vector<Ricezione> ricezioni_;

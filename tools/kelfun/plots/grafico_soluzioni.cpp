@@ -17,7 +17,7 @@ GraficoSoluzioni::GraficoSoluzioni(const std::string& udm_velocita, double per_m
     : percorso_(tratto), per_ms_(per_ms) {
     grafico_.ascissa = tratto.ascissa;
     grafico_.udm_velocita = udm_velocita;
-    grafico_.pannelli = {pannelloSingolo("Speed", udm_velocita), pannelloSingolo("Satellites", "")};
+    grafico_.pannelli = {pannello_singolo("Speed", udm_velocita), pannello_singolo("Satellites", "")};
     grafico_.pannelli[SATELLITI].altezza = 0.5;
 }
 

@@ -27,7 +27,7 @@ constexpr Segni SEGNI_ASCII = {"|", "-", "+", "+"};
 
 // Whether the terminal shows UTF-8, by the first of the three variables that is set, as for any program. The locale
 // need not be installed. "it_IT.UTF-8", "C.utf8", "de_DE.UTF-8@euro".
-bool ambienteUtf8() {
+bool ambiente_utf8() {
     for (const char* variabile : {"LC_ALL", "LC_CTYPE", "LANG"}) {
         const char* valore = std::getenv(variabile);
         if (valore == nullptr || *valore == '\0')
@@ -68,7 +68,7 @@ public:
         if (!d_.pannelli.empty())
             asse();
         if (d_.riga_segni >= 0)
-            giriESessioni();
+            giri_e_sessioni();
         if (d_.colonna_traccia >= 0)
             traccia();
         return {foglio_.testo(), d_.note};
@@ -82,14 +82,14 @@ private:
             scrivi(colonna, riga++, testo);
     }
 
-    void aSinistraDellAsse(int riga, const std::string& testo) {
-        scrivi(std::max(0, d_.asse - 1 - larghezzaTesto(testo)), riga, testo);
+    void a_sinistra_dell_asse(int riga, const std::string& testo) {
+        scrivi(std::max(0, d_.asse - 1 - larghezza_testo(testo)), riga, testo);
     }
 
     // The column of a place on the axis.
     int colonna(double x) const {
         const auto [inizio, fine] = grafico_.estremi();
-        return d_.asse + 1 + Scala(inizio, fine, d_.larghezzaCurve()).punto(x);
+        return d_.asse + 1 + Scala(inizio, fine, d_.larghezza_curve()).punto(x);
     }
 
     void pannello(const PostoPannello& posto) {
@@ -101,9 +101,9 @@ private:
         if (p.vuoto())
             return;
         // A value that never changes lies at the foot.
-        aSinistraDellAsse(sopra + posto.righe - 1, etichetta(p.minimo()));
+        a_sinistra_dell_asse(sopra + posto.righe - 1, etichetta(p.minimo()));
         if (p.minimo() < p.massimo())
-            aSinistraDellAsse(sopra, etichetta(p.massimo()));
+            a_sinistra_dell_asse(sopra, etichetta(p.massimo()));
         for (std::size_t i = 0; i < p.curve.size(); ++i) {
             const char lettera = static_cast<char>('a' + i % 26);
             curva(p, p.curve[i].serie, posto.righe)
@@ -113,7 +113,7 @@ private:
 
     Raster curva(const Pannello& pannello, const Serie& serie, int righe) const {
         const auto [inizio, fine] = grafico_.estremi();
-        Raster raster(d_.larghezzaCurve(), righe, utf8_);
+        Raster raster(d_.larghezza_curve(), righe, utf8_);
         const Scala x(inizio, fine, raster.larghezza());
         const Scala y(pannello.minimo(), pannello.massimo(), raster.altezza());
         const Punto* prima = nullptr;
@@ -138,8 +138,8 @@ private:
         foglio_.metti(d_.asse, riga, segni_.angolo);
         for (int i = d_.asse + 1; i < d_.colonne_pannelli; ++i)
             foglio_.metti(i, riga, segni_.orizzontale);
-        aSinistraDellAsse(riga + 1, unitaAscissa(grafico_));
-        for (const Tacca& tacca : tacche(grafico_, d_.larghezzaCurve(), 1)) {
+        a_sinistra_dell_asse(riga + 1, unita_ascissa(grafico_));
+        for (const Tacca& tacca : tacche(grafico_, d_.larghezza_curve(), 1)) {
             const int dove = colonna(tacca.x);
             const int lunga = static_cast<int>(tacca.testo.size());
             foglio_.metti(dove, riga, segni_.tacca);
@@ -149,7 +149,7 @@ private:
     }
 
     // Where there is no room for the next text, a bar alone says that something begins.
-    void giriESessioni() {
+    void giri_e_sessioni() {
         struct Inizio {
             double x;
             std::string testo;
@@ -161,7 +161,7 @@ private:
             inizi.push_back({giro.x, giro.testo});
         std::stable_sort(inizi.begin(), inizi.end(), [](const Inizio& a, const Inizio& b) { return a.x < b.x; });
         if (!grafico_.giri.empty())
-            aSinistraDellAsse(d_.riga_segni, "lap");
+            a_sinistra_dell_asse(d_.riga_segni, "lap");
         int libera = 0;
         for (std::size_t i = 0; i < inizi.size(); ++i) {
             const int dove = colonna(inizi[i].x);
@@ -170,7 +170,7 @@ private:
             const int fine = i + 1 < inizi.size() ? colonna(inizi[i + 1].x) : d_.colonne_pannelli;
             foglio_.metti(dove, d_.riga_segni, segni_.verticale);
             libera = dove + 1;
-            const int larga = larghezzaTesto(inizi[i].testo);
+            const int larga = larghezza_testo(inizi[i].testo);
             if (libera + larga > fine || libera + larga > d_.colonne_pannelli)
                 continue;
             scrivi(libera, d_.riga_segni, inizi[i].testo);
@@ -183,8 +183,9 @@ private:
         const double larga = terreno.est - terreno.ovest;
         const double alta = terreno.nord - terreno.sud;
         const int sopra = static_cast<int>(d_.titolo.size());
-        const auto titolo = aCapo("Track, " + etichetta(std::round(larga)) + " x " + etichetta(std::round(alta)) + " m",
-                                  d_.colonne - d_.colonna_traccia);
+        const auto titolo =
+            a_capo("Track, " + etichetta(std::round(larga)) + " x " + etichetta(std::round(alta)) + " m",
+                   d_.colonne - d_.colonna_traccia);
         righe(d_.colonna_traccia, sopra, titolo);
         const int prima = sopra + static_cast<int>(titolo.size());
         Raster raster(d_.colonne - d_.colonna_traccia, std::max(1, d_.righe - prima), utf8_);
@@ -215,9 +216,9 @@ private:
 
 }  // namespace
 
-Terminale terminaleDi(std::FILE* file) {
+Terminale terminale_di(std::FILE* file) {
     Terminale terminale;
-    terminale.utf8 = ambienteUtf8();
+    terminale.utf8 = ambiente_utf8();
     winsize misure{};
     if (::ioctl(::fileno(file), TIOCGWINSZ, &misure) == 0 && misure.ws_col > 0 && misure.ws_row > 1) {
         terminale.colonne = misure.ws_col;
@@ -226,7 +227,7 @@ Terminale terminaleDi(std::FILE* file) {
     return terminale;
 }
 
-DisegnoTerminale disegnoTerminale(const Grafico& grafico, const Terminale& terminale) {
+DisegnoTerminale disegno_terminale(const Grafico& grafico, const Terminale& terminale) {
     return Disegno(grafico, terminale).tutto();
 }
 

@@ -20,7 +20,7 @@ struct Terminale {
 };
 
 /// The terminal behind a file, 80 by 24 where there is none; its characters are those of the locale of the environment.
-Terminale terminaleDi(std::FILE* file);
+Terminale terminale_di(std::FILE* file);
 
 struct DisegnoTerminale {
     std::string testo;
@@ -29,7 +29,7 @@ struct DisegnoTerminale {
 
 /// As wide as the terminal, and as high where there is room for it. No text is cut: what is too long goes on in the
 /// next line. A terminal too narrow for panels and a track side by side shows the panels.
-DisegnoTerminale disegnoTerminale(const Grafico& grafico, const Terminale& terminale);
+DisegnoTerminale disegno_terminale(const Grafico& grafico, const Terminale& terminale);
 
 }  // namespace kel::strumento
 

@@ -39,7 +39,7 @@ double pesi(const Grafico& grafico) {
     return somma;
 }
 
-double altezzaVoluta(const Grafico& grafico, double cima) {
+double altezza_voluta(const Grafico& grafico, double cima) {
     const double a_pannello = grafico.pannelli.size() > TANTI ? ALTEZZA_PANNELLO_TANTI : ALTEZZA_PANNELLO;
     return std::max(ALTEZZA_MINIMA, cima + SOTTO + std::ceil(pesi(grafico) * a_pannello));
 }
@@ -50,7 +50,7 @@ double proporzione(const Traccia& traccia) {
     return std::max(terreno.est - terreno.ovest, 1.0) / std::max(terreno.nord - terreno.sud, 1.0);
 }
 
-void mettiPannelli(const Grafico& grafico, double sopra, double destra, Impaginazione& pagina) {
+void metti_pannelli(const Grafico& grafico, double sopra, double destra, Impaginazione& pagina) {
     const double alto = pagina.altezza - SOTTO - sopra;
     const double unita = alto / std::max(pesi(grafico), 1e-9);
     double riga = sopra;
@@ -80,7 +80,7 @@ std::optional<Riquadro> affianco(const Grafico& grafico, double sopra, const Imp
     return Riquadro{destra - larga, destra, sopra + NOME, pagina.altezza - SOTTO};
 }
 
-void soloTraccia(double sopra, Impaginazione& pagina) {
+void solo_traccia(double sopra, Impaginazione& pagina) {
     pagina.traccia = Riquadro{SINISTRA, pagina.larghezza - SCALA_COLORI, sopra + NOME, pagina.altezza - SOTTO};
 }
 
@@ -91,7 +91,7 @@ Impaginazione impagina(const Grafico& grafico, std::optional<Misura> misura) {
     const double cima = TITOLO + (grafico.giri.empty() ? 0 : SEGNI) + (grafico.sessioni.empty() ? 0 : SEGNI);
     Impaginazione pagina;
     pagina.larghezza = misura ? misura->larghezza : LARGHEZZA;
-    pagina.altezza = misura ? misura->altezza : altezzaVoluta(grafico, cima);
+    pagina.altezza = misura ? misura->altezza : altezza_voluta(grafico, cima);
     if (pagina.larghezza < SINISTRA + PANNELLO_STRETTO + DESTRA)
         throw ErroreUso("--size: " + std::to_string(static_cast<int>(pagina.larghezza)) +
                         " dots are too narrow; accepted: a width of " +
@@ -99,7 +99,7 @@ Impaginazione impagina(const Grafico& grafico, std::optional<Misura> misura) {
     double sopra = cima;
     double destra = pagina.larghezza - DESTRA;
     if (grafico.pannelli.empty()) {
-        soloTraccia(sopra, pagina);
+        solo_traccia(sopra, pagina);
         return pagina;
     }
     if (traccia) {
@@ -119,7 +119,7 @@ Impaginazione impagina(const Grafico& grafico, std::optional<Misura> misura) {
         }
         pagina.traccia = posto;
     }
-    mettiPannelli(grafico, sopra, destra, pagina);
+    metti_pannelli(grafico, sopra, destra, pagina);
     return pagina;
 }
 

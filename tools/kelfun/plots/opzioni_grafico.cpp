@@ -14,7 +14,7 @@ constexpr int MISURA_MASSIMA = 10000;
 std::optional<double> secondi(const char* nome, const std::optional<std::string>& testo) {
     if (!testo)
         return std::nullopt;
-    const auto letti = leggiDurata(*testo);
+    const auto letti = leggi_durata(*testo);
     if (!letti)
         throw ErroreUso(std::string(nome) + " '" + *testo + "' is no time; accepted: m:ss, h:mm:ss, or seconds");
     return letti;
@@ -22,18 +22,18 @@ std::optional<double> secondi(const char* nome, const std::optional<std::string>
 
 }  // namespace
 
-Opzione aggiungiGrafico(Comando& comando, SceltaGrafico& scelta) {
+Opzione aggiungi_grafico(Comando& comando, SceltaGrafico& scelta) {
     Opzione file = comando
                        .opzione("--plot", scelta.file,
                                 "Draw a plot, no table: FILE.svg, FILE.png or FILE.pdf with gnuplot, - in the terminal")
                        .valore("FILE");
-    escludiForma(comando, file);
+    escludi_forma(comando, file);
     comando.opzione("--size", scelta.misura, "Size of the plot: dots of a picture, characters of a terminal")
         .valore("WxH");
     return file;
 }
 
-void aggiungiTratto(Comando& comando, SceltaGrafico& scelta) {
+void aggiungi_tratto(Comando& comando, SceltaGrafico& scelta) {
     comando.opzione("--from", scelta.da, "Draw from this time on: m:ss or seconds").valore("TIME");
     comando.opzione("--to", scelta.a, "Draw up to this time: m:ss or seconds").valore("TIME");
     comando
@@ -41,7 +41,7 @@ void aggiungiTratto(Comando& comando, SceltaGrafico& scelta) {
         .scelta({"time", "distance"});
 }
 
-void verificaSenzaGrafico(const SceltaGrafico& scelta) {
+void verifica_senza_grafico(const SceltaGrafico& scelta) {
     if (scelta.file)
         return;
     for (const auto& [nome, valore] :
@@ -50,8 +50,8 @@ void verificaSenzaGrafico(const SceltaGrafico& scelta) {
             throw ErroreUso(std::string(nome) + " is for a plot; accepted: --plot FILE with it");
 }
 
-Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
-    verificaSenzaGrafico(scelta);
+Tratto tratto_scelto(const SceltaGrafico& scelta, bool con_tempo) {
+    verifica_senza_grafico(scelta);
     Tratto tratto;
     tratto.ascissa = con_tempo ? Ascissa::tempo : Ascissa::numero;
     if (scelta.ascissa == "distance")
@@ -66,12 +66,12 @@ Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo) {
     return tratto;
 }
 
-std::optional<Misura> leggiMisura(const std::string& testo) {
+std::optional<Misura> leggi_misura(const std::string& testo) {
     const std::size_t per = testo.find('x');
     if (per == std::string::npos)
         return std::nullopt;
-    const auto larghezza = leggiIntero(testo.substr(0, per), 1, MISURA_MASSIMA);
-    const auto altezza = leggiIntero(testo.substr(per + 1), 1, MISURA_MASSIMA);
+    const auto larghezza = leggi_intero(testo.substr(0, per), 1, MISURA_MASSIMA);
+    const auto altezza = leggi_intero(testo.substr(per + 1), 1, MISURA_MASSIMA);
     if (!larghezza || !altezza)
         return std::nullopt;
     return Misura{static_cast<int>(*larghezza), static_cast<int>(*altezza)};

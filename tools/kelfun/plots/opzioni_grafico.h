@@ -17,18 +17,18 @@ struct SceltaGrafico {
 };
 
 /// Adds --plot, in whose place no form of a table can be asked for, and --size.
-Opzione aggiungiGrafico(Comando& comando, SceltaGrafico& scelta);
+Opzione aggiungi_grafico(Comando& comando, SceltaGrafico& scelta);
 
 /// Refuses options of plots where there is none.
-void verificaSenzaGrafico(const SceltaGrafico& scelta);
+void verifica_senza_grafico(const SceltaGrafico& scelta);
 
 /// Adds --from, --to and --x, for plots over time.
-void aggiungiTratto(Comando& comando, SceltaGrafico& scelta);
+void aggiungi_tratto(Comando& comando, SceltaGrafico& scelta);
 
 /// What of a recording is drawn, and over what.
 /// @param con_tempo  the recording has times.
 /// @throws ErroreUso  for options that are no times, make no sense together, or are of use for a plot alone.
-Tratto trattoScelto(const SceltaGrafico& scelta, bool con_tempo);
+Tratto tratto_scelto(const SceltaGrafico& scelta, bool con_tempo);
 
 /// A size: columns or dots, and lines or dots.
 struct Misura {
@@ -37,7 +37,7 @@ struct Misura {
 };
 
 /// Of "1600x900".
-std::optional<Misura> leggiMisura(const std::string& testo);
+std::optional<Misura> leggi_misura(const std::string& testo);
 
 }  // namespace kel::strumento
 

@@ -30,7 +30,7 @@ constexpr Genere GENERI[] = {
 };
 
 // The panel of this kind and unit that still has room, or a new one.
-PannelloRecord& pannelloDi(const Genere& genere, const std::string& udm, std::vector<PannelloRecord>& pannelli) {
+PannelloRecord& pannello_di(const Genere& genere, const std::string& udm, std::vector<PannelloRecord>& pannelli) {
     for (PannelloRecord& uno : pannelli)
         if (uno.nome == genere.nome && uno.udm == udm && uno.colonne.size() < CURVE_MASSIME)
             return uno;
@@ -45,36 +45,36 @@ std::vector<PannelloRecord> separati(const std::vector<PannelloRecord>& pannelli
         for (const PannelloRecord& uno : pannelli)
             for (std::size_t i = 0; i < uno.colonne.size(); ++i)
                 if ((i == 0) == prima)
-                    tutti.push_back({uno.colonne[i].nomeMisurato(), uno.udm, uno.altezza, {uno.colonne[i]}});
+                    tutti.push_back({uno.colonne[i].nome_misurato(), uno.udm, uno.altezza, {uno.colonne[i]}});
     return tutti;
 }
 
 }  // namespace
 
-PannelliRecord pannelliPrincipali(const std::vector<ColonnaRecord>& colonne, bool insieme) {
+PannelliRecord pannelli_principali(const std::vector<ColonnaRecord>& colonne, bool insieme) {
     PannelliRecord scelti;
     std::vector<bool> mostrate(colonne.size());
     for (const Genere& genere : GENERI)
         for (std::size_t i = 0; i < colonne.size(); ++i)
-            if (!mostrate[i] && colonne[i].haValore() && genere.comprende(colonne[i].fid)) {
-                pannelloDi(genere, colonne[i].unita(), scelti.pannelli).colonne.push_back(colonne[i]);
+            if (!mostrate[i] && colonne[i].ha_valore() && genere.comprende(colonne[i].fid)) {
+                pannello_di(genere, colonne[i].unita(), scelti.pannelli).colonne.push_back(colonne[i]);
                 mostrate[i] = true;
             }
     if (scelti.pannelli.empty())
-        return unPannelloPerColonna(colonne);
+        return un_pannello_per_colonna(colonne);
     if (!insieme)
         scelti.pannelli = separati(scelti.pannelli);
     for (std::size_t i = 0; i < colonne.size(); ++i)
-        if (!mostrate[i] && colonne[i].haValore())
-            scelti.tolte.push_back(colonne[i].nomeMisurato());
+        if (!mostrate[i] && colonne[i].ha_valore())
+            scelti.tolte.push_back(colonne[i].nome_misurato());
     return scelti;
 }
 
-PannelliRecord unPannelloPerColonna(const std::vector<ColonnaRecord>& colonne) {
+PannelliRecord un_pannello_per_colonna(const std::vector<ColonnaRecord>& colonne) {
     PannelliRecord scelti;
     for (const ColonnaRecord& colonna : colonne)
-        if (colonna.haValore())
-            scelti.pannelli.push_back({colonna.nomeMisurato(), colonna.unita(), 1, {colonna}});
+        if (colonna.ha_valore())
+            scelti.pannelli.push_back({colonna.nome_misurato(), colonna.unita(), 1, {colonna}});
     return scelti;
 }
 

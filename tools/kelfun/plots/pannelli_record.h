@@ -25,10 +25,10 @@ struct PannelliRecord {
 /// The columns that an engineer looks at first, in the order in which he does: speed, RPM, gear, throttle,
 /// accelerations, temperatures. Where there is none of them all columns are shown.
 /// @param insieme  columns of one kind in one unit share a panel; else the first of each kind come first.
-PannelliRecord pannelliPrincipali(const std::vector<ColonnaRecord>& colonne, bool insieme);
+PannelliRecord pannelli_principali(const std::vector<ColonnaRecord>& colonne, bool insieme);
 
 /// A panel for each column, in their order.
-PannelliRecord unPannelloPerColonna(const std::vector<ColonnaRecord>& colonne);
+PannelliRecord un_pannello_per_colonna(const std::vector<ColonnaRecord>& colonne);
 
 }  // namespace kel::strumento
 

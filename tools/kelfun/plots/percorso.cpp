@@ -77,8 +77,8 @@ void Percorso::verifica() const {
     if (record_ == 0 || !sessioni_.empty())
         return;
     const bool ore = massimo_ >= ORA;
-    throw NonTrovato("nothing lies between --from and --to; the times go from " + testoDurata(minimo_, 0, ore) +
-                     " to " + testoDurata(massimo_, 0, ore));
+    throw NonTrovato("nothing lies between --from and --to; the times go from " + testo_durata(minimo_, 0, ore) +
+                     " to " + testo_durata(massimo_, 0, ore));
 }
 
 std::string Percorso::nota() const {

@@ -73,7 +73,7 @@ int avvia(const std::string& programma, std::vector<std::string>& parole, const 
 
 }  // namespace
 
-std::optional<std::string> cercaProgramma(const std::string& nome) {
+std::optional<std::string> cerca_programma(const std::string& nome) {
     const char* percorso = std::getenv("PATH");
     std::string_view cartelle = percorso != nullptr ? percorso : "/usr/bin:/bin";
     while (!cartelle.empty()) {
@@ -86,8 +86,8 @@ std::optional<std::string> cercaProgramma(const std::string& nome) {
     return std::nullopt;
 }
 
-EsitoProgramma eseguiProgramma(const std::string& programma, std::vector<std::string> argomenti,
-                               const std::string& entrata) {
+EsitoProgramma esegui_programma(const std::string& programma, std::vector<std::string> argomenti,
+                                const std::string& entrata) {
     FileAnonimo ingresso;
     FileAnonimo uscita;
     FileAnonimo errori;

@@ -9,7 +9,7 @@
 namespace kel::strumento {
 
 /// The path of the first program of a name on PATH.
-std::optional<std::string> cercaProgramma(const std::string& nome);
+std::optional<std::string> cerca_programma(const std::string& nome);
 
 struct EsitoProgramma {
     int stato = 0;
@@ -20,8 +20,8 @@ struct EsitoProgramma {
 /// Runs a program to its end; no shell takes part.
 /// @param argomenti  its name among them, as the first.
 /// @throws NonTrovato  when it cannot be run.
-EsitoProgramma eseguiProgramma(const std::string& programma, std::vector<std::string> argomenti,
-                               const std::string& entrata);
+EsitoProgramma esegui_programma(const std::string& programma, std::vector<std::string> argomenti,
+                                const std::string& entrata);
 
 }  // namespace kel::strumento
 

@@ -17,7 +17,7 @@ constexpr std::size_t PUNTI_MASSIMI = TRATTI * A_TRATTO;
 }  // namespace
 
 // Doubling the width halves the quotient without rounding, so that two neighbouring stretches always become one.
-double Serie::numeroTratto(double x) const {
+double Serie::numero_tratto(double x) const {
     return std::max(std::floor((x - punti_.front().x) / tratto_), numero_ultimo_);
 }
 
@@ -38,11 +38,11 @@ void Serie::aggiungi(double x, std::optional<double> valore) {
         punti_.push_back(punto);
         return;
     }
-    double numero = numeroTratto(x);
+    double numero = numero_tratto(x);
     while (numero >= TRATTI) {
         tratto_ *= 2;
         raggruppa();
-        numero = numeroTratto(x);
+        numero = numero_tratto(x);
     }
     accoda(punto, numero);
 }
@@ -55,7 +55,7 @@ void Serie::accoda(const Punto& punto, double numero) {
     }
     punti_.push_back(punto);
     if (punti_.size() - ultimo_ > A_TRATTO)
-        chiudiTratto(ultimo_);
+        chiudi_tratto(ultimo_);
 }
 
 // All points into stretches of the width that now holds.
@@ -71,7 +71,7 @@ void Serie::raggruppa() {
 
 // Reduces the points from one on to their first, least, greatest and last. A break before a point that is removed moves
 // to the next one that stays.
-void Serie::chiudiTratto(std::size_t da) {
+void Serie::chiudi_tratto(std::size_t da) {
     const auto inizio = punti_.begin() + static_cast<std::ptrdiff_t>(da);
     const auto minore = [](const Punto& a, const Punto& b) { return a.valore < b.valore; };
     const auto [minimo, massimo] = std::minmax_element(inizio, punti_.end(), minore);

@@ -35,10 +35,10 @@ public:
     double tratto() const { return tratto_; }
 
 private:
-    double numeroTratto(double x) const;
+    double numero_tratto(double x) const;
     void accoda(const Punto& punto, double numero);
     void raggruppa();
-    void chiudiTratto(std::size_t da);
+    void chiudi_tratto(std::size_t da);
 
     std::vector<Punto> punti_;
     double tratto_ = 0;

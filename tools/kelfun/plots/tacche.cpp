@@ -19,7 +19,7 @@ constexpr double TROPPE = 1000;  // ticks: neighbouring numbers of the axis are 
 constexpr double PASSI_TEMPO[] = {1, 2, 5, 10, 15, 30, 60, 120, 300, 600, 900, 1800, 3600, 7200, 18000, 36000, 86400};
 
 // Tells whether hours are written anywhere on the axis.
-bool conOre(const Grafico& grafico) {
+bool con_ore(const Grafico& grafico) {
     const auto [inizio, fine] = grafico.estremi();
     double ultimo = grafico.sessioni.empty() ? fine : 0;
     for (const Sessione& una : grafico.sessioni)
@@ -43,16 +43,16 @@ double passo(const Grafico& grafico, double minimo) {
         for (const double uno : PASSI_TEMPO)
             if (uno >= minimo && minimo > 0.5)
                 return uno;
-    const double decimale = passoTacche(minimo, 1);
+    const double decimale = passo_tacche(minimo, 1);
     return grafico.ascissa == Ascissa::numero ? std::max(1.0, decimale) : decimale;
 }
 
 std::string testo(const Grafico& grafico, double proprio, double passo) {
-    return grafico.ascissa == Ascissa::tempo ? testoDurata(proprio, decimali(passo), conOre(grafico))
+    return grafico.ascissa == Ascissa::tempo ? testo_durata(proprio, decimali(passo), con_ore(grafico))
                                              : numero(std::round(proprio / passo) * passo);
 }
 
-std::vector<Tacca> conPasso(const Grafico& grafico, double uno) {
+std::vector<Tacca> con_passo(const Grafico& grafico, double uno) {
     const auto [inizio, fine] = grafico.estremi();
     std::vector<Sessione> sessioni = grafico.sessioni;
     if (sessioni.empty())
@@ -81,10 +81,10 @@ bool entrano(const std::vector<Tacca>& tutte, double unita_a_carattere) {
 }
 
 // If not even two ticks at round steps have room: one or both ends of the axis.
-std::vector<Tacca> agliEstremi(const Grafico& grafico, double unita_a_carattere) {
+std::vector<Tacca> agli_estremi(const Grafico& grafico, double unita_a_carattere) {
     const auto [inizio, fine] = grafico.estremi();
     const double scarto = grafico.sessioni.empty() ? 0 : grafico.sessioni.back().scarto;
-    const double arrotondato = std::min(1.0, passoTacche(fine - inizio, 100));
+    const double arrotondato = std::min(1.0, passo_tacche(fine - inizio, 100));
     const std::vector<Tacca> tutte = {{inizio, testo(grafico, inizio, arrotondato)},
                                       {fine, testo(grafico, fine - scarto, arrotondato)}};
     return entrano(tutte, unita_a_carattere / 2) ? tutte : std::vector<Tacca>{tutte.front()};
@@ -103,7 +103,7 @@ std::vector<Tacca> diradate(const std::vector<Tacca>& tutte, double unita_a_cara
 
 }  // namespace
 
-double passoTacche(double ampiezza, double parti) {
+double passo_tacche(double ampiezza, double parti) {
     const double minimo = ampiezza / parti;
     if (!(minimo > 0) || !std::isfinite(minimo))
         return 1;
@@ -120,7 +120,7 @@ std::vector<Tacca> tacche(const Grafico& grafico, double larghezza, double carat
     double minimo = unita_a_carattere * (1 + FRA_TESTI);  // no text is shorter than a character
     for (int giro = 0; giro < 40; ++giro) {
         const double uno = passo(grafico, minimo);
-        const std::vector<Tacca> tutte = conPasso(grafico, uno);
+        const std::vector<Tacca> tutte = con_passo(grafico, uno);
         const bool piu_sessioni = grafico.sessioni.size() > 1;
         std::vector<Tacca> tenute = piu_sessioni ? diradate(tutte, unita_a_carattere) : tutte;
         // Between sessions a tick may have to go; within them the steps stay even.
@@ -130,13 +130,13 @@ std::vector<Tacca> tacche(const Grafico& grafico, double larghezza, double carat
             return tenute;
         minimo = uno * 1.0001;
     }
-    return agliEstremi(grafico, unita_a_carattere);
+    return agli_estremi(grafico, unita_a_carattere);
 }
 
-std::string nomeAscissa(const Grafico& grafico) {
+std::string nome_ascissa(const Grafico& grafico) {
     switch (grafico.ascissa) {
         case Ascissa::tempo:
-            return "time, " + unitaAscissa(grafico);
+            return "time, " + unita_ascissa(grafico);
         case Ascissa::distanza:
             return "distance, m";
         case Ascissa::numero:
@@ -145,10 +145,10 @@ std::string nomeAscissa(const Grafico& grafico) {
     return "record";
 }
 
-std::string unitaAscissa(const Grafico& grafico) {
+std::string unita_ascissa(const Grafico& grafico) {
     switch (grafico.ascissa) {
         case Ascissa::tempo:
-            return conOre(grafico) ? "h:mm:ss" : "m:ss";
+            return con_ore(grafico) ? "h:mm:ss" : "m:ss";
         case Ascissa::distanza:
             return "m";
         case Ascissa::numero:

@@ -21,11 +21,11 @@ struct Tacca {
 std::vector<Tacca> tacche(const Grafico& grafico, double larghezza, double carattere);
 
 /// The step of 1, 2 or 5 times a power of ten that cuts a range into at most so many parts.
-double passoTacche(double ampiezza, double parti);
+double passo_tacche(double ampiezza, double parti);
 
 /// "time, m:ss" and the like, and its short form "m:ss".
-std::string nomeAscissa(const Grafico& grafico);
-std::string unitaAscissa(const Grafico& grafico);
+std::string nome_ascissa(const Grafico& grafico);
+std::string unita_ascissa(const Grafico& grafico);
 
 }  // namespace kel::strumento
 

@@ -33,7 +33,7 @@ double scarto(const PuntoTraccia& da, const PuntoTraccia& a, const PuntoTraccia&
 }
 
 // Marks the points of a line without breaks that stay: its ends, and by halves whatever is further off than tolerated.
-void segnaTenuti(std::span<const PuntoTraccia> linea, const Tolleranza& tolleranza, std::span<char> tenuti) {
+void segna_tenuti(std::span<const PuntoTraccia> linea, const Tolleranza& tolleranza, std::span<char> tenuti) {
     tenuti.front() = tenuti.back() = 1;
     std::vector<std::pair<std::size_t, std::size_t>> aperti = {{0, linea.size() - 1}};
     while (!aperti.empty()) {
@@ -72,7 +72,7 @@ void dirada(std::vector<PuntoTraccia>& punti, std::size_t da, const Tolleranza& 
             ++fine;
         const auto pezzo = std::span(punti).subspan(inizio, fine - inizio);
         if (inizio == da || !vicini(punti[ultimo], pezzo, tolleranza)) {
-            segnaTenuti(pezzo, tolleranza, std::span(tenuti).subspan(inizio, fine - inizio));
+            segna_tenuti(pezzo, tolleranza, std::span(tenuti).subspan(inizio, fine - inizio));
             ultimo = fine - 1;
         }
         inizio = fine;

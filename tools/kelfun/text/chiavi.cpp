@@ -10,11 +10,11 @@ namespace {
 // What the catalogue calls the unit of a function that has none.
 constexpr std::string_view SENZA_MISURA[] = {"", "#", "gear", "Pckt", "Date", "Coord"};
 
-bool letteraOCifra(char c) {
+bool lettera_o_cifra(char c) {
     return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
 }
 
-std::string chiaveMisura(std::string_view udm) {
+std::string chiave_misura(std::string_view udm) {
     std::string unita = misura(udm);
     if (unita.starts_with('%'))
         unita.replace(0, 1, "percent");
@@ -22,8 +22,8 @@ std::string chiaveMisura(std::string_view udm) {
 }
 
 // Whether a name needs no unit behind it: there is none, or it ends with it, as "Engine RPM" does.
-bool misuraInFondo(const std::string& nome, std::string_view udm) {
-    const std::string unita = chiaveMisura(udm);
+bool misura_in_fondo(const std::string& nome, std::string_view udm) {
+    const std::string unita = chiave_misura(udm);
     return unita.empty() || nome == unita || nome.ends_with("_" + unita);
 }
 
@@ -34,7 +34,7 @@ std::string chiave(std::string_view testo) {
     for (char c : testo) {
         if (c >= 'A' && c <= 'Z')
             c = static_cast<char>(c - 'A' + 'a');
-        if (letteraOCifra(c))
+        if (lettera_o_cifra(c))
             uscita += c;
         else if (!uscita.empty() && uscita.back() != '_')
             uscita += '_';
@@ -50,13 +50,13 @@ std::string misura(std::string_view udm) {
     return udm == "time" ? "ms" : std::string(udm);
 }
 
-std::string chiaveConUdm(std::string_view nome, std::string_view udm) {
+std::string chiave_con_udm(std::string_view nome, std::string_view udm) {
     const std::string una = chiave(nome);
-    return misuraInFondo(una, udm) ? una : una + "_" + chiaveMisura(udm);
+    return misura_in_fondo(una, udm) ? una : una + "_" + chiave_misura(udm);
 }
 
-std::string titoloConUdm(std::string_view nome, std::string_view udm) {
-    return std::string(nome) + (misuraInFondo(chiave(nome), udm) ? "" : " " + misura(udm));
+std::string titolo_con_udm(std::string_view nome, std::string_view udm) {
+    return std::string(nome) + (misura_in_fondo(chiave(nome), udm) ? "" : " " + misura(udm));
 }
 
 }  // namespace kel::strumento

@@ -17,10 +17,10 @@ std::string misura(std::string_view udm);
 
 /// The name of a column whose values all have one unit: "speed", "km/h" give "speed_km_h", "slip", "%" "slip_percent".
 /// A name that ends with its unit already stays as it is: "Engine RPM", "rpm" give "engine_rpm".
-std::string chiaveConUdm(std::string_view nome, std::string_view udm);
+std::string chiave_con_udm(std::string_view nome, std::string_view udm);
 
 /// The same for people: "Speed km/h", "Engine RPM".
-std::string titoloConUdm(std::string_view nome, std::string_view udm);
+std::string titolo_con_udm(std::string_view nome, std::string_view udm);
 
 }  // namespace kel::strumento
 

@@ -40,7 +40,7 @@ bool compreso(std::uint32_t codice, const Intervallo (&intervalli)[N]) {
 std::vector<Glifo> glifi(std::string_view testo) {
     std::vector<Glifo> tutti;
     while (!testo.empty()) {
-        const Carattere carattere = primoCarattere(testo);
+        const Carattere carattere = primo_carattere(testo);
         const std::string byte(testo.substr(0, std::max<std::size_t>(carattere.byte, 1)));
         testo.remove_prefix(byte.size());
         if (!compreso(carattere.codice, SENZA_LARGHEZZA))
@@ -51,7 +51,7 @@ std::vector<Glifo> glifi(std::string_view testo) {
     return tutti;
 }
 
-int larghezzaTesto(std::string_view testo) {
+int larghezza_testo(std::string_view testo) {
     if (std::all_of(testo.begin(), testo.end(), [](char c) { return static_cast<std::uint8_t>(c) < 0x80; }))
         return static_cast<int>(testo.size());  // long tables have millions of such texts
     int colonne = 0;
@@ -60,7 +60,7 @@ int larghezzaTesto(std::string_view testo) {
     return colonne;
 }
 
-std::vector<std::string> aCapo(std::string_view testo, int colonne) {
+std::vector<std::string> a_capo(std::string_view testo, int colonne) {
     std::vector<std::string> righe(1);
     int libere = colonne;
     for (const Glifo& glifo : glifi(testo)) {
@@ -71,7 +71,7 @@ std::vector<std::string> aCapo(std::string_view testo, int colonne) {
             std::string resto = spazio == std::string::npos ? "" : riga.substr(spazio + 1);
             if (spazio != std::string::npos)
                 riga.erase(spazio);
-            libere = colonne - larghezzaTesto(resto);
+            libere = colonne - larghezza_testo(resto);
             righe.push_back(std::move(resto));
             if (glifo.byte == " ")
                 continue;

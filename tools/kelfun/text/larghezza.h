@@ -18,10 +18,10 @@ struct Glifo {
 std::vector<Glifo> glifi(std::string_view testo);
 
 /// Columns that a text takes.
-int larghezzaTesto(std::string_view testo);
+int larghezza_testo(std::string_view testo);
 
 /// A text as lines of at most so many columns, broken at blanks where there are any. One line at least.
-std::vector<std::string> aCapo(std::string_view testo, int colonne);
+std::vector<std::string> a_capo(std::string_view testo, int colonne);
 
 }  // namespace kel::strumento
 

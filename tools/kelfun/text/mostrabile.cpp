@@ -10,7 +10,7 @@ namespace kel::strumento {
 
 namespace {
 
-bool diControllo(std::uint32_t codice) {
+bool di_controllo(std::uint32_t codice) {
     return codice < 0x20 || (codice >= 0x7F && codice < 0xA0);
 }
 
@@ -19,8 +19,8 @@ bool diControllo(std::uint32_t codice) {
 std::string mostrabile(std::string_view testo) {
     std::string uscita;
     while (!testo.empty()) {
-        const Carattere carattere = primoCarattere(testo);
-        if (carattere.byte == 0 || diControllo(carattere.codice))
+        const Carattere carattere = primo_carattere(testo);
+        if (carattere.byte == 0 || di_controllo(carattere.codice))
             for (const char byte : testo.substr(0, std::max<std::size_t>(carattere.byte, 1)))
                 uscita += "\\x" + esadecimale(static_cast<std::uint8_t>(byte), 2).substr(2);
         else

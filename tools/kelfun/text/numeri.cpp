@@ -15,7 +15,7 @@ std::string scritto(Numero valore, Argomenti... argomenti) {
     return fine.ec == std::errc() ? std::string(testo, fine.ptr) : std::string("?");
 }
 
-int cifraEsadecimale(char c) {
+int cifra_esadecimale(char c) {
     if (c >= '0' && c <= '9')
         return c - '0';
     if (c >= 'a' && c <= 'f')
@@ -27,11 +27,11 @@ int cifraEsadecimale(char c) {
 
 }  // namespace
 
-std::string conDecimali(float valore, int decimali) {
+std::string con_decimali(float valore, int decimali) {
     return scritto(valore, std::chars_format::fixed, std::clamp(decimali, 0, 30));
 }
 
-std::string conDecimali(double valore, int decimali) {
+std::string con_decimali(double valore, int decimali) {
     return scritto(valore, std::chars_format::fixed, std::clamp(decimali, 0, 30));
 }
 
@@ -42,14 +42,14 @@ std::string breve(float valore) {
     return scritto(valore);
 }
 
-double comeScritto(const std::string& testo) {
+double come_scritto(const std::string& testo) {
     double valore = 0;
     std::from_chars(testo.data(), testo.data() + testo.size(), valore);
     return valore;
 }
 
-double comeScritto(float valore) {
-    return comeScritto(scritto(valore));
+double come_scritto(float valore) {
+    return come_scritto(scritto(valore));
 }
 
 std::string esadecimale(std::uint32_t valore, int cifre) {
@@ -63,7 +63,7 @@ std::string esadecimale(std::uint32_t valore, int cifre) {
     return testo;
 }
 
-std::optional<std::int64_t> leggiIntero(std::string_view testo, std::int64_t minimo, std::int64_t massimo) {
+std::optional<std::int64_t> leggi_intero(std::string_view testo, std::int64_t minimo, std::int64_t massimo) {
     std::int64_t valore = 0;
     const char* fine = testo.data() + testo.size();
     const auto letto = std::from_chars(testo.data(), fine, valore);
@@ -72,7 +72,7 @@ std::optional<std::int64_t> leggiIntero(std::string_view testo, std::int64_t min
     return valore;
 }
 
-std::optional<float> leggiFloat(std::string_view testo) {
+std::optional<float> leggi_float(std::string_view testo) {
     float valore = 0;
     const char* fine = testo.data() + testo.size();
     const auto letto = std::from_chars(testo.data(), fine, valore);
@@ -81,7 +81,7 @@ std::optional<float> leggiFloat(std::string_view testo) {
     return valore;
 }
 
-std::optional<std::string> leggiByte(std::string_view testo) {
+std::optional<std::string> leggi_byte(std::string_view testo) {
     if (testo.starts_with("0x") || testo.starts_with("0X"))
         testo.remove_prefix(2);
     std::string byte;
@@ -90,8 +90,8 @@ std::optional<std::string> leggiByte(std::string_view testo) {
             testo.remove_prefix(1);
             continue;
         }
-        const int alta = cifraEsadecimale(testo[0]);
-        const int bassa = testo.size() > 1 ? cifraEsadecimale(testo[1]) : -1;
+        const int alta = cifra_esadecimale(testo[0]);
+        const int bassa = testo.size() > 1 ? cifra_esadecimale(testo[1]) : -1;
         if (alta < 0 || bassa < 0)
             return std::nullopt;
         byte += static_cast<char>(alta * 16 + bassa);

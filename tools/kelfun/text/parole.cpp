@@ -12,7 +12,7 @@ std::vector<std::string> dividi(std::string_view testo, char separatore) {
     return parti;
 }
 
-std::string senzaBordi(std::string_view testo) {
+std::string senza_bordi(std::string_view testo) {
     constexpr std::string_view bianchi = " \t\n\v\f\r";
     const std::size_t inizio = testo.find_first_not_of(bianchi);
     if (inizio == std::string_view::npos)

@@ -25,7 +25,7 @@ std::string elenco(const Testi& testi) {
 }
 
 /// Without the blanks, tabs and line ends around it.
-std::string senzaBordi(std::string_view testo);
+std::string senza_bordi(std::string_view testo);
 
 }  // namespace kel::strumento
 

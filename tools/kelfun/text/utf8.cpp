@@ -2,7 +2,7 @@
 
 namespace kel::strumento {
 
-Carattere primoCarattere(std::string_view testo) {
+Carattere primo_carattere(std::string_view testo) {
     static constexpr std::uint32_t MINIMI[] = {0, 0, 0x80, 0x800, 0x10000};
     const auto inizio = static_cast<std::uint8_t>(testo.front());
     if (inizio < 0x80)

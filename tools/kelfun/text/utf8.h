@@ -15,7 +15,7 @@ struct Carattere {
 
 /// The character that a text, which is not empty, begins with; 0 bytes for anything that is none, such as a longer form
 /// of a shorter character, which could hide a control character (Unicode 15, table 3-7).
-Carattere primoCarattere(std::string_view testo);
+Carattere primo_carattere(std::string_view testo);
 
 }  // namespace kel::strumento
 

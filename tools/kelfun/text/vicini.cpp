@@ -17,7 +17,7 @@ constexpr std::size_t LETTERE_PER_CAMBIO = 3;
 constexpr std::size_t INIZIO_MINIMO = 2;  // one letter begins too many words
 
 // How many letters of the mistyped word the other word does not have.
-unsigned inVano(std::string_view scritta, std::string parola) {
+unsigned in_vano(std::string_view scritta, std::string parola) {
     unsigned quante = 0;
     for (const char lettera : scritta) {
         const std::size_t dove = parola.find(lettera);
@@ -38,7 +38,7 @@ std::optional<std::pair<unsigned, unsigned>> lontananza(const std::string& scrit
     const unsigned cambi = distanza(scritta, parola);
     const std::size_t massima = std::max<std::size_t>(1, scritta.size() / LETTERE_PER_CAMBIO);
     if (cambi <= massima && cambi < parola.size() && cambi < scritta.size())
-        return std::pair(cambi, inVano(scritta, parola));
+        return std::pair(cambi, in_vano(scritta, parola));
     if (scritta.size() >= INIZIO_MINIMO && parola.starts_with(scritta))
         return std::pair(static_cast<unsigned>(massima) + 1,
                          0u);  // an abbreviation: after all words that were mistyped

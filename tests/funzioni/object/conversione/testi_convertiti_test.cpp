@@ -26,12 +26,12 @@ protected:
     MarkedCatalogue() {
         std::strcpy(canale_.nome, "Road speed");
         std::strcpy(canale_.breve, "Road");
-        canale_.fid = velocita;
+        canale_.fid = VELOCITA;
         canale_.tipo_campione = KEL_TIPO_UINT16;
         catalogo_.reset(IFunzioni::CreateMe(&canale_, 1));
     }
 
-    static constexpr kel_funpos velocita = FID_PHI_SPEED;
+    static constexpr kel_funpos VELOCITA = FID_PHI_SPEED;
     s_kel_canale canale_ = {};
     std::unique_ptr<IFunzioni> catalogo_;
 };
@@ -241,10 +241,10 @@ TEST_F(MarkedCatalogue, SearchesConversionsWithConvertedUnits) {
 
 TEST_F(MarkedCatalogue, MakesConvertersForConvertedUnits) {
     const unsigned char campione[] = {100, 0};
-    const float gain = kelFunGetConvData(velocita, "mph")->gain;
+    const float gain = kelFunGetConvData(VELOCITA, "mph")->gain;
     const auto valore = [&](const std::string& udm) {
         const std::unique_ptr<IConverter> conv(
-            catalogo_->CreateConverter(&canale_, velocita, udm, true, 1, FORMATO_DESTRA, 4));
+            catalogo_->CreateConverter(&canale_, VELOCITA, udm, true, 1, FORMATO_DESTRA, 4));
         float letto = 0.0f;
         EXPECT_TRUE(conv->GetVal(campione, &letto));
         return letto;
@@ -259,7 +259,7 @@ TEST_F(MarkedCatalogue, HandsOutNamesOfTheTablesAsTheyStand) {
     EXPECT_EQ(catalogo_->getNomeFunzione(funz_ZumikoCam_base[0].fid, false), funz_ZumikoCam_base[0].testo);
     EXPECT_EQ(catalogo_->getNomeFunzione(funz_ZumikoCam_estese[0].fid, false), funz_ZumikoCam_estese[0].testo);
     EXPECT_EQ(catalogo_->getNomeFunzione(0x00048611, false), "Gear Box Temp");
-    EXPECT_EQ(catalogo_->getNomeFunzione(velocita, false), "Speed");
+    EXPECT_EQ(catalogo_->getNomeFunzione(VELOCITA, false), "Speed");
     EXPECT_EQ(catalogo_->getNomeFunzione(0x00070010, false), "Wheel Spd");
 }
 
