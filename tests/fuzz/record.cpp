@@ -8,6 +8,7 @@
 
 #include "bersaglio.h"
 #include "captures/canali_record.h"
+#include "file_canali.h"
 #include "ingredienti.h"
 #include "registrazioni/common/errore.h"
 #include "registrazioni/recordings/canali.h"
@@ -21,25 +22,6 @@ using fuzz::Ingredienti;
 using fuzz::pretendi;
 
 constexpr std::size_t MASSIMO = 1U << 14;  // bytes of a record that are tried; larger ones only cost time
-
-// Channel records: any bytes, but some fields more likely to be accepted.
-std::vector<std::uint8_t> channels(Ingredienti& da) {
-    std::vector<std::uint8_t> byte;
-    for (std::size_t quanti = da.scelta(5); quanti > 0; quanti--) {
-        s_kel_canale canale{};
-        canale.fid = da.u32();
-        canale.tipo_campione = da.u8() % 26U;
-        canale.offset_campione = da.u8();
-        canale.dim_buffer = da.u8() < 192 ? kelFunGetSamplSize(canale.tipo_campione) : da.u16();
-        const auto nome = da.byte(da.u8() % (sizeof canale.nome + 1));
-        std::ranges::copy(nome, canale.nome);
-        const auto* primo = reinterpret_cast<const std::uint8_t*>(&canale);
-        byte.insert(byte.end(), primo, primo + sizeof canale);
-    }
-    const auto altri = da.byte(da.u8() < 250 ? 0 : da.u16());
-    byte.insert(byte.end(), altri.begin(), altri.end());
-    return byte;
-}
 
 void mostra(IFunzioni& catalogo, const std::vector<s_kel_canale>& canali, Ingredienti& da) {
     SceltaColonne scelta;
@@ -83,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     static const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
     Ingredienti da(byte, quanti);
     const auto disposizione = da.scelta(2) == 0 ? Disposizione::dichiarata : Disposizione::compatta;
-    const std::vector<std::uint8_t> file = channels(da);
+    const std::vector<std::uint8_t> file = fuzz::file_canali(da);
     try {
         const std::vector<s_kel_canale> canali = leggi_canali(file, disposizione);
         if (dimensione_record(canali) <= MASSIMO)

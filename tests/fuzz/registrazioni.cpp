@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bersaglio.h"
+#include "file_canali.h"
 #include "ingredienti.h"
 #include "kelregistrazioni.h"
 
@@ -24,25 +25,6 @@ struct Chiudi {
     void operator()(s_kel_registrazione* reg) const { kelRegChiudi(reg); }
 };
 using Registrazione = std::unique_ptr<s_kel_registrazione, Chiudi>;
-
-// Channel records: any bytes, but some fields more likely to be accepted.
-std::vector<std::uint8_t> channels(Ingredienti& da) {
-    std::vector<std::uint8_t> byte;
-    for (std::size_t quanti = da.scelta(5); quanti > 0; quanti--) {
-        s_kel_canale canale{};
-        canale.fid = da.u32();
-        canale.tipo_campione = da.u8() % 26U;
-        canale.offset_campione = da.u8();
-        canale.dim_buffer = da.u8() < 192 ? kelFunGetSamplSize(canale.tipo_campione) : da.u16();
-        const auto nome = da.byte(da.u8() % (sizeof canale.nome + 1));
-        std::ranges::copy(nome, canale.nome);
-        const auto* primo = reinterpret_cast<const std::uint8_t*>(&canale);
-        byte.insert(byte.end(), primo, primo + sizeof canale);
-    }
-    const auto altri = da.byte(da.u8() < 250 ? 0 : da.u16());
-    byte.insert(byte.end(), altri.begin(), altri.end());
-    return byte;
-}
 
 // The rows at hand, each column in memory of exactly its size.
 void leggi(s_kel_registrazione* reg) {
@@ -153,7 +135,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
         pretendi(kelRegAvanzo(pezzi.get()) == kelRegAvanzo(intero.get()), "and the same rest");
         return 0;
     }
-    const std::vector<std::uint8_t> canali = channels(da);
+    const std::vector<std::uint8_t> canali = fuzz::file_canali(da);
     s_kel_apertura apertura{};
     apertura.orario = static_cast<eKelOrario>(da.scelta(4));
     apertura.compatta = da.scelta(2) == 1;
