@@ -15,6 +15,7 @@ constexpr double a_sei_cifre(double numero) {
     double potenza = 1;
     while (numero * potenza < 100000)
         potenza *= 10;
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): gains are positive, and a compiler cannot call lround
     return static_cast<double>(static_cast<long long>(numero * potenza + 0.5)) / potenza;
 }
 static_assert(a_sei_cifre(14.503773773) == 14.5038 && a_sei_cifre(2.0 / 3) == 0.666667 &&

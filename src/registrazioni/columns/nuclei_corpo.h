@@ -23,6 +23,7 @@
 #error "-ffast-math changes the values: build without it"
 #endif
 
+// NOLINTBEGIN(misc-definitions-in-headers): each source file that includes it has its own copy.
 namespace kel_colonne {
 namespace {
 
@@ -294,7 +295,7 @@ void bit_validi(const unsigned char* stati, std::size_t numero, unsigned char* v
     }
 #endif
     for (; i + 8 <= numero; i += 8) {
-        std::uint64_t parola;
+        std::uint64_t parola;  // NOLINT(cppcoreguidelines-init-variables): the next line writes it
         __builtin_memcpy(&parola, stati + i, 8);
         // The sum carries into the top bit of a byte that is not 0. The product then brings the eight bits together.
         constexpr std::uint64_t sette = 0x7F7F7F7F7F7F7F7F;
@@ -380,3 +381,4 @@ const Nuclei KEL_NUCLEI = {
 };
 
 }  // namespace kel_colonne
+// NOLINTEND(misc-definitions-in-headers)

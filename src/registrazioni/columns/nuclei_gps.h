@@ -1,6 +1,7 @@
 // Part of nuclei_corpo.h, inside its namespaces: positions and speeds of GPS packets.
 //
 // The logger's packet is a 32-bit time and a NAV-SOL payload; numbers of the payload lie at these bytes.
+// NOLINTBEGIN(misc-definitions-in-headers): each source file that includes it has its own copy.
 constexpr std::size_t PAYLOAD_IN_GPS = 4;
 constexpr std::size_t NAVSOL_FIX = 10;
 constexpr std::size_t NAVSOL_X = 12;
@@ -84,7 +85,7 @@ bool latitudini(const unsigned char* campioni, std::size_t passo, std::size_t nu
     constexpr double raggio_minimo = 5e8;
     constexpr double z_minimo = 1e4;
     constexpr double g0 = ECCENTRICITA2 * SEMIASSE;
-    Angoli a;
+    Angoli a;  // NOLINT(cppcoreguidelines-pro-type-member-init): written below before it is read
     double z[GRUPPO_GPS];
     for (std::size_t primo = 0; primo < numero; primo += GRUPPO_GPS, campioni += GRUPPO_GPS * passo) {
         const std::size_t gruppo = numero - primo < GRUPPO_GPS ? numero - primo : GRUPPO_GPS;
@@ -116,7 +117,7 @@ bool latitudini(const unsigned char* campioni, std::size_t passo, std::size_t nu
 
 bool longitudini(const unsigned char* campioni, std::size_t passo, std::size_t numero, const Conversione& conversione,
                  float* valori) {
-    Angoli a;
+    Angoli a;  // NOLINT(cppcoreguidelines-pro-type-member-init): written below before it is read
     for (std::size_t primo = 0; primo < numero; primo += GRUPPO_GPS, campioni += GRUPPO_GPS * passo) {
         const std::size_t gruppo = numero - primo < GRUPPO_GPS ? numero - primo : GRUPPO_GPS;
         for (std::size_t i = 0; i < gruppo; ++i) {
@@ -168,3 +169,4 @@ bool velocita(const unsigned char* campioni, std::size_t passo, std::size_t nume
     }
     return true;
 }
+// NOLINTEND(misc-definitions-in-headers)

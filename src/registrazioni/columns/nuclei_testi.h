@@ -1,6 +1,7 @@
 // Part of nuclei_corpo.h, inside its namespaces: texts of at most eight characters, each in a 64-bit word, the first character
 // in the lowest byte.
 
+// NOLINTBEGIN(misc-definitions-in-headers): each source file that includes it has its own copy.
 constexpr std::size_t GRUPPO_TESTI = 64;  // texts whose numbers are kept side by side
 
 // The words of numbers below 10^8 as eight digits.
@@ -99,3 +100,4 @@ void tempi_in_parole(const std::int32_t* tempi, std::size_t numero, bool compatt
         }
     }
 }
+// NOLINTEND(misc-definitions-in-headers)
