@@ -5,7 +5,7 @@
     library.py refresh LIBRARY    writes the lists of this folder anew from the library
 
 Sizes of data are kept for 32-bit and 64-bit pointers; a refresh writes those of the library given and keeps the
-others, so that a change of a table takes one refresh with a library of each kind.
+others. For the first library scripts/abi --refresh does it with a library of each kind.
 """
 
 import pathlib
@@ -263,9 +263,10 @@ def main():
     for problem in problems:
         print(problem)
     if problems and check in ("symbols", "vtables"):
+        command = ("scripts/abi --refresh" if lib.promise.classes else f"python3 tests/abi/library.py refresh {sys.argv[2]}")
         print(f"\nWhere the change is meant (it breaks clients unless the soname changes or nothing was taken away):\n"
-              f"    python3 tests/abi/library.py refresh {sys.argv[2]}\n"
-              f"with a 64-bit and with a 32-bit library, and look at the difference.")
+              f"    {command}\n"
+              f"and look at the difference.")
     sys.exit(1 if problems else 0)
 
 

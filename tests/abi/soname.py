@@ -57,14 +57,19 @@ def write(root, wanted):
 
 
 def main():
+    if len(sys.argv) not in (3, 4) or not sys.argv[2].isdigit() or sys.argv[3:] not in ([], ["--write"]):
+        sys.exit("usage: soname.py ROOT SOVERSION [--write]")
     root, wanted = pathlib.Path(sys.argv[1]), sys.argv[2]
     if sys.argv[3:] == ["--write"]:
         write(root, wanted)
     found = numbers(root)
     places = {place.format(wanted) for place in PLACES if (root / "debian").is_dir() or not place.startswith("debian/")}
-    mistakes = [f"{name} bears {', '.join(sorted(borne - {wanted}))}, the soname {wanted}"
-                for name, borne in sorted(found.items()) if borne != {wanted}]
-    mistakes += [f"{name} does not name the soname or is not there: take it from the list in tests/abi/soname.py"
+    others = [f"{name} bears {', '.join(sorted(borne - {wanted}))}, the soname {wanted}"
+              for name, borne in sorted(found.items()) if borne != {wanted}]
+    if others:
+        print(*others, f"One number in all places: python3 tests/abi/soname.py . {wanted} --write", sep="\n")
+        return 1
+    mistakes = [f"{name} does not name the soname or is not there: take it from the list in tests/abi/soname.py"
                  for name in sorted(places - set(found))]
     mistakes += [f"{name} names the soname: let it take the number from CMakeLists.txt, or add it to the list in "
                  "tests/abi/soname.py" for name in sorted(set(found) - places)]

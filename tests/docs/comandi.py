@@ -4,8 +4,8 @@
     comandi.py ROOT
 
 Every script of scripts/ prints its help, from a tree without git and from another folder. CONTRIBUTING.md names every
-script. The pages and scripts name only presets that exist, each for what it has: to configure, build or test. The sets of
-scripts/packages.txt are those that its head explains and that the scripts install.
+script. The pages and scripts name only presets that exist, each for what it has: to configure, build or test. What a page
+calls can be called so. The sets of scripts/packages.txt are those that its head explains and that the scripts install.
 """
 
 import json
@@ -51,6 +51,14 @@ for kind, row in (("build", r"^\| `cmake --preset NAME`.*: (.*) \|$"), ("test", 
     if listed != known[kind]:
         mistakes.append(f"CONTRIBUTING.md and CMakePresets.json differ in the {kind} presets {sorted(listed ^ known[kind])}")
 
+# A command on a page runs as it stands there.
+called = 0
+for page in [*pages, root / "tests/README.md"]:
+    for command in re.findall(r"`((?:tests|scripts|bench)/[\w./-]+) [^`]*`", page.read_text()):
+        called += 1
+        if not os.access(root / command, os.X_OK):
+            mistakes.append(f"{page.relative_to(root)}: {command} cannot be called so: it is not there, or it is python3 {command}")
+
 head, _, rows = (root / "scripts/packages.txt").read_text().partition("\n\n")
 explained = re.findall(r"^#   (\w+) ", head + "\n" + "\n".join(re.findall(r"^#.*", rows, re.M)), re.M)
 used = {row.split()[0] for row in rows.splitlines() if row and not row.startswith("#")}
@@ -61,7 +69,7 @@ for place in [*shell, root / ".ci/run"]:
 if not set(explained) == used == installed:
     mistakes.append(f"sets of packages: explained {sorted(explained)}, filled {sorted(used)}, installed {sorted(installed)}")
 
-if len(shell) < 10 or named < 5:
-    mistakes.append(f"only {len(shell)} scripts and {named} presets found: this test reads the tree wrongly")
-print(*mistakes, f"{len(shell)} scripts, {named} commands with a preset, {len(used)} sets of packages", sep="\n")
+if len(shell) < 10 or named < 5 or called < 5:
+    mistakes.append(f"only {len(shell)} scripts, {named} presets and {called} calls found: this test reads the tree wrongly")
+print(*mistakes, f"{len(shell)} scripts, {named} commands with a preset, {called} calls, {len(used)} sets of packages", sep="\n")
 sys.exit(1 if mistakes else 0)

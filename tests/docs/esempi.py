@@ -15,6 +15,7 @@ import argparse
 import difflib
 import os
 import re
+import shlex
 import subprocess
 import sys
 import tempfile
@@ -121,6 +122,8 @@ def check(document, options):
     if options.write:
         document.write_text(text)
     print(*failures, sep="\n")
+    if any("the output is another" in failure for failure in failures):
+        print(f"Where what was found is right, this writes it into the page:\n    python3 {shlex.join([*sys.argv, '--write'])}")
     print(f"{document.name}: {ran} examples run, {left} that install or build not run, {len(failures)} mistakes")
     return not failures and ran > 0
 
