@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bersaglio.h"
+#include "comune/tipi_campione.h"
 #include "ingredienti.h"
 #include "kelregistrazioni.h"
 
@@ -31,7 +32,7 @@ std::vector<std::uint8_t> channels(Ingredienti& da) {
     for (std::size_t quanti = da.scelta(5); quanti > 0; quanti--) {
         s_kel_canale canale{};
         canale.fid = da.u32();
-        canale.tipo_campione = da.u8() % 26U;
+        canale.tipo_campione = da.u8() % (kel_test::TIPI_CAMPIONE + 1);
         canale.offset_campione = da.u8();
         canale.dim_buffer = da.u8() < 192 ? kelFunGetSamplSize(canale.tipo_campione) : da.u16();
         const auto nome = da.byte(da.u8() % (sizeof canale.nome + 1));
