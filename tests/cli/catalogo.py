@@ -72,8 +72,8 @@ def valori_noti(d):
            {"from": "F", "to": "C", "gain": 0.5555556, "offset": -17.777779})
     uguali("numbers of the lambda probes", funzioni["0x00040C9E"]["numbers"], {"first": 1, "last": 12})
     uguali("rows of the quantity table", len(righe), 65)
-    uguali("sizes", [len(d[k]) for k in ("quantities", "functions", "unit_codes", "sample_types", "camera",
-                                         "legacy_identifiers")], [32, 67, 33, 25, 41, 60])
+    sizes = {"quantities": 32, "functions": 67, "unit_codes": 33, "sample_types": 25, "camera": 41, "legacy_identifiers": 60}
+    uguali("sizes", {k: len(d[k]) for k in sizes}, sizes)
     uguali("packets", [(p["identifier"], p["bytes"]) for p in d["packets"]],
            [("0x0000009A", 28), ("0x0000809A", 8), ("0x0001009A", 28), ("0x0000011A", 44), ("0x0000019A", 56),
             ("0x0000819A", 52)])

@@ -6,6 +6,7 @@
 
 #include "columns/colonne.h"
 #include "columns/nuclei.h"
+#include "comune/tipi_campione.h"
 #include "famiglie.h"
 #include "kelregistrazioni.h"
 
@@ -54,7 +55,7 @@ void riempi(Caso& caso, Dati& dati) {
         unita.gain = reale(caso);
         unita.reciproco = caso.uno_su(4) ? 1 : 0;
         s_kel_canale canale = {};
-        canale.tipo_campione = caso.sotto(26);
+        canale.tipo_campione = caso.sotto(kel_test::TIPI_CAMPIONE + 1);
         canale.offset_campione = caso.sotto(40);
         canale.fid = caso.uno_su(3) ? caso.pacchetto() : caso.fid();
         const kel_funpos fid = caso.uno_su(2) ? caso.sottocampo() : canale.fid;

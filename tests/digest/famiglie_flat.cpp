@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "comune/recinto.h"
+#include "comune/tipi_campione.h"
 #include "comune/unita_necessaria.h"
 #include "famiglie.h"
 
@@ -92,7 +93,7 @@ struct Convertitore {
         s_kel_canale canale;
         std::memset(&canale, 0, sizeof canale);
         canale.fid = caso.uno_su(2) ? caso.pacchetto() : caso.fid();
-        canale.tipo_campione = caso.uno_su(64) ? caso.u32() : caso.sotto(27);
+        canale.tipo_campione = caso.uno_su(64) ? caso.u32() : caso.sotto(kel_test::TIPI_CAMPIONE + 2);
         canale.offset_campione = caso.sotto(OFFSET);
         const kel_funpos fid = caso.uno_su(2) ? canale.fid : caso.sottocampo();
         riempi(caso.u64());

@@ -7,6 +7,7 @@
 #include "CConverter.h"
 #include "CFunzioni.h"
 #include "CLaptimeAndStrings.h"
+#include "comune/tipi_campione.h"
 #include "famiglie.h"
 
 namespace digest {
@@ -128,7 +129,7 @@ void telecamera(Caso& caso, Impronta& impronta) {
 void convertitore(Caso& caso, Impronta& impronta) {
     s_kel_canale canale = {};
     canale.fid = caso.uno_su(2) ? caso.pacchetto() : caso.fid();
-    canale.tipo_campione = caso.sotto(26);
+    canale.tipo_campione = caso.sotto(kel_test::TIPI_CAMPIONE + 1);
     const kel_funpos fid = caso.uno_su(2) ? canale.fid : caso.sottocampo();
     const std::string udm = unita(caso, fid);
     const unsigned decimali = caso.sotto(5);

@@ -15,6 +15,7 @@
 #include "CConverter.h"
 #include "bersaglio.h"
 #include "comune/recinto.h"
+#include "comune/tipi_campione.h"
 #include "comune/unita_necessaria.h"
 #include "exhaustive/lettore.h"
 #include "ingredienti.h"
@@ -156,7 +157,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* byte, std::size_t quan
     modello::Canale canale;
     canale.fid = funzione_canale(da);
     const unsigned tipo = da.u8();
-    canale.tipo = tipo < 250 ? tipo % 27 : da.u32();
+    canale.tipo = tipo < 250 ? tipo % (kel_test::TIPI_CAMPIONE + 2) : da.u32();
     const modello::Fid fid = funzione(da, canale.fid);
     const modello::RigaUdm riga = unita(da);
     const modello::Aspetto come = aspetto(da);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "comune/tipi_campione.h"
 #include "ingredienti.h"
 #include "kelfunzioni.h"
 
@@ -17,7 +18,7 @@ inline std::vector<std::uint8_t> file_canali(Ingredienti& da) {
     for (std::size_t quanti = da.scelta(5); quanti > 0; quanti--) {
         s_kel_canale canale{};
         canale.fid = da.u32();
-        canale.tipo_campione = da.u8() % 26U;
+        canale.tipo_campione = da.u8() % (kel_test::TIPI_CAMPIONE + 1);
         canale.offset_campione = da.u8();
         canale.dim_buffer = da.u8() < 192 ? kelFunGetSamplSize(canale.tipo_campione) : da.u16();
         const auto nome = da.byte(da.u8() % (sizeof canale.nome + 1));

@@ -6,6 +6,7 @@
 
 #include "IFunzioni.h"
 #include "comune/recinto.h"
+#include "comune/tipi_campione.h"
 #include "kelfunzioni.h"
 #include "model/convertitore.h"
 #include "model/unita.h"
@@ -19,7 +20,11 @@ using modello::Convertitore;
 using sequenze::Operazione;
 using Buffer = std::array<Byte, 80>;
 
-// A sample of any bytes, or a float of a size that the texts can show.
+// Codes of sample types that are tried: those that have a format, and two behind them.
+constexpr unsigned CODICI = kel_test::TIPI_CAMPIONE + 2;
+
+// A sample of any bytes, a float of a size that the texts can show, or a status word: 0xCFFD to 0xCFFF in 16 bits, with
+// 0xFF before it in wider integers.
 Buffer campione(const Operazione& operazione) {
     Buffer buffer;
     std::uint32_t caso = operazione.secondo * 2654435761U + 1;
@@ -34,6 +39,10 @@ Buffer campione(const Operazione& operazione) {
                                                       (operazione.secondo % 3 == 0 ? -1.0F : 1.0F));
         for (std::size_t i = 0; i < 4; i++)
             buffer[i] = static_cast<Byte>(bit >> (8 * i));
+    } else if (operazione.primo == 9) {
+        buffer.fill(0xFF);
+        buffer[0] = static_cast<Byte>(0xFD + operazione.secondo % 3);
+        buffer[1] = 0xCF;
     }
     return buffer;
 }
@@ -61,14 +70,15 @@ public:
     void imposta(const Operazione& operazione) {
         Canale canale;
         canale.fid = operazione.fid;
-        canale.tipo = operazione.secondo % 27;
+        canale.tipo = operazione.secondo % CODICI;
+        RC_LOG() << descrivi(operazione) << ": sample type " << canale.tipo << "\n";
         canale.offset = operazione.primo;
         const auto riga = modello::riga_conversione(
             0x14, modello::tabelle().udm.at("kmh_vel_udm_associate").at(operazione.primo % 7).testo);
         const bool data = operazione.secondo / 32 % 2 == 1;
         const s_converter_data* dati = data ? kelFunGetConvData(0x14, riga.dati().testo.c_str()) : nullptr;
         const auto interne = modello::grandezza(operazione.fid) == 26 ? 0xA8010U : operazione.fid;
-        const modello::Campo bit{operazione.secondo / 27 % 20, operazione.secondo / 540 % 3, 0};
+        const modello::Campo bit{operazione.secondo / CODICI % 20, operazione.secondo / (CODICI * 20) % 3, 0};
         const bool in_testa = operazione.secondo % 2 == 0;
         const modello::Prima prima{libreria_.maschera, modello_ ? modello_->unita_scelta() : nullptr};
         std::unique_ptr<Convertitore> nuovo;
@@ -131,7 +141,7 @@ public:
                 imposta(operazione);
                 break;
             case 5:
-                imposta({0, operazione.primo, operazione.secondo / 27 * 27 + 6, 0x10});
+                imposta({0, operazione.primo, operazione.secondo / CODICI * CODICI + 6, 0x10});
                 break;
             default:
                 leggi(operazione);
@@ -155,7 +165,8 @@ RC_GTEST_PROP(ConverterSequences, FlatRecordsFollowTheModel, ()) {
 // Reads of the object face end with a NUL that counts; decimals are set between them.
 RC_GTEST_PROP(ConverterSequences, ObjectsFollowTheModel, ()) {
     const auto fid = *sequenze::un_fid();
-    const unsigned tipo = *rc::gen::inRange(0U, 27U);
+    const unsigned tipo = *rc::gen::inRange(0U, CODICI);
+    RC_LOG() << "sample type " << tipo << "\n";
     const auto larghezza = *rc::gen::inRange(0U, 12U);
     const auto formato = *rc::gen::inRange(0U, 4U);
     const auto inTesta = *rc::gen::arbitrary<bool>();

@@ -158,7 +158,7 @@ public:
     s_kel_converter convertitore(s_converter_data& dati, std::string& descrizione) {
         dati = {"", numero(), numero(), sotto(3) == 0 ? 1 : 0};
         s_kel_canale canale = {};
-        canale.tipo_campione = sotto(26);
+        canale.tipo_campione = sotto(kel_test::TIPI_CAMPIONE + 1);
         canale.offset_campione = sotto(5);
         canale.fid = sotto(4) == 0 ? kelFidComponi(FID_PHI_GEAR, 0, 0) : kelFidComponi(sotto(32), sotto(40), sotto(16));
         kel_funpos fid = canale.fid;
