@@ -14,8 +14,7 @@ void testo_stato(uint32_t stato, char* testo) noexcept;
 
 // Status of a 16- or 32-bit integer sample. Three bit patterns are reserved and carry no measurement: 0xCFFF, 0xCFFE
 // and 0xCFFD, in 32 bits with 0xFFFF before them. They are reserved in signed and in unsigned formats, so a signed
-// sample of
-// -12289, -12290 or -12291 is no value either.
+// sample of -12289, -12290 or -12291 is no value either.
 template <typename T>
 constexpr uint32_t stato_riservato(T grezzo) noexcept {
     switch (static_cast<uint32_t>(static_cast<int32_t>(static_cast<std::make_signed_t<T>>(grezzo)))) {

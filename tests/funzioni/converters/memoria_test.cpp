@@ -167,7 +167,7 @@ TEST_F(GuardPages, TheTextIsWrittenInsideItsThirtyTwoBytes) {
 TEST_F(GuardPages, OnlyTheChannelRecordIsReadAtSetUp) {
     for (bool in_fondo : {true, false}) {
         unsigned char* posto = in_fondo ? recinto_.in_fondo(sizeof(s_kel_canale)) : recinto_.in_testa();
-        for (unsigned tipo = 0; tipo <= 25; ++tipo) {
+        for (unsigned tipo = 0; tipo <= kel_test::TIPI_CAMPIONE; ++tipo) {
             for (kel_funpos fid : {FID, PACCHETTO_GPS, PACCHETTO_GIRO1_G}) {
                 const s_kel_canale canale = un_canale(fid, tipo, 7);
                 std::memcpy(posto, &canale, sizeof canale);

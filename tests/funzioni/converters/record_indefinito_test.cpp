@@ -3,14 +3,18 @@
 // where the format cannot be chosen otherwise. A look that is too much ends the program.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstring>
 #include <iterator>
 #include <new>
+#include <numeric>
 #include <set>
 #include <string>
 
 #include "CConverter.h"
 #include "comune/recinto.h"
+#include "comune/tipi_campione.h"
+#include "comune/unita_necessaria.h"
 #include "converters/lettura.h"
 
 using namespace kel_test;
@@ -20,11 +24,14 @@ namespace {
 constexpr kel_funpos MARCIA = kelFidComponi(FID_PHI_GEAR, 0, 0);
 constexpr unsigned RIEMPIMENTI[] = {0x00, 0x5A, 0xA5, 0xFF};
 constexpr unsigned short BIT[] = {0, 3};  // none, and a bit field
-constexpr unsigned TUTTI[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13,
-                              14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 0xFFFFFFFF};
-// Sample types that are decoded without the unit's data, or not at all.
-const std::set<unsigned> SENZA_UNITA = {7, 8, 9, 10, 11, 14, 15, 16, 17, 18, 19, 22, 23, 25, 26, 0xFFFFFFFF};
-// Sample types whose values are computed with them, in one way only: there is nothing to choose.
+// Every sample type, the two codes behind the last, and the largest code.
+constexpr auto TUTTI = [] {
+    std::array<unsigned, TIPI_CAMPIONE + 3> tutti{};
+    std::iota(tutti.begin(), tutti.end(), 0u);
+    tutti.back() = 0xFFFFFFFF;
+    return tutti;
+}();
+// Sample types whose values are computed with the unit's data, in one way only: there is nothing to choose.
 const std::set<unsigned> UN_MODO = {12, 13, 24};
 
 class UndefinedRecord : public ::testing::Test {
@@ -86,7 +93,7 @@ TEST_F(UndefinedRecord, IsSetUpWithoutAUnitWhereNoneIsNeeded) {
         for (unsigned tipo : TUTTI) {
             for (kel_funpos fid : {FID, MARCIA}) {
                 for (unsigned short num_bit : BIT) {
-                    if (!SENZA_UNITA.contains(tipo)) {
+                    if (unita_necessaria(fid, tipo, fid)) {
                         continue;
                     }
                     SCOPED_TRACE(::testing::Message() << "type " << tipo << ", filled with " << riempimento);

@@ -1,6 +1,7 @@
 // The status text: which text a status word gets, and which sample types have it.
 #include <gtest/gtest.h>
 
+#include "comune/tipi_campione.h"
 #include "converters/lettura.h"
 
 using namespace kel_test;
@@ -52,7 +53,7 @@ TEST(StatusText, LeavesTheOutputAloneWithoutAStatusBit) {
 }
 
 TEST(StatusText, ExistsForTheNumericTypesTheHalfFloatAndTheCoordinate) {
-    for (unsigned tipo = 0; tipo <= 25; ++tipo) {
+    for (unsigned tipo = 0; tipo <= kel_test::TIPI_CAMPIONE; ++tipo) {
         const bool atteso = tipo <= 6 || tipo == 20 || tipo == 21;
         EXPECT_EQ(convertitore(tipo, {}).testo_stato != nullptr, atteso) << "sample type " << tipo;
     }

@@ -1,6 +1,7 @@
 // Packets as a whole: the texts of sample types 7 to 10, 17, 18 and 22, which have no value.
 #include <gtest/gtest.h>
 
+#include "comune/tipi_campione.h"
 #include "converters/lettura.h"
 
 using namespace kel_test;
@@ -101,7 +102,8 @@ TEST(AnyPacket, IsNotScaled) {
 }
 
 TEST(SampleWithoutDecoder, ShowsTwoDashesAndHasNoValue) {
-    for (unsigned tipo : {14u, 19u, 23u, 25u, 26u, 255u, 256u, 0x80000000u, 0xFFFFFFFFu}) {
+    for (unsigned tipo :
+         {14u, 19u, 23u, kel_test::TIPI_CAMPIONE, kel_test::TIPI_CAMPIONE + 1, 255u, 256u, 0x80000000u, 0xFFFFFFFFu}) {
         s_kel_converter conv = convertitore(tipo, {});
         EXPECT_EQ(conv.valore, nullptr);
         EXPECT_EQ(conv.testo_stato, nullptr);
