@@ -10,7 +10,7 @@
 from ._catalogue import Catalogue
 from ._column import Column
 from ._converter import Converter
-from ._errors import KelError, NotFoundError, RecordingError
+from ._errors import KelError, KelWarning, NotFoundError, RecordingError
 from ._find import Match, find, search
 from ._function import Choices, Field, Function
 from ._laps import FinishLine, Lap, Laps, laps
@@ -33,6 +33,7 @@ __all__ = [
     "FinishLine",
     "Function",
     "KelError",
+    "KelWarning",
     "Lap",
     "Laps",
     "Match",

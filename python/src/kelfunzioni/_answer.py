@@ -4,17 +4,20 @@ from __future__ import annotations
 
 import ctypes as c
 import json
+import sys
+import warnings
 from collections.abc import Callable
 from typing import Any
 
 from . import _library as lib
-from ._errors import KelError, NotFoundError
+from ._errors import KelError, KelWarning, NotFoundError
 
 # What the errors call things on a command line, and what they are called here.
 _WORDS = (
     ("kelfun find", "find()"),
     ("(--quantity speed)", "(quantity='speed')"),
     ("--side", "sides"),
+    ("--bits", "the bit field"),
     ("--", ""),
 )
 
@@ -37,11 +40,29 @@ def answer(function: Callable[..., Any], *arguments: object) -> Any:
     finally:
         lib.free(place)
     if isinstance(found, dict) and "error" in found:
-        text = found["error"]
-        for shell, python in _WORDS:
-            text = text.replace(shell, python)
-        raise (NotFoundError if found["kind"] == "missing" else KelError)(text)
+        kind = NotFoundError if found["kind"] == "missing" else KelError
+        raise kind(_reworded(found["error"]))
     return found
+
+
+def warn(function: Callable[..., Any], *arguments: object) -> None:
+    """Warn of what a function says, to the caller of the package; nothing where it says nothing."""
+    text = answer(function, *arguments)
+    if text:
+        warnings.warn(_reworded(text), KelWarning, stacklevel=_depth())
+
+
+def _reworded(text: str) -> str:
+    for shell, python in _WORDS:
+        text = text.replace(shell, python)
+    return text
+
+
+def _depth() -> int:
+    frame, depth = sys._getframe(1), 1
+    while frame.f_back is not None and frame.f_globals.get("__package__") == __package__:
+        frame, depth = frame.f_back, depth + 1
+    return depth
 
 
 def text_argument(text: object, what: str) -> bytes:

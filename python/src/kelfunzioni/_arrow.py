@@ -21,9 +21,12 @@ _start = threading.Lock()
 _started = False
 
 
-@c.CFUNCTYPE(None, c.c_size_t)
-def _forget(mark: int) -> None:
+def forget(mark: int) -> None:
+    """Drop the memory of a mark, if there still is any."""
     _kept.pop(mark, None)
+
+
+_forget = c.CFUNCTYPE(None, c.c_size_t)(forget)
 
 
 def keep(owner: object) -> int:
@@ -32,11 +35,6 @@ def keep(owner: object) -> int:
     mark = next(_marks)
     _kept[mark] = owner
     return mark
-
-
-def forget(mark: int) -> None:
-    """Drop memory that no consumer has got."""
-    _kept.pop(mark, None)
 
 
 def _begin() -> None:
@@ -62,10 +60,8 @@ def _api(name: str) -> Any:
 def _capsule(place: int | None, name: bytes, destructor: c.c_void_p) -> object:
     if not place:
         raise MemoryError("out of memory")
-    new = c.PYFUNCTYPE(c.py_object, c.c_void_p, c.c_char_p, c.c_void_p)(
-        ("PyCapsule_New", c.pythonapi)
-    )
-    return new(place, name, destructor)
+    prototype = c.PYFUNCTYPE(c.py_object, c.c_void_p, c.c_char_p, c.c_void_p)
+    return prototype(("PyCapsule_New", c.pythonapi))(place, name, destructor)
 
 
 # A capsule keeps the pointer to its name, not the name.

@@ -10,6 +10,7 @@ import numpy as np
 import numpy.typing as npt
 
 from . import _library as lib
+from ._answer import warn
 from ._column import Column
 from ._errors import KelError, nearest
 from ._function import Function, FunctionLike, as_function
@@ -53,6 +54,12 @@ class Converter:
     KelError
         An unknown function, sample type or unit, or a number that is not accepted. The text says
         the nearest.
+
+    Warns
+    -----
+    KelWarning
+        The device shows another value than most people expect: a pace, HP, CV or rps, a bit field,
+        some subfields of GPS packets.
 
     Examples
     --------
@@ -114,6 +121,11 @@ class Converter:
         canale = Channel(
             fid=channel.identifier, tipo_campione=self._type, offset_campione=self._offset or 0
         )
+        warn(lib.py_unit_warning, self._function.identifier, self._unit.encode())
+        if packet is not None:
+            warn(lib.py_packet_warning, self._function.identifier, self._type)
+        if bits:
+            warn(lib.py_bits_warning, f"{bit}:{bits}".encode(), sum(places))
         data = lib.unit_data(self._function.identifier, self._unit.encode())
         lib.converter_init(
             record, canale, self._function.identifier, data, *places, self._offset is None

@@ -5,7 +5,7 @@ from __future__ import annotations
 import difflib
 from collections.abc import Iterable
 
-__all__ = ["KelError", "NotFoundError", "RecordingError", "nearest"]
+__all__ = ["KelError", "KelWarning", "NotFoundError", "RecordingError", "nearest"]
 
 
 class KelError(ValueError):
@@ -20,7 +20,11 @@ class RecordingError(KelError):
     """The bytes are no recording, or it has not what was asked for."""
 
 
-for _each in (KelError, NotFoundError, RecordingError):
+class KelWarning(UserWarning):
+    """The library's answer is kept as the device gives it, but is not what most people expect."""
+
+
+for _each in (KelError, KelWarning, NotFoundError, RecordingError):
     _each.__module__ = "kelfunzioni"  # where people import them from
 
 

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 from dataclasses import dataclass
+from typing import Any
 
 from . import _library as lib
 from ._answer import answer, text_argument
@@ -101,18 +102,17 @@ def find(words: str) -> list[Function]:
     )
 
 
-def _answer(words: str) -> dict[str, list[object]]:
+def _answer(words: str) -> dict[str, Any]:
     text = text_argument(words, "what to find")
     if not text.strip():
         raise KelError("there is nothing to find; accepted: words, such as 'oil pressure'")
-    found: dict[str, list[object]] = answer(lib.py_find, text)
+    found: dict[str, Any] = answer(lib.py_find, text)
     return found
 
 
-def _matches(found: dict[str, list[object]]) -> list[Match]:
+def _matches(found: dict[str, Any]) -> list[Match]:
     matches = []
     for row in found["found"]:
-        assert isinstance(row, dict)
         texts = dict(zip(row["matched"], row["key"], strict=True))
         matches.append(Match(Function(row["identifier"]), row["match"], texts))
     return matches

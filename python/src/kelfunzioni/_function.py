@@ -280,6 +280,8 @@ def _identifier(what: object) -> int:
     if isinstance(what, Function):
         return what.identifier
     if isinstance(what, str):
+        if not what.strip():
+            raise KelError("an empty text is no function; accepted: an identifier or a name")
         found: int = answer(lib.py_read_function, text_argument(what, "a function"))
         return found
     try:

@@ -110,6 +110,12 @@ py_fields = _take(_python, "kelpy_campi", _PTR, _U32)
 py_read_unit = _take(_python, "kelpy_leggi_udm", _PTR, _U32, _TEXT)
 py_find = _take(_python, "kelpy_trova", _PTR, _TEXT)
 py_choices = _take(_python, "kelpy_scelte", _PTR, _U32)
+py_conversion_warning = _take(
+    _python, "kelpy_avviso_conversione", _PTR, _U32, _TEXT, _TEXT, c.c_float
+)
+py_unit_warning = _take(_python, "kelpy_avviso_unita", _PTR, _U32, _TEXT)
+py_packet_warning = _take(_python, "kelpy_avviso_pacchetto", _PTR, _U32, c.c_uint)
+py_bits_warning = _take(_python, "kelpy_avviso_bit", _PTR, _TEXT, c.c_uint)
 py_catalogue = _take(_python, "kelpy_catalogo", _PTR)
 py_write_time = _take(_python, "kelpy_scrivi_tempo", _PTR, _INT)
 py_write_line = _take(_python, "kelpy_scrivi_riga", _PTR, _INT, _INT)

@@ -125,7 +125,7 @@ class Recording(_Open):
     def stamps(self) -> str:
         """The time stamp before each record: ``"none"``, ``"u32ms"`` or ``"u64us"``."""
         with self._handle.open() as reg:
-            which = lib.rec_stamps(reg)
+            which = int(lib.rec_stamps(reg))
         return list(_STAMPS)[which]
 
     @property

@@ -13,6 +13,7 @@ import numpy.typing as npt
 
 from . import _arrow
 from . import _library as lib
+from ._answer import warn
 from ._column import Column
 from ._errors import KelError, NotFoundError, RecordingError, nearest
 from ._function import Function
@@ -62,8 +63,8 @@ class ColumnInfo:
 class Table:
     """Rows of a recording. `Recording` and `Capture` are tables of all their rows.
 
-    ``table["Wheel Speed"]`` is a `Column`; ``table[100:200]`` are rows of it, without a copy; ``len``
-    is the number of rows. A table goes as it is into everything that reads Arrow:
+    ``table["Wheel Speed"]`` is a `Column`; ``table[100:200]`` are rows of it, without a copy; its
+    length is the number of rows. A table goes as it is into everything that reads Arrow:
     ``pyarrow.table(table)``, ``polars.DataFrame(table)``, a query of DuckDB.
     """
 
@@ -142,6 +143,9 @@ class Table:
         RecordingError
             There is no such row, or the rows have no time.
         """
+        for time in (start, stop):
+            if not isinstance(time, (int, float, np.number)):
+                raise TypeError(f"a time is {type(time).__name__}; accepted: seconds")
         first, count = number(), number()
         with self._handle.open() as reg:
             found = lib.rec_span(reg, float(start), float(stop), first, count)
@@ -250,6 +254,7 @@ class Table:
             raise TypeError(f"a unit is {type(unit).__name__}; accepted: str")
         if info.function is not None and info.function.units:
             unit = info.function.unit(unit)
+            warn(lib.py_unit_warning, info.function.identifier, unit.encode())
         with self._handle.open() as reg:
             if "\0" in unit or not lib.rec_unit(reg, place, unit.encode("utf-8", "replace")):
                 accepted = f"{info.unit!r} alone" if info.unit else "none, it has no unit"

@@ -8,15 +8,14 @@ import numpy as np
 import numpy.typing as npt
 
 from . import _library as lib
-from ._converter import Converter
-from ._errors import KelError
+from ._answer import warn
 from ._function import Function, FunctionLike, as_function
 
 __all__ = ["convert"]
 
 
 @overload
-def convert(
+def convert(  # pyright: ignore[reportOverlappingOverload]
     values: float, function: FunctionLike, from_unit: str | None, to_unit: str | None
 ) -> float: ...
 @overload
@@ -43,16 +42,21 @@ def convert(
     -------
     float or ndarray
         Of the shape of `values`. float64 stays float64, as do numbers of Python; all else becomes
-        float32, with the bits that the library gives. A unit that shows 1 divided by the value, as a
-        pace does, is always float32.
+        float32, with the bits that the library gives. A unit that shows 1 divided by the value, as
+        a pace does, is always float32.
 
     Raises
     ------
     KelError
-        A unit that the function does not have. The text says the nearest. Or values in such a
-        reciprocal unit: the library has no way back from them.
+        A unit that the function does not have. The text says the nearest.
     TypeError
         The values are no numbers.
+
+    Warns
+    -----
+    KelWarning
+        The result is not what most people expect: a pace is converted linearly, and the catalogue's
+        gains of HP, CV and rps are not theirs.
 
     Examples
     --------
@@ -74,22 +78,14 @@ accepted: bar, psi, kPa
     return float(result) if isinstance(values, (int, float)) else result
 
 
-def _reciprocal(function: Function, unit: str) -> bool:
-    return bool(lib.unit_data(function.identifier, unit.encode())[0].reciproco)
-
-
 def _converted(
     numbers: npt.NDArray[Any], function: Function, source: str, target: str
 ) -> npt.NDArray[Any]:
-    if _reciprocal(function, source):
-        raise KelError(
-            f"values in {source} are 1 divided by {function.base_unit}, and there is no way back; "
-            f"accepted: units that are not reciprocal"
-        )
-    if _reciprocal(function, target):
-        base = convert(numbers, function, source, None).astype(np.float32)
-        return Converter(function, "float32", target)(base).values
-    data = lib.units_data(function.identifier, source.encode(), target.encode())
+    units = source.encode(), target.encode()
+    telling = numbers[np.isfinite(numbers) & (numbers != 0)]
+    if telling.size:
+        warn(lib.py_conversion_warning, function.identifier, *units, float(telling.flat[0]))
+    data = lib.units_data(function.identifier, *units)
     gain, offset = np.float32(data.gain), np.float32(data.offset)
     converted: npt.NDArray[Any] = numbers * gain + offset
     return converted

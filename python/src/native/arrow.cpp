@@ -109,8 +109,15 @@ KELPYTHON_API void* kelpy_schema(const char* formato, const char* nome, const ch
     nostro->formato = formato;
     nostro->nome = nome;
     nostro->dati.assign(dati, quanti);
-    *schema = {nostro->formato.c_str(), nostro->nome.c_str(), nostro->dati.data(), ARROW_FLAG_NULLABLE, 0, nullptr,
-               nullptr,                 &libera_schema,       nostro};
+    *schema = {nostro->formato.c_str(),
+               nostro->nome.c_str(),
+               nostro->dati.data(),
+               ARROW_FLAG_NULLABLE,
+               0,
+               nullptr,
+               nullptr,
+               &libera_schema,
+               nostro};
     return schema;
 }
 
@@ -133,8 +140,7 @@ KELPYTHON_API void* kelpy_flusso(s_kel_registrazione* reg, std::uint64_t da, std
                                  std::size_t segno, s_kel_errore* errore) noexcept {
     auto* flusso = static_cast<ArrowArrayStream*>(std::calloc(1, sizeof(ArrowArrayStream)));
     auto* nostro = new (std::nothrow) Flusso{segno, {}};
-    if (flusso == nullptr || nostro == nullptr ||
-        kelRegArrow(reg, da, quante, testi, &nostro->interno, errore) == 0) {
+    if (flusso == nullptr || nostro == nullptr || kelRegArrow(reg, da, quante, testi, &nostro->interno, errore) == 0) {
         std::free(flusso);
         delete nostro;
         return nullptr;
