@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import ctypes as c
 import operator
+import os
 from collections.abc import Iterator, Sequence
 from dataclasses import dataclass
 from typing import TYPE_CHECKING, Any, overload
@@ -317,6 +318,37 @@ class Table:
         ):
             frame.attrs[key] = {name: column.metadata[what] for name, column in columns.items()}
         return frame
+
+    def write(self, path: str | os.PathLike[str], format: str | None = None) -> None:
+        """Write the rows as a file of another program.
+
+        Parameters
+        ----------
+        path : path
+            The file to write.
+        format : {"csv", "parquet", "h5", "mat", "mf4", "gpx"}, optional
+            None: what the name of the file ends with. ``csv`` has a row of names and a row of
+            units; ``parquet`` (extra ``arrow``) is compressed with zstd; ``h5`` and ``mat`` (extra
+            ``mat``) have a group or a struct for each column; ``mf4`` (extra ``mdf``) is MDF 4.10,
+            and needs times; ``gpx`` is the track.
+
+        Raises
+        ------
+        KelError
+            There is no such format; for ``gpx`` no position, for ``mf4`` no time.
+        OSError
+            The file cannot be written.
+
+        Examples
+        --------
+        >>> from kelfunzioni import Capture
+        >>> Capture("kart.ubx").write("kart.csv")
+        >>> open("kart.csv").read(26)
+        'time,Time of Week,UTC,Fix,'
+        """
+        from ._export import write
+
+        write(self, path, format)
 
     def __repr__(self) -> str:
         if self._handle.closed:
