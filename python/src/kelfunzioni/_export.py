@@ -55,7 +55,8 @@ def _time(table: Table) -> npt.NDArray[np.float64] | None:
 def _cells(column: Column) -> list[str]:
     """The shortest digits that give the same bits back; nothing for what is missing."""
     texts = column.values.astype(str)
-    return np.where(column.valid, texts, "").tolist()
+    found: list[str] = np.where(column.valid, texts, "").tolist()
+    return found
 
 
 def _write_csv(table: Table, path: Path) -> None:
