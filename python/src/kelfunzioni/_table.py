@@ -341,9 +341,10 @@ class Table:
 
         Examples
         --------
+        >>> from pathlib import Path
         >>> from kelfunzioni import Capture
         >>> Capture("kart.ubx").write("kart.csv")
-        >>> open("kart.csv").read(26)
+        >>> Path("kart.csv").read_text()[:26]
         'time,Time of Week,UTC,Fix,'
         """
         from ._export import write
