@@ -2,6 +2,7 @@
 
 import hashlib
 import warnings
+from pathlib import Path
 
 import numpy as np
 
@@ -102,3 +103,9 @@ def test_packets_have_their_subfields(kelfun):
         told = [int(each["identifier"], 16) for each in row["subfields"]]
         found = [each.identifier for each in kel.Function(row["identifier"]).subfields]
         assert found == [each for each in told if each]
+
+
+def test_every_place_has_the_same_version():
+    text = (Path(__file__).parents[2] / "pyproject.toml").read_text()
+    assert f'\nversion = "{kel.__version__}"\n' in text
+    assert kel.Catalogue().version == kel.__version__
