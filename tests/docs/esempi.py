@@ -23,7 +23,11 @@ from pathlib import Path
 
 BLOCK = re.compile(r"^```(\w*)\n(.*?)^```$", re.M | re.S)
 PROGRAMS = ("c", "cpp", "python")
-BUILDING = re.compile(r"^\$ (sudo |apt|cmake|ctest|scripts/|git )", re.M)
+PACKAGE = "import kelfunzioni"
+BUILDING = re.compile(r"^\$ (sudo |apt|cmake|ctest|scripts/|git |python3 -m venv )", re.M)
+
+
+PYTHON_PACKAGE = Path(__file__).resolve().parents[2] / "python" / "src"
 
 
 class Failed(Exception):
@@ -32,6 +36,7 @@ class Failed(Exception):
 
 def run(command, options, folder, shell=False):
     environment = dict(os.environ, LC_ALL="C.UTF-8", LD_LIBRARY_PATH=options.lib, NO_COLOR="1")
+    environment |= {"PYTHONPATH": str(PYTHON_PACKAGE), "KELFUNZIONI_LIBRARIES": options.lib}
     environment["PATH"] = os.pathsep.join([str(Path(options.kelfun).parent), str(Path(options.kelsim).parent),
                                            options.esempi, environment["PATH"]])
     done = subprocess.run(command, cwd=folder, env=environment, shell=shell, text=True, stdin=subprocess.DEVNULL,
@@ -41,10 +46,17 @@ def run(command, options, folder, shell=False):
     return done.stdout
 
 
+def package_built(options):
+    """Whether what the Python package needs was built: it is in the release build."""
+    return any(Path(place, "libkelpython.so").exists() for place in options.lib.split(os.pathsep))
+
+
 def program(language, text, options, folder):
     """Output of a program in one of the languages that the documents speak."""
     if language == "python":
-        return run([sys.executable, "-c", text], options, folder)
+        # The package needs numpy, which Debian's own Python has.
+        python = "/usr/bin/python3" if PACKAGE in text else sys.executable
+        return run([python, "-B", "-W", "error", "-c", text], options, folder)
     source = Path(folder) / ("esempio.c" if language == "c" else "esempio.cpp")
     source.write_text(text)
     compiler = [options.cc, "-std=c99"] if language == "c" else [options.cxx, "-std=c++11"]
@@ -98,6 +110,9 @@ def check(document, options):
                         left += 1
                         continue
                     found, agrees = console(body, options, folder)
+                elif language == "python" and PACKAGE in body and not package_built(options):
+                    left += 1
+                    continue
                 elif language in PROGRAMS:
                     if languages[place + 1] != "text":
                         raise Failed("a program without its output")
@@ -136,7 +151,7 @@ def main():
     parser.add_argument("document", nargs="+", type=Path)
     options = parser.parse_args()
     for name in ("include", "lib", "kelfun", "kelsim", "esempi"):  # the examples run in folders of their own
-        setattr(options, name, os.path.abspath(getattr(options, name)))
+        setattr(options, name, os.pathsep.join(map(os.path.abspath, getattr(options, name).split(os.pathsep))))
     sys.exit(0 if all([check(document, options) for document in options.document]) else 1)
 
 

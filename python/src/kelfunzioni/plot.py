@@ -1,0 +1,264 @@
+"""Plots of recordings, each in one call (extra ``plot``: matplotlib).
+
+Every function draws into a figure of its own, or into that of its argument, and returns it; nothing
+is shown or saved. Axes are labelled with units.
+"""
+
+from __future__ import annotations
+
+from collections.abc import Sequence
+from typing import TYPE_CHECKING, Any
+
+import numpy as np
+import numpy.typing as npt
+
+from ._errors import KelError, RecordingError, nearest
+from ._laps import Lap, Laps
+from ._table import Table
+
+if TYPE_CHECKING:
+    from matplotlib.figure import Figure
+
+__all__ = ["channels", "distance", "laps", "track"]
+
+_KMH, _MPH, _MS = 3.6, 2.2369362920544, 1.0
+_TO_METRES_A_SECOND = {"km/h": 1 / _KMH, "mph": 1 / _MPH, "m/s": _MS}
+
+
+def distance(table: Table, speed: str | None = None) -> npt.NDArray[np.float64]:
+    """Distance driven since the first of some rows, by the speed.
+
+    Parameters
+    ----------
+    table : Table
+        Rows with times.
+    speed : str, optional
+        Name of the column of the speed; None for the first in km/h, mph or m/s that is called so.
+
+    Returns
+    -------
+    ndarray of float64
+        Metres. Where the speed is missing it is taken from its neighbours.
+
+    Raises
+    ------
+    RecordingError
+        There is no speed, or no time.
+
+    Examples
+    --------
+    >>> from kelfunzioni import Recording, plot
+    >>> recording = Recording("kart.channels", "kart.samples")
+    >>> bool(900 < plot.distance(recording)[-1] / 3 < 1500)
+    True
+    """
+    if speed is None:
+        found = [i for i in table.columns if i.unit in _TO_METRES_A_SECOND and "peed" in i.name]
+        found = [i for i in found if "ccuracy" not in i.name]
+        if not found:
+            raise RecordingError("there is no speed; accepted: the name of its column")
+        speed = found[0].name
+    column = table[speed]
+    if column.unit not in _TO_METRES_A_SECOND:
+        raise RecordingError(
+            f"'{speed}' is in {column.unit or 'no unit'}; "
+            f"accepted: {', '.join(_TO_METRES_A_SECOND)}"
+        )
+    time, valid = table.time, column.valid
+    if not valid.any():
+        raise RecordingError(f"'{speed}' has no value")
+    numbers = np.interp(time, time[valid], column.values[valid]) * _TO_METRES_A_SECOND[column.unit]
+    steps = np.diff(time, prepend=time[:1]) * numbers
+    return np.cumsum(np.where(steps > 0, steps, 0.0))
+
+
+def channels(
+    table: Table, names: Sequence[str], *, over: str = "time", figure: Figure | None = None
+) -> Figure:
+    r"""Draw channels over time or distance, each in a panel.
+
+    Parameters
+    ----------
+    table : Table
+        Rows of a recording.
+    names : sequence of str
+        Names of columns.
+    over : {"time", "distance"}
+        What lies along the horizontal axis.
+    figure : Figure, optional
+        Where to draw.
+
+    Returns
+    -------
+    Figure
+        With an axis for each channel.
+
+    Raises
+    ------
+    KelError
+        There is no such column, or nothing to draw.
+
+    Examples
+    --------
+    >>> from kelfunzioni import Recording, plot
+    >>> recording = Recording("kart.channels", "kart.samples")
+    >>> figure = plot.channels(recording, ["Wheel Speed", "Engine RPM"])
+    >>> [axis.get_ylabel() for axis in figure.axes]
+    ['Wheel Speed\nkm/h', 'Engine RPM\nrpm']
+    """
+    if not names:
+        raise KelError("there are no channels to draw; accepted: names of columns")
+    columns = table.read(names)
+    along, label = _along(table, over)
+    figure = figure or _figure(len(columns))
+    panels = figure.subplots(len(columns), sharex=True, squeeze=False)[:, 0]
+    for panel, (name, column) in zip(panels, columns.items(), strict=True):
+        panel.plot(along, column.values, linewidth=0.9)
+        panel.set_ylabel(_label(name, column.unit))
+        panel.grid(alpha=0.3)
+    panels[-1].set_xlabel(label)
+    panels[-1].margins(x=0)
+    return figure
+
+
+def laps(
+    table: Table, name: str, driven: Laps | Sequence[Lap], *, figure: Figure | None = None
+) -> Figure:
+    """Draw one channel of several laps over their distance, and the gap to the first of them.
+
+    Parameters
+    ----------
+    table : Table
+        All rows of the recording.
+    name : str
+        Name of the column.
+    driven : Laps or sequence of Lap
+        The laps of that recording to draw, the reference first. Of `Laps` those that count, the
+        best first.
+    figure : Figure, optional
+        Where to draw.
+
+    Returns
+    -------
+    Figure
+        With an axis for the channel, and one for the gap in seconds.
+
+    Raises
+    ------
+    KelError
+        There is no such column, or no lap that is closed.
+
+    Examples
+    --------
+    >>> import kelfunzioni as kel
+    >>> from kelfunzioni import plot
+    >>> recording = kel.Recording("kart.channels", "kart.samples")
+    >>> figure = plot.laps(recording, "Wheel Speed", kel.laps(recording))
+    >>> [line.get_label() for line in figure.axes[0].get_lines()]
+    ['lap 2  0:48.782', 'lap 1  0:50.083', 'lap 3  0:48.844']
+    """
+    from ._laptime import format_lap
+
+    chosen = list(driven)
+    if isinstance(driven, Laps):
+        chosen = sorted(
+            (lap for lap in driven if lap.state == "good"), key=lambda lap: not lap.best
+        )
+    chosen = [lap for lap in chosen if lap.milliseconds is not None]
+    if not chosen:
+        raise KelError("there is no lap to draw; accepted: laps that are closed")
+    if any(lap.session for lap in chosen):
+        raise RecordingError("laps of several sessions have no common time; accepted: one session")
+    figure = figure or _figure(3)
+    top, bottom = figure.subplots(2, sharex=True, height_ratios=[2, 1])
+    reference: tuple[Any, Any] | None = None
+    for lap in chosen:
+        rows = table.between(lap.start, lap.start + lap.seconds)
+        column, metres = rows[name], distance(rows)
+        since = rows.time - lap.start
+        text = f"lap {lap.number}  {format_lap(lap.milliseconds or 0, strict=False)}"
+        top.plot(metres, column.values, linewidth=0.9, label=text)
+        if reference is None:
+            reference = metres, since
+        bottom.plot(metres, since - np.interp(metres, *reference), linewidth=0.9)
+        top.set_ylabel(_label(name, column.unit))
+    bottom.set_ylabel(f"gap to lap {chosen[0].number}\ns")
+    bottom.set_xlabel("distance, m")
+    figure.legend(loc="outside upper center", ncols=4, fontsize="small")
+    for panel in (top, bottom):
+        panel.grid(alpha=0.3)
+    bottom.margins(x=0)
+    return figure
+
+
+def track(table: Table, color: str | None = None, *, figure: Figure | None = None) -> Figure:
+    """Draw the track, coloured by a channel.
+
+    Parameters
+    ----------
+    table : Table
+        Rows with the columns ``Latitude`` and ``Longitude``.
+    color : str, optional
+        Name of the column that colours it; None for one colour.
+    figure : Figure, optional
+        Where to draw.
+
+    Returns
+    -------
+    Figure
+        Metres to the east and to the north of the middle, in the same scale.
+
+    Raises
+    ------
+    KelError
+        There is no such column, or no position.
+
+    Examples
+    --------
+    >>> from kelfunzioni import Capture, plot
+    >>> figure = plot.track(Capture("kart.ubx"), "Speed")
+    >>> figure.axes[1].get_ylabel()
+    'Speed, km/h'
+    """
+    columns = table.read(["Latitude", "Longitude", *([color] if color else [])])
+    latitude, longitude = columns["Latitude"], columns["Longitude"]
+    there = latitude.valid & longitude.valid
+    if not there.any():
+        raise RecordingError("there is no position in these rows")
+    degrees = np.stack([longitude.values, latitude.values])[:, there]
+    middle = degrees.mean(axis=1, keepdims=True)
+    # Metres of a degree: near enough for a picture of some kilometres.
+    scale = np.array([[np.cos(np.radians(middle[1, 0])) * 111_320], [111_132]])
+    east, north = (degrees - middle) * scale
+    figure = figure or _figure(3)
+    panel = figure.subplots()
+    if color:
+        dots = panel.scatter(east, north, c=columns[color].values[there], s=4, cmap="viridis")
+        figure.colorbar(dots, ax=panel, label=_label(color, columns[color].unit, ", "))
+    else:
+        panel.plot(east, north, linewidth=0.9)
+    panel.set_aspect("equal", "datalim")
+    panel.set_xlabel("east, m")
+    panel.set_ylabel("north, m")
+    panel.grid(alpha=0.3)
+    return figure
+
+
+def _figure(panels: int) -> Figure:
+    from matplotlib.figure import Figure
+
+    return Figure(figsize=(9, 1.5 + 1.6 * panels), layout="constrained")
+
+
+def _along(table: Table, over: str) -> tuple[npt.NDArray[np.float64], str]:
+    ways = ("time", "distance")
+    if over not in ways:
+        raise KelError(
+            f"nothing can be drawn over {over!r}; {nearest(str(over), ways)}"
+            f"accepted: {', '.join(ways)}"
+        )
+    return (table.time, "time, s") if over == "time" else (distance(table), "distance, m")
+
+
+def _label(name: str, unit: str, between: str = "\n") -> str:
+    return f"{name}{between}{unit}" if unit else name

@@ -1,0 +1,38 @@
+"""Every example of a docstring is run."""
+
+import doctest
+import importlib
+import inspect
+import pkgutil
+
+import pytest
+
+import kelfunzioni
+
+# Plots need more than numpy: tests/extras runs their examples.
+MODULES = [each.name for each in pkgutil.iter_modules(kelfunzioni.__path__) if each.name != "plot"]
+
+
+@pytest.mark.parametrize("name", MODULES)
+def test_examples(name, kart, monkeypatch):
+    monkeypatch.chdir(kart)
+    module = importlib.import_module(f"kelfunzioni.{name}")
+    assert doctest.testmod(module).failed == 0
+
+
+def test_the_packages_own_example():
+    assert doctest.testmod(kelfunzioni).failed == 0
+
+
+def _public():
+    for name in kelfunzioni.__all__:
+        yield name, getattr(kelfunzioni, name)
+
+
+def test_everything_public_is_documented():
+    for name, what in _public():
+        assert inspect.getdoc(what), name
+        if inspect.isclass(what):
+            for member, value in vars(what).items():
+                if not member.startswith("_") and (callable(value) or isinstance(value, property)):
+                    assert inspect.getdoc(value), f"{name}.{member}"
