@@ -312,12 +312,15 @@ TEST(Sectors, AddUpToTheLapWhateverTheirOrder) {
     EXPECT_FALSE(tutti[1].settori[2]);
 }
 
-// The time at a distance, between the points around it; nothing outside of the lap.
+// The time at a distance, between the points around it; nothing outside of the lap and where the way is not known.
 std::optional<double> tempo_a(const std::vector<PuntoGiro>& punti, double metri) {
     for (std::size_t i = 1; i < punti.size(); ++i) {
         const PuntoGiro& prima = punti[i - 1];
-        if (metri >= prima.metri && metri <= punti[i].metri)
-            return std::lerp(prima.secondi, punti[i].secondi, (metri - prima.metri) / (punti[i].metri - prima.metri));
+        if (metri < prima.metri || metri > punti[i].metri)
+            continue;
+        if (punti[i].staccato && metri < punti[i].metri)
+            return std::nullopt;
+        return std::lerp(prima.secondi, punti[i].secondi, (metri - prima.metri) / (punti[i].metri - prima.metri));
     }
     return std::nullopt;
 }

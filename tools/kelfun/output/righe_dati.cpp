@@ -53,7 +53,20 @@ void RigheDati::reale(double valore, int decimali) {
 }
 
 void RigheDati::testo(std::string_view testo) {
-    avanti(cella());
+    // Most texts are a few plain characters, which stand as they are.
+    const bool piano = testo.size() + 2 <= CIFRE_MASSIME && std::ranges::all_of(testo, [](char c) {
+                           return c >= ' ' && c < 0x7F && c != '"' && c != ',' && c != '\\';
+                       });
+    char* dove = cella();
+    if (piano) {
+        if (!aspetto_.csv)
+            *dove++ = '"';
+        dove = std::copy(testo.begin(), testo.end(), dove);
+        if (!aspetto_.csv)
+            *dove++ = '"';
+        return avanti(dove);
+    }
+    avanti(dove);
     const std::string scritto = aspetto_.csv ? campo_csv(testo) : testo_json(testo);
     svuota();
     std::fwrite(scritto.data(), 1, scritto.size(), file_);
