@@ -77,6 +77,16 @@ typedef enum eKelOrario KEL_ENUM {
     KEL_ORARIO_U64US = 3     ///< microseconds, 64 bits, little-endian
 } eKelOrario;
 
+/// What messages call the choices of whoever reads, where these are not members but, say, the options of a program. A null
+/// member stands for its own name. The texts must stay as long as what they are given to.
+typedef struct s_kel_parole {
+    const char* orario;      ///< the framing
+    const char* compatta;    ///< samples one behind the other
+    const char* linea;       ///< the finish line
+    const char* minimo;      ///< the shortest lap
+    const char* intermedio;  ///< the end of a sector
+} s_kel_parole;
+
 /// How a recording is to be read. All zero is what a logger writes.
 typedef struct s_kel_apertura {
     eKelOrario orario;  ///< the time stamp before each record
@@ -86,6 +96,7 @@ typedef struct s_kel_apertura {
     double frequenza;   ///< records a second where there are no stamps, 0.001 to 1000000; 0: they have no time
     uint64_t
         lunghezza;  ///< bytes of a whole stream that is pushed, so that more of it may tell the framing; 0: not known
+    const s_kel_parole* parole;  ///< the words of its messages; null: the names of the members
 } s_kel_apertura;
 
 /// What the values of a column are.
@@ -97,6 +108,22 @@ typedef enum eKelValori KEL_ENUM {
     KEL_VALORI_NESSUNO = 4   ///< a packet: it has texts alone
 } eKelValori;
 
+/// Which field of a GPS solution in WGS 84 a column shows.
+typedef enum eKelCampo KEL_ENUM {
+    KEL_CAMPO_NESSUNO = 0,  ///< none: a channel, a subfield as the device has it, the time of week
+    KEL_CAMPO_UTC = 1,
+    KEL_CAMPO_FIX = 2,
+    KEL_CAMPO_SATELLITI = 3,
+    KEL_CAMPO_LATITUDINE = 4,
+    KEL_CAMPO_LONGITUDINE = 5,
+    KEL_CAMPO_ALTEZZA = 6,
+    KEL_CAMPO_VELOCITA = 7,
+    KEL_CAMPO_ROTTA = 8,
+    KEL_CAMPO_SALITA = 9,
+    KEL_CAMPO_ACCURATEZZA_POSIZIONE = 10,
+    KEL_CAMPO_ACCURATEZZA_VELOCITA = 11
+} eKelCampo;
+
 /// What a column is. The texts stay until the recording is closed, the unit until another is chosen; names are the bytes of
 /// the channel record.
 typedef struct s_kel_descrizione {
@@ -107,6 +134,13 @@ typedef struct s_kel_descrizione {
     uint32_t canale;    ///< place of its channel in the set; 0 for a u-blox stream
     eKelValori valori;  ///< the kind of its values
     int32_t decimali;   ///< that its unit is shown with
+    const char*
+        proprio;      ///< its name without what that says of the values: "Position Accuracy" of "Position Accuracy low
+                      ///< byte"
+    eKelCampo campo;  ///< the field of a solution
+    int32_t con_unita;  ///< 1 where `kelRegUnita` takes the units of its function; 0: it has one unit, or none
+    int32_t interna;    ///< 1 for what is read out of the packet of its channel, 0 for the channel itself
+    int32_t pacchetto;  ///< 1 for a packet as a whole: its texts sum it up
 } s_kel_descrizione;
 
 /// Where to put the rows of a column. A null member is not written.
@@ -145,6 +179,20 @@ KEL_API void kelRegChiudi(s_kel_registrazione* reg) KEL_NOEXCEPT;
 /// @since 0.1.0
 KEL_API int kelRegSpingi(s_kel_registrazione* reg, const void* byte, size_t quanti, s_kel_errore* errore) KEL_NOEXCEPT;
 
+/// How many channels there are; 0 for a u-blox stream.
+/// @since 0.1.0
+KEL_API unsigned kelRegNumCanali(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+/// A channel's record, its numbers as this machine has them, and its place as the recording is read.
+/// @param record  may be null.
+/// @return        its name: the long one of the record, else the short one, else that of its function; stays until the
+///                recording is closed. Null where there is no such channel.
+/// @since 0.1.0
+KEL_API const char* kelRegCanale(const s_kel_registrazione* reg, unsigned canale, s_kel_canale* record) KEL_NOEXCEPT;
+
+/// Bytes from one record to the next, time stamp included; 0 while the framing is not known, and for a u-blox stream.
+/// @since 0.1.0
+KEL_API size_t kelRegPasso(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+
 /// Which framing was found, and what speaks against the one that was asked for: one line, "" for nothing to say.
 /// @since 0.1.0
 KEL_API const char* kelRegDetto(const s_kel_registrazione* reg) KEL_NOEXCEPT;
@@ -163,6 +211,10 @@ KEL_API uint64_t kelRegRighe(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 /// Bytes behind the last whole record, or the last message of a u-blox stream.
 /// @since 0.1.0
 KEL_API uint64_t kelRegAvanzo(const s_kel_registrazione* reg) KEL_NOEXCEPT;
+
+/// What is to be said of them where they are part of a record: one line, "" for nothing to say.
+/// @since 0.1.0
+KEL_API const char* kelRegAvanzoDetto(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 
 /// How many columns there are.
 /// @since 0.1.0
@@ -195,6 +247,68 @@ KEL_API int kelRegTratto(s_kel_registrazione* reg, double da_s, double a_s, uint
 KEL_API int kelRegLeggi(s_kel_registrazione* reg, uint64_t da, size_t quante, const s_kel_lettura* letture,
                         unsigned num_letture) KEL_NOEXCEPT;
 
+/// Functions of the logger's GPS packet and of its subfields. The altitude is none of them, but `kelfun` computes one. Of the
+/// accuracies the packet has only the low bytes, in cm and cm/s, whatever the units of their functions are.
+#define KEL_FID_GPS_PACCHETTO kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL)
+#define KEL_FID_GPS_FIX kelFidComponi(FID_PHI_CODE, FID_OBJ_ACCURACY, FID_POS_GPS)
+#define KEL_FID_GPS_SATELLITI kelFidComponi(FID_PHI_NUMBER, FID_OBJ_SATELLITE, FID_POS_GPS)
+#define KEL_FID_GPS_VELOCITA kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS)
+#define KEL_FID_GPS_LATITUDINE kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS)
+#define KEL_FID_GPS_LONGITUDINE kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS)
+#define KEL_FID_GPS_ALTEZZA kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_ALTITUDE, FID_POS_GPS)
+#define KEL_FID_GPS_ACCURATEZZA_POSIZIONE kelFidComponi(FID_PHI_POSITION, FID_OBJ_ACCURACY, FID_POS_GPS)
+#define KEL_FID_GPS_ACCURATEZZA_VELOCITA kelFidComponi(FID_PHI_VELOCITY, FID_OBJ_ACCURACY, FID_POS_GPS)
+
+/// Below these the packet's speed is given as 0.
+#define KEL_GPS_FIX_MINIMO 3u
+#define KEL_GPS_SATELLITI_MINIMI 4u
+
+/// From m/s to a unit of speed, as a factor; 0 where there is no such unit, or null.
+/// @since 0.1.0
+KEL_API double kelRegFattoreVelocita(const char* udm) KEL_NOEXCEPT;
+
+/// The sample type of a packet channel, known from its function; -1 for other functions.
+/// @since 0.1.0
+KEL_API int kelRegTipoPacchetto(kel_funpos fid) KEL_NOEXCEPT;
+
+/// Bytes of the payload of a NAV-SOL message.
+enum { KEL_NAV_SOL_BYTE = 52 };
+
+/// The payload of NAV-SOL that a row of a u-blox stream has; of a NAV-PVT, the one that it would have.
+/// @param payload  52 bytes, as a channel of the logger's GPS packet has them behind its time.
+/// @return         1; 0 where the row is not at hand, or it is no u-blox stream.
+/// @since 0.1.0
+KEL_API int kelRegNavSol(const s_kel_registrazione* reg, uint64_t riga, unsigned char* payload) KEL_NOEXCEPT;
+
+/// What was found in a u-blox stream so far. Every byte is in a message, outside, or in what the end cut off.
+typedef struct s_kel_conteggi {
+    uint64_t byte;              ///< bytes read
+    uint64_t byte_fuori;        ///< that belong to no good message
+    uint64_t byte_troncati;     ///< of a message that the end of the stream cut off
+    uint64_t soluzioni;         ///< rows
+    uint64_t stessa_epoca;      ///< solutions left out, because the other kind of message came first
+    uint64_t altri;             ///< good messages of other kinds
+    uint64_t lunghezza_errata;  ///< NAV-SOL and NAV-PVT of another length
+    uint64_t checksum_errati;   ///< whole messages whose checksum is wrong
+} s_kel_conteggi;
+
+/// Good messages of one kind.
+typedef struct s_kel_messaggi {
+    unsigned char classe;
+    unsigned char id;
+    uint64_t quanti;
+} s_kel_messaggi;
+
+/// Counts what is in a u-blox stream: 1, or 0 for a recording of records.
+/// @since 0.1.0
+KEL_API int kelRegConteggi(const s_kel_registrazione* reg, s_kel_conteggi* conteggi) KEL_NOEXCEPT;
+/// Its good messages by class and id, in this order.
+/// @param messaggi  the first `capienza` of them; may be null.
+/// @return          how many kinds there are.
+/// @since 0.1.0
+KEL_API unsigned kelRegMessaggi(const s_kel_registrazione* reg, s_kel_messaggi* messaggi,
+                                unsigned capienza) KEL_NOEXCEPT;
+
 /// @}
 
 /// @name Laps
@@ -216,6 +330,7 @@ typedef struct s_kel_linea {
 typedef struct s_kel_intermedio {
     double metri;       ///< behind the finish line; 0: at the line
     s_kel_linea linea;  ///< used where `metri` is 0
+    const char* detto;  ///< what messages call the metres; null: their shortest decimals
 } s_kel_intermedio;
 
 /// Whose laps.
@@ -232,6 +347,8 @@ typedef struct s_kel_scelte_giri {
     const s_kel_linea* linea;           ///< the finish line; null: the place that is passed most often at speed
     const s_kel_intermedio* intermedi;  ///< ends of sectors, in the order in which they are driven; null: none
     double minimo;                      ///< shortest lap by GPS, s, 1 to 3600; 0: 10
+    const char* udm;                    ///< unit of the speeds in what is said; null: km/h
+    const s_kel_parole* parole;         ///< the words of its messages; null: the names of the members
 } s_kel_scelte_giri;
 
 /// What a lap is; only those of the first kind count for the best.
@@ -261,6 +378,26 @@ typedef struct s_kel_giro {
     double metri;            ///< distance driven, m
     uint64_t campioni;       ///< rows
 } s_kel_giro;
+
+/// A moment of a lap.
+typedef struct s_kel_punto_giro {
+    double metri;      ///< behind the line
+    double secondi;    ///< since the line
+    double velocita;   ///< m/s; a NaN where it is not known
+    int32_t staccato;  ///< 1 where the way from the moment before is not known
+} s_kel_punto_giro;
+
+/// What a receiver says of a moment.
+typedef struct s_kel_fix {
+    double latitudine;   ///< degrees, WGS 84; a NaN where there is no position to go by
+    double longitudine;  ///< degrees, WGS 84; a NaN likewise
+    double velocita;     ///< over ground, m/s: the receiver's, or what the positions around it give; else a NaN
+} s_kel_fix;
+
+/// Reads a line as messages write it: "LAT,LON,HEADING" or "LAT,LON,HEADING,WIDTH".
+/// @return  1; 0 for any other text, and for numbers that are no place, direction and width of up to 1000 m.
+/// @since 0.1.0
+KEL_API int kelGiriLinea(const char* testo, s_kel_linea* linea) KEL_NOEXCEPT;
 
 /// Begins to put the laps of a recording together; null: see `errore`. To be closed with `kelGiriChiudi`, before or behind
 /// the recording.
@@ -293,6 +430,28 @@ KEL_API unsigned kelGiriNumero(const s_kel_giri* giri) KEL_NOEXCEPT;
 /// What a lap was: 1, or 0 where there is no such lap.
 /// @since 0.1.0
 KEL_API int kelGiriGiro(const s_kel_giri* giri, unsigned quale, s_kel_giro* giro) KEL_NOEXCEPT;
+
+/// What `kelfun laps` calls a state: "" for a lap that counts, "out", "in", "no fix", "wrong way", "stopped". Null for a
+/// number that is none.
+/// @since 0.1.0
+KEL_API const char* kelGiriNomeStato(eKelStatoGiro stato) KEL_NOEXCEPT;
+
+/// A closed lap over its distance, from line to line, stretched to a length, so that the same distance is the same place in
+/// every lap. Where the fix was lost for a while, only that part is stretched, because the rest has been measured.
+/// @param quale      below `kelGiriNumero`.
+/// @param lunghezza  m; above 0.
+/// @param punti      the first `capienza` of them, may be null.
+/// @return           how many there are; 0 for a lap that is not closed, whose distance is not known, or that there is not,
+///                   and when memory runs out.
+/// @since 0.1.0
+KEL_API size_t kelGiriAndamento(const s_kel_giri* giri, unsigned quale, double lunghezza, s_kel_punto_giro* punti,
+                                size_t capienza) KEL_NOEXCEPT;
+/// The fixes of a lap, in their order.
+/// @param quale  below `kelGiriNumero`.
+/// @param fix    the first `capienza` of them, may be null.
+/// @return       how many there are; 0 where the times of the lap are not known, or there is no such lap.
+/// @since 0.1.0
+KEL_API size_t kelGiriFix(const s_kel_giri* giri, unsigned quale, s_kel_fix* fix, size_t capienza) KEL_NOEXCEPT;
 
 /// @}
 

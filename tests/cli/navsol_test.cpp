@@ -13,12 +13,14 @@
 #include <string>
 #include <vector>
 
+#include "gps/flusso_ubx.h"
+#include "gps/soluzione.h"
 #include "messaggi.h"
-#include "registrazioni/gps/flusso_ubx.h"
 
 namespace {
 
 using namespace kel::strumento;
+using namespace kel_registrazioni;
 using Payload = std::array<std::uint8_t, NAV_SOL_BYTE>;
 
 std::int32_t i32(const Payload& p, std::size_t da) {

@@ -7,25 +7,17 @@ namespace {
 
 using namespace kel::strumento;
 
-// At the equator where the first meridian meets it, on the ground.
-Soluzione equatore(const VelocitaLocale& velocita) {
-    Soluzione s;
-    s.fix = 3;
-    s.luogo = Geodetica{0, 0, 0};
-    s.velocita = velocita;
-    return s;
-}
-
 TEST(VistaGps, ShownNumbersHaveNoMinusZeroAndNoHeadingOf360) {
-    const Soluzione s = equatore({-1e-6, 10, -0.0001});
-    EXPECT_EQ(cella_gps(s, CampoGps::rotta, 1, 3).per_persone(), "0.00");
-    EXPECT_EQ(cella_gps(s, CampoGps::salita, 1, 3).per_persone(), "0.000");
-    EXPECT_EQ(cella_gps(s, CampoGps::velocita, 3.6, 1).per_persone(), "36.0");
-    EXPECT_EQ(cella_gps(s, CampoGps::latitudine, 1, 3).per_persone(), "0.00000000");
+    EXPECT_EQ(cella_gps(359.999, "", KEL_CAMPO_ROTTA, 2).per_persone(), "0.00");
+    EXPECT_EQ(cella_gps(-0.0001, "", KEL_CAMPO_SALITA, 3).per_persone(), "0.000");
+    EXPECT_EQ(cella_gps(36.04, "", KEL_CAMPO_VELOCITA, 1).per_persone(), "36.0");
+    EXPECT_EQ(cella_gps(0, "", KEL_CAMPO_LATITUDINE, 8).per_persone(), "0.00000000");
 }
 
-TEST(VistaGps, StandingStillShowsNoHeading) {
-    EXPECT_EQ(cella_gps(equatore({0, 0, -1}), CampoGps::rotta, 1, 3).per_persone(), "-");
+TEST(VistaGps, WhatASolutionDoesNotHaveIsEmpty) {
+    EXPECT_EQ(cella_gps({}, "", KEL_CAMPO_ROTTA, 2).per_persone(), "-");
+    EXPECT_EQ(cella_gps({}, "", KEL_CAMPO_UTC, 0).per_persone(), "-");
+    EXPECT_EQ(cella_gps({}, "2024-05-01T10:00:00.000Z", KEL_CAMPO_UTC, 0).per_persone(), "2024-05-01T10:00:00.000Z");
 }
 
 }  // namespace

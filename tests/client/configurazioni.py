@@ -18,7 +18,7 @@ SENZA_GTEST = ["-DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON"]
 SENZA_PYTHON = ["-DCMAKE_DISABLE_FIND_PACKAGE_Python3=ON"]
 PARTI = [
     ("KEL_BUILD_TOOLS", "the command-line tools", SENZA_INTESTAZIONI,
-     ["libcli11-dev", "nlohmann-json3-dev"]),
+     ["libcli11-dev", "nlohmann-json3-dev", "libflatbuffers-dev"]),
     ("KEL_BUILD_REGISTRAZIONI", "the library of recordings", SENZA_INTESTAZIONI, ["libgeographiclib-dev"]),
     ("KEL_BUILD_TESTS", "the tests", SENZA_GTEST + SENZA_PYTHON, ["libgtest-dev", "python3"]),
     ("KEL_INSTALL_MAN", "the manual pages", SENZA_PYTHON, ["python3"]),

@@ -14,8 +14,8 @@ from pathlib import Path
 
 # Members and parameters that an English reader understands as they stand.
 ENGLISH_NAMES = set("""
-    buffer buffers byte children dictionary fid flags format frontrear funpos gain id inout lapNum lapTime leftright
-    length metadata ms n_buffers n_children name null_count offset out private_data record sampleAtStart set text
+    buffer buffers byte children dictionary fid fix flags format frontrear funpos gain id inout lapNum lapTime leftright
+    length metadata ms n_buffers n_children name null_count offset out payload private_data record sampleAtStart set text
     updown value width xml
     """.split())
 
@@ -24,9 +24,9 @@ ENGLISH_WORDS = set("""
     a afr all alt and api array arrow bar battery begin bit brake brk buffer byte cam code compress converter coord
     create data datas date dec decompress default deg double down end enum f16 fid first fix float fr free frlr front
     frontrear full g gear get gps gyro hash hz id idx in init inner inout int is k kg km kmh l lambda lap laptime
-    last lat left leftright list lon m map match max me min ms navsol next nm noexcept null num obj off offset oil
-    out param pckt pct phi pos pres rear right rpm sampl schema search sec set short size speed str stream string
-    strings struct time to tot txt u32 u64 ubx uint up updown us used v val valid vel velocity w xml
+    last lat left leftright list lon m map match max me min ms nav navsol next nm noexcept null num obj off offset oil
+    out param pckt pct phi pos pres rear right rpm sampl schema search sec set short size sol speed str stream string
+    strings struct time to tot txt u32 u64 ubx uint up updown us used utc v val valid vel velocity w xml
     """.split())
 
 # Marks of a kind, not words: s_ and t_ of records, f_ of pointers to functions, e of enumerations, I and C of classes, z4_ of

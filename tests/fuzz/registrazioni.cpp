@@ -42,6 +42,21 @@ void leggi(s_kel_registrazione* reg) {
         const s_kel_lettura lettura{i, valori.get(), validi.get(), testi.get()};
         pretendi(kelRegLeggi(reg, da, quante, &lettura, 1) == 1, "rows at hand can be read");
     }
+    for (unsigned i = 0; i < kelRegNumCanali(reg); i++) {
+        s_kel_canale canale{};
+        pretendi(kelRegCanale(reg, i, &canale) != nullptr, "every channel has a name");
+    }
+    s_kel_conteggi conteggi{};
+    if (kelRegConteggi(reg, &conteggi) == 1) {
+        std::vector<s_kel_messaggi> tipi(kelRegMessaggi(reg, nullptr, 0));
+        kelRegMessaggi(reg, tipi.data(), static_cast<unsigned>(tipi.size()));
+        pretendi(conteggi.soluzioni == da + kelRegRighe(reg), "solutions are rows");
+        for (std::size_t i = 0; i < quante; i++) {
+            unsigned char payload[KEL_NAV_SOL_BYTE];
+            pretendi(kelRegNavSol(reg, da + i, payload) == 1, "every solution has a payload");
+        }
+    }
+    pretendi(kelRegAvanzoDetto(reg) != nullptr, "what is over is told");
     s_kel_lettura oltre{0, nullptr, nullptr, nullptr};
     pretendi(kelRegLeggi(reg, da + kelRegRighe(reg), 1, &oltre, 1) == 0, "there is no row behind the last");
 }
@@ -80,7 +95,7 @@ void giri(const s_kel_registrazione* reg, std::size_t fonte) {
     pretendi(tutti != nullptr && kelGiriAggiungi(tutti, &errore) == 1, "rows at hand can be taken");
     s_kel_scelte_giri scelte{};
     const s_kel_linea linea{45, 10, 90, 0};
-    const s_kel_intermedio intermedi[] = {{350, {}}, {0, linea}};
+    const s_kel_intermedio intermedi[] = {{350, {}, nullptr}, {0, linea, nullptr}};
     scelte.fonte = static_cast<eKelFonteGiri>(fonte % 3);
     scelte.linea = fonte >= 3 ? &linea : nullptr;
     scelte.intermedi = intermedi;
@@ -91,6 +106,12 @@ void giri(const s_kel_registrazione* reg, std::size_t fonte) {
     for (unsigned i = 0; i < kelGiriNumero(tutti); i++) {
         s_kel_giro giro{};
         pretendi(kelGiriGiro(tutti, i, &giro) == 1 && giro.stato <= KEL_GIRO_FERMO, "every lap can be read");
+        pretendi(kelGiriNomeStato(giro.stato) != nullptr, "every state has a name");
+        std::vector<s_kel_punto_giro> punti(kelGiriAndamento(tutti, i, giro.metri, nullptr, 0));
+        kelGiriAndamento(tutti, i, giro.metri, punti.data(), punti.size());
+        pretendi(punti.empty() || giro.ms >= 0, "a closed lap alone is drawn");
+        std::vector<s_kel_fix> fix(kelGiriFix(tutti, i, nullptr, 0));
+        kelGiriFix(tutti, i, fix.data(), fix.size());
     }
     kelGiriChiudi(tutti);
 }

@@ -10,9 +10,10 @@
 #include "bersaglio.h"
 #include "captures/navsol.h"
 #include "captures/vista_gps.h"
+#include "gps/campi_gps.h"
+#include "gps/flusso_ubx.h"
+#include "gps/lettore_soluzioni.h"
 #include "ingredienti.h"
-#include "registrazioni/gps/flusso_ubx.h"
-#include "registrazioni/gps/lettore_soluzioni.h"
 
 namespace {
 
@@ -61,7 +62,8 @@ void mostra_wgs84(const kel_registrazioni::Soluzione& soluzione) {
     for (const CampoGps campo : kel_registrazioni::CAMPI_GPS) {
         const auto valore = kel_registrazioni::valore_gps(soluzione, campo);
         pretendi(!valore || std::isfinite(*valore), "a value is a number");
-        pretendi(!kel::strumento::cella_gps(soluzione, campo, 1, 3).per_persone().empty(), "a cell shows something");
+        const auto quale = static_cast<eKelCampo>(static_cast<int>(campo) + 1);
+        pretendi(!kel::strumento::cella_gps(valore, "", quale, 3).per_persone().empty(), "a cell shows something");
     }
     const bool senza = !kel_registrazioni::con_posizione(soluzione.fix);
     pretendi(!senza || (!soluzione.luogo && !soluzione.velocita), "there is nothing without a fix");

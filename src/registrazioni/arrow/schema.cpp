@@ -126,7 +126,7 @@ void schema(const Tabella& tabella, bool testi, ArrowSchema& uscita) {
     Tutti campi;
     campi.figli.reserve(tabella.voci().size() + 1);
     if (tabella.con_tempo())
-        campi.figli.push_back(campo({"time", "", "us", 0, 0, KEL_VALORI_ISTANTE, 0}, "tDu"));
+        campi.figli.push_back(campo({"time", "", "us", 0, 0, KEL_VALORI_ISTANTE, 0, ""}, "tDu"));
     for (const VoceColonna& voce : tabella.voci())
         campi.figli.push_back(campo(voce, formato(voce, testi)));
     auto suo = std::make_unique<Sostegno>();

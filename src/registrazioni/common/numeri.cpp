@@ -17,11 +17,6 @@ std::string breve(double valore) {
     return {testo, fine.ptr};
 }
 
-std::string due_cifre(std::uint8_t valore) {
-    constexpr const char* CIFRE = "0123456789ABCDEF";
-    return {CIFRE[valore / 16], CIFRE[valore % 16]};
-}
-
 std::string contati(std::uint64_t quanti, const char* uno) {
     return std::to_string(quanti) + " " + uno + (quanti == 1 ? "" : "s");
 }

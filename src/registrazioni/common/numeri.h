@@ -13,9 +13,6 @@ std::string con_decimali(double valore, int decimali);
 /// The shortest text that reads back as the same number, with a point and no exponent: "350", "12.5".
 std::string breve(double valore);
 
-/// Two hexadecimal digits in capitals, as the receivers' manuals write classes and ids.
-std::string due_cifre(std::uint8_t valore);
-
 /// "1 byte", "2 bytes".
 std::string contati(std::uint64_t quanti, const char* uno);
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,8 +12,9 @@
 #include "common/errore.h"
 #include "common/numeri.h"
 #include "face/chiamata.h"
-#include "gps/fid_gps.h"
+#include "laps/andamento.h"
 #include "laps/lettura.h"
+#include "laps/linea.h"
 #include "recordings/tabella_record.h"
 #include "recordings/tabella_ubx.h"
 
@@ -44,7 +46,11 @@ ScelteGiri scelte_di(const s_kel_scelte_giri& date, const Parole& parole, const 
     scelte.minimo = date.minimo != 0 ? date.minimo : MINIMO;
     if (!(scelte.minimo >= 1 && scelte.minimo <= MINIMO_MASSIMO))
         throw Errore(std::string(parole.minimo) + " is no time; accepted: seconds, 1 to 3600, or 0 for 10");
-    scelte.udm = catalogo.getUnitaBase(GPS_VELOCITA);
+    scelte.udm = date.udm != nullptr ? date.udm : catalogo.getUnitaBase(KEL_FID_GPS_VELOCITA);
+    std::list<std::string> unita;
+    catalogo.getFunzUIVs(KEL_FID_GPS_VELOCITA, unita);
+    if (std::ranges::find(unita, scelte.udm) == unita.end())
+        throw Errore("udm '" + scelte.udm + "' is no unit of a speed; accepted: km/h, mph");
     scelte.fattore = da_metri_al_secondo(catalogo, scelte.udm);
     return scelte;
 }
@@ -56,7 +62,7 @@ std::vector<Intermedio> intermedi_di(const s_kel_scelte_giri& date, const Parole
         if (uno.metri == 0)
             intermedi.emplace_back(linea_di(uno.linea, parole.intermedio));
         else if (uno.metri > 0 && std::isfinite(uno.metri))
-            intermedi.emplace_back(Metri{uno.metri, breve(uno.metri)});
+            intermedi.emplace_back(Metri{uno.metri, uno.detto != nullptr ? uno.detto : breve(uno.metri)});
         else
             throw Errore(std::string(parole.intermedio) +
                          " has metres that are none; accepted: above 0, or 0 and a line");
@@ -124,24 +130,28 @@ int kelGiriAggiungi(s_kel_giri* giri, s_kel_errore* errore) noexcept {
 int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_errore* errore) noexcept {
     return chiama(errore, 0, [&] {
         const s_kel_scelte_giri date = scelte != nullptr ? *scelte : s_kel_scelte_giri{};
-        const ScelteGiri chieste = scelte_di(date, PAROLE_DELLA_FACCIA, *giri->catalogo);
-        const std::vector<Intermedio> intermedi = intermedi_di(date, PAROLE_DELLA_FACCIA);
+        const Parole parole = parole_di(date.parole);
+        const ScelteGiri chieste = scelte_di(date, parole, *giri->catalogo);
+        const std::vector<Intermedio> intermedi = intermedi_di(date, parole);
         giri->detto.clear();
         giri->settori.clear();
         giri->lettura = {};
-        const Dillo dillo = [giri](const std::string& riga) { giri->detto += riga + "\n"; };
+        const Dillo dillo = [giri](std::string riga) {
+            std::ranges::replace(riga, '\n', ' ');  // a channel's name may hold any bytes
+            giri->detto += riga + "\n";
+        };
         Lettura lettura;
         if (giri->raccolta) {
             RaccoltaRecord raccolta = *giri->raccolta;  // another choice may follow
-            lettura = giri_della_registrazione(raccolta, chieste, PAROLE_DELLA_FACCIA, dillo);
+            lettura = giri_della_registrazione(raccolta, chieste, parole, dillo);
         } else {
             if (giri->fix.empty())
                 throw Errore("there is no NAV-SOL and no NAV-PVT message in it");
-            lettura = giri_della_cattura(giri->fix, chieste, PAROLE_DELLA_FACCIA, dillo);
+            lettura = giri_della_cattura(giri->fix, chieste, parole, dillo);
         }
         di_sessioni(lettura.guida, dillo);
         misura(lettura.giri, lettura.guida);
-        giri->linee = linee_intermedie(lettura, intermedi, PAROLE_DELLA_FACCIA, dillo);
+        giri->linee = linee_intermedie(lettura, intermedi, parole, dillo);
         dividi(lettura.giri, lettura.guida, giri->linee);
         for (const Giro& giro : lettura.giri) {
             auto& settori = giri->settori.emplace_back();
@@ -182,4 +192,45 @@ int kelGiriGiro(const s_kel_giri* giri, unsigned quale, s_kel_giro* giro) noexce
     giro->metri = oppure(suo.metri);
     giro->campioni = suo.campioni;
     return 1;
+}
+
+int kelGiriLinea(const char* testo, s_kel_linea* linea) noexcept {
+    return chiama(nullptr, 0, [&] {
+        const auto letta = leggi_linea(testo);
+        if (!letta)
+            return 0;
+        *linea = {letta->latitudine, letta->longitudine, letta->rotta, letta->larghezza};
+        return 1;
+    });
+}
+
+const char* kelGiriNomeStato(eKelStatoGiro stato) noexcept {
+    return stato <= KEL_GIRO_FERMO ? nome(static_cast<StatoGiro>(stato)).data() : nullptr;
+}
+
+size_t kelGiriAndamento(const s_kel_giri* giri, unsigned quale, double lunghezza, s_kel_punto_giro* punti,
+                        size_t capienza) noexcept {
+    return chiama(nullptr, std::size_t{0}, [&] {
+        if (quale >= giri->settori.size() || !(lunghezza > 0))
+            return std::size_t{0};
+        const std::vector<PuntoGiro> suoi = andamento(giri->lettura.giri[quale], giri->lettura.guida, lunghezza);
+        for (std::size_t i = 0; punti != nullptr && i < std::min(capienza, suoi.size()); ++i)
+            punti[i] = {suoi[i].metri, suoi[i].secondi, oppure(suoi[i].velocita), suoi[i].staccato ? 1 : 0};
+        return suoi.size();
+    });
+}
+
+size_t kelGiriFix(const s_kel_giri* giri, unsigned quale, s_kel_fix* fix, size_t capienza) noexcept {
+    return chiama(nullptr, std::size_t{0}, [&] {
+        if (quale >= giri->settori.size() || !giri->lettura.giri[quale].inizio)
+            return std::size_t{0};
+        const Guida& guida = giri->lettura.guida;
+        const auto [primo, oltre] = fix_del_giro(giri->lettura.giri[quale], guida);
+        for (std::size_t i = primo; fix != nullptr && i < oltre && i - primo < capienza; ++i) {
+            const Fix& uno = guida.fix()[i];
+            fix[i - primo] = {uno.valido ? uno.latitudine : SENZA, uno.valido ? uno.longitudine : SENZA,
+                              oppure(uno.valido ? guida.velocita(i) : uno.velocita)};
+        }
+        return oltre - primo;
+    });
 }

@@ -84,8 +84,13 @@ int kelRegDescrivi(const s_kel_registrazione* reg, unsigned colonna, s_kel_descr
         return 0;
     const VoceColonna& voce = reg->tabella->voci()[colonna];
     *descrizione = {voce.nome.c_str(), voce.lungo.c_str(), voce.udm.c_str(), voce.fid,
-                    voce.canale,       voce.valori,        voce.decimali};
+                    voce.canale,       voce.valori,        voce.decimali,    voce.proprio.c_str(),
+                    voce.campo,        voce.con_unita,     voce.interna,     voce.pacchetto};
     return 1;
+}
+
+const char* kelRegAvanzoDetto(const s_kel_registrazione* reg) noexcept {
+    return chiama(nullptr, "", [&] { return reg->tabella->avanzo_detto(); });
 }
 
 int kelRegUnita(s_kel_registrazione* reg, unsigned colonna, const char* udm) noexcept {

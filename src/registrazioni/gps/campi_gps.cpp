@@ -1,7 +1,5 @@
 #include "gps/campi_gps.h"
 
-#include "gps/fid_gps.h"
-
 namespace kel_registrazioni {
 
 namespace {
@@ -31,21 +29,21 @@ const AspettoGps& aspetto(CampoGps campo) {
 kel_funpos fid_di(CampoGps campo) {
     switch (campo) {
         case CampoGps::fix:
-            return GPS_FIX;
+            return KEL_FID_GPS_FIX;
         case CampoGps::satelliti:
-            return GPS_SATELLITI;
+            return KEL_FID_GPS_SATELLITI;
         case CampoGps::latitudine:
-            return GPS_LATITUDINE;
+            return KEL_FID_GPS_LATITUDINE;
         case CampoGps::longitudine:
-            return GPS_LONGITUDINE;
+            return KEL_FID_GPS_LONGITUDINE;
         case CampoGps::altezza:
-            return GPS_ALTEZZA;
+            return KEL_FID_GPS_ALTEZZA;
         case CampoGps::velocita:
-            return GPS_VELOCITA;
+            return KEL_FID_GPS_VELOCITA;
         case CampoGps::accuratezza_posizione:
-            return GPS_ACCURATEZZA_POSIZIONE;
+            return KEL_FID_GPS_ACCURATEZZA_POSIZIONE;
         case CampoGps::accuratezza_velocita:
-            return GPS_ACCURATEZZA_VELOCITA;
+            return KEL_FID_GPS_ACCURATEZZA_VELOCITA;
         case CampoGps::utc:
         case CampoGps::rotta:
         case CampoGps::salita:
@@ -83,7 +81,7 @@ std::optional<double> valore_gps(const Soluzione& s, CampoGps campo) {
 }
 
 double da_metri_al_secondo(const IFunzioni& catalogo, const std::string& udm) {
-    return KMH * static_cast<double>(catalogo.getParamConv(GPS_VELOCITA, udm)->gain);
+    return KMH * static_cast<double>(catalogo.getParamConv(KEL_FID_GPS_VELOCITA, udm)->gain);
 }
 
 }  // namespace kel_registrazioni

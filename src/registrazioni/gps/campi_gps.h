@@ -7,6 +7,7 @@
 
 #include "IFunzioni.h"
 #include "gps/soluzione.h"
+#include "kelregistrazioni.h"
 
 namespace kel_registrazioni {
 

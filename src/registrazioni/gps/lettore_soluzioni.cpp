@@ -1,18 +1,10 @@
 #include "gps/lettore_soluzioni.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "common/interi.h"
-#include "common/numeri.h"
 
 namespace kel_registrazioni {
-
-namespace {
-
-constexpr std::size_t TIPI_ELENCATI = 12;
-
-}  // namespace
 
 bool LettoreSoluzioni::prendi(std::uint32_t settimana_ms, bool pvt) {
     if (epoca_ == settimana_ms && epoca_da_pvt_ != pvt) {
@@ -49,19 +41,6 @@ bool LettoreSoluzioni::prossima() {
         }
     }
     return false;
-}
-
-std::string elenco_messaggi(const ConteggiSoluzioni& conteggi) {
-    std::vector<std::pair<std::pair<std::uint8_t, std::uint8_t>, std::uint64_t>> tipi(conteggi.per_tipo.begin(),
-                                                                                      conteggi.per_tipo.end());
-    std::stable_sort(tipi.begin(), tipi.end(), [](const auto& a, const auto& b) { return a.second > b.second; });
-    std::string testo;
-    for (std::size_t i = 0; i < std::min(tipi.size(), TIPI_ELENCATI); ++i)
-        testo += (i == 0 ? "" : ", ") + std::to_string(tipi[i].second) + " of " + due_cifre(tipi[i].first.first) + " " +
-                 due_cifre(tipi[i].first.second);
-    if (tipi.size() > TIPI_ELENCATI)
-        testo += " and others of " + std::to_string(tipi.size() - TIPI_ELENCATI) + " more kinds";
-    return testo;
 }
 
 }  // namespace kel_registrazioni

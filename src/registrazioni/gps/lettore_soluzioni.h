@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <map>
 #include <optional>
-#include <string>
 #include <utility>
 
 #include "gps/flusso_ubx.h"
@@ -59,9 +58,6 @@ private:
     std::optional<std::uint32_t> epoca_;  // of the last solution
     bool epoca_da_pvt_ = false;
 };
-
-/// The kinds of messages by class and id, the most frequent first: "104 of 01 02, 12 of 01 03"; "" where there are none.
-std::string elenco_messaggi(const ConteggiSoluzioni& conteggi);
 
 }  // namespace kel_registrazioni
 

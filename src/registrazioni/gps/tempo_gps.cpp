@@ -1,10 +1,9 @@
 #include "gps/tempo_gps.h"
 
-#include <array>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <iterator>
+#include <string>
 
 #include "gps/secondi_intercalari.h"
 
@@ -53,10 +52,20 @@ std::int64_t secondi_da(const Utc& u) {
 }  // namespace
 
 std::string Utc::testo() const {
-    std::array<char, 80> testo{};
-    std::snprintf(testo.data(), testo.size(), "%04d-%02u-%02uT%02u:%02u:%02u.%03uZ", anno, mese, giorno, ora, minuto,
-                  secondo, millesimi);
-    return testo.data();
+    std::string testo = std::to_string(anno);  // from 1980 on; a message may claim a year of five digits
+    const std::size_t da = testo.size();
+    testo += "-00-00T00:00:00.000Z";
+    const auto metti = [&testo, da](std::size_t ultima, unsigned numero) {
+        for (std::size_t i = da + ultima; numero != 0; --i, numero /= 10)
+            testo[i] = static_cast<char>('0' + numero % 10);
+    };
+    metti(2, mese);
+    metti(5, giorno);
+    metti(8, ora);
+    metti(11, minuto);
+    metti(14, secondo);
+    metti(18, millesimi);
+    return testo;
 }
 
 std::int64_t Utc::microsecondi() const {

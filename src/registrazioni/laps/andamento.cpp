@@ -1,8 +1,5 @@
 #include "laps/andamento.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace kel_registrazioni {
 
 namespace {
@@ -53,19 +50,6 @@ std::vector<PuntoGiro> andamento(const Giro& giro, const Guida& guida, double lu
         punti.back().velocita = punti[punti.size() - 2].velocita;
     }
     return punti;
-}
-
-std::optional<double> tempo_a(std::span<const PuntoGiro> andamento, double metri) {
-    const auto dopo = std::lower_bound(andamento.begin(), andamento.end(), metri,
-                                       [](const PuntoGiro& punto, double m) { return punto.metri < m; });
-    if (dopo == andamento.end())
-        return std::nullopt;
-    if (dopo->metri <= metri)
-        return dopo->secondi;
-    if (dopo == andamento.begin() || dopo->staccato)
-        return std::nullopt;
-    const PuntoGiro& prima = *std::prev(dopo);
-    return prima.secondi + (metri - prima.metri) / (dopo->metri - prima.metri) * (dopo->secondi - prima.secondi);
 }
 
 }  // namespace kel_registrazioni

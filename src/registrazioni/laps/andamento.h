@@ -3,7 +3,6 @@
 #define KEL_REGISTRAZIONI_ANDAMENTO_H
 
 #include <optional>
-#include <span>
 #include <vector>
 
 #include "laps/giri.h"
@@ -23,9 +22,6 @@ struct PuntoGiro {
 /// measured.
 /// @param lunghezza  m.
 std::vector<PuntoGiro> andamento(const Giro& giro, const Guida& guida, double lunghezza);
-
-/// The time at a distance, s; nothing outside of the lap and where the way is not known.
-std::optional<double> tempo_a(std::span<const PuntoGiro> andamento, double metri);
 
 }  // namespace kel_registrazioni
 

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "common/interi.h"
-#include "gps/fid_gps.h"
 #include "recordings/canali.h"
 
 namespace kel_registrazioni {

@@ -13,7 +13,7 @@
 
 namespace kel_registrazioni {
 
-constexpr unsigned NUM_TIPI_CAMPIONE = 25;  ///< sample types 0 to 24
+constexpr unsigned NUM_TIPI_CAMPIONE = KEL_TIPO_CALCOLATO;  ///< sample types 0 to one less
 constexpr std::size_t CANALE_BYTE = 112;
 constexpr std::size_t CANALI_MASSIMI = 65536;                 ///< a channel's index has 16 bits
 constexpr std::size_t RECORD_MASSIMO = std::size_t{1} << 20;  ///< bytes; more is no logger's record

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "common/nomi.h"
-#include "gps/fid_gps.h"
 #include "recordings/canali.h"
 #include "recordings/pacchetti.h"
 
@@ -26,7 +25,7 @@ bool con_sottocampi(const s_kel_canale& canale) {
 
 // A subfield's own name, or the words of its fields: "Code Best Lap".
 std::string nome_sottocampo(kel_funpos pacchetto, kel_funpos fid) {
-    if (fid == GPS_LATITUDINE)
+    if (fid == KEL_FID_GPS_LATITUDINE)
         return "Latitude library rule";
     const s_sottocampo* riga =
         getDettagliSottocampo(search_sottocampi_struct(kelFidOggetto(pacchetto), kelFidPosizione(pacchetto)), fid);
@@ -83,12 +82,14 @@ ColonnaDati::ColonnaDati(const IFunzioni& catalogo, const s_kel_canale& canale, 
       pacchetto_intero_(funzione == canale.fid && di_pacchetto(canale.tipo_campione)),
       misura_(canale.tipo_campione == KEL_TIPO_COORDINATA ? Misura::decimilionesimi : Misura::funzione) {
     conv_.larghezza = LARGHEZZA_NUMERO;
-    if (fid != canale.fid && (fid == GPS_ACCURATEZZA_POSIZIONE || fid == GPS_ACCURATEZZA_VELOCITA))
+    if (fid != canale.fid && (fid == KEL_FID_GPS_ACCURATEZZA_POSIZIONE || fid == KEL_FID_GPS_ACCURATEZZA_VELOCITA))
         misura_ = Misura::byte_basso;
     if (misura_ == Misura::funzione) {
         mostra_in(catalogo, canale, catalogo.getUnitaBase(fid));
     } else {
-        udm = misura_ == Misura::decimilionesimi ? "1e-7 deg" : fid == GPS_ACCURATEZZA_POSIZIONE ? "cm" : "cm/s";
+        udm = misura_ == Misura::decimilionesimi         ? "1e-7 deg"
+              : fid == KEL_FID_GPS_ACCURATEZZA_POSIZIONE ? "cm"
+                                                         : "cm/s";
         kelConvInit(&conv_, &canale, fid, kelFunGetConvData(fid, nullptr), 0, 0, 0);
     }
 }

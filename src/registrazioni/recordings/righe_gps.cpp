@@ -38,6 +38,11 @@ eKelValori valori_di(CampoGps campo) {
                                                                     : KEL_VALORI_DOUBLE;
 }
 
+eKelCampo campo_di_faccia(CampoGps campo) {
+    static_assert(static_cast<int>(CampoGps::accuratezza_velocita) + 1 == KEL_CAMPO_ACCURATEZZA_VELOCITA);
+    return static_cast<eKelCampo>(static_cast<int>(campo) + 1);
+}
+
 void scrivi_campo(const s_kel_lettura& lettura, std::size_t riga, const Soluzione& soluzione, CampoGps campo,
                   double fattore, int decimali) {
     if (campo == CampoGps::utc) {

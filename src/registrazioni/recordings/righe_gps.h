@@ -11,6 +11,8 @@ namespace kel_registrazioni {
 
 /// What the values of a field are.
 eKelValori valori_di(CampoGps campo);
+/// What the face calls a field.
+eKelCampo campo_di_faccia(CampoGps campo);
 
 /// Writes a field of a row's solution: its value, whether it has one, its text.
 /// @param fattore   from m/s to the unit of the speed.

@@ -25,6 +25,11 @@ struct VoceColonna {
     std::uint32_t canale = 0;
     eKelValori valori = KEL_VALORI_FLOAT;
     int decimali = 0;
+    std::string proprio;  // its name without what that says of the values
+    eKelCampo campo = KEL_CAMPO_NESSUNO;
+    bool con_unita = false;
+    bool interna = false;
+    bool pacchetto = false;
 };
 
 /// The rows at hand, counted from the start of the recording.
@@ -54,6 +59,8 @@ public:
 
     virtual std::uint64_t avanzo() const = 0;
     virtual eKelOrario orario() const { return KEL_ORARIO_TROVATO; }
+    /// What is to be said of the bytes behind the last record; "" for nothing.
+    virtual const char* avanzo_detto() { return ""; }
 
     const std::vector<VoceColonna>& voci() const { return voci_; }
     const std::string& detto() const { return detto_; }

@@ -52,13 +52,16 @@ std::optional<Orario> orario_chiesto(const s_kel_apertura& apertura) {
 
 TabellaRecord::TabellaRecord(Byte canali, std::optional<Byte> campioni, const s_kel_apertura& apertura)
     : catalogo_(IFunzioni::CreateMe()),
+      parole_(parole_di(apertura.parole)),
       chiesto_(orario_chiesto(apertura)),
       spinta_(!campioni),
       frequenza_(apertura.frequenza),
       lunghezza_(apertura.lunghezza) {
     if (canali.size() > CANALI_MASSIMI * CANALE_BYTE)
-        throw Errore("there are more than " + std::to_string(CANALI_MASSIMI) + " channel records");
-    canali_ = leggi_canali(canali, apertura.compatta != 0 ? Disposizione::compatta : Disposizione::dichiarata);
+        throw Errore("it is longer than " + std::to_string(CANALI_MASSIMI) + " channel records");
+    canali_ = leggi_canali(canali, apertura.compatta != 0 ? Disposizione::compatta : Disposizione::dichiarata, parole_);
+    for (const s_kel_canale& canale : canali_)
+        nomi_.push_back(nome_canale(canale));
     dimensione_ = dimensione_record(canali_);
     colonne_ = colonne(*catalogo_, canali_, {apertura.pacchetti != 0, apertura.dispositivo != 0});
     for (const ColonnaDati& colonna : colonne_)
@@ -81,13 +84,19 @@ VoceColonna TabellaRecord::voce(const ColonnaDati& colonna) const {
                   : colonna.ha_valore() ? KEL_VALORI_FLOAT
                                         : KEL_VALORI_NESSUNO;
     voce.decimali = colonna.decimali();
+    voce.proprio = colonna.nome;
+    voce.campo = colonna.campo() ? campo_di_faccia(*colonna.campo()) : KEL_CAMPO_NESSUNO;
+    voce.con_unita = colonna.con_unita();
+    voce.interna = colonna.campo() || colonna.fid != canali_[colonna.indice].fid;
+    voce.pacchetto = colonna.pacchetto_intero();
     return voce;
 }
 
 void TabellaRecord::inquadra(std::optional<std::uint64_t> lunghezza) {
     const Byte testa = byte_.first(std::min(byte_.size(), dimensione_testa(lunghezza.has_value(), dimensione_)));
-    const Inquadratura inquadratura = chiesto_ ? verifica_inquadratura(testa, dimensione_, lunghezza, *chiesto_)
-                                               : scegli_inquadratura(testa, dimensione_, lunghezza);
+    const Inquadratura inquadratura = chiesto_
+                                          ? verifica_inquadratura(testa, dimensione_, lunghezza, *chiesto_, parole_)
+                                          : scegli_inquadratura(testa, dimensione_, lunghezza, parole_);
     detto_ = testa.empty() ? "" : inquadratura.detto;
     orario_ = inquadratura.orario;
     passo_ = dimensione_ + byte_orario(orario_);
@@ -134,6 +143,13 @@ void TabellaRecord::fine() {
     finita_ = true;
     if (!inquadrata_)
         inquadra(byte_.size());
+}
+
+const char* TabellaRecord::avanzo_detto() {
+    if (!inquadrata_ || avanzo() == 0)
+        return "";
+    avanzo_detto_ = lunghezza_errata(prima_ * passo_ + byte_.size(), passo_);
+    return avanzo_detto_.c_str();
 }
 
 eKelOrario TabellaRecord::orario() const {

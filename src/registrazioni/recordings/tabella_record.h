@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "common/parole.h"
 #include "recordings/colonna.h"
 #include "recordings/lettore_record.h"
 #include "recordings/tabella.h"
@@ -27,9 +28,13 @@ public:
     void leggi(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture) override;
     std::uint64_t avanzo() const override { return byte_.size() - righe_ * (inquadrata_ ? passo_ : 0); }
     eKelOrario orario() const override;
+    const char* avanzo_detto() override;
 
     const IFunzioni& catalogo() const { return *catalogo_; }
     std::span<const s_kel_canale> canali() const { return canali_; }
+    const std::string& nome(std::size_t canale) const { return nomi_[canale]; }
+    /// Bytes of a record with its time stamp; 0 while the framing is not known.
+    std::size_t passo() const { return passo_; }
     /// The samples of a row at hand.
     const std::uint8_t* campioni(std::uint64_t riga) const {
         return byte_.data() + (riga - prima_) * passo_ + byte_orario(orario_);
@@ -43,7 +48,10 @@ private:
     void leggi_soluzioni(std::uint64_t da, std::size_t quante, std::span<const s_kel_lettura> letture);
 
     std::unique_ptr<IFunzioni> catalogo_;
+    Parole parole_;
     std::vector<s_kel_canale> canali_;
+    std::vector<std::string> nomi_;  // of the channels
+    std::string avanzo_detto_;
     std::vector<ColonnaDati> colonne_;
     std::size_t dimensione_ = 0;  // bytes of a record without its time stamp
     std::size_t passo_ = 0;       // with it

@@ -5,7 +5,6 @@
 #include <list>
 
 #include "common/errore.h"
-#include "gps/fid_gps.h"
 #include "recordings/righe_gps.h"
 
 namespace kel_registrazioni {
@@ -33,15 +32,15 @@ TabellaUbx::TabellaUbx(std::optional<Byte> flusso)
           attesi_ = attesi_.subspan(dati.size());
           return dati.size();
       }) {
-    voci_.push_back({"Time of Week", "", "ms", 0, 0, KEL_VALORI_UINT32, 0});
+    voci_.push_back({"Time of Week", "", "ms", 0, 0, KEL_VALORI_UINT32, 0, "Time of Week"});
     for (const CampoGps campo : CAMPI_GPS) {
         const AspettoGps& suo = aspetto(campo);
         voci_.push_back({suo.nome, nome_lungo(*catalogo_, fid_di(campo)), suo.udm, fid_di(campo), 0, valori_di(campo),
-                         suo.decimali});
+                         suo.decimali, suo.nome, campo_di_faccia(campo), campo == CampoGps::velocita});
     }
     for (std::size_t i = 1; i < voci_.size(); ++i)
         if (campo_di(i) == CampoGps::velocita)
-            mostra_in(i, catalogo_->getUnitaBase(GPS_VELOCITA));
+            mostra_in(i, catalogo_->getUnitaBase(KEL_FID_GPS_VELOCITA));
     if (spinta_)
         return;
     finita_ = true;
@@ -118,7 +117,7 @@ bool TabellaUbx::mostra_in(std::size_t colonna, const std::string& udm) {
     if (colonna == SETTIMANA || campo_di(colonna) != CampoGps::velocita)
         return false;
     std::list<std::string> unita;
-    catalogo_->getFunzUIVs(GPS_VELOCITA, unita);
+    catalogo_->getFunzUIVs(KEL_FID_GPS_VELOCITA, unita);
     if (std::ranges::find(unita, udm) == unita.end())
         return false;
     fattore_ = da_metri_al_secondo(*catalogo_, udm);

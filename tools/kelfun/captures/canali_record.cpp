@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <iterator>
 #include <list>
+#include <optional>
+#include <span>
 
 #include "captures/vista_gps.h"
 #include "domain/lettura_fid.h"
 #include "domain/sinonimi.h"
 #include "domain/unita.h"
-#include "output/celle.h"
-#include "registrazioni/recordings/canali.h"
 #include "text/chiavi.h"
 #include "text/errori.h"
 #include "text/numeri.h"
@@ -21,11 +21,23 @@ namespace {
 constexpr unsigned LARGHEZZA_NUMERO = 8;
 constexpr unsigned LARGHEZZA_TESTO = 16;  // "GPS Fix=3 SVs=12"
 
+std::string nome_breve(const CanaleRecord& canale) {
+    const auto& breve = canale.record.breve;
+    return {breve, std::find(breve, std::end(breve), '\0')};
+}
+
+// Whether the texts of a sample are numbers: then they say by a text of its own that there is none.
+bool testi_numerici(const s_kel_canale& canale, kel_funpos fid) {
+    s_kel_converter conv{};
+    kelConvInit(&conv, &canale, fid, kelFunGetConvData(fid, nullptr), 0, 0, 0);
+    return conv.testo_stato != nullptr;
+}
+
 // What a user calls a column, or all columns of a channel: by name, short name, identifier, or the column's name in CSV.
 class Richiamo {
 public:
     Richiamo(IFunzioni& catalogo, const std::string& testo, std::span<const ColonnaRecord> colonne,
-             std::span<const s_kel_canale> canali)
+             std::span<const CanaleRecord> canali)
         : catalogo_(&catalogo), chiave_(chiave(testo)), fid_(fid_da_numero_o_vecchio(catalogo, testo)) {
         // The catalogue's name of a function counts where the recording has no such name of its own.
         const bool vale_gia = std::ranges::any_of(
@@ -34,12 +46,11 @@ public:
             fid_ = nome_del_catalogo(testo);
     }
 
-    bool vale(const ColonnaRecord& colonna, const s_kel_canale& canale) const {
-        if (fid_ && ((colonna.fid == *fid_ && *fid_ != 0) || canale.fid == *fid_))
+    bool vale(const ColonnaRecord& colonna, const CanaleRecord& canale) const {
+        if (fid_ && ((colonna.fid == *fid_ && *fid_ != 0) || canale.record.fid == *fid_))
             return true;
-        const std::string breve(canale.breve, std::find(canale.breve, std::end(canale.breve), '\0'));
-        return !chiave_.empty() && (chiave(colonna.nome) == chiave_ || chiave(nome_canale(canale)) == chiave_ ||
-                                    chiave(breve) == chiave_ || di_colonna(colonna));
+        return !chiave_.empty() && (chiave(colonna.nome) == chiave_ || chiave(canale.nome) == chiave_ ||
+                                    chiave(nome_breve(canale)) == chiave_ || di_colonna(colonna));
     }
 
 private:
@@ -65,12 +76,12 @@ private:
 };
 
 [[noreturn]] void sconosciuto(const char* opzione, const std::string& nome, std::span<const ColonnaRecord> colonne,
-                              std::span<const s_kel_canale> canali) {
+                              std::span<const CanaleRecord> canali) {
     std::vector<std::string> nomi;
     std::vector<std::string> tutti;  // subfields and short names too: too many to list
-    for (const s_kel_canale& canale : canali) {
-        nomi.push_back(nome_canale(canale));
-        tutti.emplace_back(canale.breve, std::find(canale.breve, std::end(canale.breve), '\0'));
+    for (const CanaleRecord& canale : canali) {
+        nomi.push_back(canale.nome);
+        tutti.push_back(nome_breve(canale));
     }
     tutti.insert(tutti.end(), nomi.begin(), nomi.end());
     for (const ColonnaRecord& colonna : colonne)
@@ -80,7 +91,7 @@ private:
                     "accepted: " + elenco(nomi) + ", their subfields, identifiers, or columns as CSV names them");
 }
 
-void tieni(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<const s_kel_canale> canali,
+void tieni(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<const CanaleRecord> canali,
            const std::vector<std::string>& solo) {
     if (solo.empty())
         return;
@@ -98,8 +109,9 @@ void tieni(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<c
     std::erase_if(colonne, [&](const ColonnaRecord&) { return !tenute[i++]; });
 }
 
-void scegli_unita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std::span<const s_kel_canale> canali,
+void scegli_unita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, const Registrazione& reg,
                   const std::string& richiesta) {
+    const std::span<const CanaleRecord> canali = reg.canali();
     const std::size_t uguale = richiesta.rfind('=');
     const std::string nome = uguale == std::string::npos ? "" : richiesta.substr(0, uguale);
     const std::string udm = uguale == std::string::npos ? richiesta : richiesta.substr(uguale + 1);
@@ -108,11 +120,10 @@ void scegli_unita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std:
     bool chiamata = false;
     bool cambiata = false;
     for (ColonnaRecord& colonna : colonne) {
-        const s_kel_canale& canale = canali[colonna.indice];
-        if (uguale != std::string::npos && !richiamo.vale(colonna, canale))
+        if (uguale != std::string::npos && !richiamo.vale(colonna, canali[colonna.indice]))
             continue;
         chiamata = true;
-        cambiata = colonna.mostra_in(catalogo, canale, udm) || cambiata;
+        cambiata = colonna.mostra_in(reg, udm) || cambiata;
         for (const std::string& una : colonna.unita_possibili(catalogo))
             if (std::find(possibili.begin(), possibili.end(), una) == possibili.end())
                 possibili.push_back(una);
@@ -126,29 +137,43 @@ void scegli_unita(IFunzioni& catalogo, std::vector<ColonnaRecord>& colonne, std:
 
 }  // namespace
 
+ColonnaRecord::ColonnaRecord(const IFunzioni& catalogo, const Registrazione& reg, unsigned colonna) : quale(colonna) {
+    s_kel_descrizione d{};
+    kelRegDescrivi(reg.reg(), quale, &d);
+    nome = d.proprio;
+    indice = d.canale;
+    fid = d.fid;
+    udm = d.udm;
+    udm_scelta = catalogo.getUnitaBase(fid);
+    valori = d.valori;
+    campo = d.campo;
+    decimali = d.decimali;
+    interna = d.interna != 0;
+    pacchetto = d.pacchetto != 0;
+    con_unita_ = d.con_unita != 0;
+    numerica_ = testi_numerici(reg.canali()[indice].record, fid);
+    misurato_ = d.nome;
+}
+
+bool ColonnaRecord::mostra_in(const Registrazione& reg, const std::string& nuova) {
+    if (kelRegUnita(reg.reg(), quale, nuova.c_str()) == 0)
+        return false;
+    s_kel_descrizione d{};
+    kelRegDescrivi(reg.reg(), quale, &d);
+    udm = d.udm;
+    udm_scelta = nuova;
+    decimali = d.decimali;
+    return true;
+}
+
 std::vector<std::string> ColonnaRecord::unita_possibili(const IFunzioni& catalogo) const {
     std::list<std::string> tutte;
-    if (con_unita())
+    if (con_unita_)
         catalogo.getFunzUIVs(fid, tutte);
     std::vector<std::string> possibili;
     std::copy_if(tutte.begin(), tutte.end(), std::back_inserter(possibili),
                  [](const std::string& una) { return !misura(una).empty(); });
     return possibili;
-}
-
-Cella ColonnaRecord::cella(const std::uint8_t* campioni, bool testi) {
-    if (campo())
-        return cella_gps(soluzione(campioni), *campo(), fattore(), decimali());
-    if (testi || pacchetto_intero())
-        return Cella::testo(testo(campioni));
-    if (const auto numero = valore(campioni))
-        return Cella::numero(static_cast<float>(*numero), con_decimali(*numero, decimali()));
-    const std::string perche = ha_valore() ? testo(campioni) : "";  // "---", or blanks for a missing value
-    return perche.find_first_not_of(' ') == std::string::npos ? Cella() : Cella::mancante(perche);
-}
-
-std::string ColonnaRecord::unita() const {
-    return misura(udm);
 }
 
 std::string ColonnaRecord::titolo() const {
@@ -161,20 +186,23 @@ std::string ColonnaRecord::chiave() const {
 }
 
 std::size_t ColonnaRecord::larghezza(bool testi) const {
-    if (campo())
-        return larghezza_gps(*campo());
-    return pacchetto_intero() || (testi && convertitore().testo_stato == nullptr) ? LARGHEZZA_TESTO
-                                                                                  : LARGHEZZA_NUMERO + 1;
+    if (wgs84())
+        return larghezza_gps(campo);
+    return pacchetto || (testi && !numerica_) ? LARGHEZZA_TESTO : LARGHEZZA_NUMERO + 1;
 }
 
-std::vector<ColonnaRecord> colonne_record(IFunzioni& catalogo, std::span<const s_kel_canale> canali,
-                                          const SceltaColonne& scelta) {
+std::vector<ColonnaRecord> colonne_record(const IFunzioni& catalogo, const Registrazione& reg) {
     std::vector<ColonnaRecord> colonne;
-    for (ColonnaDati& colonna : kel_registrazioni::colonne(catalogo, canali, {scelta.testi, scelta.dispositivo}))
-        colonne.emplace_back(std::move(colonna));
-    tieni(catalogo, colonne, canali, scelta.solo);
+    for (unsigned i = 0; i < kelRegNumColonne(reg.reg()); ++i)
+        colonne.emplace_back(catalogo, reg, i);
+    return colonne;
+}
+
+std::vector<ColonnaRecord> colonne_scelte(IFunzioni& catalogo, const Registrazione& reg, const SceltaColonne& scelta) {
+    std::vector<ColonnaRecord> colonne = colonne_record(catalogo, reg);
+    tieni(catalogo, colonne, reg.canali(), scelta.solo);
     for (const std::string& richiesta : scelta.unita)
-        scegli_unita(catalogo, colonne, canali, richiesta);
+        scegli_unita(catalogo, colonne, reg, richiesta);
     return colonne;
 }
 

@@ -4,8 +4,6 @@
 
 #include "domain/canale.h"
 #include "output/celle.h"
-#include "registrazioni/common/interi.h"
-#include "registrazioni/gps/fid_gps.h"
 
 namespace kel::strumento {
 
@@ -36,17 +34,17 @@ unsigned valore_intero(const s_kel_converter& conv, const std::uint8_t* pacchett
 }  // namespace
 
 CanaleNavSol::CanaleNavSol(IFunzioni& catalogo, const std::string& udm, unsigned decimali)
-    : canale_(canale(GPS_PACCHETTO, TIPO_PACCHETTO_GPS)),
-      fix_(converter(catalogo, canale_, GPS_FIX, "", 0)),
-      satelliti_(converter(catalogo, canale_, GPS_SATELLITI, "", 0)),
-      longitudine_(converter(catalogo, canale_, GPS_LONGITUDINE, "", 0)),
-      latitudine_(converter(catalogo, canale_, GPS_LATITUDINE, "", 0)),
-      velocita_(converter(catalogo, canale_, GPS_VELOCITA, udm, decimali)),
-      accuratezza_posizione_(senza_unita(canale_, GPS_ACCURATEZZA_POSIZIONE)),
-      accuratezza_velocita_(senza_unita(canale_, GPS_ACCURATEZZA_VELOCITA)) {}
+    : canale_(canale(KEL_FID_GPS_PACCHETTO, TIPO_PACCHETTO_GPS)),
+      fix_(converter(catalogo, canale_, KEL_FID_GPS_FIX, "", 0)),
+      satelliti_(converter(catalogo, canale_, KEL_FID_GPS_SATELLITI, "", 0)),
+      longitudine_(converter(catalogo, canale_, KEL_FID_GPS_LONGITUDINE, "", 0)),
+      latitudine_(converter(catalogo, canale_, KEL_FID_GPS_LATITUDINE, "", 0)),
+      velocita_(converter(catalogo, canale_, KEL_FID_GPS_VELOCITA, udm, decimali)),
+      accuratezza_posizione_(senza_unita(canale_, KEL_FID_GPS_ACCURATEZZA_POSIZIONE)),
+      accuratezza_velocita_(senza_unita(canale_, KEL_FID_GPS_ACCURATEZZA_VELOCITA)) {}
 
 kel_funpos CanaleNavSol::fid_velocita() {
-    return GPS_VELOCITA;
+    return KEL_FID_GPS_VELOCITA;
 }
 
 float CanaleNavSol::valore(IConverter& converter, const std::uint8_t* pacchetto) const {
@@ -55,14 +53,15 @@ float CanaleNavSol::valore(IConverter& converter, const std::uint8_t* pacchetto)
     return valore;
 }
 
-SoluzioneDispositivo CanaleNavSol::leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const {
-    std::array<std::uint8_t, BYTE_TEMPO + NAV_SOL_BYTE> pacchetto{};
+SoluzioneDispositivo CanaleNavSol::leggi(std::span<const std::uint8_t, KEL_NAV_SOL_BYTE> payload) const {
+    std::array<std::uint8_t, BYTE_TEMPO + KEL_NAV_SOL_BYTE> pacchetto{};
     // The logger stamps its own time in front; here the time of week serves for it.
     std::copy_n(payload.begin(), BYTE_TEMPO, pacchetto.begin());
     std::copy(payload.begin(), payload.end(), pacchetto.begin() + BYTE_TEMPO);
 
     SoluzioneDispositivo soluzione;
-    soluzione.settimana_ms = intero<std::uint32_t>(payload, 0);
+    for (std::size_t i = BYTE_TEMPO; i-- > 0;)
+        soluzione.settimana_ms = soluzione.settimana_ms << 8 | payload[i];
     soluzione.fix = static_cast<unsigned>(valore(*fix_, pacchetto.data()));
     soluzione.satelliti = static_cast<unsigned>(valore(*satelliti_, pacchetto.data()));
     soluzione.longitudine = valore(*longitudine_, pacchetto.data());

@@ -9,8 +9,7 @@
 #include <string>
 
 #include "IFunzioni.h"
-#include "domain/registrazioni.h"
-#include "registrazioni/gps/soluzione.h"
+#include "kelregistrazioni.h"
 
 namespace kel::strumento {
 
@@ -38,7 +37,7 @@ public:
     /// The function of the speed in the packet.
     static kel_funpos fid_velocita();
 
-    SoluzioneDispositivo leggi(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) const;
+    SoluzioneDispositivo leggi(std::span<const std::uint8_t, KEL_NAV_SOL_BYTE> payload) const;
 
 private:
     float valore(IConverter& converter, const std::uint8_t* pacchetto) const;

@@ -6,7 +6,6 @@
 #include <stdexcept>
 
 #include "captures/canali_record.h"
-#include "captures/file_canali.h"
 #include "text/chiavi.h"
 #include "text/mostrabile.h"
 
@@ -27,8 +26,9 @@ std::string con_casa(const std::string& file) {
     return file.starts_with("~/") && casa != nullptr ? casa + file.substr(1) : file;
 }
 
-std::string breve(const s_kel_canale& canale) {
-    return {canale.breve, std::find(canale.breve, std::end(canale.breve), '\0')};
+std::string breve(const CanaleRecord& canale) {
+    const auto& suo = canale.record.breve;
+    return {suo, std::find(suo, std::end(suo), '\0')};
 }
 
 class Nomi {
@@ -49,33 +49,34 @@ private:
     std::vector<NomeRecord> nomi_;
 };
 
-std::vector<NomeRecord> nomi(IFunzioni& catalogo, const std::vector<s_kel_canale>& canali) {
-    const std::vector<ColonnaRecord> colonne = colonne_record(catalogo, canali, {});
+std::vector<NomeRecord> nomi(const IFunzioni& catalogo, const Registrazione& reg) {
+    const std::vector<CanaleRecord>& canali = reg.canali();
+    const std::vector<ColonnaRecord> colonne = colonne_record(catalogo, reg);
     Nomi nomi;
     for (const ColonnaRecord& colonna : colonne) {
-        const s_kel_canale& canale = canali[colonna.indice];
-        const bool interno = colonna.fid != canale.fid;
+        const CanaleRecord& canale = canali[colonna.indice];
+        const bool interno = colonna.fid != canale.record.fid;
         if (interno)
-            nomi.aggiungi(nome_canale(canale), "all of this packet", {});
-        nomi.aggiungi(colonna.nome,
-                      interno ? "of " + nome_canale(canale) : catalogo.getNomeFunzione(colonna.fid, false),
+            nomi.aggiungi(canale.nome, "all of this packet", {});
+        nomi.aggiungi(colonna.nome, interno ? "of " + canale.nome : catalogo.getNomeFunzione(colonna.fid, false),
                       colonna.unita_possibili(catalogo));
     }
     for (const ColonnaRecord& colonna : colonne)
-        nomi.aggiungi(breve(canali[colonna.indice]), nome_canale(canali[colonna.indice]),
-                      colonna.unita_possibili(catalogo));
+        nomi.aggiungi(breve(canali[colonna.indice]), canali[colonna.indice].nome, colonna.unita_possibili(catalogo));
     return std::move(nomi).tutti();
 }
 
 }  // namespace
 
-std::vector<NomeRecord> nomi_record(IFunzioni& catalogo, const std::string& file, Disposizione disposizione) {
+std::vector<NomeRecord> nomi_record(IFunzioni& catalogo, const std::string& file, bool compatta) {
     std::error_code errore;
     const std::string percorso = con_casa(file);
     if (file == "-" || !std::filesystem::is_regular_file(percorso, errore))
         return {};
     try {
-        return nomi(catalogo, leggi_file_canali(percorso, disposizione));
+        s_kel_apertura apertura{};
+        apertura.compatta = compatta ? 1 : 0;
+        return nomi(catalogo, Registrazione(percorso, apertura));
     } catch (const std::runtime_error&) {
         return {};
     }

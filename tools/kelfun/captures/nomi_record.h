@@ -6,8 +6,6 @@
 #include <vector>
 
 #include "IFunzioni.h"
-#include "domain/registrazioni.h"
-#include "registrazioni/recordings/canali.h"
 
 namespace kel::strumento {
 
@@ -20,7 +18,7 @@ struct NomeRecord {
 
 /// The names of a file's channels and subfields in their order, then short names. Nothing where there is no such file, or
 /// where it cannot be read twice, as standard input: half a command line is no place for errors.
-std::vector<NomeRecord> nomi_record(IFunzioni& catalogo, const std::string& file, Disposizione disposizione);
+std::vector<NomeRecord> nomi_record(IFunzioni& catalogo, const std::string& file, bool compatta);
 
 }  // namespace kel::strumento
 

@@ -16,42 +16,47 @@ struct Testata {
     std::size_t larghezza;
 };
 
-const Testata& testata(CampoGps campo) {
+const Testata& testata(eKelCampo campo) {
     static constexpr Testata TESTATE[] = {
-        {"UTC", 24},   {"FIX", 3},      {"SATS", 4},  {"LATITUDE", 12}, {"LONGITUDE", 13}, {"ALTITUDE", 10},
-        {"SPEED", 10}, {"HEADING", 11}, {"CLIMB", 9}, {"POS.ACC", 10},  {"SPD.ACC", 11},
+        {"", 0},          {"UTC", 24},   {"FIX", 3},      {"SATS", 4},  {"LATITUDE", 12}, {"LONGITUDE", 13},
+        {"ALTITUDE", 10}, {"SPEED", 10}, {"HEADING", 11}, {"CLIMB", 9}, {"POS.ACC", 10},  {"SPD.ACC", 11},
     };
-    return TESTATE[static_cast<std::size_t>(campo)];
+    return TESTATE[campo];
 }
 
-// To so many decimals: no "-0.000", and no heading of "360.00".
-double arrotondato(double valore, CampoGps campo) {
-    const double scala = std::pow(10, aspetto(campo).decimali);
-    const double tondo = std::round(valore * scala) / scala + 0.0;
-    return campo == CampoGps::rotta && tondo >= GIRO ? 0 : tondo;
+double scala(int decimali) {
+    static constexpr double POTENZE[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
+    return POTENZE[decimali];
 }
 
 }  // namespace
 
-const char* testata_gps(CampoGps campo) {
+const char* testata_gps(eKelCampo campo) {
     return testata(campo).testo;
 }
 
-std::size_t larghezza_gps(CampoGps campo) {
+std::size_t larghezza_gps(eKelCampo campo) {
     return testata(campo).larghezza;
 }
 
-Cella cella_gps(const Soluzione& soluzione, CampoGps campo, double fattore, int decimali_velocita) {
-    if (campo == CampoGps::utc)
-        return soluzione.utc ? Cella::testo(soluzione.utc->testo()) : Cella();
-    const auto valore = valore_gps(soluzione, campo);
+NumeroGps numero_gps(double valore, eKelCampo campo, int decimali) {
+    if (campo == KEL_CAMPO_VELOCITA)
+        return {valore, DECIMALI_PROGRAMMI};
+    const double tondo = std::round(valore * scala(decimali)) / scala(decimali) + 0.0;
+    return {campo == KEL_CAMPO_ROTTA && tondo >= GIRO ? 0 : tondo, decimali};
+}
+
+Cella cella_gps(std::optional<double> valore, std::string_view testo, eKelCampo campo, int decimali) {
+    if (campo == KEL_CAMPO_UTC)
+        return testo.empty() ? Cella() : Cella::testo(testo);
     if (!valore)
         return {};
-    if (campo == CampoGps::fix || campo == CampoGps::satelliti)
+    if (intero_gps(campo))
         return Cella::intero(static_cast<std::int64_t>(*valore));
-    if (campo == CampoGps::velocita)
-        return Cella::reale(*valore * fattore, DECIMALI_PROGRAMMI, con_decimali(*valore * fattore, decimali_velocita));
-    return Cella::reale(arrotondato(*valore, campo), aspetto(campo).decimali);
+    if (campo == KEL_CAMPO_VELOCITA)
+        return Cella::reale(*valore, DECIMALI_PROGRAMMI, con_decimali(*valore, decimali));
+    const NumeroGps numero = numero_gps(*valore, campo, decimali);
+    return Cella::reale(numero.valore, numero.decimali);
 }
 
 }  // namespace kel::strumento

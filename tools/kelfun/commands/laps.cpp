@@ -1,24 +1,23 @@
 // kelfun laps: the laps of a recording or a capture.
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <optional>
 
 #include "captures/file_campioni.h"
-#include "captures/vista_gps.h"
+#include "captures/tempo_record.h"
 #include "cli/compatta.h"
 #include "cli/esempi.h"
 #include "cli/forma.h"
 #include "commands/comandi.h"
 #include "domain/identificatore.h"
+#include "domain/registrazioni.h"
 #include "laps/lettura_giri.h"
 #include "laps/tabella_giri.h"
 #include "plots/destinazione_grafico.h"
 #include "plots/grafico_giri.h"
 #include "plots/opzioni_grafico.h"
-#include "registrazioni/gps/fid_gps.h"
-#include "registrazioni/laps/giri.h"
-#include "registrazioni/laps/linea.h"
 #include "text/errori.h"
 #include "text/numeri.h"
 
@@ -40,39 +39,53 @@ struct Argomenti {
     SceltaForma forma;
 };
 
-struct Scelte : ScelteGiri {
-    std::vector<Intermedio> intermedi;
+/// What a user wants, and the memory of it.
+struct Scelte {
+    s_kel_scelte_giri scelte{};
+    s_kel_linea linea{};
+    std::vector<s_kel_intermedio> intermedi;
+    std::string udm;
+    double fattore = 1;  // from m/s
 };
 
-Scelte leggi_scelte(const Argomenti& argomenti, IFunzioni& catalogo) {
-    Scelte scelte;
+void leggi_scelte(const Argomenti& argomenti, IFunzioni& catalogo, Scelte& lette) {
+    s_kel_scelte_giri& scelte = lette.scelte;
+    scelte.parole = &PAROLE;
     if (argomenti.fonte == "packets")
-        scelte.fonte = FonteGiri::registratore;
+        scelte.fonte = KEL_GIRI_REGISTRATORE;
     else if (argomenti.fonte == "gps")
-        scelte.fonte = FonteGiri::gps;
+        scelte.fonte = KEL_GIRI_GPS;
     if (!argomenti.linea.empty()) {
-        scelte.linea = leggi_linea(argomenti.linea);
-        if (!scelte.linea)
+        if (kelGiriLinea(argomenti.linea.c_str(), &lette.linea) == 0)
             throw ErroreUso("--line '" + argomenti.linea +
                             "' is no line; accepted: LAT,LON,HEADING in degrees, and a width in metres behind them");
+        scelte.linea = &lette.linea;
     }
     for (const std::string& uno : argomenti.intermedi) {
         const auto metri = leggi_float(uno);
-        if (const auto linea = leggi_linea(uno))
-            scelte.intermedi.emplace_back(*linea);
-        else if (metri && *metri > 0)
-            scelte.intermedi.emplace_back(Metri{static_cast<double>(*metri), uno});
-        else
-            throw ErroreUso("--split '" + uno +
-                            "' is no split; accepted: LAT,LON,HEADING in degrees, or metres behind the finish line");
+        s_kel_intermedio intermedio{0, {}, uno.c_str()};
+        if (kelGiriLinea(uno.c_str(), &intermedio.linea) == 0) {
+            if (!metri || *metri <= 0)
+                throw ErroreUso(
+                    "--split '" + uno +
+                    "' is no split; accepted: LAT,LON,HEADING in degrees, or metres behind the finish line");
+            intermedio.metri = static_cast<double>(*metri);
+        }
+        lette.intermedi.push_back(intermedio);
     }
+    scelte.intermedi = lette.intermedi.data();
+    scelte.num_intermedi = static_cast<unsigned>(lette.intermedi.size());
     const auto minimo = leggi_float(argomenti.minimo);
     if (!minimo || *minimo < 1 || *minimo > 3600)
         throw ErroreUso("--min-lap '" + argomenti.minimo + "' is no time; accepted: seconds, 1 to 3600");
     scelte.minimo = static_cast<double>(*minimo);
-    scelte.udm = leggi_udm(catalogo, GPS_VELOCITA, argomenti.udm);
-    scelte.fattore = da_metri_al_secondo(catalogo, scelte.udm);
-    return scelte;
+    lette.udm = leggi_udm(catalogo, KEL_FID_GPS_VELOCITA, argomenti.udm);
+    lette.fattore = kelRegFattoreVelocita(lette.udm.c_str());
+    scelte.udm = lette.udm.c_str();
+}
+
+bool chiuso(const s_kel_giro& giro) {
+    return giro.ms >= 0;
 }
 
 std::int64_t numero_giro(const std::string& testo) {
@@ -82,13 +95,13 @@ std::int64_t numero_giro(const std::string& testo) {
     return *numero;
 }
 
-const Giro* giro_numero(const Lettura& lettura, const std::string& testo) {
+const s_kel_giro* giro_numero(const Giri& giri, const std::string& testo) {
     const auto numero = numero_giro(testo);
     std::string chiusi;
-    for (const Giro& giro : lettura.giri) {
-        if (giro.chiuso() && giro.numero == numero)
+    for (const s_kel_giro& giro : giri.tutti()) {
+        if (chiuso(giro) && giro.numero == numero)
             return &giro;
-        if (giro.chiuso())
+        if (chiuso(giro))
             chiusi += (chiusi.empty() ? "" : ", ") + std::to_string(giro.numero);
     }
     throw NonTrovato("there is no closed lap " + testo + "; closed are " + chiusi);
@@ -96,48 +109,55 @@ const Giro* giro_numero(const Lettura& lettura, const std::string& testo) {
 
 // The laps asked for. Without any: the best lap and the last one that counts, or the second best if the best is the
 // last.
-std::vector<const Giro*> da_disegnare(const Lettura& lettura, const std::vector<std::string>& chiesti) {
-    std::vector<const Giro*> scelti;
+std::vector<const s_kel_giro*> da_disegnare(const Giri& giri, const std::vector<std::string>& chiesti) {
+    std::vector<const s_kel_giro*> scelti;
     scelti.reserve(chiesti.size());
     for (const std::string& uno : chiesti)
-        scelti.push_back(giro_numero(lettura, uno));
+        scelti.push_back(giro_numero(giri, uno));
     if (!scelti.empty())
         return scelti;
-    const Giro* primo = migliore(lettura.giri);
-    const Giro* ultimo = nullptr;
-    const Giro* secondo = nullptr;
-    for (const Giro& giro : lettura.giri) {
-        if (!giro.chiuso() || (primo != nullptr && giro.stato != StatoGiro::buono))
+    const s_kel_giro* primo = giri.migliore();
+    const s_kel_giro* ultimo = nullptr;
+    const s_kel_giro* secondo = nullptr;
+    for (const s_kel_giro& giro : giri.tutti()) {
+        if (!chiuso(giro) || (primo != nullptr && giro.stato != KEL_GIRO_BUONO))
             continue;
         ultimo = &giro;
-        if (&giro != primo && (secondo == nullptr || *giro.ms < *secondo->ms))
+        if (&giro != primo && (secondo == nullptr || giro.ms < secondo->ms))
             secondo = &giro;
     }
     if (primo == nullptr)
         return {ultimo};
     scelti = {primo};
-    if (const Giro* altro = ultimo != primo ? ultimo : secondo)
+    if (const s_kel_giro* altro = ultimo != primo ? ultimo : secondo)
         scelti.push_back(altro);
     return scelti;
 }
 
-void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Lettura& lettura,
+void disegna(const DestinazioneGrafico& destinazione, const Argomenti& argomenti, const Giri& giri,
              const Scelte& scelte) {
-    const std::vector<const Giro*> scelti = da_disegnare(lettura, argomenti.giri);
-    if (lettura.guida.fix().empty())
+    const std::vector<const s_kel_giro*> scelti = da_disegnare(giri, argomenti.giri);
+    if (std::ranges::all_of(giri.tutti(), [](const s_kel_giro& giro) { return std::isnan(giro.inizio); }))
         throw NonTrovato(
             "laps are drawn over their distance, and the records have no times to tell it by; --rate HZ "
             "gives them");
-    const Giro* riferimento = migliore(lettura.giri);
+    const s_kel_giro* riferimento = giri.migliore();
     if (riferimento == nullptr)
         riferimento = scelti.front();
-    if (std::none_of(scelti.begin(), scelti.end(), [](const Giro* giro) { return giro->metri.value_or(0) > 0; }) ||
-        riferimento->metri.value_or(0) <= 0)
+    if (std::none_of(scelti.begin(), scelti.end(), [](const s_kel_giro* giro) { return giro->metri > 0; }) ||
+        !(riferimento->metri > 0))
         throw NonTrovato("laps are drawn over their distance, and there is no speed in the recording to tell it");
     Grafico grafico =
-        grafico_giri(lettura.guida, scelti, *riferimento, scelte.udm, scelte.fattore, argomenti.grafico.file != "-");
+        grafico_giri(giri, scelti, *riferimento, scelte.udm, scelte.fattore, argomenti.grafico.file != "-");
     grafico.titolo = titolo_grafico(argomenti.file.back());
     destinazione.disegna(grafico, {}, !argomenti.giri.empty());
+}
+
+Giri leggi_registrazione(const Argomenti& argomenti) {
+    s_kel_apertura apertura = apertura_di(argomenti.tempo);
+    apertura.compatta = argomenti.compatta ? 1 : 0;
+    apertura.lunghezza = lunghezza_file(argomenti.file[1]);
+    return {argomenti.file[0], argomenti.file[1], apertura};
 }
 
 void esegui(const Argomenti& argomenti) {
@@ -153,30 +173,23 @@ void esegui(const Argomenti& argomenti) {
     if (argomenti.grafico.file)
         destinazione.emplace(argomenti.grafico);
     const std::unique_ptr<IFunzioni> catalogo(IFunzioni::CreateMe());
-    const Scelte scelte = leggi_scelte(argomenti, *catalogo);
+    Scelte scelte;
+    leggi_scelte(argomenti, *catalogo, scelte);
     const bool cattura = argomenti.file.size() == 1;
     if (cattura && argomenti.fonte == "packets")
         throw ErroreUso("--source packets takes a recording; accepted: CHANNELS and SAMPLES");
     if (!cattura && argomenti.file[0] == "-" && argomenti.file[1] == "-")
         throw ErroreUso("standard input cannot be both files; accepted: - for one of CHANNELS and SAMPLES");
-    Lettura lettura = cattura
-                          ? leggi_cattura(argomenti.file[0], scelte)
-                          : leggi_registrazione(argomenti.file[0], argomenti.file[1],
-                                                argomenti.compatta ? Disposizione::compatta : Disposizione::dichiarata,
-                                                argomenti.tempo, *catalogo, scelte);
-    di_sessioni(lettura.guida, dillo);
-    misura(lettura.giri, lettura.guida);
+    Giri giri = cattura ? Giri(argomenti.file[0]) : leggi_registrazione(argomenti);
+    giri.calcola(scelte.scelte);
     if (destinazione)
-        return disegna(*destinazione, argomenti, lettura, scelte);
-    const std::vector<Linea> intermedi = linee_intermedie(lettura, scelte.intermedi, PAROLE, dillo);
-    dividi(lettura.giri, lettura.guida, intermedi);
+        return disegna(*destinazione, argomenti, giri, scelte);
 
     const Aspetto forma = argomenti.forma.forma();
-    const TabellaGiri tabella(lettura.giri,
-                              {scelte.udm, scelte.fattore, lettura.origini, forma.forma != Forma::tabella});
+    const TabellaGiri tabella(giri.tutti(), {scelte.udm, scelte.fattore, forma.forma != Forma::tabella});
     Documento documento(stdout, forma);
     documento.inizia("laps", "", tabella.colonne());
-    for (const Giro& giro : lettura.giri)
+    for (const s_kel_giro& giro : giri.tutti())
         documento.riga(tabella.celle(giro));
     documento.fine();
 }

@@ -194,9 +194,7 @@ private:
     std::vector<NomeRecord> nomi_canali() {
         if (contesto_.argomenti.empty())
             return {};
-        return nomi_record(
-            *catalogo_, contesto_.argomenti.front(),
-            contesto_.opzioni.contains(OPZIONE_COMPATTA) ? Disposizione::compatta : Disposizione::dichiarata);
+        return nomi_record(*catalogo_, contesto_.argomenti.front(), contesto_.opzioni.contains(OPZIONE_COMPATTA));
     }
 
     void canali() {

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "domain/registrazioni.h"
-#include "registrazioni/gps/fid_gps.h"
+#include "kelregistrazioni.h"
 #include "text/parole.h"
 
 namespace kel::strumento {
@@ -21,11 +20,11 @@ std::optional<std::string> avviso_gps(std::span<const kel_funpos> mostrati, unsi
     if (tipo != KEL_TIPO_GPS_KEL && tipo != KEL_TIPO_GPS_NAVSOL)
         return std::nullopt;
     std::vector<std::string> fatti;
-    if (mostra(GPS_LATITUDINE))
+    if (mostra(KEL_FID_GPS_LATITUDINE))
         fatti.emplace_back("its latitude lies up to 0.19 degrees from WGS 84");
-    if (mostra(GPS_ACCURATEZZA_POSIZIONE) || mostra(GPS_ACCURATEZZA_VELOCITA))
+    if (mostra(KEL_FID_GPS_ACCURATEZZA_POSIZIONE) || mostra(KEL_FID_GPS_ACCURATEZZA_VELOCITA))
         fatti.emplace_back("its accuracies are the low bytes of cm and cm/s");
-    if (tipo == KEL_TIPO_GPS_NAVSOL && mostra(GPS_VELOCITA))
+    if (tipo == KEL_TIPO_GPS_NAVSOL && mostra(KEL_FID_GPS_VELOCITA))
         fatti.emplace_back("its speed is in cm/s, whatever the unit");
     if (fatti.empty())
         return std::nullopt;

@@ -1,15 +1,12 @@
-// What the library of recordings knows is spoken of here by its own names.
+// What the library of recordings calls the choices of the command line in its messages.
 #ifndef KELFUN_DOMAIN_REGISTRAZIONI_H
 #define KELFUN_DOMAIN_REGISTRAZIONI_H
 
-#include "registrazioni/common/parole.h"
+#include "kelregistrazioni.h"
 
 namespace kel::strumento {
 
-using namespace kel_registrazioni;
-
-/// What its messages call the choices of the command line.
-inline constexpr Parole PAROLE{"--time", "--packed", "--line", "--min-lap", "--split"};
+inline constexpr s_kel_parole PAROLE{"--time", "--packed", "--line", "--min-lap", "--split"};
 
 }  // namespace kel::strumento
 

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string>
 
+#include "kelregistrazioni.h"
 #include "text/numeri.h"
 #include "text/parole.h"
 
@@ -89,18 +90,8 @@ std::optional<unsigned> leggi_tipo_campione(std::string_view testo) {
 }
 
 std::optional<unsigned> tipo_pacchetto(kel_funpos fid) {
-    if (kelFidGrandezza(fid) != FID_PHI_PACKAGE)
-        return std::nullopt;
-    switch (kelFidOggetto(fid)) {
-        case FID_DETTAGLI_LAPTIME:
-            return kelFidPosizione(fid) == FID_SPEC_LAPTIME_KEL1G ? KEL_TIPO_LAP_1G : KEL_TIPO_LAP_2G;
-        case FID_DETTAGLI_DATETIME:
-            return KEL_TIPO_DATA_ORA;
-        case FID_DETTAGLI_GPS:
-            return kelFidPosizione(fid) == FID_SPEC_GPS_UBXNAVSOL ? KEL_TIPO_GPS_NAVSOL : KEL_TIPO_GPS_KEL;
-        default:
-            return std::nullopt;
-    }
+    const int tipo = kelRegTipoPacchetto(fid);
+    return tipo < 0 ? std::nullopt : std::optional(static_cast<unsigned>(tipo));
 }
 
 }  // namespace kel::strumento

@@ -1,52 +1,76 @@
 #include "laps/lettura_giri.h"
 
+#include <algorithm>
 #include <cstdio>
-#include <utility>
+#include <sstream>
 
-#include "captures/file_canali.h"
-#include "io/ingresso.h"
-#include "registrazioni/common/errore.h"
-#include "registrazioni/gps/lettore_soluzioni.h"
-#include "registrazioni/laps/raccolta.h"
+#include "captures/file_campioni.h"
+#include "captures/flusso.h"
+#include "captures/messaggi_ubx.h"
 #include "text/errori.h"
 #include "text/mostrabile.h"
 
 namespace kel::strumento {
 
-void dillo(const std::string& testo) {
-    std::fprintf(stderr, "kelfun laps: %s\n", mostrabile(testo).c_str());
+template <typename Campioni>
+void Giri::raccogli(Campioni& campioni) {
+    s_kel_errore errore{};
+    giri_.reset(kelGiriApri(reg_.reg(), &errore));
+    bool bene = giri_ != nullptr;
+    while (bene && campioni.prossimo())
+        bene = kelGiriAggiungi(giri_.get(), &errore) != 0;
+    if (!bene)
+        throw NonTrovato(errore.testo);
 }
 
-Lettura leggi_cattura(const std::string& file, const ScelteGiri& scelte) {
-    Ingresso ingresso(file);
-    ingresso.mostra_avanzamento(false);
-    LettoreSoluzioni lettore(
-        [&ingresso](std::uint8_t* byte, std::size_t quanti) { return ingresso.leggi(byte, quanti); });
-    OrologioGps orologio;
-    std::vector<Fix> fix;
-    while (lettore.prossima())
-        fix.push_back(fix_di(lettore.soluzione(), orologio));
-    if (fix.empty()) {
-        const std::string messaggi = elenco_messaggi(lettore.conteggi());
-        throw NonTrovato("there is no NAV-SOL and no NAV-PVT message in it" +
-                         (messaggi.empty() ? "" : "; messages by class and id: " + messaggi));
-    }
-    return giri_della_cattura(std::move(fix), scelte, PAROLE, dillo);
+Giri::Giri(const std::string& cattura) {
+    Flusso flusso(cattura, reg_);
+    flusso.ingresso().mostra_avanzamento(false);
+    raccogli(flusso);
+    if (flusso.righe() != 0)
+        return;
+    const std::string messaggi = elenco_messaggi(reg_);
+    throw NonTrovato("there is no NAV-SOL and no NAV-PVT message in it" +
+                     (messaggi.empty() ? "" : "; messages by class and id: " + messaggi));
 }
 
-Lettura leggi_registrazione(const std::string& file_canali, const std::string& file_campioni, Disposizione disposizione,
-                            const SceltaTempo& scelta_tempo, const IFunzioni& catalogo, const ScelteGiri& scelte) {
-    TempoRecord tempo(scelta_tempo);
-    const std::vector<s_kel_canale> canali = leggi_file_canali(file_canali, disposizione);
-    FileCampioni campioni(file_campioni, dimensione_record(canali), tempo);
-    campioni.annuncia("laps");
-    campioni.ingresso().mostra_avanzamento(false);
-    RaccoltaRecord raccolta(catalogo, canali);
-    while (campioni.lettore().prossimo())
-        raccolta.aggiungi(tempo.noto() ? std::optional(tempo.secondi(campioni.lettore())) : std::nullopt,
-                          campioni.lettore().campioni());
-    campioni.verifica_fine();
-    return giri_della_registrazione(raccolta, scelte, PAROLE, dillo);
+Giri::Giri(const std::string& canali, const std::string& campioni, const s_kel_apertura& apertura)
+    : reg_(canali, apertura) {
+    FileCampioni file(campioni, reg_);
+    file.annuncia("laps");
+    file.ingresso().mostra_avanzamento(false);
+    raccogli(file);
+    file.verifica_fine();
+}
+
+void Giri::calcola(const s_kel_scelte_giri& scelte) {
+    s_kel_errore errore{};
+    const bool trovati = kelGiriCalcola(giri_.get(), &scelte, &errore) != 0;
+    std::istringstream righe(kelGiriDetto(giri_.get()));
+    for (std::string riga; std::getline(righe, riga);)
+        std::fprintf(stderr, "kelfun laps: %s\n", mostrabile(riga).c_str());
+    if (!trovati)
+        throw NonTrovato(errore.testo);
+    tutti_.resize(kelGiriNumero(giri_.get()));
+    for (unsigned i = 0; i < tutti_.size(); ++i)
+        kelGiriGiro(giri_.get(), i, &tutti_[i]);
+}
+
+const s_kel_giro* Giri::migliore() const {
+    const auto suo = std::ranges::find_if(tutti_, [](const s_kel_giro& giro) { return giro.migliore != 0; });
+    return suo != tutti_.end() ? &*suo : nullptr;
+}
+
+std::vector<s_kel_punto_giro> Giri::andamento(const s_kel_giro& giro, double lunghezza) const {
+    std::vector<s_kel_punto_giro> punti(kelGiriAndamento(giri_.get(), posto(giro), lunghezza, nullptr, 0));
+    kelGiriAndamento(giri_.get(), posto(giro), lunghezza, punti.data(), punti.size());
+    return punti;
+}
+
+std::vector<s_kel_fix> Giri::fix(const s_kel_giro& giro) const {
+    std::vector<s_kel_fix> tutti(kelGiriFix(giri_.get(), posto(giro), nullptr, 0));
+    kelGiriFix(giri_.get(), posto(giro), tutti.data(), tutti.size());
+    return tutti;
 }
 
 }  // namespace kel::strumento

@@ -1,6 +1,8 @@
 #include "laps/tabella_giri.h"
 
-#include <optional>
+#include <cmath>
+#include <cstdint>
+#include <utility>
 
 #include "CLaptimeAndStrings.h"
 #include "text/chiavi.h"
@@ -9,24 +11,22 @@ namespace kel::strumento {
 
 namespace {
 
-Cella tempo(const std::optional<int>& ms) {
-    return ms ? Cella::testo(CLaptimeAndStrings::LapTimeToStringa(*ms)) : Cella();
+Cella tempo(std::int32_t ms) {
+    return ms >= 0 ? Cella::testo(CLaptimeAndStrings::LapTimeToStringa(ms)) : Cella();
 }
 
-Cella millisecondi(const std::optional<int>& ms) {
-    return ms ? Cella::intero(*ms) : Cella();
+Cella millisecondi(std::int32_t ms) {
+    return ms >= 0 ? Cella::intero(ms) : Cella();
 }
 
-Cella reale(const std::optional<double>& valore, int decimali) {
-    return valore ? Cella::reale(*valore, decimali) : Cella();
+Cella reale(double valore, int decimali) {
+    return std::isnan(valore) ? Cella() : Cella::reale(valore, decimali);
 }
 
 }  // namespace
 
-TabellaGiri::TabellaGiri(std::span<const Giro> giri, AspettoGiri aspetto)
-    : aspetto_(std::move(aspetto)),
-      settori_(giri.empty() ? 0 : giri.front().settori.size()),
-      migliore_(migliore(giri)) {}
+TabellaGiri::TabellaGiri(std::span<const s_kel_giro> giri, AspettoGiri aspetto)
+    : aspetto_(std::move(aspetto)), settori_(giri.empty() ? 0 : giri.front().num_settori) {}
 
 std::vector<Colonna> TabellaGiri::colonne() const {
     std::vector<Colonna> tutte = {
@@ -49,34 +49,25 @@ std::vector<Colonna> TabellaGiri::colonne() const {
     return tutte;
 }
 
-std::vector<Cella> TabellaGiri::celle(const Giro& giro) const {
-    std::vector<Cella> tutte = {Cella::intero(giro.numero),
-                                giro.inizio ? Cella::reale(*giro.inizio - aspetto_.origini[giro.sessione], 3) : Cella(),
-                                tempo(giro.ms)};
+std::vector<Cella> TabellaGiri::celle(const s_kel_giro& giro) const {
+    std::vector<Cella> tutte = {Cella::intero(giro.numero), reale(giro.inizio, 3), tempo(giro.ms)};
     if (aspetto_.per_programmi)
         tutte.push_back(millisecondi(giro.ms));
-    tutte.push_back(distacco(giro));
+    tutte.push_back(reale(giro.distacco, 3));
     for (std::size_t i = 0; i < settori_; ++i) {
         tutte.push_back(tempo(giro.settori[i]));
         if (aspetto_.per_programmi)
             tutte.push_back(millisecondi(giro.settori[i]));
     }
-    for (const auto& velocita : {giro.massima, giro.minima})
-        tutte.push_back(velocita ? Cella::reale(*velocita * aspetto_.fattore, 1) : Cella());
+    for (const double velocita : {giro.massima, giro.minima})
+        tutte.push_back(reale(velocita * aspetto_.fattore, 1));
     if (aspetto_.per_programmi)
         tutte.push_back(reale(giro.metri, 1));
     tutte.push_back(Cella::intero(static_cast<std::int64_t>(giro.campioni)));
-    tutte.push_back(&giro == migliore_               ? Cella::testo("best")
-                    : giro.stato == StatoGiro::buono ? Cella()
-                                                     : Cella::testo(nome(giro.stato)));
+    tutte.push_back(giro.migliore != 0             ? Cella::testo("best")
+                    : giro.stato == KEL_GIRO_BUONO ? Cella()
+                                                   : Cella::testo(kelGiriNomeStato(giro.stato)));
     return tutte;
-}
-
-// The gap to the best lap; laps that do not count have none.
-Cella TabellaGiri::distacco(const Giro& giro) const {
-    if (!giro.chiuso() || giro.stato != StatoGiro::buono)
-        return {};
-    return Cella::reale((*giro.ms - *migliore_->ms) / 1000.0, 3);
 }
 
 }  // namespace kel::strumento

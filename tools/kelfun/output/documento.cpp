@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <utility>
 
 #include "io/colore.h"
 #include "io/uscita.h"
+#include "output/cifre.h"
+#include "output/scritture.h"
 #include "text/errori.h"
 #include "text/larghezza.h"
 #include "text/mostrabile.h"
@@ -37,9 +40,36 @@ nlohmann::ordered_json json(const Cella& cella) {
         cella.valore());
 }
 
-std::string testo_json(const nlohmann::ordered_json& valore) {
-    return valore.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+// Doubles by their shortest decimals, which the writer of JSON does not always find.
+std::string scritto_json(const Cella& cella) {
+    if (const auto* reale = std::get_if<double>(&cella.valore())) {
+        char testo[CIFRE_MASSIME];
+        return {testo, scrivi_double(testo, *reale)};
+    }
+    return json(cella).dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
+
+/// An object as it is put together: a name that occurs twice keeps its place and takes the later value.
+class Oggetto {
+public:
+    void metti(std::string_view nome, std::string valore) {
+        const auto posto = std::ranges::find(membri_, nome, &Membro::first);
+        if (posto != membri_.end())
+            posto->second = std::move(valore);
+        else
+            membri_.emplace_back(nome, std::move(valore));
+    }
+    std::string scritto() const {
+        std::string testo = "{";
+        for (const auto& [nome, valore] : membri_)
+            testo += (testo.size() > 1 ? "," : "") + testo_json(nome) + ":" + valore;
+        return testo + "}";
+    }
+
+private:
+    using Membro = std::pair<std::string, std::string>;
+    std::vector<Membro> membri_;
+};
 
 std::string testo_csv(const Cella& cella) {
     if (const auto* lista = std::get_if<std::vector<std::string>>(&cella.valore()))
@@ -50,7 +80,7 @@ std::string testo_csv(const Cella& cella) {
         return "";
     if (const auto* logico = std::get_if<bool>(&cella.valore()))
         return *logico ? "true" : "false";
-    return testo_json(json(cella));
+    return scritto_json(cella);
 }
 
 }  // namespace
@@ -126,10 +156,38 @@ void Documento::riga(std::vector<Cella> celle) {
     }
 }
 
+// Two columns of one name are one member of an object: such rows are left to `riga`.
+RigheDati* Documento::righe_dati() {
+    if (dati_ || muta_ || !aperta_ || forma_ == Forma::tabella || righe_ != 0)
+        return dati_.get();
+    std::set<std::string_view> chiavi = {"table"};
+    RigheDati::Aspetto aspetto;
+    aspetto.csv = forma_ == Forma::csv;
+    for (const Colonna& colonna : colonne_) {
+        if (!chiavi.insert(colonna.chiave).second && !aspetto.csv)
+            return nullptr;
+        const bool prima = &colonna == &colonne_.front();
+        const std::string nome = testo_json(colonna.chiave) + ":";
+        aspetto.davanti.push_back(aspetto.csv ? (prima ? "" : ",") : (prima ? "{" : ",") + nome);
+    }
+    if (forma_ == Forma::ndjson)
+        aspetto.davanti.front().insert(1, "\"table\":" + testo_json(tabella_) + ",");
+    aspetto.inizio = forma_ == Forma::json ? "\n    " : "";
+    aspetto.tra = forma_ == Forma::json ? ",\n    " : "";
+    aspetto.dietro = aspetto.csv ? "\n" : forma_ == Forma::json ? "}" : "}\n";
+    dati_ = std::make_unique<RigheDati>(file_, std::move(aspetto));
+    return dati_.get();
+}
+
 void Documento::chiudi() {
     if (!aperta_)
         return;
     aperta_ = false;
+    if (dati_) {
+        dati_->svuota();
+        righe_ = dati_->righe();
+        dati_.reset();
+    }
     if (forma_ == Forma::json)
         scrivi(righe_ > 0 ? "\n  ]" : "]");
     if (forma_ != Forma::tabella || flusso_)
@@ -155,14 +213,15 @@ void Documento::chiudi_proprieta() {
         for (const Proprieta& p : proprieta_)
             riga_csv({p.chiave, testo_csv(p.valore)});
     } else if (forma_ == Forma::ndjson) {
-        nlohmann::ordered_json oggetto = {{"table", PROPRIETA}};
+        Oggetto oggetto;
+        oggetto.metti("table", testo_json(PROPRIETA));
         for (const Proprieta& p : proprieta_)
-            oggetto[p.chiave] = json(p.valore);
-        scrivi(testo_json(oggetto) + "\n");
+            oggetto.metti(p.chiave, scritto_json(p.valore));
+        scrivi(oggetto.scritto() + "\n");
     } else {
         for (const Proprieta& p : proprieta_)
             scrivi((&p != &proprieta_.front() || scritto_ ? ",\n  " : "{\n  ") + testo_json(p.chiave) + ": " +
-                   testo_json(json(p.valore)));
+                   scritto_json(p.valore));
     }
     scritto_ = true;
     proprieta_.clear();
@@ -193,15 +252,15 @@ void Documento::testata() {
 }
 
 void Documento::riga_json(const std::vector<Cella>& celle) {
-    nlohmann::ordered_json oggetto = nlohmann::ordered_json::object();
+    Oggetto oggetto;
     if (forma_ == Forma::ndjson)
-        oggetto["table"] = tabella_;
+        oggetto.metti("table", testo_json(tabella_));
     for (std::size_t i = 0; i < celle.size(); ++i)
-        oggetto[colonne_[i].chiave] = json(celle[i]);
+        oggetto.metti(colonne_[i].chiave, scritto_json(celle[i]));
     if (forma_ == Forma::ndjson)
-        scrivi(testo_json(oggetto) + "\n");
+        scrivi(oggetto.scritto() + "\n");
     else
-        scrivi((righe_ > 1 ? ",\n    " : "\n    ") + testo_json(oggetto));
+        scrivi((righe_ > 1 ? ",\n    " : "\n    ") + oggetto.scritto());
 }
 
 void Documento::riga_per_persone(const std::vector<Cella>& celle, std::string_view colore) {
@@ -224,18 +283,8 @@ void Documento::riga_per_persone(const std::vector<Cella>& celle, std::string_vi
 
 void Documento::riga_csv(const std::vector<std::string>& testi) {
     std::string riga;
-    for (std::size_t i = 0; i < testi.size(); ++i) {
-        if (i > 0)
-            riga += ',';
-        if (testi[i].find_first_of(",\"") == std::string::npos) {
-            riga += testi[i];
-            continue;
-        }
-        riga += '"';
-        for (const char c : testi[i])
-            riga += c == '"' ? std::string("\"\"") : std::string(1, c);
-        riga += '"';
-    }
+    for (std::size_t i = 0; i < testi.size(); ++i)
+        riga += (i > 0 ? "," : "") + citato_csv(testi[i]);
     scrivi(riga + "\n");
 }
 

@@ -2,35 +2,50 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <optional>
 #include <vector>
 
 #include "CLaptimeAndStrings.h"
-#include "registrazioni/laps/andamento.h"
 
 namespace kel::strumento {
 
 namespace {
 
-std::string nome_giro(const Giro& giro) {
-    return "Lap " + std::to_string(giro.numero) + "  " + CLaptimeAndStrings::LapTimeToStringa(*giro.ms);
+std::string nome_giro(const s_kel_giro& giro) {
+    return "Lap " + std::to_string(giro.numero) + "  " + CLaptimeAndStrings::LapTimeToStringa(giro.ms);
 }
 
-Serie velocita(std::span<const PuntoGiro> punti, double fattore) {
+Serie velocita(std::span<const s_kel_punto_giro> punti, double fattore) {
     Serie serie;
-    for (const PuntoGiro& punto : punti) {
-        if (punto.staccato)
+    for (const s_kel_punto_giro& punto : punti) {
+        if (punto.staccato != 0)
             serie.aggiungi(punto.metri, std::nullopt);
-        serie.aggiungi(punto.metri, punto.velocita ? std::optional(*punto.velocita * fattore) : std::nullopt);
+        serie.aggiungi(punto.metri,
+                       std::isnan(punto.velocita) ? std::nullopt : std::optional(punto.velocita * fattore));
     }
     return serie;
 }
 
+// The time at a distance, s; nothing outside of the lap and where the way is not known.
+std::optional<double> tempo_a(std::span<const s_kel_punto_giro> punti, double metri) {
+    const auto dopo = std::ranges::lower_bound(punti, metri, {}, &s_kel_punto_giro::metri);
+    if (dopo == punti.end())
+        return std::nullopt;
+    if (dopo->metri <= metri)
+        return dopo->secondi;
+    if (dopo == punti.begin() || dopo->staccato != 0)
+        return std::nullopt;
+    const s_kel_punto_giro& prima = *std::prev(dopo);
+    return prima.secondi + (metri - prima.metri) / (dopo->metri - prima.metri) * (dopo->secondi - prima.secondi);
+}
+
 // Time lost since the line: above 0 the lap is behind.
-Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> riferimento) {
+Serie distacco(std::span<const s_kel_punto_giro> punti, std::span<const s_kel_punto_giro> riferimento) {
     Serie serie;
-    for (const PuntoGiro& punto : punti) {
+    for (const s_kel_punto_giro& punto : punti) {
         const auto suo = tempo_a(riferimento, punto.metri);
-        if (punto.staccato)
+        if (punto.staccato != 0)
             serie.aggiungi(punto.metri, std::nullopt);
         // Rounded to a microsecond: the rounding errors of equal times would be drawn as a curve.
         serie.aggiungi(punto.metri,
@@ -41,43 +56,40 @@ Serie distacco(std::span<const PuntoGiro> punti, std::span<const PuntoGiro> rife
 
 // The length that all laps are stretched to: that of the reference. If it lost the fix, a part of its length is a
 // guess; then it is that of the first lap that did not.
-double lunghezza_comune(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento) {
-    std::vector<const Giro*> tutti = {&riferimento};
+double lunghezza_comune(const Giri& giri, std::span<const s_kel_giro* const> scelti, const s_kel_giro& riferimento) {
+    std::vector<const s_kel_giro*> tutti = {&riferimento};
     tutti.insert(tutti.end(), scelti.begin(), scelti.end());
-    for (const Giro* giro : tutti) {
-        const std::vector<PuntoGiro> punti = andamento(*giro, guida, giro->metri.value_or(0));
+    for (const s_kel_giro* giro : tutti) {
+        const std::vector<s_kel_punto_giro> punti = giri.andamento(*giro, giro->metri);
         if (!punti.empty() &&
-            std::none_of(punti.begin(), punti.end(), [](const PuntoGiro& punto) { return punto.staccato; }))
-            return *giro->metri;
+            std::none_of(punti.begin(), punti.end(), [](const s_kel_punto_giro& punto) { return punto.staccato != 0; }))
+            return giro->metri;
     }
-    return riferimento.metri.value_or(0);
+    return riferimento.metri;
 }
 
-void disegna_traccia(Traccia& traccia, const Giro& giro, const Guida& guida, double fattore) {
-    const auto [primo, oltre] = fix_del_giro(giro, guida);
-    for (std::size_t i = primo; i < oltre; ++i) {
-        const Fix& fix = guida.fix()[i];
-        if (fix.valido)
-            traccia.aggiungi(fix.longitudine, fix.latitudine, guida.velocita(i).value_or(0) * fattore);
-        else if (!fix.velocita)
+void disegna_traccia(Traccia& traccia, const s_kel_giro& giro, const Giri& giri, double fattore) {
+    for (const s_kel_fix& fix : giri.fix(giro))
+        if (!std::isnan(fix.latitudine))
+            traccia.aggiungi(fix.longitudine, fix.latitudine, std::isnan(fix.velocita) ? 0 : fix.velocita * fattore);
+        else if (std::isnan(fix.velocita))
             traccia.interrompi();
-    }
 }
 
 }  // namespace
 
-Grafico grafico_giri(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento,
+Grafico grafico_giri(const Giri& giri, std::span<const s_kel_giro* const> scelti, const s_kel_giro& riferimento,
                      const std::string& udm, double fattore, bool insieme) {
     Grafico grafico;
     grafico.ascissa = Ascissa::distanza;
     grafico.udm_velocita = udm;
-    const double lunghezza = lunghezza_comune(guida, scelti, riferimento);
-    const std::vector<PuntoGiro> base = andamento(riferimento, guida, lunghezza);
+    const double lunghezza = lunghezza_comune(giri, scelti, riferimento);
+    const std::vector<s_kel_punto_giro> base = giri.andamento(riferimento, lunghezza);
     if (insieme)
         grafico.pannelli.push_back({"Speed", udm, {}});
     Pannello distacchi{"Gap to lap " + std::to_string(riferimento.numero), "s", {}, insieme ? 0.6 : 1.0};
-    for (const Giro* giro : scelti) {
-        const std::vector<PuntoGiro> punti = andamento(*giro, guida, lunghezza);
+    for (const s_kel_giro* giro : scelti) {
+        const std::vector<s_kel_punto_giro> punti = giri.andamento(*giro, lunghezza);
         if (punti.empty())
             continue;
         if (!insieme)
@@ -93,7 +105,7 @@ Grafico grafico_giri(const Guida& guida, std::span<const Giro* const> scelti, co
     const bool sola = insieme && scelti.size() == 1 && scelti.front() == &riferimento;
     if (!distacchi.curve.empty() && !sola)
         grafico.pannelli.push_back(std::move(distacchi));
-    disegna_traccia(grafico.traccia, riferimento, guida, fattore);
+    disegna_traccia(grafico.traccia, riferimento, giri, fattore);
     return grafico;
 }
 

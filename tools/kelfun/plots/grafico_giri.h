@@ -5,17 +5,15 @@
 #include <span>
 #include <string>
 
-#include "domain/registrazioni.h"
+#include "laps/lettura_giri.h"
 #include "plots/grafico.h"
-#include "registrazioni/laps/giri.h"
-#include "registrazioni/laps/guida.h"
 
 namespace kel::strumento {
 
 /// @param scelti       closed laps, drawn in this order.
 /// @param riferimento  the lap that gaps are to; its way is the track.
 /// @param insieme      all speeds in one panel, told apart by their colours; else a panel for each.
-Grafico grafico_giri(const Guida& guida, std::span<const Giro* const> scelti, const Giro& riferimento,
+Grafico grafico_giri(const Giri& giri, std::span<const s_kel_giro* const> scelti, const s_kel_giro& riferimento,
                      const std::string& udm, double fattore, bool insieme);
 
 }  // namespace kel::strumento

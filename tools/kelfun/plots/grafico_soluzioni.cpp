@@ -1,13 +1,11 @@
 #include "plots/grafico_soluzioni.h"
 
-#include "domain/registrazioni.h"
-#include "registrazioni/gps/tempo_gps.h"
-
 namespace kel::strumento {
 
 namespace {
 
 constexpr double MILLE = 1000;
+constexpr std::int64_t SETTIMANA_MS = std::int64_t{7} * 24 * 3600 * 1000;
 
 enum { VELOCITA, SATELLITI };
 

@@ -57,7 +57,7 @@ PannelliRecord pannelli_principali(const std::vector<ColonnaRecord>& colonne, bo
     for (const Genere& genere : GENERI)
         for (std::size_t i = 0; i < colonne.size(); ++i)
             if (!mostrate[i] && colonne[i].ha_valore() && genere.comprende(colonne[i].fid)) {
-                pannello_di(genere, colonne[i].unita(), scelti.pannelli).colonne.push_back(colonne[i]);
+                pannello_di(genere, colonne[i].udm, scelti.pannelli).colonne.push_back(colonne[i]);
                 mostrate[i] = true;
             }
     if (scelti.pannelli.empty())
@@ -74,7 +74,7 @@ PannelliRecord un_pannello_per_colonna(const std::vector<ColonnaRecord>& colonne
     PannelliRecord scelti;
     for (const ColonnaRecord& colonna : colonne)
         if (colonna.ha_valore())
-            scelti.pannelli.push_back({colonna.nome_misurato(), colonna.unita(), 1, {colonna}});
+            scelti.pannelli.push_back({colonna.nome_misurato(), colonna.udm, 1, {colonna}});
     return scelti;
 }
 
