@@ -185,7 +185,7 @@ void Documento::chiudi() {
     aperta_ = false;
     if (dati_) {
         dati_->svuota();
-        righe_ = dati_->righe();
+        righe_ += dati_->righe();
         dati_.reset();
     }
     if (forma_ == Forma::json)
