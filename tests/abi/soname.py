@@ -12,7 +12,6 @@ import sys
 # Files that cannot take the number from CMakeLists.txt: what they hold is read by people or by other programs. When the
 # number is raised, all of them change together.
 PLACES = [
-    "README.md",
     "debian/control",
     "debian/libkelfunzioni{}.install",
     "debian/libkelfunzioni{}.symbols",

@@ -12,7 +12,7 @@ from . import _library as lib
 from ._errors import KelError, nearest
 from ._handle import checked, text_of
 from ._recording import Capture, Recording
-from ._records import LapChoices, LapRecord, Line, Sector
+from ._records import WORDS_AT, LapChoices, LapRecord, Line, Sector
 
 __all__ = ["FinishLine", "Lap", "Laps", "laps"]
 
@@ -204,7 +204,7 @@ def _choices(
             raise KelError(f"a sector ends at {sector} m; accepted: above 0, or a FinishLine")
         else:
             end.metri = sector
-    choices = LapChoices(_SOURCES[source], len(ends), None, ends, minimum or 0.0)
+    choices = LapChoices(_SOURCES[source], len(ends), None, ends, minimum or 0.0, None, WORDS_AT)
     if line is not None:
         choices.linea = c.pointer(_line(line))
     return choices, ends

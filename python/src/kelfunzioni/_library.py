@@ -101,6 +101,7 @@ laps_lap = _take(_recordings, "kelGiriGiro", c.c_int, _PTR, c.c_uint, c.POINTER(
 _INT = c.c_int
 free = _take(_python, "kelpy_libera", None, _PTR)
 py_name = _take(_python, "kelpy_nome", _PTR, _U32, _INT)
+py_records = _take(_python, "kelpy_record", _PTR)
 py_legacy = _take(_python, "kelpy_vecchio", _PTR, _U32)
 py_read_function = _take(_python, "kelpy_leggi_fid", _PTR, _TEXT)
 py_compose = _take(

@@ -10,7 +10,7 @@ from typing import TYPE_CHECKING
 from . import _library as lib
 from ._errors import KelError, nearest
 from ._handle import Handle, checked, text_of
-from ._records import OpenChoices
+from ._records import WORDS_AT, OpenChoices
 from ._samples import Bytes
 from ._source import Source, load
 from ._table import Table
@@ -115,7 +115,7 @@ class Recording(_Open):
             raise KelError(f"the rate is {rate}; accepted: 0.001 to 1000000 records a second")
         first, _ = load(channels, "channels")
         second, name = load(samples, "samples")
-        choices = OpenChoices(_STAMPS[stamps], compact, device, packets, rate or 0.0, 0)
+        choices = OpenChoices(_STAMPS[stamps], compact, device, packets, rate or 0.0, 0, WORDS_AT)
         place = checked(
             lambda error: lib.rec_open(*_span(first), *_span(second), choices, error), name
         )

@@ -121,6 +121,23 @@ class ErrorText(c.Structure):
     _fields_ = [("testo", c.c_char * 512)]
 
 
+class Words(c.Structure):
+    """`s_kel_parole`: what messages call the choices of whoever reads."""
+
+    _fields_ = [
+        ("orario", c.c_char_p),
+        ("compatta", c.c_char_p),
+        ("linea", c.c_char_p),
+        ("minimo", c.c_char_p),
+        ("intermedio", c.c_char_p),
+    ]
+
+
+#: The parameters of this package.
+WORDS = Words(b"stamps", b"compact", b"line", b"minimum", b"sectors")
+WORDS_AT = c.pointer(WORDS)
+
+
 class OpenChoices(c.Structure):
     """`s_kel_apertura`."""
 
@@ -131,6 +148,7 @@ class OpenChoices(c.Structure):
         ("pacchetti", c.c_int),
         ("frequenza", c.c_double),
         ("lunghezza", c.c_uint64),
+        ("parole", c.POINTER(Words)),
     ]
 
 
@@ -145,6 +163,11 @@ class Description(c.Structure):
         ("canale", c.c_uint32),
         ("valori", c.c_uint32),
         ("decimali", c.c_int32),
+        ("proprio", c.c_char_p),
+        ("campo", c.c_uint32),
+        ("con_unita", c.c_int32),
+        ("interna", c.c_int32),
+        ("pacchetto", c.c_int32),
     ]
 
 
@@ -173,7 +196,7 @@ class Line(c.Structure):
 class Sector(c.Structure):
     """`s_kel_intermedio`."""
 
-    _fields_ = [("metri", c.c_double), ("linea", Line)]
+    _fields_ = [("metri", c.c_double), ("linea", Line), ("detto", c.c_char_p)]
 
 
 class LapChoices(c.Structure):
@@ -185,6 +208,8 @@ class LapChoices(c.Structure):
         ("linea", c.POINTER(Line)),
         ("intermedi", c.POINTER(Sector)),
         ("minimo", c.c_double),
+        ("udm", c.c_char_p),
+        ("parole", c.POINTER(Words)),
     ]
 
 
