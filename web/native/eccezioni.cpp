@@ -22,10 +22,13 @@ extern "C" const void* const KEL_TAVOLA_UNA_BASE[] __asm__("_ZTVN10__cxxabiv120_
 
 namespace {
 
+// In WebAssembly a destructor returns its object.
+using Distruttore = void* (*)(void*);
+
 // What stands before a thrown object.
 struct Testa {
     const std::type_info* tipo;
-    void (*distrugge)(void*);
+    Distruttore distrugge;
 };
 constexpr std::size_t DIMENSIONE_TESTA = 16;  // so that the object is aligned as memory is
 static_assert(sizeof(Testa) <= DIMENSIONE_TESTA);
@@ -133,7 +136,7 @@ void __cxa_free_exception(void* oggetto) noexcept {
         std::free(memoria);
 }
 
-[[noreturn]] void __cxa_throw(void* oggetto, std::type_info* tipo, void (*distrugge)(void*)) {
+[[noreturn]] void __cxa_throw(void* oggetto, std::type_info* tipo, Distruttore distrugge) {
     *testa(oggetto) = {tipo, distrugge};
     __builtin_wasm_throw(0, oggetto);
 }

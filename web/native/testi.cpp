@@ -9,6 +9,7 @@
 
 #include "CLaptimeAndStrings.h"
 #include "IFunzioni.h"
+#include "domain/avvisi_unita.h"
 #include "domain/identificatore.h"
 #include "domain/lettura_fid.h"
 #include "domain/noti.h"
@@ -16,6 +17,7 @@
 #include "domain/ricerca.h"
 #include "domain/sinonimi.h"
 #include "domain/tipi_campione.h"
+#include "text/numeri.h"
 #include "text/parole.h"
 #include "text/vicini.h"
 
@@ -143,6 +145,16 @@ const char* kelWebNomi() {
 /// What a text is in small letters with its words apart by one blank: texts that differ in this alone are the same name.
 const char* kelWebNormale(const char* testo) {
     return da(normale(testo));
+}
+
+/// What there is to say of a conversion whose result is not what most people expect; "" for nothing.
+const char* kelWebAvvisoUnita(kel_funpos fid, const char* da_udm, const char* a_udm, float valore) {
+    return da(avviso_conversione(catalogo(), fid, da_udm, a_udm, valore).value_or(""));
+}
+
+/// The double that is written like a float.
+double kelWebComeScritto(float valore) {
+    return come_scritto(valore);
 }
 
 /// The functions to offer: value of the quantity, identifier, name.

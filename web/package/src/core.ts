@@ -3,7 +3,7 @@ export { KelError, NotFoundError, RecordingError } from "./errors.js";
 export { CatalogueFunction as Function, type Choices, type Field, type FunctionLike, type Subfield, type UnitInfo } from "./function.js";
 export { compose, fieldValues, type FieldName, type FieldValue, type Fields } from "./fields.js";
 export { closeTo, find, known, search, type Match, type MatchedText } from "./find.js";
-export { convert, conversion } from "./units.js";
+export { convert, conversion, conversionWarning } from "./units.js";
 export { Converter, type ConverterOptions, type DecodedColumn, type Alignment } from "./converter.js";
 export { sampleType, sampleTypes, type SampleType } from "./sampletype.js";
 export { formatLap, formatLapLine, parseLap } from "./laptime.js";

@@ -164,7 +164,7 @@ export class CatalogueFunction {
     let numbers: Choices["numbers"] = null;
     for (const [kind, one, other = ""] of callLines("kelWebScelte", this.identifier)) {
       const value = Number(one);
-      const of = (bits: number): CatalogueFunction => new CatalogueFunction((this.identifier | bits) >>> 0);
+      const of = (bits: number): CatalogueFunction => new CatalogueFunction(((this.identifier & PLACE) | bits) >>> 0);
       if (kind === "side") sides.push({ text: other, function: of(value) });
       else if (kind === "inout") inout.push({ text: other, function: of((value & 3) << 20) });
       else numbers = { first: value, last: Number(other) };
@@ -229,6 +229,9 @@ export function cameraRow(at: number): CameraRow {
 
 export const asFunction = (what: FunctionLike): CatalogueFunction =>
   what instanceof CatalogueFunction ? what : new CatalogueFunction(what);
+
+// All but in/out, sides and number.
+const PLACE = ~0x1ff00000;
 
 const ACCEPTED =
   "accepted: a number of 32 bits, hexadecimal (0x10) or decimal (16), a legacy identifier (REF_SPEED), a name " +

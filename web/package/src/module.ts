@@ -148,11 +148,4 @@ export function nearest(word: string, words: readonly string[]): string | undefi
 }
 
 /** The double that is written like a float: 0.621371, not 0.6213709712028503. */
-export function asWritten(value: number): number {
-  if (!Number.isFinite(value)) return value;
-  for (let digits = 1; digits < 9; digits++) {
-    const short = Number(value.toPrecision(digits));
-    if (Math.fround(short) === value) return short;
-  }
-  return Number(value.toPrecision(9));
-}
+export const asWritten = (value: number): number => call("kelWebComeScritto", value);

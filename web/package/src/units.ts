@@ -1,5 +1,5 @@
-import { asFunction, type CatalogueFunction, type FunctionLike } from "./function.js";
-import { call, f32, within } from "./module.js";
+import { asFunction, type FunctionLike } from "./function.js";
+import { call, callText, f32, within } from "./module.js";
 
 /** value * gain + offset */
 export interface Conversion {
@@ -7,43 +7,51 @@ export interface Conversion {
   readonly offset: number;
 }
 
-/** What turns values of one unit of a function into another, in single precision. Paces are not in it: see `convert`. */
-export function conversion(what: FunctionLike, from: string, to: string): Conversion {
+/** What turns values of one unit of a function into another, in single precision; null stands for its base unit. */
+export function conversion(what: FunctionLike, from: string | null, to: string | null): Conversion {
   const one = asFunction(what);
   return within((memory) => {
     const at = memory.take(16);
-    call("kelFunGetConvDatas", at, one.identifier, memory.text(one.unit(from)), memory.text(one.unit(to)));
+    const [source, target] = [from, to].map((unit) => memory.text(one.unit(unit ?? undefined))) as [number, number];
+    call("kelFunGetConvDatas", at, one.identifier, source, target);
     return { gain: f32(at + 8), offset: f32(at + 4) };
   });
 }
 
-const reciprocal = (one: CatalogueFunction, unit: string): boolean =>
-  one.unitTable.find((row) => row.unit === unit)?.reciprocal ?? false;
-
 /**
- * Values of one unit of a function in another; without `from` they are in the base unit. A pace, such as "min/km", is one
- * divided by the value that the library converts.
+ * Values of one unit of a function in another, with the bits that the library gives; null stands for the base unit. A pace,
+ * such as "min/km", is converted as any other unit is: `conversionWarning` says where that is not what people expect.
  */
-export function convert(what: FunctionLike, value: number, to: string, from?: string): number;
-export function convert(what: FunctionLike, values: ArrayLike<number>, to: string, from?: string): Float32Array;
+export function convert(value: number, what: FunctionLike, from: string | null, to: string | null): number;
 export function convert(
+  values: ArrayLike<number>,
   what: FunctionLike,
+  from: string | null,
+  to: string | null,
+): Float32Array;
+export function convert(
   values: number | ArrayLike<number>,
-  to: string,
-  from?: string,
+  what: FunctionLike,
+  from: string | null,
+  to: string | null,
 ): number | Float32Array {
-  const one = asFunction(what);
-  const source = one.unit(from);
-  const target = one.unit(to);
-  const { gain, offset } = conversion(one, source, target);
-  const before = reciprocal(one, source);
-  const after = reciprocal(one, target);
+  const { gain, offset } = conversion(what, from, to);
+  const plain = gain === 1 && offset === 0;
   const f = Math.fround;
-  const single = (value: number): number => {
-    if (source === target) return f(value);
-    const start = before ? f(1 / f(value)) : f(value);
-    const result = f(f(start * gain) + offset);
-    return after ? f(1 / result) : result;
-  };
+  const single = (value: number): number => (plain ? f(value) : f(f(f(value) * gain) + offset));
   return typeof values === "number" ? single(values) : Float32Array.from(values, single);
+}
+
+/** What to say of a conversion whose result is not what most people expect; "" for nothing. */
+export function conversionWarning(value: number, what: FunctionLike, from: string | null, to: string | null): string {
+  const one = asFunction(what);
+  return within((memory) =>
+    callText(
+      "kelWebAvvisoUnita",
+      one.identifier,
+      memory.text(one.unit(from ?? undefined)),
+      memory.text(one.unit(to ?? undefined)),
+      value,
+    ),
+  );
 }
