@@ -26,5 +26,6 @@ const renamed: Plugin = {
 export default defineConfig({
   plugins: [moduleAsText, viteSingleFile({ removeViteModuleLoader: true }), renamed],
   build: { target: "es2022", outDir: "../dist/page", emptyOutDir: true, modulePreload: false },
-  worker: { format: "es" },
+  // A page that was opened from a file may not start a worker that is a module.
+  worker: { format: "iife" },
 });

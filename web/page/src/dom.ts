@@ -37,7 +37,10 @@ export function table(caption: string, head: readonly string[], rows: readonly (
 }
 
 /** A labelled control. */
-export const labelled = (text: string, control: HTMLElement): HTMLElement => h("label", { class: "labelled" }, h("span", {}, text), control);
+export function labelled(text: string, control: HTMLElement): HTMLElement {
+  control.setAttribute("aria-label", text);  // else the options of a choice would be part of its name
+  return h("label", { class: "labelled" }, h("span", {}, text), control);
+}
 
 export const select = (options: readonly (readonly [string, string])[], chosen: string, change: (value: string) => void): HTMLSelectElement => {
   const element = h("select", {}, options.map(([value, text]) => h("option", { value, selected: value === chosen }, text)));

@@ -3,7 +3,7 @@ import { read, write } from "./address.js";
 import { decoder } from "./decoder.js";
 import { fill, h } from "./dom.js";
 import { explorer } from "./explorer.js";
-import { compiled } from "./module.js";
+import { unpacked } from "./module.js";
 import { recordings } from "./recordings.js";
 import "./style.css";
 import { texts } from "./texts.js";
@@ -12,7 +12,7 @@ type Tab = keyof typeof texts.tabs;
 const TABS = Object.keys(texts.tabs) as Tab[];
 
 async function start(): Promise<void> {
-  const module = await compiled();
+  const module = await unpacked();
   await init(module);
   const views = { explorer: explorer(), decoder: decoder(), recordings: recordings(module) };
   const panels = Object.fromEntries(

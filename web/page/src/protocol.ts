@@ -1,4 +1,6 @@
 // What the page and its worker tell each other.
+//
+// The module goes as bytes: compiled, a page that was opened from a file could not hand it to its worker.
 import type { Lap } from "kelfunzioni/core";
 
 export interface ChannelInfo { readonly name: string; readonly unit: string; readonly units: readonly string[]; readonly decimals: number; readonly drawable: boolean }
@@ -25,7 +27,7 @@ export type Span = readonly [number, number] | null;
 export interface Curve { readonly x: Float64Array; readonly y: Float64Array }
 
 export interface Requests {
-  start: [{ module: WebAssembly.Module }, null];
+  start: [{ module: ArrayBuffer }, null];
   open: [{ files: readonly File[] }, Session];
   unit: [{ channel: number; unit: string }, null];
   curves: [{ channels: readonly number[]; axis: Axis; span: Span; points: number }, readonly Curve[]];

@@ -13,7 +13,7 @@ const colour = (i: number): string => (COLOURS[i % COLOURS.length] as readonly [
 const style = (name: string): string => getComputedStyle(document.documentElement).getPropertyValue(name).trim();
 
 /** Asks the worker. */
-function asking(module: WebAssembly.Module) {
+function asking(module: ArrayBuffer) {
   const worker = new Worker();
   const waiting = new Map<number, { resolve(value: never): void; reject(error: Error): void; progress: ((done: number) => void) | undefined }>();
   let next = 0;
@@ -24,6 +24,11 @@ function asking(module: WebAssembly.Module) {
     waiting.delete(answer.id);
     if ("error" in answer) one?.reject(new Error(answer.error));
     else one?.resolve(answer.value as never);
+  });
+  // A worker that cannot start, or runs out of memory, answers nothing more.
+  worker.addEventListener("error", (event) => {
+    for (const one of waiting.values()) one.reject(new Error(`${texts.failed}: ${event.message}`));
+    waiting.clear();
   });
   const ask = <N extends Name>(name: N, what: Requests[N][0], progress?: (done: number) => void): Promise<Requests[N][1]> =>
     new Promise((resolve, reject) => {
@@ -38,7 +43,7 @@ function asking(module: WebAssembly.Module) {
 }
 
 /** Recordings and captures as curves, laps and a track. */
-export function recordings(module: WebAssembly.Module): { element: HTMLElement; show(state: State): void } {
+export function recordings(module: ArrayBuffer): { element: HTMLElement; show(state: State): void } {
   let ask: ReturnType<typeof asking> | undefined;
   let session: Session | null = null;
   let shown: number[] = [];

@@ -35,7 +35,10 @@ const columnNamed = (test: (name: string, unit: string) => boolean): number =>
 const speedColumn = (): number => {
   const inUnits = (unit: string): boolean => unit === "km/h" || unit === "mph";
   const gps = columnNamed((name, unit) => name.includes("gps") && name.includes("speed") && inUnits(unit));
-  return gps >= 0 ? gps : columnNamed((name, unit) => name.includes("speed") && inUnits(unit));
+  const any = columnNamed((name, unit) => name.includes("speed") && !name.includes("gps") && inUnits(unit));
+  // That of GPS knows no slip, but where the fix was lost the wheels know better.
+  const whole = gps >= 0 && values(gps).every((one) => one === one);
+  return whole || any < 0 ? gps : any;
 };
 
 /** Metres driven until each row, by the speed. */
@@ -45,10 +48,11 @@ function distance(): Float64Array | null {
   const factor = opened().columns[speed]?.unit === "mph" ? 0.44704 : 1 / 3.6;
   const v = values(speed);
   metres = new Float64Array(v.length);
-  for (let i = 1, sum = 0; i < v.length; i++) {
+  for (let i = 1, sum = 0, pace = 0; i < v.length; i++) {
     const step = (times[i] ?? 0) - (times[i - 1] ?? 0);
-    const pace = v[i] ?? 0;
-    if (step > 0 && step < 10 && pace === pace) sum += step * pace * factor;
+    const one = v[i] as number;
+    if (one === one) pace = one;
+    if (step > 0 && step < 10) sum += step * pace * factor;
     metres[i] = sum;
   }
   return metres;

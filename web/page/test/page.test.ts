@@ -17,6 +17,7 @@ const complaints: string[] = [];
 async function fresh(options: Parameters<Browser["newContext"]>[0] = {}): Promise<[BrowserContext, Page]> {
   const one = await browser.newContext({ locale: "en-GB", ...options });
   await one.setOffline(true);
+  one.setDefaultTimeout(10000);
   const next = await one.newPage();
   next.on("pageerror", (error) => complaints.push(error.message));
   next.on("request", (request) => { if (!/^(file|blob|data):/.test(request.url())) complaints.push(request.url()); });
@@ -37,8 +38,11 @@ const session = inFolder((folder) => {
 const file = (name: string, buffer: Buffer): { name: string; mimeType: string; buffer: Buffer } => ({ name, mimeType: "application/octet-stream", buffer });
 
 async function drop(files: ReturnType<typeof file>[], on = page): Promise<void> {
-  const panel = on.locator("#panel-recordings");
-  const before = await panel.locator("[data-drawn]").getAttribute("data-drawn").catch(() => "0", ) ?? "0";
+  const before = await on.evaluate(() => {
+    const error = document.querySelector("#panel-recordings .error");
+    if (error !== null) error.textContent = "";
+    return document.querySelector("#panel-recordings [data-drawn]")?.getAttribute("data-drawn") ?? "0";
+  });
   await on.locator('input[type="file"]').setInputFiles(files);
   await on.waitForFunction((old) => {
     const text = document.querySelector("#panel-recordings .error")?.textContent;
@@ -109,7 +113,7 @@ describe("the decoder", () => {
   });
   it("marks what is wrong where it is wrong", async () => {
     await open("#tab=decoder&fid=0x11&type=int16");
-    await page.getByLabel("Bytes").fill("7B0x");
+    await page.getByLabel("Bytes", { exact: true }).fill("7B0x");
     expect(await page.locator("mark").textContent()).toBe("x");
     expect(await page.locator("#complaint").textContent()).toContain("'x' at character 4");
     await page.getByLabel("Function", { exact: true }).fill("temprature");
