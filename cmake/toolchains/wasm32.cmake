@@ -1,0 +1,12 @@
+# WebAssembly, by Debian's clang 19, libc++ 19 and wasi-libc: see web/native.
+set(CMAKE_SYSTEM_NAME Generic)
+set(CMAKE_SYSTEM_PROCESSOR wasm32)
+set(CMAKE_C_COMPILER clang-19)
+set(CMAKE_CXX_COMPILER clang++-19)
+set(CMAKE_C_COMPILER_TARGET wasm32-wasi)
+set(CMAKE_CXX_COMPILER_TARGET wasm32-wasi)
+set(CMAKE_AR llvm-ar-19)
+set(CMAKE_RANLIB llvm-ranlib-19)
+set(CMAKE_EXECUTABLE_SUFFIX .wasm)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -1,0 +1,12 @@
+export { init } from "./module.js";
+export { KelError, NotFoundError, RecordingError } from "./errors.js";
+export { CatalogueFunction as Function, type Choices, type Field, type FunctionLike, type Subfield, type UnitInfo } from "./function.js";
+export { compose, fieldValues, type FieldName, type FieldValue, type Fields } from "./fields.js";
+export { closeTo, find, known, search, type Match, type MatchedText } from "./find.js";
+export { convert, conversion, conversionWarning } from "./units.js";
+export { Converter, type ConverterOptions, type DecodedColumn, type Alignment } from "./converter.js";
+export { sampleType, sampleTypes, type SampleType } from "./sampletype.js";
+export { formatLap, formatLapLine, parseLap } from "./laptime.js";
+export { Capture, Recording, Table, type Column, type ColumnInfo, type RecordingOptions } from "./recording.js";
+export { laps, Laps, type FinishLine, type Lap, type LapOptions } from "./laps.js";
+export { catalogue, type Catalogue } from "./catalogue.js";
