@@ -60,11 +60,11 @@ for page in [*pages, root / "tests/README.md"]:
             mistakes.append(f"{page.relative_to(root)}: {command} cannot be called so: it is not there, or it is python3 {command}")
 
 head, _, rows = (root / "scripts/packages.txt").read_text().partition("\n\n")
-explained = re.findall(r"^#   (\w+) ", head + "\n" + "\n".join(re.findall(r"^#.*", rows, re.M)), re.M)
+explained = re.findall(r"^#   ([\w-]+) ", head + "\n" + "\n".join(re.findall(r"^#.*", rows, re.M)), re.M)
 used = {row.split()[0] for row in rows.splitlines() if row and not row.startswith("#")}
 installed = set()
 for place in [*shell, root / ".ci/run"]:
-    for words in re.findall(r"\binstall_packages ([a-z ]+)", place.read_text()):
+    for words in re.findall(r"\binstall_packages ([a-z -]+)", place.read_text()):
         installed |= set(words.split())
 if not set(explained) == used == installed:
     mistakes.append(f"sets of packages: explained {sorted(explained)}, filled {sorted(used)}, installed {sorted(installed)}")
