@@ -183,6 +183,8 @@ KEL_API int kelRegSpingi(s_kel_registrazione* reg, const void* byte, size_t quan
 /// @since 0.1.0
 KEL_API unsigned kelRegNumCanali(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 /// A channel's record, its numbers as this machine has them, and its place as the recording is read.
+/// @param reg     a recording.
+/// @param canale  below `kelRegNumCanali`.
 /// @param record  may be null.
 /// @return        its name: the long one of the record, else the short one, else that of its function; stays until the
 ///                recording is closed. Null where there is no such channel.
@@ -250,17 +252,26 @@ KEL_API int kelRegLeggi(s_kel_registrazione* reg, uint64_t da, size_t quante, co
 /// Functions of the logger's GPS packet and of its subfields. The altitude is none of them, but `kelfun` computes one. Of the
 /// accuracies the packet has only the low bytes, in cm and cm/s, whatever the units of their functions are.
 #define KEL_FID_GPS_PACCHETTO kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_KELNAVSOL)
+/// The kind of fix.
 #define KEL_FID_GPS_FIX kelFidComponi(FID_PHI_CODE, FID_OBJ_ACCURACY, FID_POS_GPS)
+/// Satellites used.
 #define KEL_FID_GPS_SATELLITI kelFidComponi(FID_PHI_NUMBER, FID_OBJ_SATELLITE, FID_POS_GPS)
+/// Speed over ground.
 #define KEL_FID_GPS_VELOCITA kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_GPS)
+/// Latitude.
 #define KEL_FID_GPS_LATITUDINE kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LATITUDE, FID_POS_GPS)
+/// Longitude.
 #define KEL_FID_GPS_LONGITUDINE kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_LONGITUDE, FID_POS_GPS)
+/// Altitude.
 #define KEL_FID_GPS_ALTEZZA kelFidComponi(FID_PHI_COORDINATE, FID_OBJ_ALTITUDE, FID_POS_GPS)
+/// Accuracy of the position.
 #define KEL_FID_GPS_ACCURATEZZA_POSIZIONE kelFidComponi(FID_PHI_POSITION, FID_OBJ_ACCURACY, FID_POS_GPS)
+/// Accuracy of the speed.
 #define KEL_FID_GPS_ACCURATEZZA_VELOCITA kelFidComponi(FID_PHI_VELOCITY, FID_OBJ_ACCURACY, FID_POS_GPS)
 
-/// Below these the packet's speed is given as 0.
+/// Below this kind of fix the packet's speed is given as 0.
 #define KEL_GPS_FIX_MINIMO 3u
+/// Likewise, the satellites used.
 #define KEL_GPS_SATELLITI_MINIMI 4u
 
 /// From m/s to a unit of speed, as a factor; 0 where there is no such unit, or null.
@@ -275,6 +286,8 @@ KEL_API int kelRegTipoPacchetto(kel_funpos fid) KEL_NOEXCEPT;
 enum { KEL_NAV_SOL_BYTE = 52 };
 
 /// The payload of NAV-SOL that a row of a u-blox stream has; of a NAV-PVT, the one that it would have.
+/// @param reg      a u-blox stream.
+/// @param riga     a row at hand.
 /// @param payload  52 bytes, as a channel of the logger's GPS packet has them behind its time.
 /// @return         1; 0 where the row is not at hand, or it is no u-blox stream.
 /// @since 0.1.0
@@ -294,16 +307,18 @@ typedef struct s_kel_conteggi {
 
 /// Good messages of one kind.
 typedef struct s_kel_messaggi {
-    unsigned char classe;
-    unsigned char id;
-    uint64_t quanti;
+    unsigned char classe;  ///< their class
+    unsigned char id;      ///< their id within the class
+    uint64_t quanti;       ///< how many there are
 } s_kel_messaggi;
 
 /// Counts what is in a u-blox stream: 1, or 0 for a recording of records.
 /// @since 0.1.0
 KEL_API int kelRegConteggi(const s_kel_registrazione* reg, s_kel_conteggi* conteggi) KEL_NOEXCEPT;
 /// Its good messages by class and id, in this order.
+/// @param reg       a u-blox stream; a recording of records has none.
 /// @param messaggi  the first `capienza` of them; may be null.
+/// @param capienza  how many `messaggi` has room for.
 /// @return          how many kinds there are.
 /// @since 0.1.0
 KEL_API unsigned kelRegMessaggi(const s_kel_registrazione* reg, s_kel_messaggi* messaggi,
@@ -438,17 +453,21 @@ KEL_API const char* kelGiriNomeStato(eKelStatoGiro stato) KEL_NOEXCEPT;
 
 /// A closed lap over its distance, from line to line, stretched to a length, so that the same distance is the same place in
 /// every lap. Where the fix was lost for a while, only that part is stretched, because the rest has been measured.
+/// @param giri       laps that were computed.
 /// @param quale      below `kelGiriNumero`.
 /// @param lunghezza  m; above 0.
 /// @param punti      the first `capienza` of them, may be null.
+/// @param capienza   how many `punti` has room for.
 /// @return           how many there are; 0 for a lap that is not closed, whose distance is not known, or that there is not,
 ///                   and when memory runs out.
 /// @since 0.1.0
 KEL_API size_t kelGiriAndamento(const s_kel_giri* giri, unsigned quale, double lunghezza, s_kel_punto_giro* punti,
                                 size_t capienza) KEL_NOEXCEPT;
 /// The fixes of a lap, in their order.
-/// @param quale  below `kelGiriNumero`.
-/// @param fix    the first `capienza` of them, may be null.
+/// @param giri      laps that were computed.
+/// @param quale     below `kelGiriNumero`.
+/// @param fix       the first `capienza` of them, may be null.
+/// @param capienza  how many `fix` has room for.
 /// @return       how many there are; 0 where the times of the lap are not known, or there is no such lap.
 /// @since 0.1.0
 KEL_API size_t kelGiriFix(const s_kel_giri* giri, unsigned quale, s_kel_fix* fix, size_t capienza) KEL_NOEXCEPT;

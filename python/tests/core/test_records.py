@@ -4,6 +4,7 @@ import ctypes
 import re
 
 import pytest
+
 from kelfunzioni import _library as lib
 from kelfunzioni import _records
 from kelfunzioni._answer import answer
