@@ -18,7 +18,7 @@ constexpr std::size_t PEZZO_ARROW = std::size_t{1} << 22;
 /// Writes columns to a file, or to standard output for "-".
 /// @param testi  their texts in place of their values.
 /// @throws NonTrovato  when it cannot be written.
-void scrivi_arrow(const std::string& file, const Registrazione& reg, std::span<const ColonnaRecord> colonne, bool testi,
+void scrivi_arrow(const std::string& nome, const Registrazione& reg, std::span<const ColonnaRecord> colonne, bool testi,
                   FileCampioni& campioni);
 
 }  // namespace kel::strumento

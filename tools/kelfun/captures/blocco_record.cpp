@@ -26,9 +26,9 @@ std::size_t righe_in_memoria(const std::vector<VoceBlocco>& voci) {
 void* BloccoRecord::Memoria::valori(eKelValori quali) {
     switch (quali) {
         case KEL_VALORI_FLOAT:
-            return float_.data();
+            return corti.data();
         case KEL_VALORI_DOUBLE:
-            return double_.data();
+            return lunghi.data();
         case KEL_VALORI_UINT32:
             return interi.data();
         case KEL_VALORI_ISTANTE:
@@ -48,8 +48,8 @@ BloccoRecord::BloccoRecord(const Registrazione& reg, std::vector<VoceBlocco> voc
     for (std::size_t i = 0; i < voci_.size(); ++i) {
         const VoceBlocco& voce = voci_[i];
         Memoria& sua = memorie_[i];
-        sua.float_.resize(voce.valori == KEL_VALORI_FLOAT ? capienza_ : 0);
-        sua.double_.resize(voce.valori == KEL_VALORI_DOUBLE ? capienza_ : 0);
+        sua.corti.resize(voce.valori == KEL_VALORI_FLOAT ? capienza_ : 0);
+        sua.lunghi.resize(voce.valori == KEL_VALORI_DOUBLE ? capienza_ : 0);
         sua.interi.resize(voce.valori == KEL_VALORI_UINT32 ? capienza_ : 0);
         sua.istanti.resize(voce.valori == KEL_VALORI_ISTANTE ? capienza_ : 0);
         sua.validi.resize((capienza_ + 7) / 8);
@@ -73,9 +73,9 @@ std::optional<double> BloccoRecord::valore(std::size_t voce, std::size_t riga) c
     const Memoria& sua = memorie_[voce];
     switch (voci_[voce].valori) {
         case KEL_VALORI_FLOAT:
-            return static_cast<double>(sua.float_[riga]);
+            return static_cast<double>(sua.corti[riga]);
         case KEL_VALORI_DOUBLE:
-            return sua.double_[riga];
+            return sua.lunghi[riga];
         case KEL_VALORI_UINT32:
             return sua.interi[riga];
         default:

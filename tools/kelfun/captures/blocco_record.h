@@ -40,8 +40,8 @@ public:
     bool valido(std::size_t voce, std::size_t riga) const {
         return (memorie_[voce].validi[riga / 8] >> riga % 8 & 1) != 0;
     }
-    float come_float(std::size_t voce, std::size_t riga) const { return memorie_[voce].float_[riga]; }
-    double come_double(std::size_t voce, std::size_t riga) const { return memorie_[voce].double_[riga]; }
+    float come_float(std::size_t voce, std::size_t riga) const { return memorie_[voce].corti[riga]; }
+    double come_double(std::size_t voce, std::size_t riga) const { return memorie_[voce].lunghi[riga]; }
     std::uint32_t come_intero(std::size_t voce, std::size_t riga) const { return memorie_[voce].interi[riga]; }
     /// Its number, whatever its kind; nothing where the row has none.
     std::optional<double> valore(std::size_t voce, std::size_t riga) const;
@@ -49,8 +49,8 @@ public:
 
 private:
     struct Memoria {
-        std::vector<float> float_;
-        std::vector<double> double_;
+        std::vector<float> corti;
+        std::vector<double> lunghi;
         std::vector<std::uint32_t> interi;
         std::vector<std::int64_t> istanti;
         std::vector<unsigned char> validi;

@@ -14,8 +14,8 @@ namespace kel::strumento {
 /// A column of a recording, and how it is shown.
 class ColonnaRecord {
 public:
-    /// @param quale  below `kelRegNumColonne`.
-    ColonnaRecord(const IFunzioni& catalogo, const Registrazione& reg, unsigned quale);
+    /// @param colonna  below `kelRegNumColonne`.
+    ColonnaRecord(const IFunzioni& catalogo, const Registrazione& reg, unsigned colonna);
 
     /// Shows another unit of its function, in the recording too; false when the function has no such unit.
     bool mostra_in(const Registrazione& reg, const std::string& nuova);

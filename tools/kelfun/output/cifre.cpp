@@ -98,6 +98,7 @@ char* scrivi_float(char* dove, float valore) {
         const float scalato = grandezza * POTENZE_FLOAT[decimali];
         if (scalato >= INTERI_CERTI)
             break;
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings): the division below tells whether it is the number
         const auto intero = static_cast<std::uint32_t>(scalato + 0.5f);
         if (static_cast<float>(intero) / POTENZE_FLOAT[decimali] == grandezza && intero < 1000000)
             return con_punto(dove, intero, decimali);
@@ -112,6 +113,7 @@ char* scrivi_arrotondato(char* dove, double valore, int decimali) {
     const double scala = static_cast<double>(POTENZE[decimali]);
     // Where a decimal with so many digits behind the point has this number for its double, it is what rounding gives.
     if (grandezza * scala < INTERI_CERTI_DOUBLE && grandezza >= 1e-4) {
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings): the division below tells whether it is the number
         const auto intero = static_cast<std::uint64_t>(grandezza * scala + 0.5);
         if (static_cast<double>(intero) / scala == grandezza) {
             if (valore < 0)
