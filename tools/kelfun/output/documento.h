@@ -130,8 +130,8 @@ private:
     bool scritto_ = false;            // something has been printed
     bool aperta_ = false;             // a table is open
     bool flusso_ = false;
-    std::string tabella_;    // key of the open table
-    std::size_t righe_ = 0;  // its rows
+    std::string tabella_;      // key of the open table
+    std::uint64_t righe_ = 0;  // its rows
     std::vector<Proprieta> proprieta_;
     std::unique_ptr<RigheDati> dati_;
     std::vector<Colonna> colonne_;
