@@ -23,14 +23,14 @@ using fuzz::pretendi;
 
 constexpr std::size_t MASSIMO = 1U << 14;  // bytes of a record that are tried; larger ones only cost time
 
-std::FILE* const nulla = std::fopen("/dev/null", "w");
+std::FILE* const NULLA = std::fopen("/dev/null", "w");
 
 // All rows at hand, in every form that a table has.
 void mostra(std::span<const ColonnaRecord> colonne, const Registrazione& reg, bool testi) {
     BloccoRecord blocco(reg, voci_di(colonne, testi, true));
     RigheDati::Aspetto aspetto;
     aspetto.davanti.assign(colonne.size() + 1, ",");
-    RigheDati righe(nulla, aspetto);
+    RigheDati righe(NULLA, aspetto);
     a_blocchi(reg, blocco, [&] {
         for (std::size_t riga = 0; riga < blocco.righe(); ++riga) {
             righe.intero(static_cast<std::int64_t>(riga));
