@@ -47,11 +47,11 @@ extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*allocato)(const 
                                                          void (*rilasciato)(const volatile void*));
 
 namespace {
-void AllaAllocazione(const volatile void*, std::size_t) {
-    Segna();
+void alla_allocazione(const volatile void*, std::size_t) {
+    segna();
 }
-void AlRilascio(const volatile void*) {}
-const int kGancio = __sanitizer_install_malloc_and_free_hooks(AllaAllocazione, AlRilascio);
+void al_rilascio(const volatile void*) {}
+const int GANCIO = __sanitizer_install_malloc_and_free_hooks(alla_allocazione, al_rilascio);
 }  // namespace
 
 #else
@@ -111,7 +111,7 @@ unsigned conta_allocazioni(Funzione&& fai) {
 
 TEST(AllocationCounter, SeesWhatOthersAllocate) {
 #if KEL_CON_SANITIZER
-    ASSERT_NE(kGancio, 0) << "the sanitizer took no hook";
+    ASSERT_NE(GANCIO, 0) << "the sanitizer took no hook";
 #endif
     EXPECT_GE(conta_allocazioni([] {
                   void* volatile blocco = std::malloc(10);

@@ -102,6 +102,22 @@ export class Converter {
     return samples.length / size;
   }
 
+  /** The converter's record in the module, as kelConvInit leaves it. How texts look is told beforehand. */
+  private setUp(memory: Memory): number {
+    const channel = memory.take(CHANNEL);
+    const converter = memory.take(CONVERTER);
+    const unit = callUnsigned("kelFunGetConvData", this.function.identifier, memory.text(this.unit));
+    const record = view();
+    record.setUint32(channel + 12, this.channel, true);
+    record.setUint32(channel + 20, this.sampleType.code, true);
+    record.setUint32(converter + 16, this.width, true);
+    record.setUint32(converter + 20, this.decimals, true);
+    record.setUint32(converter + 24, this.autoDecimals ? 1 : 0, true);
+    record.setUint32(converter + 28, this.alignment, true);
+    call("kelConvInit", converter, channel, this.function.identifier, unit, this.bits[0], this.bits[1], 1);
+    return converter;
+  }
+
   private read(
     memory: Memory,
     samples: Uint8Array,
@@ -109,17 +125,7 @@ export class Converter {
     to: { values?: number; states?: number; texts?: number },
   ): void {
     const data = memory.write(samples);
-    const channel = memory.take(CHANNEL);
-    const converter = memory.take(CONVERTER);
-    view().setUint32(channel + 12, this.channel, true);
-    view().setUint32(channel + 20, this.sampleType.code, true);
-    const unit = callUnsigned("kelFunGetConvData", this.function.identifier, memory.text(this.unit));
-    call("kelConvInit", converter, channel, this.function.identifier, unit, this.bits[0], this.bits[1], 1);
-    const record = view();
-    record.setUint32(converter + 16, this.width, true);
-    record.setUint32(converter + 20, this.decimals, true);
-    record.setUint32(converter + 24, this.autoDecimals ? 1 : 0, true);
-    record.setUint32(converter + 28, this.alignment, true);
+    const converter = this.setUp(memory);
     const column = memory.take(20);
     const places = [converter, to.values ?? 0, to.states ?? 0, 0, to.texts ?? 0];
     places.forEach((place, i) => view().setUint32(column + 4 * i, place, true));
@@ -128,14 +134,6 @@ export class Converter {
 
   /** Whether samples have values at all: some packets have texts alone. */
   get hasValues(): boolean {
-    return within((memory) => {
-      const channel = memory.take(CHANNEL);
-      const converter = memory.take(CONVERTER);
-      view().setUint32(channel + 12, this.channel, true);
-      view().setUint32(channel + 20, this.sampleType.code, true);
-      const unit = callUnsigned("kelFunGetConvData", this.function.identifier, memory.text(this.unit));
-      call("kelConvInit", converter, channel, this.function.identifier, unit, this.bits[0], this.bits[1], 1);
-      return u32(converter + 32) !== 0;
-    });
+    return within((memory) => u32(this.setUp(memory) + 32) !== 0);
   }
 }
