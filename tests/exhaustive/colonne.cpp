@@ -197,9 +197,13 @@ const std::vector<unsigned> NOTEVOLI = {0x000, 0x3F8, 0x412, 0x42C, 0x447, 0x461
 }  // namespace
 
 std::vector<Spazio> spazi_colonne() {
-    return {{"column-words", "all words of 32 bits as columns of values", PARTI, 256, parole, NOTEVOLI},
-            {"column-times", "all words of 32 bits as columns of times and coordinates", PARTI, 1024, tempi, NOTEVOLI},
-            {"column-numbers", "all floats as columns of texts in ten looks", PARTI, 1024, numeri, NOTEVOLI}};
+    std::vector<Spazio> spazi = {
+        {"column-words", "all words of 32 bits as columns of values", PARTI, 256, parole, NOTEVOLI},
+        {"column-times", "all words of 32 bits as columns of times and coordinates", PARTI, 1024, tempi, NOTEVOLI},
+        {"column-numbers", "all floats as columns of texts in ten looks", PARTI, 1024, numeri, NOTEVOLI}};
+    for (Spazio& spazio : spazi)
+        spazio.codice = &NOTEVOLI;
+    return spazi;
 }
 
 }  // namespace esaustivo

@@ -9,8 +9,8 @@
 
 namespace esaustivo {
 
-// One text for the library and everything that judges it: results of anything else are not taken up.
-std::string impronta_della_prova();
+// One text for the library and everything that judges it in this space: results of anything else are not taken up.
+std::string impronta_della_prova(const Spazio& spazio);
 
 class Risultati {
 public:
@@ -24,10 +24,9 @@ public:
 
 private:
     std::string file(const std::string& spazio) const;
-    void riprendi(const std::string& spazio);
+    void riprendi(const Spazio& spazio);
 
     std::string cartella_;
-    std::string prova_;
     std::map<std::string, std::map<unsigned, Esito>> esiti_;
 };
 

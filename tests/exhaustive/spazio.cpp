@@ -3,8 +3,6 @@
 #include <bit>
 #include <cstdio>
 
-#include "exhaustive/spazi.h"
-
 namespace esaustivo {
 
 std::string esadecimale(std::uint32_t numero) {
@@ -33,16 +31,6 @@ std::string Conta::esatto(float numero) {
     std::snprintf(testo, sizeof testo, "%.9g (0x%08X)", static_cast<double>(numero),
                   std::bit_cast<std::uint32_t>(numero));
     return testo;
-}
-
-std::vector<Spazio> tutti_gli_spazi() {
-    std::vector<Spazio> tutti;
-    for (const auto& famiglia :
-         {spazi_tabelle, spazi_identificatori, spazi_unita, spazi_canali, spazi_mezzi, spazi_testi, spazi_pacchetti,
-          spazi_impostazioni, spazi_bit, spazi_numeri, spazi_tempi, spazi_campioni, spazi_colonne})
-        for (Spazio& spazio : famiglia())
-            tutti.push_back(std::move(spazio));
-    return tutti;
 }
 
 }  // namespace esaustivo

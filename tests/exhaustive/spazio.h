@@ -90,6 +90,7 @@ struct Spazio {
     unsigned assaggio = 1;  // the run under ctest takes one part of so many
     std::function<void(unsigned parte, Conta& conta)> esegui;
     std::vector<unsigned> notevoli = {};  // and these parts, where rules change
+    const void* codice = nullptr;         // a place in the file that holds its code, if that is not the program's
 };
 
 // All spaces, in the order in which they run.
