@@ -15,7 +15,7 @@ if TYPE_CHECKING:
 
 __all__ = ["Column"]
 
-_FORMATS = {"float32": "f", "float64": "g", "uint32": "I", "datetime64[us]": "tsu:UTC"}
+FORMATS = {"float32": "f", "float64": "g", "uint32": "I", "datetime64[us]": "tsu:UTC"}
 
 
 class Column:
@@ -93,8 +93,13 @@ class Column:
     @property
     def metadata(self) -> dict[str, str]:
         """Unit, identifier and long name, as the field's metadata in Arrow."""
-        identifier = f"0x{self.function.identifier:08X}" if self.function is not None else ""
-        return {"unit": self.unit, "identifier": identifier, "long_name": self.long_name}
+        return self.metadata_of(self.unit, self.function, self.long_name)
+
+    @staticmethod
+    def metadata_of(unit: str, function: Function | None, long_name: str) -> dict[str, str]:
+        """Metadata of a field with this unit, function and long name."""
+        identifier = f"0x{function.identifier:08X}" if function is not None else ""
+        return {"unit": unit, "identifier": identifier, "long_name": long_name}
 
     def __len__(self) -> int:
         return self._shape[0] if self._shape else 0
@@ -108,12 +113,12 @@ class Column:
 
     def __arrow_c_schema__(self) -> object:
         """Arrow's schema of the column."""
-        return _arrow.schema(_FORMATS[str(self._raw.dtype)], self.name, self.metadata)
+        return _arrow.schema(FORMATS[str(self._raw.dtype)], self.name, self.metadata)
 
     def __arrow_c_array__(self, requested_schema: object = None) -> tuple[object, object]:
         """Arrow's array over the memory of the column: missing values are nulls."""
         with self._lock:
-            self._shared = self._values is None
+            self._shared = self._shared or self._values is None
             bitmap, raw = self._bitmap, self._raw
         addresses = (each.__array_interface__["data"][0] for each in (bitmap, raw))
         bits, values = addresses

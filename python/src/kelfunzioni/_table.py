@@ -131,10 +131,33 @@ class Table:
             start, stop, step = which.indices(self._count)
             if step != 1:
                 raise KelError(f"rows by a step of {step}; accepted: 1")
-            return Table(self._handle, self._first + start, max(stop - start, 0), self._as_texts)
+            return self._rows(self._first + start, max(stop - start, 0))
         raise TypeError(
             f"a column is {type(which).__name__}; accepted: its name, or a slice of rows"
         )
+
+    def _rows(self, first: int, count: int) -> Table:
+        return Table(self._handle, first, count, self._as_texts)
+
+    @property
+    def tables(self) -> tuple[Table, ...]:
+        """The table itself: the rows of a recording have one time base.
+
+        A `MappedRecording` has a table for each of its time bases, so what goes through `tables`
+        takes both.
+        """
+        return (self,)
+
+    def table_of(self, name: str) -> Table:
+        """Give the table that a column is in: this one.
+
+        Raises
+        ------
+        NotFoundError
+            There is no such column. The text says the nearest.
+        """
+        self._chosen([name])
+        return self
 
     def between(self, start: float, stop: float) -> Table:
         """Rows from the first not before `start` to the last before `stop`, seconds.
@@ -239,7 +262,7 @@ class Table:
             if not isinstance(name, str):
                 raise TypeError(f"a column is {type(name).__name__}; accepted: its name")
             if name not in places:
-                raise NotFoundError(_no_column(name, list(places)))
+                raise NotFoundError(no_column(name, list(places)))
         return [(places[name], columns[places[name]]) for name in names]
 
     def set_unit(self, name: str, unit: str) -> None:
@@ -319,7 +342,9 @@ class Table:
             frame.attrs[key] = {name: column.metadata[what] for name, column in columns.items()}
         return frame
 
-    def write(self, path: str | os.PathLike[str], format: str | None = None) -> None:
+    def write(
+        self, path: str | os.PathLike[str], format: str | None = None, *, version: str = "4.10"
+    ) -> None:
         """Write the rows as a file of another program.
 
         Parameters
@@ -329,13 +354,16 @@ class Table:
         format : {"csv", "parquet", "h5", "mat", "mf4", "gpx"}, optional
             None: what the name of the file ends with. ``csv`` has a row of names and a row of
             units; ``parquet`` (extra ``arrow``) is compressed with zstd; ``h5`` and ``mat`` (extra
-            ``mat``) have a group or a struct for each column; ``mf4`` (extra ``mdf``) is MDF 4.10,
-            and needs times; ``gpx`` is the track.
+            ``mat``) have a group or a struct for each column; ``mf4`` (extra ``mdf``) is MDF, with
+            a channel group for each time base, and needs times; ``gpx`` is the track.
+        version : {"4.10", "4.11"}
+            Of MDF.
 
         Raises
         ------
         KelError
-            There is no such format; for ``gpx`` no position, for ``mf4`` no time.
+            There is no such format; for ``gpx`` no position, for ``mf4`` no time. Only ``mf4``
+            takes several time bases.
         OSError
             The file cannot be written.
 
@@ -349,7 +377,7 @@ class Table:
         """
         from ._export import write
 
-        write(self, path, format)
+        write(self, path, format, version)
 
     def __repr__(self) -> str:
         if self._handle.closed:
@@ -379,6 +407,6 @@ def _address(array: npt.NDArray[Any]) -> int:
     return address
 
 
-def _no_column(name: str, names: list[str]) -> str:
+def no_column(name: str, names: list[str]) -> str:
     shown = ", ".join(names[:8]) + (f" and {len(names) - 8} more" if len(names) > 8 else "")
     return f"there is no column '{name}'; {nearest(name, names)}accepted: {shown or 'none'}"

@@ -34,7 +34,7 @@ struct Schema {
 
 struct Colonna {
     std::size_t segno;
-    const void* buffer[2];
+    const void* buffer[3];
 };
 
 struct Flusso {
@@ -121,17 +121,18 @@ KELPYTHON_API void* kelpy_schema(const char* formato, const char* nome, const ch
     return schema;
 }
 
-/// A column of numbers over memory that Python keeps until it is told of the mark. Null when memory runs out.
+/// A column over memory that Python keeps until it is told of the mark: numbers, or the ends of texts and their bytes. Null
+/// when memory runs out.
 KELPYTHON_API void* kelpy_array(std::int64_t numero, std::int64_t nulli, const void* validi, const void* valori,
-                                std::size_t segno) noexcept {
+                                const void* testi, std::size_t segno) noexcept {
     auto* array = static_cast<ArrowArray*>(std::calloc(1, sizeof(ArrowArray)));
-    auto* nostra = new (std::nothrow) Colonna{segno, {validi, valori}};
+    auto* nostra = new (std::nothrow) Colonna{segno, {validi, valori, testi}};
     if (array == nullptr || nostra == nullptr) {
         std::free(array);
         delete nostra;
         return nullptr;
     }
-    *array = {numero, nulli, 0, 2, 0, nostra->buffer, nullptr, nullptr, &libera_colonna, nostra};
+    *array = {numero, nulli, 0, testi == nullptr ? 2 : 3, 0, nostra->buffer, nullptr, nullptr, &libera_colonna, nostra};
     return array;
 }
 
