@@ -201,11 +201,15 @@ class Rows(Table):
         return self._rows(self._first, self._count, as_texts=True)
 
     def __arrow_c_stream__(self, requested_schema: object = None) -> object:
-        """Arrow's stream of the rows, in one batch over the memory that holds them."""
+        """Arrow's stream of the rows, in one batch over the memory that holds them.
+
+        As of a `Recording`, the time is a duration in microseconds.
+        """
         fields: list[tuple[_arrow.Description, _arrow.Buffers]] = []
         if self._time is not None:
-            about = {"unit": "s", "long_name": "time"}
-            fields.append((("g", "time", about), _numbers(self.time, None)))
+            about = {"unit": "us", "long_name": "time"}
+            microseconds = np.round(self.time * 1e6).astype(np.int64)
+            fields.append((("tDu", "time", about), _numbers(microseconds, None)))
         for held in self._held:
             name = held.info.name
             if self._as_texts or held.info.kind == "text":

@@ -21,7 +21,7 @@ from ._table import Table
 if TYPE_CHECKING:
     from matplotlib.figure import Figure
 
-__all__ = ["channels", "distance", "laps", "track"]
+__all__ = ["channels", "distance", "laps", "progress", "track"]
 
 _SPEED = 0x10  # the quantity
 _KMH, _MPH, _MS = 3.6, 2.2369362920544, 1.0
@@ -58,6 +58,13 @@ def distance(table: Table, speed: str | None = None) -> npt.NDArray[np.float64]:
     if speed is None:
         speed = _speed(table)
     table = table.table_of(speed)
+    time, numbers = table.time, _metres_a_second(table, speed)
+    steps = np.diff(time, prepend=time[:1]) * numbers
+    return np.cumsum(np.where(steps > 0, steps, 0.0))
+
+
+def _metres_a_second(table: Table, speed: str) -> npt.NDArray[np.float64]:
+    """A column of speeds; what is missing is taken from its neighbours."""
     column = table[speed]
     if column.unit not in _TO_METRES_A_SECOND:
         raise RecordingError(
@@ -67,9 +74,56 @@ def distance(table: Table, speed: str | None = None) -> npt.NDArray[np.float64]:
     time, valid = table.time, column.valid
     if not valid.any():
         raise RecordingError(f"'{speed}' has no value")
-    numbers = np.interp(time, time[valid], column.values[valid]) * _TO_METRES_A_SECOND[column.unit]
-    steps = np.diff(time, prepend=time[:1]) * numbers
-    return np.cumsum(np.where(steps > 0, steps, 0.0))
+    found: npt.NDArray[np.float64] = np.interp(time, time[valid], column.values[valid])
+    return found * _TO_METRES_A_SECOND[column.unit]
+
+
+def progress(
+    table: Table, lap: Lap, length: float | None = None
+) -> tuple[npt.NDArray[np.float64], npt.NDArray[np.float64]]:
+    """Distance and time along a lap: at its start, at each of its rows, and at its end.
+
+    Parameters
+    ----------
+    table : Table
+        All rows of the recording, with a speed.
+    lap : Lap
+        One that is closed.
+    length : float, optional
+        Metres of the lap; None for those that the speed gives. Two laps of a circuit compare at
+        the same places when both have the same.
+
+    Returns
+    -------
+    metres, seconds : ndarray of float64
+        From 0 to the length, and from 0 to the lap time.
+
+    Raises
+    ------
+    RecordingError
+        There is no speed, or the lap has no rows.
+
+    Examples
+    --------
+    >>> import kelfunzioni as kel
+    >>> from kelfunzioni import plot
+    >>> recording = kel.Recording("kart.channels", "kart.samples")
+    >>> metres, seconds = plot.progress(recording, kel.laps(recording).best)
+    >>> float(metres[0]), float(seconds[0]), round(float(seconds[-1]), 3)
+    (0.0, 0.0, 48.782)
+    """
+    if lap.milliseconds is None:
+        raise KelError(f"lap {lap.number} is not closed; accepted: one with a time")
+    rows = _at_speed(table, []).between(lap.start, lap.start + lap.seconds)
+    since = np.concatenate([[0.0], rows.time - lap.start, [lap.seconds]])
+    metres = distance(rows)
+    # To the first row and from the last one on at their speeds.
+    speeds = _metres_a_second(rows, _speed(rows))
+    first, last = since[1] * speeds[0], (since[-1] - since[-2]) * speeds[-1]
+    whole = np.concatenate([[0.0], first + metres, [first + metres[-1] + last]])
+    if length is not None and whole[-1] > 0:
+        whole *= length / whole[-1]
+    return whole, since
 
 
 def _speed(table: Table) -> str:
@@ -193,16 +247,16 @@ def laps(
     figure = figure or _figure(3)
     top, bottom = figure.subplots(2, sharex=True, height_ratios=[2, 1])
     reference: tuple[Any, Any] | None = None
+    length: float | None = None
     for lap in chosen:
         rows = table.between(lap.start, lap.start + lap.seconds)
-        column, metres = rows[name], distance(rows)
-        since = rows.time - lap.start
+        metres, since = progress(table, lap, length)
         text = f"lap {lap.number}  {format_lap(lap.milliseconds or 0, strict=False)}"
-        top.plot(metres, column.values, linewidth=0.9, label=text)
+        top.plot(metres[1:-1], rows[name].values, linewidth=0.9, label=text)
         if reference is None:
-            reference = metres, since
+            reference, length = (metres, since), float(metres[-1])
         bottom.plot(metres, since - np.interp(metres, *reference), linewidth=0.9)
-        top.set_ylabel(_label(name, column.unit))
+    top.set_ylabel(_label(name, table.units[name]))
     bottom.set_ylabel(f"gap to lap {chosen[0].number}\ns")
     bottom.set_xlabel("distance, m")
     figure.legend(loc="outside upper center", ncols=4, fontsize="small")

@@ -8,6 +8,7 @@ import cantools
 import numpy as np
 import polars
 import pyarrow as pa
+import pyarrow.compute
 import pytest
 from asammdf import MDF, Signal
 
@@ -80,7 +81,8 @@ def test_arrow_shares_its_memory_and_has_nulls_and_texts(tmp_path):
     assert table["RPM"].to_pylist() == [1000, None, 1200]
     assert table["note"].to_pylist() == ["go", "é", None]
     assert table.schema.field("RPM").metadata[b"identifier"] == b"0x0000000F"
-    assert table.schema.field("time").metadata[b"unit"] == b"s"
+    assert table.schema.field("time").type == pa.duration("us")
+    assert pa.compute.cast(table["time"], pa.int64()).to_pylist() == [0, 100_000, 200_000]
     held = found.tables[0]._held[0].values.__array_interface__["data"][0]
     assert table["RPM"].chunk(0).buffers()[1].address == held
     assert polars.DataFrame(found).equals(polars.from_arrow(table))
@@ -88,7 +90,7 @@ def test_arrow_shares_its_memory_and_has_nulls_and_texts(tmp_path):
     frame = found.to_pandas()
     assert frame.attrs["units"] == {"RPM": "rpm"} and frame.index.name == "time"
     part = pa.table(found[1:])
-    assert part["time"].to_pylist() == [0.1, 0.2] and part["note"].to_pylist() == ["é", None]
+    assert len(part) == 2 and part["note"].to_pylist() == ["é", None]
     reader = pa.RecordBatchReader.from_stream(found)
     assert reader.schema == table.schema and len(list(reader)) == 1
 
