@@ -128,7 +128,8 @@ def main():
     for number, (cell, found) in enumerate(zip(_code(notebook), outputs, strict=True), 1):
         if texts(cell["outputs"]) != texts(found):
             print(
-                f"cell {number} gives\n{texts(found)}\nand the notebook holds\n{texts(cell['outputs'])}"
+                f"cell {number} gives\n{texts(found)}\n"
+                f"and the notebook holds\n{texts(cell['outputs'])}"
             )
             wrong += 1
     text, pictures = page(notebook, options.page.stem)
