@@ -7,6 +7,9 @@ include(CheckCXXSourceCompiles)
 set(CMAKE_REQUIRED_LINK_OPTIONS LINKER:-z,pack-relative-relocs)
 check_cxx_source_compiles("int main() {}" KEL_LINKER_RELR FAIL_REGEX "pack-relative-relocs ignored")
 unset(CMAKE_REQUIRED_LINK_OPTIONS)
+# Not every linker can bind the calls within a library.
+include(CheckLinkerFlag)
+check_linker_flag(CXX LINKER:-Bsymbolic-functions KEL_LINKER_BSYMBOLIC)
 
 # How sources of a library are compiled.
 function(kel_compila libreria)
@@ -52,7 +55,7 @@ function(kel_libreria libreria mappa)
     LINKER:--gc-sections
     # Calls within a library go straight to the functions. For data there must be no such option: a program linked
     # without PIE has copies of the exported tables, and the rows that functions return must lie in these copies.
-    LINKER:-Bsymbolic-functions
+    $<$<BOOL:${KEL_LINKER_BSYMBOLIC}>:LINKER:-Bsymbolic-functions>
     # Code and constants share pages: three pages fewer to map, and no gaps in the file.
     LINKER:-z,noseparate-code)
   if(KEL_LINKER_RELR)

@@ -114,6 +114,32 @@ foreign_geographiclib() {
     find "$folder" -name libGeographicLib.a | grep . || die "there is no libGeographicLib.a in $folder"
 }
 
+# The interpreters from 3.10 on that run, oldest first: of the path, of Debian, of pyenv.
+all_pythons() {
+    local minor found root=${PYENV_ROOT:-$HOME/.pyenv}
+    for ((minor = 10; minor < 30; ++minor)); do
+        for found in "$root/versions/3.$minor."*/bin/python3 "$(command -v "python3.$minor" || true)"; do
+            if [[ -x $found ]] && "$found" -c "import sys, venv; sys.exit(sys.version_info[:2] != (3, $minor))" 2>/dev/null; then
+                echo "$found"
+                break
+            fi
+        done
+    done
+}
+
+# An environment with all that python/requirements-test.txt names, made anew when that has changed.
+python_environment() {
+    local python=$1 folder=$2 lock=$KEL_ROOT/python/requirements-test.txt
+    if cmp -s "$lock" "$folder/lock" && [[ $("$folder/bin/python" -V) == $("$python" -V) ]]; then
+        return
+    fi
+    rm -rf -- "$folder"
+    "$python" -m venv "$folder"
+    "$folder/bin/pip" -q --disable-pip-version-check install --require-hashes --only-binary :all: \
+        -r "$lock"
+    cp -- "$lock" "$folder/lock"
+}
+
 # Builds a preset and runs its tests.
 check_preset() { build_preset "$1" && test_preset "$1"; }
 

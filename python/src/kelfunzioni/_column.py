@@ -65,18 +65,15 @@ class Column:
             return self._values
 
     def _with_gaps(self) -> npt.NDArray[Any]:
-        if self._raw.dtype.kind == "u" or self._full():
+        if self._raw.dtype.kind == "u":
+            return self._raw
+        gaps = _gaps(self._bitmap, len(self._raw))
+        if not len(gaps):
             return self._raw
         # Under a null of Arrow any number may stand, but nobody may see it change.
         values = self._raw.copy() if self._shared else self._raw
-        gap = np.datetime64("NaT") if values.dtype.kind == "M" else np.nan
-        values[~self._bits()] = gap
+        values[gaps] = np.datetime64("NaT") if values.dtype.kind == "M" else np.nan
         return values
-
-    def _full(self) -> bool:
-        whole, rest = divmod(len(self._raw), 8)
-        full = bool((self._bitmap[:whole] == 0xFF).all())
-        return full and (rest == 0 or int(self._bitmap[whole]) == (1 << rest) - 1)
 
     def _bits(self) -> npt.NDArray[np.bool_]:
         if self._valid is None:
@@ -127,3 +124,12 @@ class Column:
     def __repr__(self) -> str:
         unit = f", unit={self.unit!r}" if self.unit else ""
         return f"Column({self.name!r}, {len(self)} values{unit})"
+
+
+def _gaps(bitmap: npt.NDArray[np.uint8], count: int) -> npt.NDArray[np.intp]:
+    """Places of the zeros among the first bits: only bytes that have one are looked at."""
+    some = np.flatnonzero(bitmap != 0xFF)
+    bits = np.unpackbits(bitmap[some], bitorder="little").reshape(-1, 8)
+    which, bit = np.nonzero(bits == 0)
+    places = some[which] * 8 + bit
+    return places[: np.searchsorted(places, count)]

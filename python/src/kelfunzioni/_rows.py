@@ -83,6 +83,9 @@ class Rows(Table):
     def _span(self) -> slice:
         return slice(self._first, self._first + self._count)
 
+    def _rest(self) -> None:
+        pass
+
     def _rows(self, first: int, count: int, as_texts: bool | None = None) -> Self:
         texts = self._as_texts if as_texts is None else as_texts
         return type(self)(self._time, self._held, first, count, texts)

@@ -186,6 +186,10 @@ class Table:
             raise KelError(f"pieces of {rows} rows; accepted: 1 at least")
         for start in range(0, self._count, rows):
             yield self[start : start + rows]
+            self._rest()
+
+    def _rest(self) -> None:
+        self._handle.rest()
 
     def read(self, names: Sequence[str] | None = None) -> dict[str, Column]:
         """Read columns, in one pass over the samples.
@@ -208,8 +212,8 @@ class Table:
         infos = self._chosen(names)
         if names is None:
             infos = [each for each in infos if each[1].kind != "text"]
-        raws = [_empty(info.kind, self._count) for _, info in infos]
-        bitmaps = [np.zeros((self._count + 7) // 8, np.uint8) for _ in infos]
+        raws = _arrays([info.kind for _, info in infos], self._count)
+        bitmaps = _arrays(["uint8"] * len(infos), (self._count + 7) // 8)
         readings = (Reading * len(infos))()
         for reading, (place, info), raw, bitmap in zip(readings, infos, raws, bitmaps, strict=True):
             if info.kind == "text":
@@ -292,10 +296,15 @@ class Table:
         """Arrow's stream of the rows, in batches of 65536, decoded as they are asked for."""
         with self._handle.open() as reg:
 
+            files = [np.frombuffer(each, np.uint8) for each in self._handle.files]
+            # The larger is the samples'.
+            memory = max(files, key=len, default=None)
+            file = (None, 0) if memory is None else (_address(memory), len(memory))
+
             def make(mark: int) -> int:
                 place: int = checked(
                     lambda error: lib.arrow_stream(
-                        reg, self._first, self._count, self._as_texts, mark, error
+                        reg, self._first, self._count, self._as_texts, *file, mark, error
                     )
                 )
                 return place
@@ -398,8 +407,24 @@ def _describe(reg: int, place: int) -> ColumnInfo:
     )
 
 
-def _empty(kind: str, count: int) -> npt.NDArray[Any]:
-    return np.empty(count if kind != "text" else 0, kind if kind != "text" else np.uint8)
+_LINE = 64
+
+
+def _arrays(kinds: Sequence[str], count: int) -> list[npt.NDArray[Any]]:
+    """Arrays of these types in one piece of memory: large pieces have large pages.
+
+    Arrays of their own would be a page fault for each 4 KB.
+    """
+    types = [np.dtype(kind if kind != "text" else np.uint8) for kind in kinds]
+    # Each begins at a cache line, and not at the same place of a page as the one before.
+    steps = [(each.itemsize * count // _LINE + 2) * _LINE for each in types]
+    memory = np.empty(sum(steps) + _LINE, np.uint8)
+    place = -_address(memory) % _LINE
+    found: list[npt.NDArray[Any]] = []
+    for each, step in zip(types, steps, strict=True):
+        found.append(memory[place : place + each.itemsize * count].view(each))
+        place += step
+    return found
 
 
 def _address(array: npt.NDArray[Any]) -> int:
