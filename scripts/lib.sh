@@ -127,6 +127,30 @@ all_pythons() {
     done
 }
 
+# The sources of GeographicLib in the version whose headers are installed: Debian's source package, unpacked beside the path given,
+# which the version is added to. apt's own lists do not change.
+geographiclib_sources() {
+    local version folder=$1 apt
+    # shellcheck disable=SC2016  # dpkg-query expands its own words
+    version=$(dpkg-query -W -f='${source:Version}' libgeographiclib-dev) || die "libgeographiclib-dev is not installed"
+    if [[ ! -d $folder-$version ]]; then
+        rm -rf -- "$folder.part"
+        mkdir -p -- "$folder.part"/{lists,cache,source}
+        printf 'deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] %s bookworm main\n' "$(mirror)" \
+            >"$folder.part/sources.list"
+        apt=(apt-get -q -o APT::Sandbox::User=root -o Dir::Etc::sourcelist="$folder.part/sources.list"
+            -o Dir::Etc::sourceparts=/dev/null -o Dir::State::lists="$folder.part/lists" -o Dir::Cache="$folder.part/cache")
+        say "fetching the sources of geographiclib $version"
+        "${apt[@]}" update >&2
+        (cd -- "$folder.part/source" && "${apt[@]}" source --download-only "geographiclib=$version") >&2
+        mkdir -- "$folder.part/unpacked"
+        tar -xf "$folder.part"/source/*.orig.tar.* -C "$folder.part/unpacked" --strip-components=1
+        mv -- "$folder.part/unpacked" "$folder-$version"
+        rm -rf -- "$folder.part"
+    fi
+    echo "$folder-$version"
+}
+
 # An environment with all that python/requirements-test.txt names, made anew when that has changed.
 python_environment() {
     local python=$1 folder=$2 lock=$KEL_ROOT/python/requirements-test.txt

@@ -14,7 +14,6 @@ from . import _library as lib
 from ._errors import RecordingError
 from ._records import ErrorText
 
-
 _LARGE = 1 << 26
 
 

@@ -295,7 +295,6 @@ class Table:
     def __arrow_c_stream__(self, requested_schema: object = None) -> object:
         """Arrow's stream of the rows, in batches of 65536, decoded as they are asked for."""
         with self._handle.open() as reg:
-
             files = [np.frombuffer(each, np.uint8) for each in self._handle.files]
             # The larger is the samples'.
             memory = max(files, key=len, default=None)
