@@ -131,5 +131,6 @@ def _gaps(bitmap: npt.NDArray[np.uint8], count: int) -> npt.NDArray[np.intp]:
     some = np.flatnonzero(bitmap != 0xFF)
     bits = np.unpackbits(bitmap[some], bitorder="little").reshape(-1, 8)
     which, bit = np.nonzero(bits == 0)
-    places = some[which] * 8 + bit
-    return places[: np.searchsorted(places, count)]
+    places: npt.NDArray[np.intp] = some[which] * 8 + bit
+    found: npt.NDArray[np.intp] = places[: np.searchsorted(places, count)]
+    return found
