@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import csv
+import io
 import os
 import re
 from collections.abc import Sequence
@@ -38,9 +39,13 @@ def read_csv(path: str | os.PathLike[str], rate: float | None = None) -> list[Ba
         There is no row of numbers below a row of names.
     """
     with open(path, newline="", encoding="utf-8-sig", errors="replace") as file:
-        text = file.read()
+        text = file.read().replace("\0", "\N{REPLACEMENT CHARACTER}")
     separator = _separator(text)
-    rows = [row for row in csv.reader(text.splitlines(), delimiter=separator) if row]
+    try:
+        reader = csv.reader(io.StringIO(text, newline=""), delimiter=separator)
+        rows = [row for row in reader if row]
+    except csv.Error as error:
+        raise RecordingError(f"{os.fspath(path)}: no table: {error}") from None
     first = _first_numbers(rows)
     width = len(rows[first])
     heads = [row for row in rows[max(first - 2, 0) : first] if len(row) == width]

@@ -290,3 +290,10 @@ def test_wrong_arguments(tmp_path):
 def test_names_that_are_no_utf8(tmp_path):
     (tmp_path / "a.csv").write_bytes(b"time,\xfc,a\0b\n0,1,2\n1,2,3\n")
     assert len(mapping.read(tmp_path / "a.csv").names) == 2
+
+
+def test_a_cell_may_hold_lines_and_no_cell_is_endless(tmp_path):
+    found = _csv(tmp_path, 'time,note\n0,"one\ntwo"\n1,three\n')
+    assert found.texts("note").tolist() == ["one\ntwo", "three"]
+    with pytest.raises(kel.RecordingError, match="no table"):
+        _csv(tmp_path, f"time,a\n0,{'1' * 200_000}\n")
