@@ -7,6 +7,10 @@ include(CheckCXXSourceCompiles)
 set(CMAKE_REQUIRED_LINK_OPTIONS LINKER:-z,pack-relative-relocs)
 check_cxx_source_compiles("int main() {}" KEL_LINKER_RELR FAIL_REGEX "pack-relative-relocs ignored")
 unset(CMAKE_REQUIRED_LINK_OPTIONS)
+# Not every linker binds the calls within a library, or puts code and constants on the same pages.
+include(CheckLinkerFlag)
+check_linker_flag(CXX LINKER:-Bsymbolic-functions KEL_LINKER_BSYMBOLIC)
+check_linker_flag(CXX LINKER:-z,noseparate-code KEL_LINKER_NOSEPARATE)
 
 # How sources of a library are compiled.
 function(kel_compila libreria)
@@ -52,9 +56,9 @@ function(kel_libreria libreria mappa)
     LINKER:--gc-sections
     # Calls within a library go straight to the functions. For data there must be no such option: a program linked
     # without PIE has copies of the exported tables, and the rows that functions return must lie in these copies.
-    LINKER:-Bsymbolic-functions
+    $<$<BOOL:${KEL_LINKER_BSYMBOLIC}>:LINKER:-Bsymbolic-functions>
     # Code and constants share pages: three pages fewer to map, and no gaps in the file.
-    LINKER:-z,noseparate-code)
+    $<$<BOOL:${KEL_LINKER_NOSEPARATE}>:LINKER:-z,noseparate-code>)
   if(KEL_LINKER_RELR)
     target_link_options(${libreria} PRIVATE LINKER:-z,pack-relative-relocs)
   endif()

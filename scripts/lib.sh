@@ -114,6 +114,56 @@ foreign_geographiclib() {
     find "$folder" -name libGeographicLib.a | grep . || die "there is no libGeographicLib.a in $folder"
 }
 
+# The interpreters from 3.10 on that run, oldest first: of the path, of Debian, of pyenv.
+all_pythons() {
+    local minor found root=${PYENV_ROOT:-$HOME/.pyenv}
+    for ((minor = 10; minor < 30; ++minor)); do
+        for found in "$root/versions/3.$minor."*/bin/python3 "$(command -v "python3.$minor" || true)"; do
+            if [[ -x $found ]] && "$found" -c "import sys, venv; sys.exit(sys.version_info[:2] != (3, $minor))" 2>/dev/null; then
+                echo "$found"
+                break
+            fi
+        done
+    done
+}
+
+# The sources of GeographicLib in the version whose headers are installed: Debian's source package, unpacked beside the path given,
+# which the version is added to. apt's own lists do not change.
+geographiclib_sources() {
+    local version folder=$1 apt
+    # shellcheck disable=SC2016  # dpkg-query expands its own words
+    version=$(dpkg-query -W -f='${source:Version}' libgeographiclib-dev) || die "libgeographiclib-dev is not installed"
+    if [[ ! -d $folder-$version ]]; then
+        rm -rf -- "$folder.part"
+        mkdir -p -- "$folder.part"/{lists,cache,source}
+        printf 'deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] %s bookworm main\n' "$(mirror)" \
+            >"$folder.part/sources.list"
+        apt=(apt-get -q -o APT::Sandbox::User=root -o Dir::Etc::sourcelist="$folder.part/sources.list"
+            -o Dir::Etc::sourceparts=/dev/null -o Dir::State::lists="$folder.part/lists" -o Dir::Cache="$folder.part/cache")
+        say "fetching the sources of geographiclib $version"
+        "${apt[@]}" update >&2
+        (cd -- "$folder.part/source" && "${apt[@]}" source --download-only "geographiclib=$version") >&2
+        mkdir -- "$folder.part/unpacked"
+        tar -xf "$folder.part"/source/*.orig.tar.* -C "$folder.part/unpacked" --strip-components=1
+        mv -- "$folder.part/unpacked" "$folder-$version"
+        rm -rf -- "$folder.part"
+    fi
+    echo "$folder-$version"
+}
+
+# An environment with all that python/requirements-test.txt names, made anew when that has changed.
+python_environment() {
+    local python=$1 folder=$2 lock=$KEL_ROOT/python/requirements-test.txt
+    if cmp -s "$lock" "$folder/lock" && [[ $("$folder/bin/python" -V) == $("$python" -V) ]]; then
+        return
+    fi
+    rm -rf -- "$folder"
+    "$python" -m venv "$folder"
+    "$folder/bin/pip" -q --disable-pip-version-check install --require-hashes --only-binary :all: \
+        -r "$lock"
+    cp -- "$lock" "$folder/lock"
+}
+
 # Builds a preset and runs its tests.
 check_preset() { build_preset "$1" && test_preset "$1"; }
 

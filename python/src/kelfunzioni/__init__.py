@@ -15,6 +15,7 @@ from ._find import Match, find, search
 from ._function import Choices, Field, Function
 from ._laps import FinishLine, Lap, Laps, laps
 from ._laptime import format_lap, format_lap_line, parse_lap, parse_lap_line
+from ._mapped import MappedRecording
 from ._recording import Capture, Recording
 from ._sampletype import SampleType
 from ._table import ColumnInfo, Table
@@ -36,6 +37,7 @@ __all__ = [
     "KelWarning",
     "Lap",
     "Laps",
+    "MappedRecording",
     "Match",
     "NotFoundError",
     "Recording",

@@ -11,6 +11,7 @@ import itertools
 import struct
 import threading
 from collections.abc import Callable
+from dataclasses import dataclass
 from typing import Any
 
 from . import _library as lib
@@ -70,21 +71,56 @@ _SCHEMA, _ARRAY, _STREAM = b"arrow_schema", b"arrow_array", b"arrow_array_stream
 
 def schema(format: str, name: str, metadata: dict[str, str]) -> object:
     """Make the capsule of a field."""
+    return _capsule(_field(format, name, metadata), _SCHEMA, lib.destroy_schema)
+
+
+def _field(format: str, name: str, metadata: dict[str, str]) -> int:
     _begin()
     packed = struct.pack("=i", len(metadata))
     for pair in metadata.items():
         for text in pair:
-            raw = text.encode()
+            raw = text.encode("utf-8", "replace")
             packed += struct.pack("=i", len(raw)) + raw
-    place = lib.arrow_schema(format.encode(), name.encode(), packed, len(packed))
-    return _capsule(place, _SCHEMA, lib.destroy_schema)
+    name = name.replace("\0", "\N{REPLACEMENT CHARACTER}")
+    place: int = lib.arrow_schema(
+        format.encode(), name.encode("utf-8", "replace"), packed, len(packed)
+    )
+    return place
 
 
 def array(length: int, valid: int | None, values: int, owner: object) -> object:
     """Make the capsule of a column of numbers: addresses of its bitmap and of its values."""
-    mark = keep(owner)
-    place = lib.arrow_array(length, 0 if valid is None else -1, valid, values, mark)
-    return _capsule(place, _ARRAY, lib.destroy_array)
+    return _capsule(_column(Buffers(length, valid, values, None, owner)), _ARRAY, lib.destroy_array)
+
+
+@dataclass(frozen=True)
+class Buffers:
+    """Addresses of a column's bitmap, of its numbers or the ends of its texts, and of texts."""
+
+    length: int
+    valid: int | None
+    values: int
+    texts: int | None
+    owner: object
+
+
+def _column(of: Buffers) -> int:
+    mark = keep(of.owner)
+    place: int = lib.arrow_array(
+        of.length, 0 if of.valid is None else -1, of.valid, of.values, of.texts, mark
+    )
+    return place
+
+
+Description = tuple[str, str, dict[str, str]]
+
+
+def rows(length: int, columns: list[tuple[Description, Buffers]]) -> object:
+    """Make the capsule of a stream with one batch: a field's format, name and metadata each."""
+    schemas = (c.c_void_p * len(columns))(*(_field(*field) for field, _ in columns))
+    arrays = (c.c_void_p * len(columns))(*(_column(buffers) for _, buffers in columns))
+    place = lib.arrow_rows(length, schemas, arrays, len(columns))
+    return _capsule(place, _STREAM, lib.destroy_stream)
 
 
 def stream(make: Callable[[int], int | None], owner: object) -> object:

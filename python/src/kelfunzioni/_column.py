@@ -15,7 +15,7 @@ if TYPE_CHECKING:
 
 __all__ = ["Column"]
 
-_FORMATS = {"float32": "f", "float64": "g", "uint32": "I", "datetime64[us]": "tsu:UTC"}
+FORMATS = {"float32": "f", "float64": "g", "uint32": "I", "datetime64[us]": "tsu:UTC"}
 
 
 class Column:
@@ -65,18 +65,15 @@ class Column:
             return self._values
 
     def _with_gaps(self) -> npt.NDArray[Any]:
-        if self._raw.dtype.kind == "u" or self._full():
+        if self._raw.dtype.kind == "u":
+            return self._raw
+        gaps = _gaps(self._bitmap, len(self._raw))
+        if not len(gaps):
             return self._raw
         # Under a null of Arrow any number may stand, but nobody may see it change.
         values = self._raw.copy() if self._shared else self._raw
-        gap = np.datetime64("NaT") if values.dtype.kind == "M" else np.nan
-        values[~self._bits()] = gap
+        values[gaps] = np.datetime64("NaT") if values.dtype.kind == "M" else np.nan
         return values
-
-    def _full(self) -> bool:
-        whole, rest = divmod(len(self._raw), 8)
-        full = bool((self._bitmap[:whole] == 0xFF).all())
-        return full and (rest == 0 or int(self._bitmap[whole]) == (1 << rest) - 1)
 
     def _bits(self) -> npt.NDArray[np.bool_]:
         if self._valid is None:
@@ -93,8 +90,13 @@ class Column:
     @property
     def metadata(self) -> dict[str, str]:
         """Unit, identifier and long name, as the field's metadata in Arrow."""
-        identifier = f"0x{self.function.identifier:08X}" if self.function is not None else ""
-        return {"unit": self.unit, "identifier": identifier, "long_name": self.long_name}
+        return self.metadata_of(self.unit, self.function, self.long_name)
+
+    @staticmethod
+    def metadata_of(unit: str, function: Function | None, long_name: str) -> dict[str, str]:
+        """Metadata of a field with this unit, function and long name."""
+        identifier = f"0x{function.identifier:08X}" if function is not None else ""
+        return {"unit": unit, "identifier": identifier, "long_name": long_name}
 
     def __len__(self) -> int:
         return self._shape[0] if self._shape else 0
@@ -108,12 +110,12 @@ class Column:
 
     def __arrow_c_schema__(self) -> object:
         """Arrow's schema of the column."""
-        return _arrow.schema(_FORMATS[str(self._raw.dtype)], self.name, self.metadata)
+        return _arrow.schema(FORMATS[str(self._raw.dtype)], self.name, self.metadata)
 
     def __arrow_c_array__(self, requested_schema: object = None) -> tuple[object, object]:
         """Arrow's array over the memory of the column: missing values are nulls."""
         with self._lock:
-            self._shared = self._values is None
+            self._shared = self._shared or self._values is None
             bitmap, raw = self._bitmap, self._raw
         addresses = (each.__array_interface__["data"][0] for each in (bitmap, raw))
         bits, values = addresses
@@ -122,3 +124,13 @@ class Column:
     def __repr__(self) -> str:
         unit = f", unit={self.unit!r}" if self.unit else ""
         return f"Column({self.name!r}, {len(self)} values{unit})"
+
+
+def _gaps(bitmap: npt.NDArray[np.uint8], count: int) -> npt.NDArray[np.intp]:
+    """Places of the zeros among the first bits: only bytes that have one are looked at."""
+    some = np.flatnonzero(bitmap != 0xFF)
+    bits = np.unpackbits(bitmap[some], bitorder="little").reshape(-1, 8)
+    which, bit = np.nonzero(bits == 0)
+    places: npt.NDArray[np.intp] = some[which] * 8 + bit
+    found: npt.NDArray[np.intp] = places[: np.searchsorted(places, count)]
+    return found

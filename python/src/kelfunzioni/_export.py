@@ -14,6 +14,9 @@ import numpy.typing as npt
 
 from ._column import Column
 from ._errors import KelError, RecordingError, nearest
+from ._lapsource import place_columns
+from ._mapped import MappedRecording
+from ._rows import Rows
 
 if TYPE_CHECKING:
     from ._table import Table
@@ -24,7 +27,7 @@ Path = str | os.PathLike[str]
 _ROWS = 1 << 17
 
 
-def write(table: Table, path: Path, format: str | None) -> None:
+def write(table: Table, path: Path, format: str | None, version: str) -> None:
     """Write a table in a format, or in that which the name of the file ends with.
 
     Raises
@@ -40,7 +43,12 @@ def write(table: Table, path: Path, format: str | None) -> None:
             f"there is no format '{kind}'; {nearest(str(kind), _WRITERS)}"
             f"accepted: {', '.join(_WRITERS)}"
         )
-    _WRITERS[kind](table, path)
+    if version not in _MDF:
+        raise KelError(f"there is no MDF {version!r}; accepted: {', '.join(_MDF)}")
+    if kind == "mf4":
+        _write_mdf(table, path, version)
+    else:
+        _WRITERS[kind](table, path)
 
 
 def _columns(table: Table) -> dict[str, Column]:
@@ -62,12 +70,17 @@ def _cells(column: Column) -> list[str]:
 def _write_csv(table: Table, path: Path) -> None:
     with open(path, "w", newline="", encoding="utf-8") as file:
         writer = csv.writer(file, lineterminator="\n")
-        timed = table.has_time
-        infos = [info for info in table.columns if info.kind != "text"]
+        timed = len(table) >= 0 and table.has_time
+        held = bool(table.tables) and isinstance(table.tables[0], Rows)
+        infos = [info for info in table.columns if held or info.kind != "text"]
         writer.writerow([*(["time"] if timed else []), *(info.name for info in infos)])
         writer.writerow([*(["s"] if timed else []), *(info.unit for info in infos)])
         for piece in table.batches(_ROWS):
-            cells = [_cells(column) for column in _columns(piece).values()]
+            columns = _columns(piece)
+            cells = [
+                _cells(columns[i.name]) if i.name in columns else piece.texts(i.name).tolist()
+                for i in infos
+            ]
             times = [[repr(each) for each in piece.time.tolist()]] if timed else []
             writer.writerows(zip(*times, *cells, strict=True))
 
@@ -131,8 +144,20 @@ def _write_mat(table: Table, path: Path) -> None:
     io.savemat(path, found, long_field_names=True, oned_as="column")
 
 
-def _write_mdf(table: Table, path: Path) -> None:
-    from asammdf import MDF, Signal
+_MDF = ("4.10", "4.11")
+
+
+def _write_mdf(table: Table, path: Path, version: str = _MDF[0]) -> None:
+    from asammdf import MDF
+
+    with MDF(version=version) as file:
+        for each in table.tables:
+            file.append(_signals(each), comment="kelfunzioni", common_timebase=True)
+        file.save(path, overwrite=True)
+
+
+def _signals(table: Table) -> list[Any]:
+    from asammdf import Signal
 
     time = table.time
     signals = []
@@ -150,17 +175,23 @@ def _write_mdf(table: Table, path: Path) -> None:
                 invalidation_bits=~column.valid,
             )
         )
-    with MDF(version="4.10") as file:
-        file.append(signals, comment="kelfunzioni", common_timebase=True)
-        file.save(path, overwrite=True)
+    for info in table.columns:
+        if info.kind == "text" and isinstance(table, Rows):
+            texts = np.char.encode(table.texts(info.name), "utf-8")
+            texts = texts.astype(f"S{max(texts.dtype.itemsize, 1)}")
+            signals.append(Signal(samples=texts, timestamps=time, name=info.name, encoding="utf-8"))
+    return signals
 
 
 def _write_gpx(table: Table, path: Path) -> None:
     names = {info.name for info in table.columns}
-    missing = [each for each in ("Latitude", "Longitude") if each not in names]
-    if missing:
-        raise RecordingError(f"there is no track: no column {' and '.join(missing)}")
-    wanted = [each for each in ("Latitude", "Longitude", "Altitude", "UTC") if each in names]
+    place = place_columns(table)
+    if place is None:
+        raise RecordingError("there is no track: no columns of latitude and longitude")
+    if isinstance(table, MappedRecording):
+        table = table.on(place[0])
+    latitude, longitude = place
+    wanted = [*place, *(each for each in ("Altitude", "UTC") if each in names)]
     with open(path, "w", encoding="utf-8") as file:
         file.write(
             '<?xml version="1.0" encoding="UTF-8"?>\n'
@@ -170,18 +201,19 @@ def _write_gpx(table: Table, path: Path) -> None:
         for piece in table.batches(_ROWS):
             columns = piece.read(wanted)
             texts = {name: _cells(column) for name, column in columns.items()}
-            for row in np.flatnonzero(columns["Latitude"].valid & columns["Longitude"].valid):
-                file.write(_point({name: cells[row] for name, cells in texts.items()}))
+            for row in np.flatnonzero(columns[latitude].valid & columns[longitude].valid):
+                cells = {name: column[row] for name, column in texts.items()}
+                file.write(_point(cells[latitude], cells[longitude], cells))
         file.write("</trkseg></trk>\n</gpx>\n")
 
 
-def _point(cells: dict[str, str]) -> str:
+def _point(latitude: str, longitude: str, cells: dict[str, str]) -> str:
     inner = ""
     if cells.get("Altitude"):
         inner += f"<ele>{cells['Altitude']}</ele>"
     if cells.get("UTC"):
         inner += f"<time>{cells['UTC']}Z</time>"
-    return f'<trkpt lat="{cells["Latitude"]}" lon="{cells["Longitude"]}">{inner}</trkpt>\n'
+    return f'<trkpt lat="{latitude}" lon="{longitude}">{inner}</trkpt>\n'
 
 
 _WRITERS: dict[str, Callable[[Table, Path], None]] = {

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import ctypes as c
+import mmap
 import threading
 import weakref
 from collections.abc import Callable, Iterator
@@ -12,6 +13,8 @@ from typing import Any
 from . import _library as lib
 from ._errors import RecordingError
 from ._records import ErrorText
+
+_LARGE = 1 << 26
 
 
 class Handle:
@@ -39,6 +42,21 @@ class Handle:
             if self._place is None:
                 raise RecordingError("the recording is closed")
             yield self._place
+
+    def rest(self) -> None:
+        """Let go of the pages of large files that were read: they are in the system's cache.
+
+        Without, a file that is read once through counts as memory of the process, all of it.
+        """
+        for file in self.files:
+            file.madvise(mmap.MADV_DONTNEED)
+
+    @property
+    def files(self) -> list[mmap.mmap]:
+        """The large files among the memory that the library reads."""
+        views = (getattr(each, "base", None) for each in self.owners)
+        under = (each.obj for each in views if isinstance(each, memoryview))
+        return [each for each in under if isinstance(each, mmap.mmap) and len(each) >= _LARGE]
 
     @property
     def closed(self) -> bool:

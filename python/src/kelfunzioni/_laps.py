@@ -5,12 +5,14 @@ from __future__ import annotations
 import ctypes as c
 import math
 from collections.abc import Iterator, Sequence
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 from typing import overload
 
 from . import _library as lib
-from ._errors import KelError, nearest
+from ._errors import KelError, RecordingError, nearest
 from ._handle import checked, text_of
+from ._lapsource import NOTHING, by_logger, by_position, place_columns
+from ._mapped import MappedRecording
 from ._recording import Capture, Recording
 from ._records import WORDS_AT, LapChoices, LapRecord, Line, Sector
 
@@ -120,7 +122,7 @@ class Laps(Sequence[Lap]):
 
 
 def laps(
-    recording: Recording | Capture,
+    recording: Recording | Capture | MappedRecording,
     *,
     source: str = "any",
     line: FinishLine | None = None,
@@ -131,8 +133,9 @@ def laps(
 
     Parameters
     ----------
-    recording : Recording or Capture
-        With all its rows.
+    recording : Recording, Capture or MappedRecording
+        With all its rows. Of another logger's recording laps are found by its columns of lap
+        numbers or lap times, or by its positions, to the millisecond.
     source : {"any", "logger", "gps"}
         Whose laps: the logger's own if it has any and no line is given, or by GPS.
     line : FinishLine, optional
@@ -163,8 +166,11 @@ def laps(
     >>> found.best.number
     2
     """
-    if not isinstance(recording, (Recording, Capture)):
-        raise TypeError(f"laps of {type(recording).__name__}; accepted: a Recording or a Capture")
+    if not isinstance(recording, (Recording, Capture, MappedRecording)):
+        raise TypeError(
+            f"laps of {type(recording).__name__}; "
+            f"accepted: a Recording, a Capture or a MappedRecording"
+        )
     if source not in _SOURCES:
         raise KelError(
             f"there is no source {source!r}; {nearest(str(source), _SOURCES)}"
@@ -173,12 +179,39 @@ def laps(
     if minimum is not None and not 1 <= minimum <= 3600:
         raise KelError(f"the shortest lap is {minimum} s; accepted: 1 to 3600")
     choices, kept = _choices(source, line, sectors, minimum)
+    if isinstance(recording, MappedRecording):
+        found = _mapped(recording, source, line is not None, choices)
+    else:
+        found = _found(recording, choices)
+    del kept
+    return found
+
+
+def _mapped(recording: MappedRecording, source: str, at_line: bool, choices: LapChoices) -> Laps:
+    logged = None if source == "gps" or (source == "any" and at_line) else by_logger(recording)
+    if logged is not None:
+        try:
+            return _later(_found(logged[0], choices), logged[1])
+        except RecordingError:
+            if source == "logger" or place_columns(recording) is None:
+                raise
+    if source == "logger":
+        raise RecordingError(f"there is no column of lap numbers or lap times; {NOTHING}")
+    capture, start = by_position(recording)
+    choices.fonte = _SOURCES["any"]  # a capture has positions alone
+    return _later(_found(capture, choices), start)
+
+
+def _later(found: Laps, start: float) -> Laps:
+    return Laps([replace(lap, start=lap.start + start) for lap in found], found.notes)
+
+
+def _found(recording: Recording | Capture, choices: LapChoices) -> Laps:
     with recording._handle.open() as reg:
         place = checked(lambda error: lib.laps_open(reg, error))
         try:
             checked(lambda error: lib.laps_add(place, error))
             checked(lambda error: lib.laps_find(place, choices, error))
-            del kept
             return Laps(list(_read(place)), text_of(lib.laps_said(place)))
         finally:
             lib.laps_close(place)

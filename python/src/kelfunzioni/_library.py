@@ -124,9 +124,10 @@ py_read_time = _take(_python, "kelpy_leggi_tempo", _PTR, _TEXT)
 py_read_line = _take(_python, "kelpy_leggi_riga", _PTR, _TEXT)
 arrow_start = _take(_python, "kelpy_arrow_avvia", None, _PTR, _PTR)
 arrow_schema = _take(_python, "kelpy_schema", _PTR, _TEXT, _TEXT, _TEXT, _SIZE)
-arrow_array = _take(_python, "kelpy_array", _PTR, c.c_int64, c.c_int64, _PTR, _PTR, _SIZE)
+arrow_array = _take(_python, "kelpy_array", _PTR, c.c_int64, c.c_int64, _PTR, _PTR, _PTR, _SIZE)
+arrow_rows = _take(_python, "kelpy_righe", _PTR, c.c_int64, c.POINTER(_PTR), c.POINTER(_PTR), _SIZE)
 arrow_stream = _take(
-    _python, "kelpy_flusso", _PTR, _PTR, c.c_uint64, c.c_uint64, _INT, _SIZE, _ERROR
+    _python, "kelpy_flusso", _PTR, _PTR, c.c_uint64, c.c_uint64, _INT, _PTR, _SIZE, _SIZE, _ERROR
 )
 destroy_schema, destroy_array, destroy_stream = (
     c.cast(getattr(_python, f"kelpy_distruggi_{what}"), _PTR)

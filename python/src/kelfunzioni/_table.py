@@ -131,10 +131,33 @@ class Table:
             start, stop, step = which.indices(self._count)
             if step != 1:
                 raise KelError(f"rows by a step of {step}; accepted: 1")
-            return Table(self._handle, self._first + start, max(stop - start, 0), self._as_texts)
+            return self._rows(self._first + start, max(stop - start, 0))
         raise TypeError(
             f"a column is {type(which).__name__}; accepted: its name, or a slice of rows"
         )
+
+    def _rows(self, first: int, count: int) -> Table:
+        return Table(self._handle, first, count, self._as_texts)
+
+    @property
+    def tables(self) -> tuple[Table, ...]:
+        """The table itself: the rows of a recording have one time base.
+
+        A `MappedRecording` has a table for each of its time bases, so what goes through `tables`
+        takes both.
+        """
+        return (self,)
+
+    def table_of(self, name: str) -> Table:
+        """Give the table that a column is in: this one.
+
+        Raises
+        ------
+        NotFoundError
+            There is no such column. The text says the nearest.
+        """
+        self._chosen([name])
+        return self
 
     def between(self, start: float, stop: float) -> Table:
         """Rows from the first not before `start` to the last before `stop`, seconds.
@@ -163,6 +186,10 @@ class Table:
             raise KelError(f"pieces of {rows} rows; accepted: 1 at least")
         for start in range(0, self._count, rows):
             yield self[start : start + rows]
+            self._rest()
+
+    def _rest(self) -> None:
+        self._handle.rest()
 
     def read(self, names: Sequence[str] | None = None) -> dict[str, Column]:
         """Read columns, in one pass over the samples.
@@ -185,8 +212,8 @@ class Table:
         infos = self._chosen(names)
         if names is None:
             infos = [each for each in infos if each[1].kind != "text"]
-        raws = [_empty(info.kind, self._count) for _, info in infos]
-        bitmaps = [np.zeros((self._count + 7) // 8, np.uint8) for _ in infos]
+        raws = _arrays([info.kind for _, info in infos], self._count)
+        bitmaps = _arrays(["uint8"] * len(infos), (self._count + 7) // 8)
         readings = (Reading * len(infos))()
         for reading, (place, info), raw, bitmap in zip(readings, infos, raws, bitmaps, strict=True):
             if info.kind == "text":
@@ -239,7 +266,7 @@ class Table:
             if not isinstance(name, str):
                 raise TypeError(f"a column is {type(name).__name__}; accepted: its name")
             if name not in places:
-                raise NotFoundError(_no_column(name, list(places)))
+                raise NotFoundError(no_column(name, list(places)))
         return [(places[name], columns[places[name]]) for name in names]
 
     def set_unit(self, name: str, unit: str) -> None:
@@ -268,11 +295,15 @@ class Table:
     def __arrow_c_stream__(self, requested_schema: object = None) -> object:
         """Arrow's stream of the rows, in batches of 65536, decoded as they are asked for."""
         with self._handle.open() as reg:
+            files = [np.frombuffer(each, np.uint8) for each in self._handle.files]
+            # The larger is the samples'.
+            memory = max(files, key=len, default=None)
+            file = (None, 0) if memory is None else (_address(memory), len(memory))
 
             def make(mark: int) -> int:
                 place: int = checked(
                     lambda error: lib.arrow_stream(
-                        reg, self._first, self._count, self._as_texts, mark, error
+                        reg, self._first, self._count, self._as_texts, *file, mark, error
                     )
                 )
                 return place
@@ -319,7 +350,9 @@ class Table:
             frame.attrs[key] = {name: column.metadata[what] for name, column in columns.items()}
         return frame
 
-    def write(self, path: str | os.PathLike[str], format: str | None = None) -> None:
+    def write(
+        self, path: str | os.PathLike[str], format: str | None = None, *, version: str = "4.10"
+    ) -> None:
         """Write the rows as a file of another program.
 
         Parameters
@@ -329,13 +362,16 @@ class Table:
         format : {"csv", "parquet", "h5", "mat", "mf4", "gpx"}, optional
             None: what the name of the file ends with. ``csv`` has a row of names and a row of
             units; ``parquet`` (extra ``arrow``) is compressed with zstd; ``h5`` and ``mat`` (extra
-            ``mat``) have a group or a struct for each column; ``mf4`` (extra ``mdf``) is MDF 4.10,
-            and needs times; ``gpx`` is the track.
+            ``mat``) have a group or a struct for each column; ``mf4`` (extra ``mdf``) is MDF, with
+            a channel group for each time base, and needs times; ``gpx`` is the track.
+        version : {"4.10", "4.11"}
+            Of MDF.
 
         Raises
         ------
         KelError
-            There is no such format; for ``gpx`` no position, for ``mf4`` no time.
+            There is no such format; for ``gpx`` no position, for ``mf4`` no time. Only ``mf4``
+            takes several time bases.
         OSError
             The file cannot be written.
 
@@ -349,7 +385,7 @@ class Table:
         """
         from ._export import write
 
-        write(self, path, format)
+        write(self, path, format, version)
 
     def __repr__(self) -> str:
         if self._handle.closed:
@@ -370,8 +406,24 @@ def _describe(reg: int, place: int) -> ColumnInfo:
     )
 
 
-def _empty(kind: str, count: int) -> npt.NDArray[Any]:
-    return np.empty(count if kind != "text" else 0, kind if kind != "text" else np.uint8)
+_LINE = 64
+
+
+def _arrays(kinds: Sequence[str], count: int) -> list[npt.NDArray[Any]]:
+    """Arrays of these types in one piece of memory: large pieces have large pages.
+
+    Arrays of their own would be a page fault for each 4 KB.
+    """
+    types = [np.dtype(kind if kind != "text" else np.uint8) for kind in kinds]
+    # Each begins at a cache line, and not at the same place of a page as the one before.
+    steps = [(each.itemsize * count // _LINE + 2) * _LINE for each in types]
+    memory = np.empty(sum(steps) + _LINE, np.uint8)
+    place = -_address(memory) % _LINE
+    found: list[npt.NDArray[Any]] = []
+    for each, step in zip(types, steps, strict=True):
+        found.append(memory[place : place + each.itemsize * count].view(each))
+        place += step
+    return found
 
 
 def _address(array: npt.NDArray[Any]) -> int:
@@ -379,6 +431,6 @@ def _address(array: npt.NDArray[Any]) -> int:
     return address
 
 
-def _no_column(name: str, names: list[str]) -> str:
+def no_column(name: str, names: list[str]) -> str:
     shown = ", ".join(names[:8]) + (f" and {len(names) - 8} more" if len(names) > 8 else "")
     return f"there is no column '{name}'; {nearest(name, names)}accepted: {shown or 'none'}"

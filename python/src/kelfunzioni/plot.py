@@ -14,13 +14,16 @@ import numpy.typing as npt
 
 from ._errors import KelError, RecordingError, nearest
 from ._laps import Lap, Laps
+from ._lapsource import place_columns
+from ._mapped import MappedRecording
 from ._table import Table
 
 if TYPE_CHECKING:
     from matplotlib.figure import Figure
 
-__all__ = ["channels", "distance", "laps", "track"]
+__all__ = ["channels", "distance", "laps", "progress", "track"]
 
+_SPEED = 0x10  # the quantity
 _KMH, _MPH, _MS = 3.6, 2.2369362920544, 1.0
 _TO_METRES_A_SECOND = {"km/h": 1 / _KMH, "mph": 1 / _MPH, "m/s": _MS}
 
@@ -38,7 +41,7 @@ def distance(table: Table, speed: str | None = None) -> npt.NDArray[np.float64]:
     Returns
     -------
     ndarray of float64
-        Metres. Where the speed is missing it is taken from its neighbours.
+        Metres, at the times of the speed. Where it is missing it is taken from its neighbours.
 
     Raises
     ------
@@ -53,11 +56,15 @@ def distance(table: Table, speed: str | None = None) -> npt.NDArray[np.float64]:
     True
     """
     if speed is None:
-        found = [i for i in table.columns if i.unit in _TO_METRES_A_SECOND and "peed" in i.name]
-        found = [i for i in found if "ccuracy" not in i.name]
-        if not found:
-            raise RecordingError("there is no speed; accepted: the name of its column")
-        speed = found[0].name
+        speed = _speed(table)
+    table = table.table_of(speed)
+    time, numbers = table.time, _metres_a_second(table, speed)
+    steps = np.diff(time, prepend=time[:1]) * numbers
+    return np.cumsum(np.where(steps > 0, steps, 0.0))
+
+
+def _metres_a_second(table: Table, speed: str) -> npt.NDArray[np.float64]:
+    """A column of speeds; what is missing is taken from its neighbours."""
     column = table[speed]
     if column.unit not in _TO_METRES_A_SECOND:
         raise RecordingError(
@@ -67,9 +74,73 @@ def distance(table: Table, speed: str | None = None) -> npt.NDArray[np.float64]:
     time, valid = table.time, column.valid
     if not valid.any():
         raise RecordingError(f"'{speed}' has no value")
-    numbers = np.interp(time, time[valid], column.values[valid]) * _TO_METRES_A_SECOND[column.unit]
-    steps = np.diff(time, prepend=time[:1]) * numbers
-    return np.cumsum(np.where(steps > 0, steps, 0.0))
+    found: npt.NDArray[np.float64] = np.interp(time, time[valid], column.values[valid])
+    return found * _TO_METRES_A_SECOND[column.unit]
+
+
+def progress(
+    table: Table, lap: Lap, length: float | None = None
+) -> tuple[npt.NDArray[np.float64], npt.NDArray[np.float64]]:
+    """Distance and time along a lap: at its start, at each of its rows, and at its end.
+
+    Parameters
+    ----------
+    table : Table
+        All rows of the recording, with a speed.
+    lap : Lap
+        One that is closed.
+    length : float, optional
+        Metres of the lap; None for those that the speed gives. Two laps of a circuit compare at
+        the same places when both have the same.
+
+    Returns
+    -------
+    metres, seconds : ndarray of float64
+        From 0 to the length, and from 0 to the lap time.
+
+    Raises
+    ------
+    RecordingError
+        There is no speed, or the lap has no rows.
+
+    Examples
+    --------
+    >>> import kelfunzioni as kel
+    >>> from kelfunzioni import plot
+    >>> recording = kel.Recording("kart.channels", "kart.samples")
+    >>> metres, seconds = plot.progress(recording, kel.laps(recording).best)
+    >>> float(metres[0]), float(seconds[0]), round(float(seconds[-1]), 3)
+    (0.0, 0.0, 48.782)
+    """
+    if lap.milliseconds is None:
+        raise KelError(f"lap {lap.number} is not closed; accepted: one with a time")
+    rows = _at_speed(table, []).between(lap.start, lap.start + lap.seconds)
+    since = np.concatenate([[0.0], rows.time - lap.start, [lap.seconds]])
+    metres = distance(rows)
+    # To the first row and from the last one on at their speeds.
+    speeds = _metres_a_second(rows, _speed(rows))
+    first, last = since[1] * speeds[0], (since[-1] - since[-2]) * speeds[-1]
+    whole = np.concatenate([[0.0], first + metres, [first + metres[-1] + last]])
+    if length is not None and whole[-1] > 0:
+        whole *= length / whole[-1]
+    return whole, since
+
+
+def _speed(table: Table) -> str:
+    """Name of the column of the speed: by its function, or by its name."""
+    fast = [i for i in table.columns if i.unit in _TO_METRES_A_SECOND]
+    found = [i for i in fast if i.function is not None and i.function.identifier & 0x7F == _SPEED]
+    found += [i for i in fast if "peed" in i.name and "ccuracy" not in i.name]
+    if not found:
+        raise RecordingError("there is no speed; accepted: the name of its column")
+    return found[0].name
+
+
+def _at_speed(table: Table, names: Sequence[str], base: str | None = None) -> Table:
+    """Rows of one time base, that of the speed or of a column, with some columns."""
+    if not isinstance(table, MappedRecording):
+        return table
+    return table.on(_speed(table) if base is None else base, names)
 
 
 def channels(
@@ -109,10 +180,13 @@ def channels(
     if not names:
         raise KelError("there are no channels to draw; accepted: names of columns")
     columns = table.read(names)
-    along, label = _along(table, over)
+    label = _along(over)
     figure = figure or _figure(len(columns))
     panels = figure.subplots(len(columns), sharex=True, squeeze=False)[:, 0]
     for panel, (name, column) in zip(panels, columns.items(), strict=True):
+        along = table.table_of(name).time
+        if over == "distance":
+            along = np.interp(along, table.table_of(_speed(table)).time, distance(table))
         panel.plot(along, column.values, linewidth=0.9)
         panel.set_ylabel(_label(name, column.unit))
         panel.grid(alpha=0.3)
@@ -169,19 +243,20 @@ def laps(
         raise KelError("there is no lap to draw; accepted: laps that are closed")
     if any(lap.session for lap in chosen):
         raise RecordingError("laps of several sessions have no common time; accepted: one session")
+    table = _at_speed(table, [name])
     figure = figure or _figure(3)
     top, bottom = figure.subplots(2, sharex=True, height_ratios=[2, 1])
     reference: tuple[Any, Any] | None = None
+    length: float | None = None
     for lap in chosen:
         rows = table.between(lap.start, lap.start + lap.seconds)
-        column, metres = rows[name], distance(rows)
-        since = rows.time - lap.start
+        metres, since = progress(table, lap, length)
         text = f"lap {lap.number}  {format_lap(lap.milliseconds or 0, strict=False)}"
-        top.plot(metres, column.values, linewidth=0.9, label=text)
+        top.plot(metres[1:-1], rows[name].values, linewidth=0.9, label=text)
         if reference is None:
-            reference = metres, since
+            reference, length = (metres, since), float(metres[-1])
         bottom.plot(metres, since - np.interp(metres, *reference), linewidth=0.9)
-        top.set_ylabel(_label(name, column.unit))
+    top.set_ylabel(_label(name, table.units[name]))
     bottom.set_ylabel(f"gap to lap {chosen[0].number}\ns")
     bottom.set_xlabel("distance, m")
     figure.legend(loc="outside upper center", ncols=4, fontsize="small")
@@ -197,7 +272,7 @@ def track(table: Table, color: str | None = None, *, figure: Figure | None = Non
     Parameters
     ----------
     table : Table
-        Rows with the columns ``Latitude`` and ``Longitude``.
+        Rows with columns that are latitude and longitude.
     color : str, optional
         Name of the column that colours it; None for one colour.
     figure : Figure, optional
@@ -220,8 +295,12 @@ def track(table: Table, color: str | None = None, *, figure: Figure | None = Non
     >>> figure.axes[1].get_ylabel()
     'Speed, km/h'
     """
-    columns = table.read(["Latitude", "Longitude", *([color] if color else [])])
-    latitude, longitude = columns["Latitude"], columns["Longitude"]
+    names = place_columns(table)
+    if names is None:
+        raise RecordingError("there are no columns of latitude and longitude")
+    table = _at_speed(table, [names[1], *([color] if color else [])], names[0])
+    columns = table.read([*names, *([color] if color else [])])
+    latitude, longitude = (columns[name] for name in names)
     there = latitude.valid & longitude.valid
     if not there.any():
         raise RecordingError("there is no position in these rows")
@@ -250,14 +329,14 @@ def _figure(panels: int) -> Figure:
     return Figure(figsize=(9, 1.5 + 1.6 * panels), layout="constrained")
 
 
-def _along(table: Table, over: str) -> tuple[npt.NDArray[np.float64], str]:
-    ways = ("time", "distance")
-    if over not in ways:
+def _along(over: str) -> str:
+    labels = {"time": "time, s", "distance": "distance, m"}
+    if over not in labels:
         raise KelError(
-            f"nothing can be drawn over {over!r}; {nearest(str(over), ways)}"
-            f"accepted: {', '.join(ways)}"
+            f"nothing can be drawn over {over!r}; {nearest(str(over), labels)}"
+            f"accepted: {', '.join(labels)}"
         )
-    return (table.time, "time, s") if over == "time" else (distance(table), "distance, m")
+    return labels[over]
 
 
 def _label(name: str, unit: str, between: str = "\n") -> str:

@@ -1,5 +1,7 @@
 // Arrow structures over memory of Python. Whoever consumes them may release them in any thread, at any time, even while Python
 // ends; so Python is told of it only until it says that it ends.
+#include <sys/mman.h>
+
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
@@ -34,11 +36,13 @@ struct Schema {
 
 struct Colonna {
     std::size_t segno;
-    const void* buffer[2];
+    const void* buffer[3];
 };
 
 struct Flusso {
     std::size_t segno;
+    void* file;  // that is read, mapped; null for none
+    std::size_t byte;
     ArrowArrayStream interno;
 };
 
@@ -57,6 +61,15 @@ void libera_colonna(ArrowArray* array) {
 
 ArrowArrayStream* interno(ArrowArrayStream* flusso) {
     return &static_cast<Flusso*>(flusso->private_data)->interno;
+}
+
+// The next rows. What was read of a large file stays in the system's cache, and not in the memory of the process.
+int prossime(ArrowArrayStream* flusso, ArrowArray* array) {
+    const auto* nostro = static_cast<Flusso*>(flusso->private_data);
+    const int esito = interno(flusso)->get_next(interno(flusso), array);
+    if (nostro->file != nullptr)
+        madvise(nostro->file, nostro->byte, MADV_DONTNEED);
+    return esito;
 }
 
 void libera_flusso(ArrowArrayStream* flusso) {
@@ -121,32 +134,32 @@ KELPYTHON_API void* kelpy_schema(const char* formato, const char* nome, const ch
     return schema;
 }
 
-/// A column of numbers over memory that Python keeps until it is told of the mark. Null when memory runs out.
+/// A column over memory that Python keeps until it is told of the mark: numbers, or the ends of texts and their bytes. Null
+/// when memory runs out.
 KELPYTHON_API void* kelpy_array(std::int64_t numero, std::int64_t nulli, const void* validi, const void* valori,
-                                std::size_t segno) noexcept {
+                                const void* testi, std::size_t segno) noexcept {
     auto* array = static_cast<ArrowArray*>(std::calloc(1, sizeof(ArrowArray)));
-    auto* nostra = new (std::nothrow) Colonna{segno, {validi, valori}};
+    auto* nostra = new (std::nothrow) Colonna{segno, {validi, valori, testi}};
     if (array == nullptr || nostra == nullptr) {
         std::free(array);
         delete nostra;
         return nullptr;
     }
-    *array = {numero, nulli, 0, 2, 0, nostra->buffer, nullptr, nullptr, &libera_colonna, nostra};
+    *array = {numero, nulli, 0, testi == nullptr ? 2 : 3, 0, nostra->buffer, nullptr, nullptr, &libera_colonna, nostra};
     return array;
 }
 
-/// The rows of a recording. Null: see `errore`.
+/// The rows of a recording, read from a mapped file or, if that is null, from other memory. Null: see `errore`.
 KELPYTHON_API void* kelpy_flusso(s_kel_registrazione* reg, std::uint64_t da, std::uint64_t quante, int testi,
-                                 std::size_t segno, s_kel_errore* errore) noexcept {
+                                 void* file, std::size_t byte, std::size_t segno, s_kel_errore* errore) noexcept {
     auto* flusso = static_cast<ArrowArrayStream*>(std::calloc(1, sizeof(ArrowArrayStream)));
-    auto* nostro = new (std::nothrow) Flusso{segno, {}};
+    auto* nostro = new (std::nothrow) Flusso{segno, file, byte, {}};
     if (flusso == nullptr || nostro == nullptr || kelRegArrow(reg, da, quante, testi, &nostro->interno, errore) == 0) {
         std::free(flusso);
         delete nostro;
         return nullptr;
     }
-    *flusso = {[](ArrowArrayStream* f, ArrowSchema* s) { return interno(f)->get_schema(interno(f), s); },
-               [](ArrowArrayStream* f, ArrowArray* a) { return interno(f)->get_next(interno(f), a); },
+    *flusso = {[](ArrowArrayStream* f, ArrowSchema* s) { return interno(f)->get_schema(interno(f), s); }, &prossime,
                [](ArrowArrayStream* f) { return interno(f)->get_last_error(interno(f)); }, &libera_flusso, nostro};
     return flusso;
 }

@@ -177,31 +177,43 @@ def test_many_threads_decode_at_once():
             assert np.array_equal(column.values, expected, equal_nan=True)
 
 
-def test_the_interpreter_runs_on_while_columns_are_read():
-    """A thread that only counts gets its turns while another is within one long call."""
+def test_the_interpreter_runs_on_while_columns_are_read(monkeypatch):
+    """Another thread sees a column half read: with the interpreter held it could not."""
+    import ctypes
     import threading
-    import time
 
-    speed = kel.Converter("REF_SPEED", "int16", "mph")
-    samples = np.zeros(1 << 25, np.int16)
-    stop, longest = threading.Event(), [0.0]
+    from kelfunzioni import _converter
 
-    def count():
-        last = time.perf_counter()
-        while not stop.is_set():
-            time.sleep(0.0005)
-            now = time.perf_counter()
-            longest[0] = max(longest[0], now - last)
-            last = now
+    count = 1 << 24
+    speed = kel.Converter("REF_SPEED", "int16")
+    samples = np.ones(count, np.int16)
+    outputs = []
+    read = _converter.lib.read_columns
 
-    texts = threading.Thread(target=count)
-    texts.start()
-    begin = time.perf_counter()
-    speed.texts(samples[: 1 << 21])
-    took = time.perf_counter() - begin
-    stop.set()
-    texts.join()
-    assert longest[0] < took
+    def watched(address, step, number, column, columns):
+        memory = (ctypes.c_float * number).from_address(column.valori)
+        memory[0] = memory[number - 1] = -1.0
+        outputs.append(memory)
+        read(address, step, number, column, columns)
+
+    monkeypatch.setattr(_converter.lib, "read_columns", watched)
+    for _ in range(20):
+        outputs.clear()
+        half = False
+        kept = []  # the column, whose memory is looked at
+        reader = threading.Thread(target=lambda kept=kept: kept.append(speed(samples)))
+        reader.start()
+        while not outputs:
+            pass
+        memory = outputs[0]
+        while reader.is_alive() and memory[count - 1] == -1.0:
+            if memory[0] == 1.0 and memory[count - 1] == -1.0:
+                half = True
+                break
+        reader.join()
+        if half:
+            return
+    raise AssertionError("no column was seen half read")
 
 
 def test_conversions(kelfun):

@@ -3,7 +3,11 @@
 import doctest
 import importlib
 import inspect
+import os
 import pkgutil
+import subprocess
+import sys
+from pathlib import Path
 
 import pytest
 
@@ -36,3 +40,12 @@ def test_everything_public_is_documented():
             for member, value in vars(what).items():
                 if not member.startswith("_") and (callable(value) or isinstance(value, property)):
                     assert inspect.getdoc(value), f"{name}.{member}"
+
+
+def test_the_pages_of_the_site_are_those_of_the_docstrings():
+    root = Path(__file__).resolve().parents[3]
+    program = [sys.executable, "-B", root / "python" / "pages.py", root / "docs/python-reference"]
+    places = [each for each in sys.path if each]
+    own = dict(os.environ, PYTHONPATH=os.pathsep.join(places))
+    done = subprocess.run(program, capture_output=True, text=True, timeout=60, env=own)
+    assert done.returncode == 0, done.stdout + done.stderr

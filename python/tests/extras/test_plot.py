@@ -44,8 +44,8 @@ def test_laps(recording, keep):
     top, bottom = figure.axes
     assert len(top.get_lines()) == 3
     assert np.abs(bottom.get_lines()[0].get_ydata()).max() == 0
-    gap = bottom.get_lines()[1].get_ydata()[-1]
-    assert 0.5 < gap < 2.5  # 1.3 s, but for a sample and the noise of the speed
+    gap = bottom.get_lines()[1].get_ydata()
+    assert gap[0] == 0 and gap[-1] == pytest.approx(50.083 - 48.782)  # those of the lap times
     keep(figure)
 
 
@@ -75,6 +75,8 @@ def test_wrong_arguments(recording, kart):
         plot.channels(recording, [])
     with pytest.raises(kel.KelError, match="no lap"):
         plot.laps(recording, "Wheel Speed", [])
+    with pytest.raises(kel.KelError, match="lap 0 is not closed"):
+        plot.progress(recording, kel.laps(recording)[0])
     with pytest.raises(kel.NotFoundError):
         plot.track(recording, "none")
     with pytest.raises(kel.RecordingError, match="accepted: km/h"):
