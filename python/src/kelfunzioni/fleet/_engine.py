@@ -1,0 +1,107 @@
+"""Who runs the tasks: this process, workers on this machine, or those of a scheduler of Dask."""
+
+from __future__ import annotations
+
+import contextlib
+import os
+from collections.abc import Callable, Iterable, Iterator
+from typing import Any, Protocol
+
+__all__ = ["Engine", "EngineLostError", "engine"]
+
+Task = Callable[[], Any]
+
+
+class EngineLostError(Exception):
+    """The scheduler is gone."""
+
+
+class Engine(Protocol):
+    """Runs tasks."""
+
+    def run(self, tasks: Iterable[Task]) -> Iterator[tuple[Task, Any]]:
+        """Give each task with its result, or with the exception that it ended with."""
+        ...
+
+
+class _Here:
+    """In this process, one after the other."""
+
+    def run(self, tasks: Iterable[Task]) -> Iterator[tuple[Task, Any]]:
+        for task in tasks:
+            try:
+                result: Any = task()
+            except Exception as error:
+                result = error
+            yield task, result
+
+
+def _call(task: Task) -> Any:
+    return task()
+
+
+class _Dask:
+    """On workers of Dask. A task whose worker dies is given to another."""
+
+    def __init__(self, client: Any) -> None:
+        self._client = client
+
+    def run(self, tasks: Iterable[Task]) -> Iterator[tuple[Task, Any]]:
+        from distributed import as_completed
+
+        futures = {self._client.submit(_call, each, pure=False): each for each in tasks}
+        try:
+            for future in as_completed(list(futures)):
+                if future.status in ("cancelled", "lost"):
+                    raise EngineLostError
+                error = future.exception() if future.status == "error" else None
+                yield futures.pop(future), future.result() if error is None else error
+                future.release()
+        except (OSError, TimeoutError) as error:
+            raise EngineLostError from error
+        finally:
+            if futures:
+                with contextlib.suppress(Exception):
+                    self._client.cancel(list(futures), force=True)
+
+
+@contextlib.contextmanager
+def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Engine]:
+    """Start what runs tasks.
+
+    Parameters
+    ----------
+    jobs : int, optional
+        Workers on this machine; None: one for each of its processors; 0: no engine, but this
+        process.
+    scheduler : str, optional
+        Address of a scheduler of Dask, in place of workers of its own.
+    memory : str
+        Most memory of a worker on this machine.
+    """
+    if scheduler is None and jobs == 0:
+        yield _Here()
+        return
+    import dask
+    from distributed import Client, LocalCluster
+
+    quiet = {
+        "distributed.worker.daemon": True,
+        "distributed.admin.tick.limit": "1 h",
+        "distributed.diagnostics.nvml": False,
+    }
+    with dask.config.set(quiet), contextlib.ExitStack() as stack:
+        if scheduler is None:
+            cluster = LocalCluster(
+                n_workers=jobs or len(os.sched_getaffinity(0)),
+                threads_per_worker=1,
+                memory_limit=memory,
+                dashboard_address=None,
+                silence_logs=60,
+            )
+            stack.enter_context(cluster)
+            client = Client(cluster)
+        else:
+            client = Client(scheduler, timeout="30 s")
+        stack.enter_context(client)
+        yield _Dask(client)
