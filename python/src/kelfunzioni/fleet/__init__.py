@@ -11,8 +11,9 @@ to what they wrote.
 """
 
 from ._decode import Decoded, decode
+from ._digest import digest
 from ._export import Summary, export
 from ._inputs import Source, find
 from ._query import connect
 
-__all__ = ["Decoded", "Source", "Summary", "connect", "decode", "export", "find"]
+__all__ = ["Decoded", "Source", "Summary", "connect", "decode", "digest", "export", "find"]

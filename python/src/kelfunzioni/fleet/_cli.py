@@ -5,8 +5,10 @@ from __future__ import annotations
 import argparse
 import contextlib
 import os
+import shutil
 import signal
 import sys
+import tempfile
 from collections.abc import Iterator, Sequence
 from typing import Any
 
@@ -59,6 +61,7 @@ def _export_arguments(parser: argparse.ArgumentParser) -> None:
     add("--jobs", type=_jobs, metavar="N", help="workers; 0: none (default: one a processor)")
     add("--scheduler", metavar="ADDRESS", help="scheduler of Dask whose workers are to do it")
     add("--memory", default="512 MiB", metavar="SIZE", help="of a worker (default 512 MiB)")
+    add("--task-bytes", type=_bytes, metavar="N", help="of recordings in a task (default 16777216)")
     add("--vehicle", metavar="NAME", help="whose they are (default: as their folder is called)")
     add(
         "--mapping",
@@ -99,6 +102,12 @@ def _plot_arguments(parser: argparse.ArgumentParser) -> None:
 def _jobs(text: str) -> int:
     if not text.isdecimal() or int(text) > 1024:
         raise argparse.ArgumentTypeError(f"'{text}' is no such number; accepted: 0 to 1024")
+    return int(text)
+
+
+def _bytes(text: str) -> int:
+    if not text.isdecimal() or not 1 <= int(text) <= 1 << 40:
+        raise argparse.ArgumentTypeError(f"'{text}' is no such number; accepted: 1 to {1 << 40}")
     return int(text)
 
 
@@ -146,7 +155,7 @@ def _inputs(given: Sequence[str]) -> Iterator[str]:
 
 
 def _export(options: argparse.Namespace) -> int:
-    from ._export import export
+    from ._export import TASK_BYTES, export
     from ._progress import Bar, summary
 
     with Bar(quiet=options.quiet) as bar:
@@ -160,6 +169,7 @@ def _export(options: argparse.Namespace) -> int:
             scheduler=options.scheduler,
             memory=options.memory,
             checksum=options.checksum,
+            task_bytes=options.task_bytes or TASK_BYTES,
             progress=bar,
         )
     if not options.quiet:
@@ -214,12 +224,25 @@ def _one_answer(fleet: Any, sql: str, format: str, output: str | None) -> int:
         with open(output or "", "w", encoding="utf-8") as file:
             file.write(str(relation))
     else:
-        place = (output or "/dev/stdout").replace("'", "''")
-        options = {"csv": "FORMAT csv, HEADER", "json": "FORMAT json, ARRAY true"}
-        how = options.get(format, "FORMAT parquet")
         relation.create_view("kelflotta_answer", replace=True)
-        fleet.connection.execute(f"COPY kelflotta_answer TO '{place}' ({how})")
+        with contextlib.ExitStack() as stack:
+            if output is None:
+                # To a file of its own first: the standard output of a shell may be one that is
+                # appended to, which must not be opened again.
+                folder = stack.enter_context(tempfile.TemporaryDirectory())
+                _copy(fleet, os.path.join(folder, "answer"), format)
+                with open(os.path.join(folder, "answer"), "rb") as file:
+                    shutil.copyfileobj(file, sys.stdout.buffer)
+                sys.stdout.flush()
+            else:
+                _copy(fleet, output, format)
     return 0
+
+
+def _copy(fleet: Any, path: str, format: str) -> None:
+    options = {"csv": "FORMAT csv, HEADER", "json": "FORMAT json, ARRAY true"}
+    place, how = path.replace("'", "''"), options.get(format, "FORMAT parquet")
+    fleet.connection.execute(f"COPY kelflotta_answer TO '{place}' ({how})")
 
 
 def _short(error: Exception) -> str:

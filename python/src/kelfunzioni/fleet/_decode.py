@@ -18,7 +18,7 @@ import pyarrow
 import pyarrow.compute as pc
 
 from .. import KelError, KelWarning, __version__
-from .._laps import laps
+from .._laps import Lap, laps
 from .._recording import Capture, Recording
 from ._inputs import Source, shown
 
@@ -26,6 +26,7 @@ __all__ = ["Decoded", "content_hash", "decode"]
 
 _PAGES = 32 << 20  # bytes of a file from which its pages are given back while it is read
 _PAUSE = 600_000_000  # a session ends before a pause of ten minutes, us
+_LAP_ROWS = 3 << 18
 _TAKEN = ("recording", "session", "time", "rate", "vehicle", "date")
 _PATH_DATE = re.compile(r"(?<!\d)(20\d\d)-?(0[1-9]|1[0-2])-?(0[1-9]|[12]\d|3[01])(?!\d)")
 
@@ -106,7 +107,7 @@ class Decoded:
             ]
         )
         self._statistics = [_Statistics() for _ in self.names]
-        self._seconds = 0.0
+        self._seconds, self._begins = 0.0, [0]
 
     def _open(self) -> Any:
         if self.source.kind == "mapped":
@@ -169,7 +170,7 @@ class Decoded:
                 yield pyarrow.RecordBatch.from_arrays(
                     [name, session, time, *columns], schema=self.schema
                 )
-        self._seconds = clock.seconds
+        self._seconds, self._begins = clock.seconds, clock.begins
 
     def rows(self) -> dict[str, Any]:
         """Rows of the tables, behind the last batch: of ``recordings``, ``channels``, ``laps``."""
@@ -216,28 +217,66 @@ class Decoded:
     def _laps(self) -> tuple[list[dict[str, Any]], str]:
         if not isinstance(self.table, (Recording, Capture)):
             return [], "a table with a mapping has no laps"
-        try:
-            with self._given_back():
-                found = laps(self.table)
-        except KelError as error:
-            return [], str(error)
-        return [
-            {
-                "recording": self.recording,
-                "lap": lap.number,
-                "session": lap.session,
-                "state": lap.state,
-                "best": lap.best,
-                "ms": lap.milliseconds,
-                "start": lap.start,
-                "gap": None if lap.gap != lap.gap else lap.gap,
-                "top_speed": lap.top_speed,
-                "least_speed": lap.least_speed,
-                "distance": lap.distance,
-                "rows": lap.rows,
-            }
-            for lap in found
-        ], found.notes.strip()
+        found: list[tuple[Lap, int]] = []
+        notes: list[str] = []
+        with self._given_back():
+            for table, session in self._pieces(notes):
+                try:
+                    driven = laps(table)
+                except KelError as error:
+                    notes.append(str(error))
+                    continue
+                notes.append(driven.notes)
+                found += [(lap, lap.session + session) for lap in driven]
+        times = [lap.milliseconds for lap, _ in found if lap.best]
+        best = min((each for each in times if each is not None), default=None)
+        rows = [self._lap_row(lap, session, best) for lap, session in found]
+        return rows, "; ".join(dict.fromkeys(each.strip() for each in notes if each.strip()))
+
+    def _lap_row(self, lap: Lap, session: int, best: int | None) -> dict[str, Any]:
+        time = lap.milliseconds
+        return {
+            "recording": self.recording,
+            "lap": lap.number,
+            "session": session,
+            "state": lap.state,
+            "best": lap.best and time == best,
+            "ms": time,
+            "start": lap.start,
+            "gap": None if time is None or best is None else (time - best) / 1000,
+            "top_speed": lap.top_speed,
+            "least_speed": lap.least_speed,
+            "distance": lap.distance,
+            "rows": lap.rows,
+        }
+
+    def _pieces(self, notes: list[str]) -> Iterator[tuple[Recording | Capture, int]]:
+        """Whole sessions that together are no more than memory allows, each with its first number.
+
+        Laps are found in all rows at once, which takes some 270 bytes a row.
+        """
+        if len(self.table) <= _LAP_ROWS:
+            yield self.table, 0
+            return
+        if not isinstance(self.table, Recording):
+            notes.append(f"no laps: {len(self.table)} rows are more than {_LAP_ROWS}")
+            return
+        channels, samples = (each.data for each in self._files)
+        size = (len(samples) - self.table.leftover) // len(self.table)
+        ends = [*self._begins[1:], len(self.table)]
+        first = 0  # session of the piece that is being put together
+        for session, end in enumerate(ends):
+            start = self._begins[first]
+            next_end = ends[session + 1] if session + 1 < len(ends) else None
+            if next_end is not None and next_end - start <= _LAP_ROWS:
+                continue
+            if end - start <= _LAP_ROWS:
+                span = samples[start * size : end * size]
+                with Recording(channels, span, stamps=self.table.stamps) as piece:
+                    yield piece, first
+            else:
+                notes.append(f"no laps of a session of {end - start}, more than {_LAP_ROWS} rows")
+            first = session + 1
 
     @contextlib.contextmanager
     def _given_back(self) -> Iterator[None]:
@@ -290,6 +329,8 @@ class _Clock:
     def __init__(self) -> None:
         self._session, self._first, self._last = 0, 0, None
         self.seconds = 0.0
+        self.begins = [0]
+        self._rows = 0
 
     def read(self, column: pyarrow.Array) -> tuple[pyarrow.Array, pyarrow.Array]:
         times = np.asarray(column.cast(pyarrow.int64()))
@@ -303,9 +344,11 @@ class _Clock:
         firsts = np.full(len(times), self._first, np.int64)
         for begin in begins:
             self._session, self._first = self._session + 1, int(times[begin])
+            self.begins.append(self._rows + int(begin))
             sessions[begin:], firsts[begin:] = self._session, self._first
         self.seconds += float(np.where((steps < 0) | (steps > _PAUSE), 0, steps).sum()) / 1e6
         self._last = int(times[-1])
+        self._rows += len(times)
         sessions = np.minimum(sessions, np.iinfo(np.int16).max)
         return pyarrow.array(sessions.astype(np.int16)), pyarrow.array((times - firsts) / 1e6)
 

@@ -16,12 +16,12 @@ from ._inputs import Source, find
 from ._state import State
 from ._task import ExportTask, HashTask, failure, signature
 
-__all__ = ["Progress", "Summary", "export"]
+__all__ = ["TASK_BYTES", "Progress", "Summary", "export"]
 
 Progress = Callable[[str, int, int], None]
 """Told what is being done, how many bytes of it are done, and how many there are."""
 
-_TASK = 16 << 20
+TASK_BYTES = 16 << 20
 _DIED = "the worker that read it died each time; its memory was full, or the file shrank meanwhile"
 
 
@@ -44,7 +44,8 @@ class Summary:
     seconds : float
         That the run took.
     work : dict of str to float
-        Seconds of all workers: ``"tasks"``, of these ``"cpu"`` and ``"writing"``; ``"hashing"``.
+        Of all workers: seconds in ``"tasks"``; seconds of processors, ``"cpu"``, and of these for
+        ``"writing"``. Seconds until all were hashed: ``"hashing"``.
     """
 
     files: int = 0
@@ -70,7 +71,7 @@ def export(
     scheduler: str | None = None,
     memory: str = "512 MiB",
     checksum: bool = False,
-    task_bytes: int = _TASK,
+    task_bytes: int = TASK_BYTES,
     progress: Progress = lambda what, done, total: None,
 ) -> Summary:
     """Export recordings. What was exported before and has not changed stays as it is.

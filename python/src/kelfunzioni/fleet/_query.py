@@ -99,11 +99,15 @@ class Fleet:
         self.connection = duckdb.connect(":memory:")
         register(self.connection)
         paths = {
-            name: f"read_parquet({_text(os.path.join(self._tables, name + '.parquet'))})"
+            name: f"read_parquet('{self.table(name)}')"
             for name in ("recordings", "channels", "laps", "failures")
         }
         self.connection.execute(_VIEWS.format(**paths))
         self._with_samples = False
+
+    def table(self, name: str) -> str:
+        """Path of a table, as it stands in a text of SQL."""
+        return os.path.join(self._tables, f"{name}.parquet").replace("'", "''")
 
     def sql(self, text: str) -> Any:
         """Ask. The relation; None for a statement that gives no rows."""

@@ -86,9 +86,9 @@ class ExportTask:
                 try:
                     alone = self.format != "parquet" or len(decoded) >= GROUP
                     if alone:
-                        before = time.perf_counter()
+                        before = time.process_time()
                         data = write_alone(self.folder, decoded, self.format)
-                        writing += time.perf_counter() - before
+                        writing += time.process_time() - before
                     else:
                         batches = list(decoded.batches())
                     rows = decoded.rows()
@@ -109,13 +109,13 @@ class ExportTask:
                 if isinstance(error, OSError) and error.errno in _FULL:
                     raise
                 failures.append(failure(source, error))
-        before = time.perf_counter()
+        before = time.process_time()
         for group in groups.values():
             data = write_group(self.folder, group)
             for recording in group.recordings:
                 waiting[recording]["recording"]["data"] = data
                 done.append(waiting[recording])
-        writing += time.perf_counter() - before
+        writing += time.process_time() - before
         result = {"done": done, "failures": failures}
         write_json(self.marker, result)
         spent = time.perf_counter() - begun[0], time.process_time() - begun[1]
