@@ -17,7 +17,7 @@ import numpy as np
 import pyarrow
 import pyarrow.compute as pc
 
-from .. import KelError, KelWarning, __version__
+from .. import KelError, KelWarning, RecordingError, __version__
 from .._laps import Lap, laps
 from .._recording import Capture, Recording
 from ._inputs import Source, shown
@@ -56,7 +56,7 @@ def decode(source: Source, *, identity: str | None = None) -> Decoded:
     Raises
     ------
     KelError
-        The bytes are no recording.
+        The bytes are no recording, or one without rows.
     OSError
         A file cannot be read.
     """
@@ -93,6 +93,8 @@ class Decoded:
         # The first batch tells rate and start, and is kept, so that nothing is decoded twice.
         self._stream = pyarrow.RecordBatchReader.from_stream(self.table)
         self._first: pyarrow.RecordBatch | None = next(self._stream, None)
+        if self._first is None:
+            raise RecordingError("it has no rows")
         self.names = _names([each.name for each in self.infos])
         self._timed = self._stream.schema.field(0).type == pyarrow.duration("us")
         self.rate, self.start = self._rate(), self._start()
