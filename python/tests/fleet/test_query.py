@@ -63,8 +63,6 @@ def test_where_was(opened):
     assert sorted((name, start, samples) for name, start, samples, _, _ in found) == sorted(expected)
     assert len(expected) > 10
     assert all(latitude is not None and lap is not None for *_, latitude, lap in found)
-    by_number = opened.sql("SELECT count(*) FROM where_was(0x00070010::INT, 'value > 60')")
-    assert by_number is not None
     number = opened.sql(f"SELECT count(*) FROM where_was({0x00070010}, 'value > 60')").fetchall()
     assert number == [(len(expected),)]
 

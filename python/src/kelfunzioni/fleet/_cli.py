@@ -204,15 +204,19 @@ def _answer(fleet: Any, sql: str, format: str, output: str | None) -> int:
     try:
         statements = fleet.connection.extract_statements(sql)
         for statement in statements[:-1]:
-            _one_answer(fleet, statement.query, "table", None)
-        return _one_answer(fleet, statements[-1].query, format, output) if statements else 0
+            _one_answer(fleet, statement, "table", None)
+        return _one_answer(fleet, statements[-1], format, output) if statements else 0
     except duckdb.Error as error:
         return _fail(_short(error))
 
 
-def _one_answer(fleet: Any, sql: str, format: str, output: str | None) -> int:
-    relation = fleet.sql(sql)
-    if relation is None:
+def _one_answer(fleet: Any, statement: Any, format: str, output: str | None) -> int:
+    import duckdb
+
+    relation = fleet.sql(statement.query)
+    if relation is None or statement.expected_result_type != [
+        duckdb.ExpectedResultType.QUERY_RESULT
+    ]:
         return 0
     sys.stdout.flush()
     if format == "table" and output is None:
@@ -224,7 +228,10 @@ def _one_answer(fleet: Any, sql: str, format: str, output: str | None) -> int:
         with open(output or "", "w", encoding="utf-8") as file:
             file.write(str(relation))
     else:
-        relation.create_view("kelflotta_answer", replace=True)
+        if statement.type == duckdb.StatementType.SELECT:
+            relation.create_view("kelflotta_answer", replace=True)
+        else:
+            fleet.connection.register("kelflotta_answer", relation.to_arrow_table())
         with contextlib.ExitStack() as stack:
             if output is None:
                 # To a file of its own first: the standard output of a shell may be one that is

@@ -40,7 +40,9 @@ def register(connection: Any) -> None:
         ),
         ("_kel_lap", _lap, [whole], text, "kel_lap(ms) AS _kel_lap(ms::BIGINT)"),
     ):
-        connection.create_function(name, function, takes, gives, type="arrow")
+        connection.create_function(
+            name, function, takes, gives, type="arrow", null_handling="special"
+        )
         connection.execute(f"CREATE MACRO {macro}")
 
 

@@ -132,8 +132,10 @@ class _Lap:
 
 
 def _distribution(table: Any) -> Figure:
+    import matplotlib
     import pyarrow
 
+    new = tuple(int(each) for each in matplotlib.__version__.split(".")[:2]) >= (3, 10)
     kinds = pyarrow.types
     numbers = [
         field.name
@@ -156,7 +158,10 @@ def _distribution(table: Any) -> Figure:
                 f"'{texts[0]}' has {len(groups)} different texts; accepted: {_MOST_GROUPS} at most"
             )
         figure.set_figheight(1.5 + 0.3 * len(groups))
-        panel.boxplot([values[there][words == each] for each in groups], vert=False)
+        boxes = [values[there][words == each] for each in groups]
+        # The two ways of matplotlib before 3.10 and from then on.
+        lying = {"orientation": "horizontal"} if new else {"vert": False}
+        panel.boxplot(boxes, **lying)
         panel.set_yticks(range(1, len(groups) + 1), groups)
         panel.invert_yaxis()
         panel.set_ylabel(texts[0])
