@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-import subprocess
+import io
 import sys
 from pathlib import Path
 
@@ -11,7 +11,7 @@ import pytest
 from kelfunzioni import fleet
 
 sys.path.insert(0, str(Path(__file__).parent))
-from seasons import DAMAGED, FLOTTA, RECORDINGS, simulate  # noqa: E402
+from seasons import DAMAGED, RECORDINGS, simulate
 
 
 @pytest.fixture(scope="session")
@@ -32,18 +32,18 @@ def out(season, tmp_path_factory):
 
 
 @pytest.fixture
-def flotta():
-    """Run the command; its status, what it wrote, and what it said."""
+def flotta(capfd, monkeypatch):
+    """Run the command in this process; its status, what it wrote, and what it said."""
+    from kelfunzioni.fleet._cli import main
 
-    def run(*arguments, stdin="", **more):
-        done = subprocess.run(
-            [*FLOTTA, *map(str, arguments)],
-            input=stdin,
-            capture_output=True,
-            text=True,
-            timeout=300,
-            **more,
-        )
-        return done.returncode, done.stdout, done.stderr
+    def run(*arguments, stdin=""):
+        monkeypatch.setattr(sys, "stdin", io.StringIO(stdin))
+        monkeypatch.setattr("signal.signal", lambda *a: None)
+        capfd.readouterr()
+        try:
+            status = main([str(each) for each in arguments])
+        except SystemExit as ended:
+            status = ended.code
+        return (status, *capfd.readouterr())
 
     return run

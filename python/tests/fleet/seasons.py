@@ -21,7 +21,9 @@ def simulate(folder, count, *arguments):
 def data_files(folder) -> list[str]:
     """All files of samples, whether a table names them or not."""
     return sorted(
-        str(each.relative_to(folder)) for each in Path(folder, "samples").rglob("*") if each.is_file()
+        str(each.relative_to(folder))
+        for each in Path(folder, "samples").rglob("*")
+        if each.is_file()
     )
 
 

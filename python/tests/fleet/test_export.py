@@ -13,9 +13,9 @@ import numpy as np
 import pyarrow
 import pytest
 from pyarrow import parquet
+from seasons import DAMAGED, FLOTTA, RECORDINGS, data_files, simulate, whole
 
 import kelfunzioni as kel
-from seasons import DAMAGED, FLOTTA, RECORDINGS, data_files, simulate, whole
 from kelfunzioni import fleet
 from kelfunzioni.fleet._query import Fleet
 
@@ -126,6 +126,7 @@ def _opened(samples):
     return kel.Recording(samples.with_suffix(".channels"), samples)
 
 
+@pytest.mark.long
 def test_a_file_changed_with_the_same_size_and_time_needs_checksum(small, tmp_path):
     out, changed = tmp_path / "out", _samples(small)[0]
     fleet.export([str(small)], str(out), jobs=0)
@@ -148,6 +149,7 @@ def test_a_changed_file_that_is_no_recording_any_more_is_a_failure(small, tmp_pa
     assert len(_tables(out)["recordings"]) == first.exported - 1
 
 
+@pytest.mark.long
 def test_a_copy_is_not_exported_twice_and_a_moved_file_not_again(small, tmp_path):
     out = tmp_path / "out"
     first = fleet.export([str(small)], str(out), jobs=0)
@@ -243,6 +245,7 @@ def test_a_recording_without_rows_is_a_failure_and_one_without_a_date_has_none(s
     ]
 
 
+@pytest.mark.long
 def test_large_recordings_have_row_groups_of_128k_rows(tmp_path):
     folder = tmp_path / "large"
     folder.mkdir()
@@ -277,6 +280,7 @@ def test_sessions_of_a_recording_that_is_too_long_for_laps_in_one_go(season, tmp
     assert rows["laps"] == [] and "no laps of a session" in rows["recording"]["lap_note"]
 
 
+@pytest.mark.long
 @pytest.mark.parametrize("format", ["csv", "mdf", "mat"])
 def test_other_formats(small, tmp_path, format):
     out = tmp_path / "out"
@@ -343,6 +347,7 @@ def test_a_disk_that_is_full(season, tmp_path):
     assert whole(out) == whole(tmp_path / "fresh")
 
 
+@pytest.mark.long
 @pytest.mark.skipif(os.geteuid() != 0, reason="a small disk is mounted by root alone")
 def test_a_small_disk(season, tmp_path):
     disk = tmp_path / "disk"
@@ -370,7 +375,7 @@ def test_a_file_that_kills_its_worker_is_found_out(season, tmp_path, monkeypatch
 
     victim = str(_samples(season)[0])
 
-    class KilledWorker(Exception):
+    class KilledWorker(Exception):  # noqa: N818  as the engine calls it
         pass
 
     class Deadly:
@@ -392,6 +397,7 @@ def test_a_file_that_kills_its_worker_is_found_out(season, tmp_path, monkeypatch
     whole(tmp_path / "out")
 
 
+@pytest.mark.long
 def test_a_season_is_the_same_to_the_byte(tmp_path):
     simulate(tmp_path / "a", 8)
     simulate(tmp_path / "b", 8)

@@ -2,10 +2,12 @@
 
 import json
 import struct
+import subprocess
 
 import numpy as np
 import pytest
 from pyarrow import parquet
+from seasons import FLOTTA
 
 import kelfunzioni as kel
 from kelfunzioni import fleet
@@ -15,6 +17,12 @@ from kelfunzioni.fleet._query import Fleet
 @pytest.fixture(scope="module")
 def opened(out):
     return Fleet(str(out))
+
+
+def test_the_command_is_installed(out):
+    command = [*FLOTTA, "query", str(out), "SELECT 1 AS one", "--format", "csv"]
+    done = subprocess.run(command, capture_output=True, text=True)
+    assert (done.returncode, done.stdout, done.stderr) == (0, "one\n1\n", "")
 
 
 def _each(opened):
@@ -32,7 +40,9 @@ def test_best_laps(opened):
             if lap.state == "good":
                 vehicle = vehicles[name]
                 best[vehicle] = min(best.get(vehicle, lap.milliseconds), lap.milliseconds)
-    found = opened.sql("SELECT vehicle, min(ms), any_value(lap_time) FROM best_laps GROUP BY vehicle")
+    found = opened.sql(
+        "SELECT vehicle, min(ms), any_value(lap_time) FROM best_laps GROUP BY vehicle"
+    )
     rows = found.fetchall()
     assert {vehicle: ms for vehicle, ms, _ in rows} == best and len(best) == 4
     one = opened.sql("SELECT ms, lap_time FROM best_laps LIMIT 1").fetchall()[0]
@@ -60,7 +70,9 @@ def test_where_was(opened):
         "SELECT recording, round(start, 3), samples, latitude, lap "
         "FROM where_was('0x00070010', 'value > 60')"
     ).fetchall()
-    assert sorted((name, start, samples) for name, start, samples, _, _ in found) == sorted(expected)
+    assert sorted((name, start, samples) for name, start, samples, _, _ in found) == sorted(
+        expected
+    )
     assert len(expected) > 10
     assert all(latitude is not None and lap is not None for *_, latitude, lap in found)
     number = opened.sql(f"SELECT count(*) FROM where_was({0x00070010}, 'value > 60')").fetchall()
@@ -86,9 +98,9 @@ def test_channel_statistics(opened):
 def test_functions(opened):
     ask = opened.sql
     assert ask("SELECT kel_name('0x05070010')").fetchall() == [("Speed Wheel FL",)]
-    assert ask("SELECT kel_name(84344848), kel_name('REF_SPEED_FL'), kel_name(NULL)").fetchall() == [
-        ("Speed Wheel FL", "Speed Wheel FL", None)
-    ]
+    assert ask(
+        "SELECT kel_name(84344848), kel_name('REF_SPEED_FL'), kel_name(NULL)"
+    ).fetchall() == [("Speed Wheel FL", "Speed Wheel FL", None)]
     values = ask(
         "SELECT kel_convert(v, f, 'km/h', u) FROM (VALUES (100, '0x05070010', 'mph'), "
         "(NULL, '0x05070010', 'mph'), (50, '0x05070010', 'km/h')) AS t(v, f, u)"
@@ -115,7 +127,10 @@ def test_answers_in_every_format(out, flotta, tmp_path):
 
 
 def test_the_shell_answers_each_statement(out, flotta):
-    lines = "SELECT 41 + 1 AS answer;\nSELECT count(*) AS n\nFROM laps;\nCREATE TABLE t AS SELECT 7 AS x;\nFROM t;\n"
+    lines = (
+        "SELECT 41 + 1 AS answer;\nSELECT count(*) AS n\nFROM laps;\n"
+        "CREATE TABLE t AS SELECT 7 AS x;\nFROM t;\n"
+    )
     status, text, said = flotta("query", out, "--format", "csv", stdin=lines)
     count = Fleet(str(out)).sql("SELECT count(*) FROM laps").fetchall()[0][0]
     assert (status, said) == (0, "")

@@ -137,7 +137,9 @@ def main(arguments: Sequence[str] | None = None) -> int:
     except KelError as error:
         return _fail(str(error))
     except OSError as error:
-        return _fail(f"{error.strerror or error}{f': {error.filename!r}' if error.filename else ''}")
+        return _fail(
+            f"{error.strerror or error}{f': {error.filename!r}' if error.filename else ''}"
+        )
 
 
 def _fail(text: str, status: int = 1) -> int:
@@ -255,7 +257,7 @@ def _copy(fleet: Any, path: str, format: str) -> None:
 def _short(error: Exception) -> str:
     """One line of what DuckDB says."""
     text = str(error).split("\n\nLINE", 1)[0].split("\nStack", 1)[0]
-    if 'Table with name channel_0x' in text:
+    if "Table with name channel_0x" in text:
         word = text.split("channel_", 1)[1].split(" ", 1)[0]
         return f"no recording has values of {word}; accepted: identifiers of the view channels"
     return " ".join(text.split())

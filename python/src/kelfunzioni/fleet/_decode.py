@@ -140,7 +140,7 @@ class Decoded:
         return float(f"{1 / step:.3g}") if step > 0 else 0.0
 
     def _start(self) -> datetime.datetime | None:
-        """Tell the start by the first UTC of the first batch, and how long after the start it is."""
+        """Tell the start by the first UTC of the first batch, less the time until then."""
         if self._first is None or "UTC" not in self._stream.schema.names:
             return None
         column = self._first.column("UTC")
@@ -329,7 +329,8 @@ class _Clock:
     """Times since the start of their session, from times of any origin in microseconds."""
 
     def __init__(self) -> None:
-        self._session, self._first, self._last = 0, 0, None
+        self._session, self._first = 0, 0
+        self._last: int | None = None
         self.seconds = 0.0
         self.begins = [0]
         self._rows = 0
@@ -340,7 +341,7 @@ class _Clock:
             return pyarrow.array([], pyarrow.int16()), pyarrow.array([], pyarrow.float64())
         if self._last is None:
             self._first = self._last = int(times[0])
-        steps = np.diff(times, prepend=self._last)
+        steps = np.diff(times, prepend=np.int64(self._last))
         begins = np.flatnonzero((steps < 0) | (steps > _PAUSE))
         sessions = np.full(len(times), self._session, np.int64)
         firsts = np.full(len(times), self._first, np.int64)

@@ -22,9 +22,7 @@ def digest(folder: str) -> str:
     whole = hashlib.sha256()
     rates = fleet.connection.sql("SELECT DISTINCT rate FROM recordings ORDER BY rate").fetchall()
     views = {
-        **{
-            f"read_parquet('{fleet.table(name)}')": less for name, less in _WHERE_AND_WHEN.items()
-        },
+        **{f"read_parquet('{fleet.table(name)}')": less for name, less in _WHERE_AND_WHEN.items()},
         **{view_of(rate): "" for (rate,) in rates},
     }
     for view, less in views.items():

@@ -5,6 +5,7 @@ from __future__ import annotations
 import contextlib
 import os
 from collections.abc import Callable, Iterable, Iterator
+from concurrent.futures import CancelledError
 from typing import Any, Protocol
 
 __all__ = ["Engine", "EngineLostError", "engine"]
@@ -52,12 +53,14 @@ class _Dask:
         futures = {self._client.submit(_call, each, pure=False): each for each in tasks}
         try:
             for future in as_completed(list(futures)):
-                if future.status in ("cancelled", "lost"):
+                if future.status == "cancelled":
                     raise EngineLostError
-                error = future.exception() if future.status == "error" else None
+                # A worker may die with the result of a task that it has ended: then the task is
+                # done again, which gives the same files, and this waits for it.
+                error = future.exception()
                 yield futures.pop(future), future.result() if error is None else error
                 future.release()
-        except (OSError, TimeoutError) as error:
+        except (OSError, TimeoutError, CancelledError) as error:
             raise EngineLostError from error
         finally:
             if futures:
@@ -96,7 +99,7 @@ def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Eng
                 n_workers=jobs or len(os.sched_getaffinity(0)),
                 threads_per_worker=1,
                 memory_limit=memory,
-                dashboard_address=None,
+                dashboard_address=":0",
                 silence_logs=60,
             )
             stack.enter_context(cluster)

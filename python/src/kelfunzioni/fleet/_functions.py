@@ -9,7 +9,7 @@ from typing import Any
 import numpy as np
 import pyarrow
 
-from .. import Function, KelError, KelWarning, convert, format_lap
+from .. import Function, KelWarning, convert, format_lap
 
 __all__ = ["as_identifier", "register"]
 
@@ -17,7 +17,8 @@ __all__ = ["as_identifier", "register"]
 def register(connection: Any) -> None:
     """Make the functions known to a connection of DuckDB.
 
-    ``kel_name(fid)``, ``kel_identifier(fid)``, ``kel_convert(value, fid, from, to)``, ``kel_lap(ms)``.
+    ``kel_name(fid)``, ``kel_identifier(fid)``, ``kel_convert(value, fid, from, to)``,
+    ``kel_lap(ms)``.
     Identifiers may be numbers or texts.
     """
     text, real, whole = "VARCHAR", "DOUBLE", "BIGINT"

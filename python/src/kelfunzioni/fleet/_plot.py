@@ -56,14 +56,16 @@ def _laps(fleet: Fleet, chosen: list[tuple[str, int]], channel: str | None) -> F
         raise KelError(f"the query gives {len(chosen)} laps; accepted: {_MOST_LAPS} at most")
     figure = _figure(3)
     top, bottom = figure.subplots(2, sharex=True, height_ratios=[2, 1])
-    reference: tuple[Any, Any] | None = None
+    reference: tuple[Any, Any] = (None, None)
     for recording, number in chosen:
         lap = _Lap(fleet, recording, number, channel)
         top.plot(lap.metres, lap.values, linewidth=0.9, label=lap.title)
-        if reference is None:
+        if reference[0] is None:
             reference = lap.metres, lap.since
             top.set_ylabel(_label(lap.channel, lap.unit))
-        bottom.plot(lap.metres, lap.since - np.interp(lap.metres, *reference), linewidth=0.9)
+        # No gap before and behind what both have driven.
+        both = np.interp(lap.metres, *reference, left=np.nan, right=np.nan)
+        bottom.plot(lap.metres, lap.since - both, linewidth=0.9)
     bottom.set_ylabel("gap to the first\ns")
     bottom.set_xlabel("distance, m")
     figure.legend(loc="outside upper center", ncols=2, fontsize="small")

@@ -37,7 +37,8 @@ CREATE VIEW channel_statistics AS
     count(DISTINCT vehicle) AS vehicles, count(*) AS recordings,
     sum(samples)::BIGINT AS samples, sum(nulls)::BIGINT AS nulls,
     min(least) AS least, max(greatest) AS greatest,
-    sum(mean * (samples - nulls)) / nullif(sum(samples - nulls) FILTER (mean IS NOT NULL), 0) AS mean
+    sum(mean * (samples - nulls))
+      / nullif(sum(samples - nulls) FILTER (mean IS NOT NULL), 0) AS mean
   FROM channels GROUP BY identifier, name, unit ORDER BY name, identifier, unit;
 """
 
@@ -54,14 +55,16 @@ CREATE MACRO where_was(identifier, condition) AS TABLE
     SELECT *, sum(begins) OVER (PARTITION BY recording, session ORDER BY time
       ROWS UNBOUNDED PRECEDING) AS span FROM steps),
   found AS (
-    SELECT recording, vehicle, date, session, min(time) AS start, round(max(time) - min(time), 6) AS seconds,
+    SELECT recording, vehicle, date, session, min(time) AS start,
+      round(max(time) - min(time), 6) AS seconds,
       count(*) AS samples, min(value) AS least, max(value) AS greatest,
       arg_min(latitude, time) AS latitude, arg_min(longitude, time) AS longitude
     FROM spans GROUP BY recording, vehicle, date, session, span)
   SELECT f.vehicle, f.date, f.recording, l.lap, f.start, f.seconds, f.samples, f.least, f.greatest,
     f.latitude, f.longitude
-  FROM found f LEFT JOIN (SELECT *, lead(start) OVER (PARTITION BY recording, session ORDER BY start)
-      AS until FROM laps) l
+  FROM found f LEFT JOIN (
+      SELECT *, lead(start) OVER (PARTITION BY recording, session ORDER BY start) AS until
+      FROM laps) l
     ON l.recording = f.recording AND l.session = f.session AND f.start >= l.start
       AND (l.until IS NULL OR f.start < l.until)
   ORDER BY f.vehicle, f.date, f.recording, f.start;

@@ -74,7 +74,7 @@ class State:
         self.owners[file].add(name)
 
     def rewrites(self) -> list[RewriteTask]:
-        """Tell which data files to write again: those with rows that are no more, and small ones."""
+        """Tell which data files to write again: small ones, and those with outdated rows."""
         live: dict[str, list[str]] = defaultdict(list)
         for row in sorted(
             self.recordings.values(), key=lambda row: (row["start"] or "", row["recording"])
@@ -108,7 +108,7 @@ class State:
             self.recordings[name]["data"] = data
 
     def tables(self, failures: list[Row], asked: set[str]) -> dict[str, pyarrow.Table]:
-        """Make the next tables: with failures of this run, and older ones of files not asked for."""
+        """Make the next tables; older failures of files that were not asked for now remain."""
         rows = sorted(self.recordings.values(), key=lambda row: (row["vehicle"], row["file"]))
         name_tracks(rows)
         before = [row for row in self._old["failures"].to_pylist() if row["file"] not in asked]

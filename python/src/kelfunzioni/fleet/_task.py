@@ -73,7 +73,7 @@ class ExportTask:
     sources: tuple[tuple[Source, str, str], ...]
 
     def __call__(self) -> dict[str, Any]:
-        """Give what stands in the marker: rows of tables, failures, and seconds by what they went to."""
+        """Give what stands in the marker, rows of tables and failures, and the seconds it took."""
         begun = time.perf_counter(), time.process_time()
         done: list[dict[str, Any]] = []
         failures: list[dict[str, str]] = []
