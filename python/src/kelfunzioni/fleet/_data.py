@@ -14,6 +14,7 @@ from pyarrow import parquet
 
 from .. import __version__
 from ._atomic import atomic
+from ._compute import pc
 from ._decode import Decoded
 
 __all__ = ["GROUP", "Group", "place_of", "rewrite", "write_alone", "write_group"]
@@ -89,7 +90,10 @@ def _write(
     with (
         atomic(path) as temporary,
         parquet.ParquetWriter(
-            temporary, schema, compression="zstd", use_dictionary=["recording"]
+            temporary,
+            schema,
+            compression="zstd",
+            use_dictionary=["recording"],  # pyright: ignore[reportArgumentType]
         ) as writer,
     ):
         kept: list[pyarrow.RecordBatch] = []
@@ -154,12 +158,10 @@ def rewrite(folder: str, place: str, files: list[tuple[str, list[str]]]) -> dict
             wanted = pyarrow.array(some)
             with parquet.ParquetFile(os.path.join(folder, data)) as file:
                 for batch in file.iter_batches(1 << 16):
-                    mask = pyarrow.compute.is_in(batch.column("recording"), value_set=wanted)
+                    mask = pc.is_in(batch.column("recording"), value_set=wanted)
                     left = batch.filter(mask)
                     if left.num_rows:
                         yield left
-
-    import pyarrow.compute
 
     data = _write(folder, place, schema, recordings, batches())
     return dict.fromkeys(recordings, data)

@@ -15,11 +15,11 @@ from typing import Any
 
 import numpy as np
 import pyarrow
-import pyarrow.compute as pc
 
 from .. import KelError, KelWarning, RecordingError, __version__
 from .._laps import Lap, laps
 from .._recording import Capture, Recording
+from ._compute import pc
 from ._inputs import Source, shown
 
 __all__ = ["Decoded", "content_hash", "decode"]
@@ -117,12 +117,14 @@ class Decoded:
 
             return Mapping.load(self.source.mapping).open(self.source.paths[0])
         buffers = [each.data for each in self._files]
-        return Capture(*buffers) if self.source.kind == "capture" else Recording(*buffers)
+        if self.source.kind == "capture":
+            return Capture(buffers[0])
+        return Recording(buffers[0], buffers[1])
 
     def _base_units(self) -> None:
         """Show each channel in its function's base unit, so that files can be compared."""
         for info in self.table.columns:
-            units = info.function.units if info.function is not None else ()
+            units: tuple[str, ...] = info.function.units if info.function is not None else ()
             if info.unit in units[1:]:
                 # Columns of GPS solutions have their unit for good, the same in all files.
                 with warnings.catch_warnings(), contextlib.suppress(KelError):

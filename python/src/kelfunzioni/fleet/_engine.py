@@ -48,7 +48,9 @@ class _Dask:
         self._client = client
 
     def run(self, tasks: Iterable[Task]) -> Iterator[tuple[Task, Any]]:
-        from distributed import as_completed
+        import distributed
+
+        as_completed: Any = distributed.as_completed
 
         futures = {self._client.submit(_call, each, pure=False): each for each in tasks}
         try:
@@ -85,8 +87,11 @@ def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Eng
     if scheduler is None and jobs == 0:
         yield _Here()
         return
-    import dask
-    from distributed import Client, LocalCluster
+    import dask.config
+    import distributed
+
+    # Parts of distributed have no types.
+    dask_of: Any = distributed
 
     quiet = {
         "distributed.worker.daemon": True,
@@ -95,7 +100,7 @@ def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Eng
     }
     with dask.config.set(quiet), contextlib.ExitStack() as stack:
         if scheduler is None:
-            cluster = LocalCluster(
+            cluster = dask_of.LocalCluster(
                 n_workers=jobs or len(os.sched_getaffinity(0)),
                 threads_per_worker=1,
                 memory_limit=memory,
@@ -103,8 +108,8 @@ def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Eng
                 silence_logs=60,
             )
             stack.enter_context(cluster)
-            client = Client(cluster)
+            client = dask_of.Client(cluster)
         else:
-            client = Client(scheduler, timeout="30 s")
+            client = dask_of.Client(scheduler, timeout="30 s")
         stack.enter_context(client)
         yield _Dask(client)

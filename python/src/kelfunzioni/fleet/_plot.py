@@ -116,7 +116,7 @@ class _Lap:
                 ("time", ">=", start),
                 ("time", "<=", start + milliseconds / 1000),
             ],
-            partitioning=None,
+            partitioning=None,  # pyright: ignore[reportArgumentType]
         )
         column = {
             name: rows[name].to_numpy(zero_copy_only=False).astype(float)
@@ -162,7 +162,7 @@ def _distribution(table: Any) -> Figure:
         figure.set_figheight(1.5 + 0.3 * len(groups))
         boxes = [values[there][words == each] for each in groups]
         # The two ways of matplotlib before 3.10 and from then on.
-        lying = {"orientation": "horizontal"} if new else {"vert": False}
+        lying: Any = {"orientation": "horizontal"} if new else {"vert": False}
         panel.boxplot(boxes, **lying)
         panel.set_yticks(range(1, len(groups) + 1), groups)
         panel.invert_yaxis()

@@ -8,9 +8,9 @@ from collections.abc import Iterable
 from typing import Any
 
 import pyarrow
-import pyarrow.compute as pc
 
 from . import _tables
+from ._compute import pc
 from ._data import GROUP
 from ._folder import Folder
 from ._task import RewriteTask

@@ -85,6 +85,7 @@ class ExportTask:
                 decoded = decode(source, identity=digest[:16])
                 try:
                     alone = self.format != "parquet" or len(decoded) >= GROUP
+                    data, batches = "", []
                     if alone:
                         before = time.process_time()
                         data = write_alone(self.folder, decoded, self.format)
