@@ -124,7 +124,7 @@ class Decoded:
     def _base_units(self) -> None:
         """Show each channel in its function's base unit, so that files can be compared."""
         for info in self.table.columns:
-            units: tuple[str, ...] = info.function.units if info.function is not None else ()
+            units = list(info.function.units) if info.function is not None else []
             if info.unit in units[1:]:
                 # Columns of GPS solutions have their unit for good, the same in all files.
                 with warnings.catch_warnings(), contextlib.suppress(KelError):

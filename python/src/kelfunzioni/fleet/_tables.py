@@ -102,7 +102,11 @@ def rows(table: pyarrow.Table) -> list[dict[str, Any]]:
 
 def table(name: str, rows: list[dict[str, Any]]) -> pyarrow.Table:
     """Make one of the tables of rows."""
-    return pyarrow.Table.from_pylist([_typed(row) for row in rows], schema=SCHEMAS[name])
+    if name == "recordings":
+        rows = [_typed(row) for row in rows]
+    schema = SCHEMAS[name]
+    columns = [pyarrow.array([row[field.name] for row in rows], field.type) for field in schema]
+    return pyarrow.Table.from_arrays(columns, schema=schema)
 
 
 def _typed(row: dict[str, Any]) -> dict[str, Any]:
