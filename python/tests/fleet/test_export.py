@@ -318,6 +318,12 @@ def test_wrong_usage(season, tmp_path, flotta):
     ):
         status, _, said = flotta(*arguments)
         assert status == 2 and said.startswith("kelflotta") and said.count("\n") == 1, said
+    for arguments, word in (
+        (["--memory", "much"], "accepted: as 512 MiB"),
+        (["--scheduler", "nowhere"], "the scheduler at nowhere is gone"),
+    ):
+        status, _, said = flotta("export", season, "-O", tmp_path / "out", *arguments)
+        assert status == 1 and word in said and said.count("\n") == 1, said
     status, _, said = flotta("export", tmp_path / "none", "-O", tmp_path / "out", "--jobs", "0")
     assert status == 1 and "there is no such file" in said
 

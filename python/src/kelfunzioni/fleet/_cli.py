@@ -128,7 +128,7 @@ def main(arguments: Sequence[str] | None = None) -> int:
         return int({"export": _export, "query": _query, "plot": _plot}[options.command](options))
     except KeyboardInterrupt:
         again = "; run it again to go on" if options.command == "export" else ""
-        return _fail(f"stopped{again}", 130)
+        return _fail(f"stopped{again}")
     except BrokenPipeError:
         os.dup2(os.open(os.devnull, os.O_WRONLY), 1)
         return 1

@@ -8,6 +8,8 @@ from collections.abc import Callable, Iterable, Iterator
 from concurrent.futures import CancelledError
 from typing import Any, Protocol
 
+from .._errors import KelError
+
 __all__ = ["Engine", "EngineLostError", "engine"]
 
 Task = Callable[[], Any]
@@ -88,10 +90,15 @@ def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Eng
         yield _Here()
         return
     import dask.config
+    import dask.utils
     import distributed
 
     # Parts of distributed have no types.
     dask_of: Any = distributed
+    try:
+        dask.utils.parse_bytes(memory)
+    except ValueError:
+        raise KelError(f"'{memory}' is no size of memory; accepted: as 512 MiB") from None
 
     quiet = {
         "distributed.worker.daemon": True,
@@ -110,6 +117,9 @@ def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Eng
             stack.enter_context(cluster)
             client = dask_of.Client(cluster)
         else:
-            client = dask_of.Client(scheduler, timeout="30 s")
+            try:
+                client = dask_of.Client(scheduler, timeout="20 s")
+            except (OSError, ValueError) as error:
+                raise EngineLostError from error
         stack.enter_context(client)
         yield _Dask(client)
