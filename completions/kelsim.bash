@@ -6,11 +6,11 @@ _kelsim() {
     COMPREPLY=()
     case $before in
         --messages) mapfile -t COMPREPLY < <(compgen -W "sol pvt both" -- "$current") ;;
-        --laps | --rate | --seed) ;;
+        --fleet | --damaged | --laps | --rate | --seed) ;;
         *)
             if [[ $current == -* && $before != --channels && $before != --samples ]]; then
-                mapfile -t COMPREPLY < <(compgen -W "--channels --samples --messages --laps --rate --seed --version --help" -- \
-                    "$current")
+                mapfile -t COMPREPLY < <(compgen -W \
+                    "--channels --samples --fleet --damaged --messages --laps --rate --seed --version --help" -- "$current")
             else
                 compopt -o filenames 2>/dev/null
                 mapfile -t COMPREPLY < <(compgen -f -- "$current")

@@ -23,6 +23,15 @@ show_help() {
 project_version() { sed -nE 's/^ +VERSION ([0-9.]+)$/\1/p' "$KEL_ROOT/CMakeLists.txt"; }
 project_soversion() { sed -nE 's/^set\(KEL_SOVERSION ([0-9]+)\)$/\1/p' "$KEL_ROOT/CMakeLists.txt"; }
 
+# The newest Python that scripts/test-python has made an environment for, with the package in it.
+newest_python() {
+    local found
+    found=$(find "$KEL_ROOT/build/python" -mindepth 3 -maxdepth 3 -path '*/bin/python' 2>/dev/null | sort | tail -n 1)
+    [[ -n $found ]] && "$found" -c 'import kelfunzioni.fleet' 2>/dev/null ||
+        die "there is no environment with the package; run scripts/test-python first"
+    echo "$found"
+}
+
 # Packages of the sets named, one a line.
 packages_of() {
     local wanted

@@ -8,7 +8,7 @@ line that begins with "$ " is a command, and what follows is its output; a line 
 out. With --write the outputs are replaced by those of this run (blocks with "..." stay), and nothing is compared.
 
 A program without its output, an output without its program, and a program that fails are mistakes of the document.
-Console blocks that install or build something are counted, not run.
+Console blocks that install or build something, or use what was installed, are counted, not run.
 """
 
 import argparse
@@ -24,7 +24,7 @@ from pathlib import Path
 BLOCK = re.compile(r"^```(\w*)\n(.*?)^```$", re.M | re.S)
 PROGRAMS = ("c", "cpp", "python")
 PACKAGE = re.compile(r"^(import|from) kelfunzioni", re.M)
-BUILDING = re.compile(r"^\$ (sudo |apt|cmake|ctest|scripts/|git |python3 -m venv )", re.M)
+BUILDING = re.compile(r"^\$ (sudo |apt|cmake|ctest|scripts/|git |python3 -m venv |v/bin/)", re.M)
 
 
 PYTHON_PACKAGE = Path(__file__).resolve().parents[2] / "python" / "src"

@@ -16,6 +16,9 @@ constexpr double KMH = 3.6;                 // km/h in a m/s
 constexpr double REGIME_MASSIMO = 14000;    // rpm at which the next gear is engaged
 constexpr double REGIME_MINIMO = 2500;      // rpm, clutch slipping
 constexpr double ACQUA_CALDA = 52;          // degrees Celsius at full pace
+constexpr double ACQUA_BOLLENTE = 118;      // without coolant
+constexpr double CURVA_CRITICA = 0.8;       // g to the left at which the oil leaves a low sump's pump
+constexpr double OLIO_CRITICO = 0.4;        // bar
 constexpr double TEMPO_ACQUA = 90;          // s over which it warms up
 constexpr double ACCENSIONE_SONDA = 3;      // s before the water's sensor gives its first value
 constexpr std::uint16_t MANCANTE = 0xCFFE;  // the sample of a value that is missing
@@ -34,7 +37,7 @@ std::uint16_t mezzo_float(double valore) {
 
 }  // namespace
 
-Centralina::Centralina(double giro_m) : giro_m_(giro_m) {
+Centralina::Centralina(double giro_m, Guasto guasto) : giro_m_(giro_m), guasto_(guasto) {
     kelFunInit(&set_, memoria_.data(), CANALI, 0);
     velocita_ = &aggiungi(kelFidComponi(FID_PHI_SPEED, FID_OBJ_UNDEFINED, FID_POS_WHEEL), KEL_TIPO_FLOAT, "Speed",
                           "Wheel Speed");
@@ -87,9 +90,8 @@ std::string Centralina::record(const Istante& istante, const PianoLocale& piano)
     scrivi(campioni, marcia_->offset_campione, static_cast<std::int16_t>(in_marcia_));
     scrivi(campioni, acceleratore_->offset_campione, static_cast<std::uint8_t>(spinta_));
     scrivi(campioni, laterale_->offset_campione, mezzo_float(laterale(istante)));
-    scrivi(campioni, acqua_->offset_campione,
-           istante.secondi < ACCENSIONE_SONDA ? MANCANTE : static_cast<std::uint16_t>(acqua_c_));
-    scrivi(campioni, olio_->offset_campione, mezzo_float(1.2 + 3.6 * regime_ / REGIME_MASSIMO));
+    scrivi(campioni, acqua_->offset_campione, acqua(istante));
+    scrivi(campioni, olio_->offset_campione, mezzo_float(olio_bar(istante)));
     pacchetto_giro(campioni, ora_ms);
     scrivi(campioni, gps_->offset_campione, ora_ms);
     const std::string navsol = payload_nav_sol(istante, piano);
@@ -101,6 +103,17 @@ std::string Centralina::record(const Istante& istante, const PianoLocale& piano)
     return orario + campioni;
 }
 
+double Centralina::olio_bar(const Istante& istante) const {
+    if (guasto_ == Guasto::olio_basso && laterale(istante) > CURVA_CRITICA)
+        return OLIO_CRITICO;
+    return 1.2 + 3.6 * regime_ / REGIME_MASSIMO;
+}
+
+std::uint16_t Centralina::acqua(const Istante& istante) const {
+    const bool spenta = guasto_ == Guasto::sonda_staccata || istante.secondi < ACCENSIONE_SONDA;
+    return spenta ? MANCANTE : static_cast<std::uint16_t>(acqua_c_);
+}
+
 // What the sensors give: engine and gear follow the speed, the throttle its change.
 void Centralina::misura(const Istante& istante) {
     const double dt = istante.secondi - prima_.secondi;
@@ -110,7 +123,8 @@ void Centralina::misura(const Istante& istante) {
     in_marcia_ = istante.andatura > 0 ? static_cast<int>(marcia - std::begin(FINE_MARCIA)) + 1 : 0;
     regime_ = std::max(REGIME_MINIMO, REGIME_MASSIMO * istante.andatura / *marcia);
     spinta_ = std::clamp(35 + accelerazione * 30, 0.0, 100.0);
-    acqua_c_ += (ACQUA_CALDA - acqua_c_) * dt / TEMPO_ACQUA;
+    const double calda = guasto_ == Guasto::surriscaldamento ? ACQUA_BOLLENTE : ACQUA_CALDA;
+    acqua_c_ += (calda - acqua_c_) * dt / TEMPO_ACQUA;
 }
 
 // The line is crossed between two solutions. The time of the crossing divides their interval as the line divides the

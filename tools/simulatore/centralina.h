@@ -12,12 +12,20 @@
 
 namespace kel::simulatore {
 
+/// What is wrong with the kart or its sensors during a drive.
+enum class Guasto {
+    nessuno,
+    sonda_staccata,    ///< the water's sensor gives no value
+    surriscaldamento,  ///< the water boils in the end
+    olio_basso,        ///< in fast left-hand corners the oil pump draws air
+};
+
 /// Records speed, engine and water, and the receiver's and the lap timer's packets. The same solutions give the same
 /// records.
 class Centralina {
 public:
     /// @param giro_m  length of a lap, m.
-    explicit Centralina(double giro_m);
+    explicit Centralina(double giro_m, Guasto guasto = Guasto::nessuno);
 
     /// The channel records, 112 bytes each, as they lie in the logger's memory.
     std::string canali() const;
@@ -28,6 +36,8 @@ public:
 private:
     const s_kel_canale& aggiungi(kel_funpos fid, std::uint32_t tipo, const char* breve, const char* nome);
     static double laterale(const Istante& istante);
+    double olio_bar(const Istante& istante) const;
+    std::uint16_t acqua(const Istante& istante) const;
     void misura(const Istante& istante);
     void cronometra(const Istante& istante);
     void pacchetto_giro(std::string& record, std::uint32_t ora_ms) const;
@@ -38,6 +48,7 @@ private:
     const s_kel_canale *velocita_, *giri_, *marcia_, *acceleratore_, *laterale_, *acqua_, *olio_, *giro_, *gps_;
 
     double giro_m_;
+    Guasto guasto_;
     Istante prima_;
     double regime_ = 0;  // rpm
     double spinta_ = 0;  // throttle, %

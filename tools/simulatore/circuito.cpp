@@ -8,7 +8,6 @@ namespace kel::simulatore {
 
 namespace {
 
-constexpr double LUNGHEZZA = 1000.0;             // m
 constexpr double VELOCITA_MASSIMA = 25.0;        // m/s; 90 km/h
 constexpr double ACCELERAZIONE_LATERALE = 11.0;  // m/s2; hard tyres on dry asphalt
 constexpr double ACCELERAZIONE = 2.5;            // m/s2
@@ -58,7 +57,7 @@ PuntoSpline spline(double parametro) {
 
 }  // namespace
 
-Circuito::Circuito() : lunghezza_(LUNGHEZZA) {
+Circuito::Circuito(double lunghezza) : lunghezza_(lunghezza) {
     // Length along the curve at many parameters, then points at equal lengths.
     constexpr std::size_t FINEZZA = 20000;
     std::vector<double> percorso(FINEZZA + 1, 0.0);
@@ -69,7 +68,7 @@ Circuito::Circuito() : lunghezza_(LUNGHEZZA) {
         const double dy = b.p[1] - a.p[1];
         percorso[i + 1] = percorso[i] + std::sqrt(dx * dx + dy * dy);
     }
-    const double scala = LUNGHEZZA / percorso.back();
+    const double scala = lunghezza_ / percorso.back();
     constexpr std::size_t PUNTI = 2000;
     std::size_t i = 0;
     for (std::size_t n = 0; n < PUNTI; ++n) {

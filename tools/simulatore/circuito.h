@@ -22,10 +22,11 @@ struct PuntoCircuito {
     double velocita = 0;   ///< m/s that a kart reaches here on a flying lap
 };
 
-/// A closed circuit of one kilometre.
+/// A closed circuit.
 class Circuito {
 public:
-    Circuito();
+    /// @param lunghezza  of a lap, m; the shape is the same at any length.
+    explicit Circuito(double lunghezza = 1000);
 
     double lunghezza() const { return lunghezza_; }
 

@@ -9,13 +9,11 @@ namespace kel::simulatore {
 
 namespace {
 
-constexpr std::uint32_t INIZIO_SETTIMANA = 2372;  // GPS week of the made-up day, 28 June 2025
-constexpr std::uint32_t INIZIO_MS = 554400000;    // Saturday, 10:00 of GPS time
-constexpr double RINCORSA = 40.0;                 // m before the line, where the kart starts from rest
-constexpr double USCITA = 60.0;                   // m behind the line, where the recording ends
-constexpr double ACCELERAZIONE_PARTENZA = 3.0;    // m/s2
-constexpr double TRATTO = 200.0;                  // m over which the driver's pace changes
-constexpr double SIGMA_VELOCITA = 0.04;           // m/s, of each solution on its own
+constexpr double RINCORSA = 40.0;               // m before the line, where the kart starts from rest
+constexpr double USCITA = 60.0;                 // m behind the line, where the recording ends
+constexpr double ACCELERAZIONE_PARTENZA = 3.0;  // m/s2
+constexpr double TRATTO = 200.0;                // m over which the driver's pace changes
+constexpr double SIGMA_VELOCITA = 0.04;         // m/s, of each solution on its own
 
 // The position's error drifts over minutes, as a receiver's under an open sky does: from one lap to the next it changes
 // by a decimetre, so that lap times from positions are good to a few milliseconds.
@@ -41,7 +39,12 @@ double meta_del_giro_di_mezzo(unsigned giri) {
 }  // namespace
 
 Kart::Kart(unsigned giri, unsigned frequenza, std::uint64_t seme)
-    : frequenza_(frequenza),
+    : Kart(Circuito(), Partenza(), giri, frequenza, seme) {}
+
+Kart::Kart(const Circuito& circuito, const Partenza& partenza, unsigned giri, unsigned frequenza, std::uint64_t seme)
+    : circuito_(circuito),
+      partenza_(partenza),
+      frequenza_(frequenza),
       seme_(seme),
       stato_(seme),
       arrivo_(giri * circuito_.lunghezza() + USCITA),
@@ -77,8 +80,8 @@ bool Kart::prossimo(Istante& istante) {
         return false;
     const double dt = 1.0 / frequenza_;
     istante = Istante();
-    const std::uint64_t ora_ms = INIZIO_MS + (passi_ * 1000 + frequenza_ / 2) / frequenza_;
-    istante.settimana = static_cast<std::uint32_t>(INIZIO_SETTIMANA + ora_ms / SETTIMANA_MS);
+    const std::uint64_t ora_ms = partenza_.settimana_ms + (passi_ * 1000 + frequenza_ / 2) / frequenza_;
+    istante.settimana = static_cast<std::uint32_t>(partenza_.settimana + ora_ms / SETTIMANA_MS);
     istante.settimana_ms = static_cast<std::uint32_t>(ora_ms % SETTIMANA_MS);
     istante.secondi = static_cast<double>(passi_) / frequenza_;
     istante.distanza = distanza_;
@@ -99,7 +102,7 @@ bool Kart::prossimo(Istante& istante) {
 
     // To the next solution: as fast as the circuit allows, from a standing start.
     ++passi_;
-    velocita_ = std::min(punto.velocita * passo(), velocita_ + ACCELERAZIONE_PARTENZA * dt);
+    velocita_ = std::min(punto.velocita * passo() * partenza_.ritmo, velocita_ + ACCELERAZIONE_PARTENZA * dt);
     distanza_ += std::max(velocita_, 0.5) * dt;
     if (perdita_s_ >= 0)
         perdita_s_ += dt;

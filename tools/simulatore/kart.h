@@ -25,6 +25,13 @@ struct Istante {
     std::uint32_t accuratezza_velocita = 0;   ///< cm/s
 };
 
+/// When a drive starts, and how.
+struct Partenza {
+    std::uint32_t settimana = 2372;          ///< GPS week; the made-up day is 28 June 2025
+    std::uint32_t settimana_ms = 554400000;  ///< its time, ms: Saturday, 10:00 of GPS time
+    double ritmo = 1;                        ///< share of its possible speed that this kart has
+};
+
 /// Drives laps: from a standing start before the line to a little way behind it, no two laps equally fast. The same
 /// arguments give the same solutions.
 class Kart {
@@ -33,6 +40,8 @@ public:
     /// @param frequenza  solutions a second, 1 to 25.
     /// @param seme       seed of the receiver's noise and of the driver's pace.
     Kart(unsigned giri, unsigned frequenza, std::uint64_t seme);
+    /// Likewise on another circuit, at another time.
+    Kart(const Circuito& circuito, const Partenza& partenza, unsigned giri, unsigned frequenza, std::uint64_t seme);
 
     /// The next solution; false when the drive is over.
     bool prossimo(Istante& istante);
@@ -46,6 +55,7 @@ private:
     void ricezione(Istante& istante);
 
     Circuito circuito_;
+    Partenza partenza_;
     unsigned frequenza_;
     std::uint64_t seme_;
     std::uint64_t stato_;    // of the noise

@@ -1,9 +1,7 @@
-// kelsim: simulates a kart on a small circuit, and writes what its GPS receiver and its data logger record.
+// kelsim: simulates karts on small circuits, and writes what their GPS receivers and data loggers record.
 #include <CLI/CLI.hpp>
-#include <cerrno>
 #include <charconv>
 #include <cstdio>
-#include <cstring>
 #include <exception>
 #include <map>
 #include <sstream>
@@ -12,9 +10,11 @@
 #include <vector>
 
 #include "centralina.h"
+#include "flotta.h"
 #include "messaggi.h"
 #include "text/vicini.h"
 #include "traguardo.h"
+#include "uscita.h"
 
 namespace {
 
@@ -37,6 +37,9 @@ struct Argomenti {
     std::string cattura;  // the receiver's; "" = none
     std::string canali;   // the logger's channels and samples; "" = none
     std::string campioni;
+    std::string flotta;   // folder of a fleet; "" = none
+    unsigned quante = 0;  // recordings of the fleet
+    unsigned guaste = 0;  // damaged ones of these
     unsigned giri = 3;
     unsigned frequenza = 10;
     unsigned long long seme = 1;
@@ -57,12 +60,14 @@ std::string note() {
            testo(kel::simulatore::traguardo()) +
            "  LAT,LON,HEADING in degrees; the logger takes its lap times there\n\n"
            "Lateral acceleration (LatA) is positive in left-hand corners: the axes of ISO 8855.\n\n"
+           "A fleet: DIR/KART/DATE/KART-HOUR.channels, .samples or .ubx; karts, circuits, days and faults differ.\n"
+           "--laps is the most laps of a session, --rate that of most karts; every fourth has half of it.\n\n"
            "Each record of samples begins with its time, 32 bits, in ms; kelfun finds that by itself.\n"
            "Its GPS packet holds NAV-SOL, whatever --messages says: that is for the capture.\n\n"
            "Exit status: 0 success; 1 it cannot be written; 2 wrong usage\n\n"
            "Examples:\n  kelsim --messages both --laps 20 --rate 25 capture.ubx\n"
            "  kelsim --channels session.channels --samples session.samples --rate 5\n"
-           "  kelsim --laps 1 - | kelfun ubx -";
+           "  kelsim --laps 2 --damaged 3 --fleet 100 season";
 }
 
 void dichiara(CLI::App& programma, Argomenti& argomenti) {
@@ -71,6 +76,25 @@ void dichiara(CLI::App& programma, Argomenti& argomenti) {
     auto* campioni = programma.add_option("--samples", argomenti.campioni, "Write its records of samples here");
     canali->type_name("FILE")->needs(campioni);
     campioni->type_name("FILE")->needs(canali);
+    // The number and the folder, as two words.
+    programma
+        .add_option_function<std::vector<std::string>>(
+            "--fleet",
+            [&argomenti](const std::vector<std::string>& parole) {
+                std::string numero = parole.at(0);
+                if (const std::string male = tra_numeri(1, 1000000)(numero); !male.empty())
+                    throw CLI::ValidationError("--fleet: " + male);
+                argomenti.quante = static_cast<unsigned>(std::stoul(numero));
+                argomenti.flotta = parole.at(1);
+            },
+            "Write N recordings of a fleet of karts below DIR")
+        ->type_size(2)
+        ->expected(1)
+        ->type_name("N DIR");
+    programma.add_option("--damaged", argomenti.guaste, "As many of these are damaged (default 0)")
+        ->check(tra_numeri(0, 1000000))
+        ->type_name("N")
+        ->needs("--fleet");
     programma
         .add_option_function<std::string>(
             "--messages",
@@ -121,41 +145,6 @@ std::string sbagliato(const CLI::App& programma, const CLI::ParseError& errore) 
     return std::string(errore.what()) + "; see kelsim --help";
 }
 
-// A file that is written from start to end, "-" being standard output.
-class Uscita {
-public:
-    explicit Uscita(const std::string& nome)
-        : nome_(nome), file_(nome == "-" ? stdout : std::fopen(nome.c_str(), "wb")) {
-        if (file_ == nullptr)
-            fallita();
-    }
-    ~Uscita() {
-        if (file_ != nullptr && file_ != stdout)
-            std::fclose(file_);
-    }
-    Uscita(const Uscita&) = delete;
-    Uscita& operator=(const Uscita&) = delete;
-
-    void scrivi(const std::string& byte) { std::fwrite(byte.data(), 1, byte.size(), file_); }
-
-    void chiudi() {
-        const bool scritto = std::fflush(file_) == 0 && std::ferror(file_) == 0;
-        const bool chiuso = file_ == stdout || std::fclose(file_) == 0;
-        file_ = nullptr;
-        if (!scritto || !chiuso)
-            fallita();
-    }
-
-private:
-    [[noreturn]] void fallita() const {
-        throw std::runtime_error((nome_ == "-" ? "cannot write the output: " : "cannot write '" + nome_ + "': ") +
-                                 std::strerror(errno));
-    }
-
-    std::string nome_;
-    std::FILE* file_;
-};
-
 void registra(const Argomenti& argomenti) {
     using namespace kel::simulatore;
     Uscita canali(argomenti.canali);
@@ -170,6 +159,8 @@ void registra(const Argomenti& argomenti) {
     campioni.chiudi();
 }
 
+using kel::simulatore::Uscita;
+
 int esegui(int argc, char** argv) {
     CLI::App programma{"Writes the u-blox capture and the recording of a kart that drives laps of a circuit of 1 km.",
                        "kelsim"};
@@ -177,8 +168,11 @@ int esegui(int argc, char** argv) {
     dichiara(programma, argomenti);
     try {
         programma.parse(argc, argv);
-        if (argomenti.cattura.empty() && argomenti.canali.empty())
-            throw CLI::RequiredError("FILE, or --channels and --samples");
+        if (argomenti.cattura.empty() && argomenti.canali.empty() && argomenti.flotta.empty())
+            throw CLI::RequiredError("FILE, or --channels and --samples, or --fleet");
+        if (argomenti.guaste > argomenti.quante)
+            throw CLI::ValidationError("--damaged: " + std::to_string(argomenti.guaste) +
+                                       " is no such number; accepted: 0 to " + std::to_string(argomenti.quante));
     } catch (const CLI::Success& richiesta) {
         std::ostringstream testo;
         programma.exit(richiesta, testo, testo);
@@ -190,6 +184,9 @@ int esegui(int argc, char** argv) {
         std::fprintf(stderr, "kelsim: %s\n", sbagliato(programma, e).c_str());
         return 2;
     }
+    if (!argomenti.flotta.empty())
+        kel::simulatore::Flotta(argomenti.quante, argomenti.guaste, argomenti.giri, argomenti.frequenza, argomenti.seme)
+            .scrivi(argomenti.flotta);
     if (!argomenti.canali.empty())
         registra(argomenti);
     if (!argomenti.cattura.empty()) {

@@ -122,8 +122,12 @@ std::string gga(const Istante& i, const PianoLocale& piano) {
 
 void registrazione(unsigned giri, unsigned frequenza, std::uint64_t seme,
                    const std::function<void(const std::string&)>& uscita, Soluzioni soluzioni) {
-    const PianoLocale piano(LUOGO);
     Kart kart(giri, frequenza, seme);
+    registrazione(kart, PianoLocale(LUOGO), uscita, soluzioni);
+}
+
+void registrazione(Kart& kart, const PianoLocale& piano, const std::function<void(const std::string&)>& uscita,
+                   Soluzioni soluzioni) {
     Istante istante;
     while (kart.prossimo(istante)) {
         if (istante.settimana_ms % 1000 == 0)

@@ -49,6 +49,10 @@ enum class Soluzioni { sol, pvt, entrambe };
 void registrazione(unsigned giri, unsigned frequenza, std::uint64_t seme,
                    const std::function<void(const std::string&)>& uscita, Soluzioni soluzioni = Soluzioni::sol);
 
+/// The rest of a drive as a capture.
+void registrazione(Kart& kart, const PianoLocale& piano, const std::function<void(const std::string&)>& uscita,
+                   Soluzioni soluzioni);
+
 }  // namespace kel::simulatore
 
 #endif

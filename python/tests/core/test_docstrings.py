@@ -13,8 +13,11 @@ import pytest
 
 import kelfunzioni
 
-# Plots need more than numpy: tests/extras runs their examples.
-MODULES = [each.name for each in pkgutil.iter_modules(kelfunzioni.__path__) if each.name != "plot"]
+# These need more than numpy: tests/extras and tests/fleet run their examples.
+NOT_HERE = ("plot", "fleet")
+MODULES = [
+    each.name for each in pkgutil.iter_modules(kelfunzioni.__path__) if each.name not in NOT_HERE
+]
 
 
 @pytest.mark.parametrize("name", MODULES)

@@ -1,0 +1,410 @@
+"""The heart, without any engine: a recording in, Arrow batches and rows of tables out."""
+
+from __future__ import annotations
+
+import contextlib
+import datetime
+import hashlib
+import itertools
+import mmap
+import re
+import threading
+import warnings
+from collections.abc import Iterator
+from typing import Any
+
+import numpy as np
+import pyarrow
+
+from .. import KelError, KelWarning, RecordingError, __version__
+from .._laps import Lap, laps
+from .._recording import Capture, Recording
+from ._compute import pc
+from ._inputs import Source, shown
+
+__all__ = ["Decoded", "content_hash", "decode"]
+
+_PAGES = 32 << 20  # bytes of a file from which its pages are given back while it is read
+_PAUSE = 600_000_000  # a session ends before a pause of ten minutes, us
+_LAP_ROWS = 3 << 18
+_TAKEN = ("recording", "session", "time", "rate", "vehicle", "date")
+_PATH_DATE = re.compile(r"(?<!\d)(20\d\d)-?(0[1-9]|1[0-2])-?(0[1-9]|[12]\d|3[01])(?!\d)")
+
+
+def content_hash(paths: tuple[str, ...]) -> str:
+    """Hash of the bytes of files, the length of each before them."""
+    whole = hashlib.sha256()
+    for path in paths:
+        inner = hashlib.sha256()
+        with open(path, "rb") as file:
+            while piece := file.read(1 << 20):
+                inner.update(piece)
+        whole.update(inner.digest())
+    return whole.hexdigest()
+
+
+def decode(source: Source, *, identity: str | None = None) -> Decoded:
+    """Open a recording, to be read in Arrow batches.
+
+    Parameters
+    ----------
+    source : Source
+        Its files.
+    identity : str, optional
+        Name of the recording in all tables; None: the first digits of the hash of its bytes.
+
+    Raises
+    ------
+    KelError
+        The bytes are no recording, or one without rows.
+    OSError
+        A file cannot be read.
+    """
+    if identity is None:
+        identity = content_hash(source.paths)[:16]
+    return Decoded(source, identity)
+
+
+class Decoded:
+    """A recording that is open.
+
+    Attributes
+    ----------
+    source : Source
+    recording : str
+        Its name in all tables.
+    rate : float
+        Rows a second; 0 where rows have no times, or where there are less than two.
+    start : datetime or None
+        When it began, UTC.
+    date : date or None
+        Of its start; without that the date in its path.
+    schema : pyarrow.Schema
+        Of the batches: ``recording``, ``session``, ``time`` in seconds since the start of the
+        session, and a column for each channel in the base unit of its function.
+    """
+
+    def __init__(self, source: Source, identity: str) -> None:
+        self.source, self.recording = source, identity
+        self._files = [_MappedFile(each) for each in source.paths if source.kind != "mapped"]
+        self.table = self._open()
+        self._base_units()
+        self.infos = [each for each in self.table.columns if each.kind != "text"]
+        # The first batch tells rate and start, and is kept, so that nothing is decoded twice.
+        self._stream = pyarrow.RecordBatchReader.from_stream(self.table)
+        self._first: pyarrow.RecordBatch | None = next(self._stream, None)
+        if self._first is None:
+            raise RecordingError("it has no rows")
+        self.names = _names([each.name for each in self.infos])
+        self._timed = self._stream.schema.field(0).type == pyarrow.duration("us")
+        self.rate, self.start = self._rate(), self._start()
+        self.date = self.start.date() if self.start else _date_of(source.file)
+        fields = list(self._stream.schema)[1 if self._timed else 0 :]
+        self.schema = pyarrow.schema(
+            [
+                ("recording", pyarrow.string()),
+                ("session", pyarrow.int16()),
+                ("time", pyarrow.float64()),
+                *(old.with_name(new) for old, new in zip(fields, self.names, strict=True)),
+            ]
+        )
+        self._statistics = [_Statistics() for _ in self.names]
+        self._seconds, self._begins = 0.0, [0]
+
+    def _open(self) -> Any:
+        if self.source.kind == "mapped":
+            from ..mapping import Mapping  # type: ignore[import-not-found,unused-ignore]
+
+            return Mapping.load(self.source.mapping).open(self.source.paths[0])
+        buffers = [each.data for each in self._files]
+        if self.source.kind == "capture":
+            return Capture(buffers[0])
+        return Recording(buffers[0], buffers[1])
+
+    def _base_units(self) -> None:
+        """Show each channel in its function's base unit, so that files can be compared."""
+        for info in self.table.columns:
+            units = list(info.function.units) if info.function is not None else []
+            if info.unit in units[1:]:
+                # Columns of GPS solutions have their unit for good, the same in all files.
+                with warnings.catch_warnings(), contextlib.suppress(KelError):
+                    warnings.simplefilter("ignore", KelWarning)
+                    self.table.set_unit(info.name, units[0])
+
+    def __len__(self) -> int:
+        return len(self.table)
+
+    def _rate(self) -> float:
+        if not self._timed or self._first is None or self._first.num_rows < 2:
+            return 0.0
+        times = np.asarray(self._first.column(0).cast(pyarrow.int64()))
+        step = float(np.median(np.diff(times))) / 1e6
+        return float(f"{1 / step:.3g}") if step > 0 else 0.0
+
+    def _start(self) -> datetime.datetime | None:
+        """Tell the start by the first UTC of the first batch, less the time until then."""
+        if self._first is None or "UTC" not in self._stream.schema.names:
+            return None
+        column = self._first.column("UTC")
+        if not pyarrow.types.is_timestamp(column.type) or column.null_count == len(column):
+            return None
+        row = int(np.flatnonzero(np.asarray(column.is_valid()))[0])
+        micros = column[row].value
+        if self._timed:
+            times = self._first.column(0)
+            micros -= max(times[row].value - times[0].value, 0)
+        epoch = datetime.datetime(1970, 1, 1, tzinfo=datetime.timezone.utc)
+        return epoch + datetime.timedelta(microseconds=micros)
+
+    def batches(self) -> Iterator[pyarrow.RecordBatch]:
+        """Read all rows, once, in batches of 65536 that each are decoded when asked for."""
+        clock = _Clock()
+        first, self._first = self._first, None
+        with self._given_back():
+            for batch in itertools.chain([] if first is None else [first], self._stream):
+                columns = list(batch.columns)
+                rows = batch.num_rows
+                session: Any = pyarrow.array(np.zeros(rows, np.int16))
+                time: Any = pyarrow.nulls(rows, pyarrow.float64())
+                if self._timed:
+                    session, time = clock.read(columns.pop(0))
+                for statistics, column in zip(self._statistics, columns, strict=True):
+                    statistics.add(column)
+                name = pyarrow.repeat(pyarrow.scalar(self.recording), rows)
+                yield pyarrow.RecordBatch.from_arrays(
+                    [name, session, time, *columns], schema=self.schema
+                )
+        self._seconds, self._begins = clock.seconds, clock.begins
+
+    def rows(self) -> dict[str, Any]:
+        """Rows of the tables, behind the last batch: of ``recordings``, ``channels``, ``laps``."""
+        driven, note = self._laps()
+        position = [self._mean("Latitude"), self._mean("Longitude")]
+        recording = {
+            "recording": self.recording,
+            "file": self.source.file,
+            "kind": self.source.kind,
+            "vehicle": self.source.vehicle,
+            "date": self.date.isoformat() if self.date else None,
+            "start": self.start.isoformat() if self.start else None,
+            "seconds": self._seconds,
+            "rows": len(self.table),
+            "rate": self.rate,
+            "channels": len(self.names),
+            "laps": sum(lap["state"] == "good" for lap in driven),
+            "lap_note": note,
+            "latitude": position[0],
+            "longitude": position[1],
+            "software": __version__,
+        }
+        channels = [
+            {
+                "recording": self.recording,
+                "name": name,
+                "channel": info.name,
+                "identifier": f"0x{info.function.identifier:08X}" if info.function else None,
+                "long_name": info.long_name,
+                "unit": info.unit,
+                "rate": self.rate,
+                **statistics.row(),
+            }
+            for name, info, statistics in zip(self.names, self.infos, self._statistics, strict=True)
+        ]
+        return {"recording": recording, "channels": channels, "laps": driven}
+
+    def _mean(self, name: str) -> float | None:
+        if name not in self.names:
+            return None
+        found: float | None = self._statistics[self.names.index(name)].row()["mean"]
+        return found
+
+    def _laps(self) -> tuple[list[dict[str, Any]], str]:
+        if not isinstance(self.table, (Recording, Capture)):
+            return [], "a table with a mapping has no laps"
+        found: list[tuple[Lap, int]] = []
+        notes: list[str] = []
+        with self._given_back():
+            for table, session in self._pieces(notes):
+                try:
+                    driven = laps(table)
+                except KelError as error:
+                    notes.append(str(error))
+                    continue
+                notes.append(driven.notes)
+                found += [(lap, lap.session + session) for lap in driven]
+        times = [lap.milliseconds for lap, _ in found if lap.best]
+        best = min((each for each in times if each is not None), default=None)
+        rows = [self._lap_row(lap, session, best) for lap, session in found]
+        return rows, "; ".join(dict.fromkeys(each.strip() for each in notes if each.strip()))
+
+    def _lap_row(self, lap: Lap, session: int, best: int | None) -> dict[str, Any]:
+        time = lap.milliseconds
+        return {
+            "recording": self.recording,
+            "lap": lap.number,
+            "session": session,
+            "state": lap.state,
+            "best": lap.best and time == best,
+            "ms": time,
+            "start": lap.start,
+            "gap": None if time is None or best is None else (time - best) / 1000,
+            "top_speed": lap.top_speed,
+            "least_speed": lap.least_speed,
+            "distance": lap.distance,
+            "rows": lap.rows,
+        }
+
+    def _pieces(self, notes: list[str]) -> Iterator[tuple[Recording | Capture, int]]:
+        """Whole sessions that together are no more than memory allows, each with its first number.
+
+        Laps are found in all rows at once, which takes some 270 bytes a row.
+        """
+        if len(self.table) <= _LAP_ROWS:
+            yield self.table, 0
+            return
+        if not isinstance(self.table, Recording):
+            notes.append(f"no laps: {len(self.table)} rows are more than {_LAP_ROWS}")
+            return
+        channels, samples = (each.data for each in self._files)
+        size = (len(samples) - self.table.leftover) // len(self.table)
+        ends = [*self._begins[1:], len(self.table)]
+        first = 0  # session of the piece that is being put together
+        for session, end in enumerate(ends):
+            start = self._begins[first]
+            next_end = ends[session + 1] if session + 1 < len(ends) else None
+            if next_end is not None and next_end - start <= _LAP_ROWS:
+                continue
+            if end - start <= _LAP_ROWS:
+                span = samples[start * size : end * size]
+                with Recording(channels, span, stamps=self.table.stamps) as piece:
+                    yield piece, first
+            else:
+                notes.append(f"no laps of a session of {end - start}, more than {_LAP_ROWS} rows")
+            first = session + 1
+
+    @contextlib.contextmanager
+    def _given_back(self) -> Iterator[None]:
+        """Give back the pages of large files while they are read: a worker's memory is counted."""
+        large = [each for each in self._files if len(each.data) > _PAGES]
+        done = threading.Event()
+
+        def give_back() -> None:
+            while not done.wait(0.02):
+                for each in large:
+                    each.give_back()
+
+        thread = threading.Thread(target=give_back, daemon=True) if large else None
+        if thread is not None:
+            thread.start()
+        try:
+            yield
+        finally:
+            done.set()
+            if thread is not None:
+                thread.join()
+
+    def close(self) -> None:
+        """Close it."""
+        close = getattr(self.table, "close", None)
+        if close is not None:
+            close()
+
+
+class _MappedFile:
+    """A file that is mapped, and whose pages can be given back."""
+
+    def __init__(self, path: str) -> None:
+        self.path = shown(path)
+        with open(path, "rb") as file:
+            try:
+                self._map: mmap.mmap | None = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ)
+                self.data = np.frombuffer(self._map, np.uint8)
+            except ValueError:  # nothing can be mapped of an empty file
+                self._map, self.data = None, np.empty(0, np.uint8)
+
+    def give_back(self) -> None:
+        if self._map is not None:
+            self._map.madvise(mmap.MADV_DONTNEED)
+
+
+class _Clock:
+    """Times since the start of their session, from times of any origin in microseconds."""
+
+    def __init__(self) -> None:
+        self._session, self._first = 0, 0
+        self._last: int | None = None
+        self.seconds = 0.0
+        self.begins = [0]
+        self._rows = 0
+
+    def read(self, column: pyarrow.Array) -> tuple[pyarrow.Array, pyarrow.Array]:
+        times = np.asarray(column.cast(pyarrow.int64()))
+        if not len(times):
+            return pyarrow.array([], pyarrow.int16()), pyarrow.array([], pyarrow.float64())
+        if self._last is None:
+            self._first = self._last = int(times[0])
+        steps = np.diff(times, prepend=np.int64(self._last))
+        begins = np.flatnonzero((steps < 0) | (steps > _PAUSE))
+        sessions = np.full(len(times), self._session, np.int64)
+        firsts = np.full(len(times), self._first, np.int64)
+        for begin in begins:
+            self._session, self._first = self._session + 1, int(times[begin])
+            self.begins.append(self._rows + int(begin))
+            sessions[begin:], firsts[begin:] = self._session, self._first
+        self.seconds += float(np.where((steps < 0) | (steps > _PAUSE), 0, steps).sum()) / 1e6
+        self._last = int(times[-1])
+        self._rows += len(times)
+        sessions = np.minimum(sessions, np.iinfo(np.int16).max)
+        return pyarrow.array(sessions.astype(np.int16)), pyarrow.array((times - firsts) / 1e6)
+
+
+class _Statistics:
+    """Of a channel, in the order of its rows: the same whoever computes them."""
+
+    def __init__(self) -> None:
+        self._samples = self._nulls = 0
+        self._least: float | None = None
+        self._greatest: float | None = None
+        self._sum = 0.0
+
+    def add(self, column: pyarrow.Array) -> None:
+        self._samples += len(column)
+        self._nulls += column.null_count
+        kind = column.type
+        if column.null_count == len(column) or pyarrow.types.is_temporal(kind):
+            return
+        both = pc.min_max(column)
+        least, greatest = (float(both[each].as_py()) for each in ("min", "max"))
+        self._least = least if self._least is None else min(self._least, least)
+        self._greatest = greatest if self._greatest is None else max(self._greatest, greatest)
+        self._sum += float(pc.sum(column).as_py())
+
+    def row(self) -> dict[str, Any]:
+        there = self._samples - self._nulls
+        return {
+            "samples": self._samples,
+            "nulls": self._nulls,
+            "least": self._least,
+            "greatest": self._greatest,
+            "mean": self._sum / there if there and self._least is not None else None,
+        }
+
+
+def _names(given: list[str]) -> list[str]:
+    """Names of columns: SQL sees no difference between capitals and small letters."""
+    taken, found = {*_TAKEN}, []
+    for name in given:
+        number, word = 1, name or "unnamed"
+        while word.lower() in taken:
+            number += 1
+            word = f"{name} {number}"
+        taken.add(word.lower())
+        found.append(word)
+    return found
+
+
+def _date_of(path: str) -> datetime.date | None:
+    for year, month, day in reversed(_PATH_DATE.findall(path)):
+        with contextlib.suppress(ValueError):
+            return datetime.date(int(year), int(month), int(day))
+    return None

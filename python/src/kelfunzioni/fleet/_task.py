@@ -1,0 +1,139 @@
+"""What a worker does: hash some files, export some recordings, rewrite a data file."""
+
+from __future__ import annotations
+
+import os
+import time
+from dataclasses import dataclass
+from typing import Any
+
+from .._errors import KelError
+from ._atomic import write_json
+from ._data import GROUP, Group, rewrite, write_alone, write_group
+from ._decode import content_hash, decode
+from ._inputs import Source
+
+__all__ = ["ExportTask", "HashTask", "RewriteTask", "failure", "signature"]
+
+
+def signature(source: Source) -> str:
+    """Size and time of change of each file: while they stay, its hash need not be computed."""
+    stats = [os.stat(each) for each in source.paths]
+    mapping = [os.stat(source.mapping)] if source.mapping else []
+    return ";".join(f"{each.st_size}:{each.st_mtime_ns}" for each in [*stats, *mapping])
+
+
+def failure(source: Source, error: BaseException) -> dict[str, str]:
+    """Give a row of the table of failures: the file, and the reason in one line."""
+    text = str(error)
+    if isinstance(error, OSError) and error.strerror:
+        text = error.strerror
+        if error.filename and os.fsdecode(error.filename) not in source.paths:
+            text += f": '{os.path.basename(os.fsdecode(error.filename))}'"
+    elif not isinstance(error, KelError):
+        text = f"{type(error).__name__}: {text}" if text else type(error).__name__
+    return {"file": source.file, "reason": " ".join(text.split())}
+
+
+@dataclass(frozen=True)
+class HashTask:
+    """Hash the bytes of some sources."""
+
+    sources: tuple[Source, ...]
+
+    def __call__(self) -> list[tuple[str, str] | dict[str, str]]:
+        """Signature and hash of each, or why it cannot be read."""
+        found: list[tuple[str, str] | dict[str, str]] = []
+        for source in self.sources:
+            try:
+                paths = (*source.paths, source.mapping) if source.mapping else source.paths
+                found.append((signature(source), content_hash(paths)))
+            except OSError as error:
+                found.append(failure(source, error))
+        return found
+
+
+@dataclass(frozen=True)
+class ExportTask:
+    """Export some sources, and leave a marker.
+
+    Attributes
+    ----------
+    folder, marker : str
+        Of the export, and the path of the marker, whose folder is there.
+    format : str
+        Of the samples.
+    sources : tuple of (Source, str, str)
+        Each with its signature and its hash.
+    """
+
+    folder: str
+    marker: str
+    format: str
+    sources: tuple[tuple[Source, str, str], ...]
+
+    def __call__(self) -> dict[str, Any]:
+        """Give what stands in the marker, rows of tables and failures, and the seconds it took."""
+        begun = time.perf_counter(), time.process_time()
+        done: list[dict[str, Any]] = []
+        failures: list[dict[str, str]] = []
+        groups: dict[tuple[str, str], Group] = {}
+        waiting: dict[str, dict[str, Any]] = {}
+        writing = 0.0
+        for source, known, digest in self.sources:
+            try:
+                decoded = decode(source, identity=digest[:16])
+                try:
+                    alone = self.format != "parquet" or len(decoded) >= GROUP
+                    data, batches = "", []
+                    if alone:
+                        before = time.process_time()
+                        data = write_alone(self.folder, decoded, self.format)
+                        writing += time.process_time() - before
+                    else:
+                        batches = list(decoded.batches())
+                    rows = decoded.rows()
+                    if signature(source) != known:
+                        raise KelError("it changed while it was read")
+                    rows["recording"].update(hash=digest, signature=known)
+                    if alone:
+                        rows["recording"]["data"] = data
+                        done.append(rows)
+                    else:
+                        key = Group.key(decoded)
+                        group = groups.setdefault(key, Group(key[0], decoded.schema))
+                        group.add(decoded.recording, batches)
+                        waiting[decoded.recording] = rows
+                finally:
+                    decoded.close()
+            except Exception as error:
+                if isinstance(error, OSError) and error.errno in _FULL:
+                    raise
+                failures.append(failure(source, error))
+        before = time.process_time()
+        for group in groups.values():
+            data = write_group(self.folder, group)
+            for recording in group.recordings:
+                waiting[recording]["recording"]["data"] = data
+                done.append(waiting[recording])
+        writing += time.process_time() - before
+        result = {"done": done, "failures": failures}
+        write_json(self.marker, result)
+        spent = time.perf_counter() - begun[0], time.process_time() - begun[1]
+        return {**result, "seconds": spent[0], "cpu": spent[1], "writing": writing}
+
+
+@dataclass(frozen=True)
+class RewriteTask:
+    """Put recordings of several data files into one."""
+
+    folder: str
+    place: str
+    files: tuple[tuple[str, tuple[str, ...]], ...]
+
+    def __call__(self) -> dict[str, str]:
+        """For each recording the new data file."""
+        return rewrite(self.folder, self.place, [(data, list(some)) for data, some in self.files])
+
+
+_FULL = {28, 122, 27}  # no space, quota, file too large: the folder's fault, not the recording's
