@@ -107,24 +107,48 @@ function read(at: number): Lap {
   };
 }
 
-/** The laps of a recording or a capture, as its logger has timed them or by GPS. */
-export function laps(table: Table, options: LapOptions = {}): Laps {
-  const handle = orError((error) => call("kelGiriApri", table.open, error));
-  try {
-    orError((error) => call("kelGiriAggiungi", handle, error));
+/** Puts the laps of a stream together. */
+export class LapFinder {
+  private handle: number;
+
+  constructor(table: Table) {
+    this.handle = orError((error) => call("kelGiriApri", table.open, error));
+  }
+
+  /** Takes the rows at hand: behind each piece of a stream. */
+  add(): void {
+    orError((error) => call("kelGiriAggiungi", this.handle, error));
+  }
+
+  /** The laps of the rows that it has taken. */
+  laps(options: LapOptions = {}): Laps {
     return within((memory) => {
       const chosen = choices(memory, options);
-      orError((error) => call("kelGiriCalcola", handle, chosen, error));
+      orError((error) => call("kelGiriCalcola", this.handle, chosen, error));
       const found = new Laps();
       const at = memory.take(80);
-      for (let i = 0; i < callUnsigned("kelGiriNumero", handle); i++)
-        if (call("kelGiriGiro", handle, i, at) !== 0) found.push(read(at));
-      found.notes = callText("kelGiriDetto", handle)
+      for (let i = 0; i < callUnsigned("kelGiriNumero", this.handle); i++)
+        if (call("kelGiriGiro", this.handle, i, at) !== 0) found.push(read(at));
+      found.notes = callText("kelGiriDetto", this.handle)
         .split("\n")
         .filter((line) => line !== "");
       return found;
     });
+  }
+
+  close(): void {
+    call("kelGiriChiudi", this.handle);
+    this.handle = 0;
+  }
+}
+
+/** The laps of a recording or a capture, as its logger has timed them or by GPS. */
+export function laps(table: Table, options: LapOptions = {}): Laps {
+  const finder = new LapFinder(table);
+  try {
+    finder.add();
+    return finder.laps(options);
   } finally {
-    call("kelGiriChiudi", handle);
+    finder.close();
   }
 }
