@@ -7,14 +7,19 @@ import type { Session } from "./protocol.js";
 import { texts } from "./texts.js";
 
 const LEAST_WIDTH = 240;
+const AT_ONCE = 300;
 
 export function lapTable(laps: readonly Lap[], notes: string): HTMLElement {
   if (laps.length === 0) return h("section", {}, h("h3", {}, texts.laps), h("p", {}, `${texts.noLaps}: ${notes}`));
   const kmh = (speed: number | null): string => (speed === null ? "" : fixed(speed * 3.6, 1));
-  return h("section", {}, h("h3", {}, texts.laps), h("p", { class: "quiet" }, notes),
-    table(texts.laps, Object.values(texts.lapColumns), laps.map((lap) => [
+  const rows = (some: readonly Lap[]): HTMLElement =>
+    table(texts.laps, Object.values(texts.lapColumns), some.map((lap) => [
       String(lap.number), lap.milliseconds === null ? "" : formatLap(lap.milliseconds), lap.gap === null ? "" : fixed(lap.gap, 3),
-      kmh(lap.topSpeed), kmh(lap.leastSpeed), number(lap.rows), lap.best ? texts.best : lap.note]), [0, 1, 2, 3, 4, 5]));
+      kmh(lap.topSpeed), kmh(lap.leastSpeed), number(lap.rows), lap.best ? texts.best : lap.note]), [0, 1, 2, 3, 4, 5]);
+  const all = h("div", {}, rows(laps.slice(0, AT_ONCE)));
+  const more = laps.length <= AT_ONCE ? null
+    : h("p", {}, `${texts.firstOf(number(AT_ONCE), number(laps.length))} `, h("button", { onclick: () => { fill(all, rows(laps)); more?.remove(); } }, texts.showAll));
+  return h("section", {}, h("h3", {}, texts.laps), h("p", { class: "quiet" }, notes), all, more);
 }
 
 /** Two laps one over the other along their way, and below them the time between them. */
@@ -23,7 +28,7 @@ export function comparison(session: Session, laps: readonly Lap[], ask: Asking, 
   const best = timed.find((i) => laps[i]?.best);
   if (timed.length < 2 || best === undefined || !session.speed) return null;
   const name = (i: number): string => texts.lapName(String(laps[i]?.number), laps[i]?.best ?? false);
-  const choices = timed.map((i) => [String(i), name(i)] as const);
+  const choices = timed.filter((i, place) => place < AT_ONCE || i === best).map((i) => [String(i), name(i)] as const);
   const place = h("div");
   let [lap, other] = [timed.find((i) => i !== best) ?? best, best];
   let plots: ReturnType<typeof plotOf>[] = [];

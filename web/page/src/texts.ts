@@ -79,6 +79,8 @@ export const texts = {
   noLaps: "No laps",
   lapColumns: { lap: "Lap", time: "Time", gap: "Gap s", top: "Top km/h", least: "Least km/h", rows: "Rows", note: "Note" },
   best: "best",
+  firstOf: (some: string, all: string): string => `The first ${some} of ${all} laps.`,
+  showAll: "Show all",
   compare: "Two laps",
   compareLap: "Lap",
   compareOther: "Beside",
