@@ -1,6 +1,6 @@
 import { KelError, noSuch } from "./errors.js";
 import { call, callText, callUnsigned, f64, i32, u32, u64, view, within, type Memory } from "./module.js";
-import { orError, type Table } from "./recording.js";
+import { choicesInWords, orError, type Table } from "./recording.js";
 
 /** A line across the track that is passed in one direction. */
 export interface FinishLine {
@@ -86,6 +86,7 @@ function choices(memory: Memory, options: LapOptions): number {
   });
   [source, splits.length, line, ends].forEach((value, i) => view().setUint32(at + 4 * i, value, true));
   view().setFloat64(at + 16, options.least ?? 0, true);
+  view().setUint32(at + 28, choicesInWords(), true);
   return at;
 }
 

@@ -261,6 +261,21 @@ async function stored(source: Bytes, progress?: (done: number) => void): Promise
   }
 }
 
+let words = 0;
+
+/** What the module's messages call the choices: the names that they have here. They stay as long as the module. */
+export function choicesInWords(): number {
+  if (words === 0) {
+    const memory = new Memory();
+    words = memory.take(20);
+    ["stamps", "compact", "line", "least", "splits"].forEach((word, i) => {
+      const at = memory.text(word);
+      view().setUint32(words + 4 * i, at, true);
+    });
+  }
+  return words;
+}
+
 /** The choices of a recording as the module takes them, and how long a stream will be. */
 function opening(memory: Memory, options: RecordingOptions, size = 0): number {
   const stamps = STAMPS.indexOf(options.stamps ?? "found");
@@ -273,6 +288,7 @@ function opening(memory: Memory, options: RecordingOptions, size = 0): number {
   record.setUint32(at + 12, options.packets ? 1 : 0, true);
   record.setFloat64(at + 16, options.rate ?? 0, true);
   record.setBigUint64(at + 24, BigInt(size), true);
+  record.setUint32(at + 32, choicesInWords(), true);
   return at;
 }
 

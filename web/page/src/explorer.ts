@@ -9,7 +9,9 @@ const WIDE: Record<string, readonly [number, number]> = {
   numbered: [22, 1], number: [23, 6], leftright: [23, 2], frontrear: [25, 2], updown: [27, 2],
 };
 
-const FIELD_NAMES: Record<string, string> = { inout: "in/out", leftright: "left/right", frontrear: "front/rear", updown: "up/down" };
+const FIELD_NAMES: Record<string, string> = texts.fieldNames;
+
+const copied = async (text: string): Promise<void> => navigator.clipboard.writeText(text);
 
 /** Search on one side, and what is known of one function on the other. */
 export function explorer(): { element: HTMLElement; show(state: State): void } {
@@ -65,7 +67,7 @@ export function explorer(): { element: HTMLElement; show(state: State): void } {
       const name = FIELD_NAMES[field.field] ?? field.field;
       const control =
         field.field === "numbered"
-          ? select([["0", "no"], ["1", "yes"]], String(field.value), (chosen) => set(Number(chosen)))
+          ? select([["0", texts.no], ["1", texts.yes]], String(field.value), (chosen) => set(Number(chosen)))
           : values.length === 0
             ? h("input", { type: "number", min: 0, max: 2 ** width - 1, value: field.value, onchange: (event) => set(Math.min(Math.max(0, Math.trunc(Number((event.target as HTMLInputElement).value))), 2 ** width - 1)) })
             : select(
@@ -129,9 +131,13 @@ export function explorer(): { element: HTMLElement; show(state: State): void } {
 
   function programsOf(one: Fn): HTMLElement {
     return h("section", {}, h("h3", {}, texts.code),
-      programs(one, unit || one.units.at(-1) || one.baseUnit).map(([language, code], i) => {
-        const copy = h("button", { onclick: () => { void navigator.clipboard.writeText(code).then(() => { copy.textContent = texts.copied; }); } }, texts.copy);
-        return h("details", { open: i === 3 }, h("summary", {}, language), copy, h("pre", { tabindex: 0, "aria-label": language }, h("code", {}, code)));
+      programs(one, unit).map(([language, code], i) => {
+        const shown = h("pre", { tabindex: 0, "aria-label": language }, h("code", {}, code));
+        const copy = h("button", { onclick: () => {
+          // Where the clipboard is closed to pages, what is to be copied is selected.
+          copied(code).then(() => { copy.textContent = texts.copied; }, () => { getSelection()?.selectAllChildren(shown); copy.textContent = texts.selected; });
+        } }, texts.copy);
+        return h("details", { open: i === 3 }, h("summary", {}, language), copy, shown);
       }));
   }
 
