@@ -24,7 +24,8 @@ export function plotOf(lines: readonly Line[], height: number, width: number, op
     h("p", { class: "label" }, lines.map((line) => h("span", {}, h("span", { class: "swatch", style: `background:${line.colour}` }), line.label)), value));
   const plot = new uPlot(
     { width, height, legend: { show: false }, scales: { x: { time: false } }, axes: [axis, { ...axis, size: 62 }],
-      series: [{}, ...lines.map((line) => ({ stroke: line.colour, width: 1.5, ...(line.fill === undefined ? {} : { fill: line.fill }) }))], ...options },
+      // A line of one pixel is drawn eight times as fast as one of one and a half, where no graphics card helps.
+      series: [{}, ...lines.map((line) => ({ stroke: line.colour, width: 1, ...(line.fill === undefined ? {} : { fill: line.fill }) }))], ...options },
     [[], ...lines.map(() => [])],
     element,
   );
