@@ -23,7 +23,7 @@ export function plotOf(lines: readonly Line[], height: number, width: number, op
   const element = h("div", { class: "plot" },
     h("p", { class: "label" }, lines.map((line) => h("span", {}, h("span", { class: "swatch", style: `background:${line.colour}` }), line.label)), value));
   const plot = new uPlot(
-    { width, height, legend: { show: false }, scales: { x: { time: false } }, axes: [axis, { ...axis, size: 62 }],
+    { width, height, legend: { show: false }, scales: { x: { time: false } }, axes: [{ ...axis, size: 32 }, { ...axis, size: 62 }],
       // A line of one pixel is drawn eight times as fast as one of one and a half, where no graphics card helps.
       series: [{}, ...lines.map((line) => ({ stroke: line.colour, width: 1, ...(line.fill === undefined ? {} : { fill: line.fill }) }))], ...options },
     [[], ...lines.map(() => [])],
