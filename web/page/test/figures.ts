@@ -209,8 +209,8 @@ function tableOf(): string {
     ["a frame while moving and zooming, from input to rendered: median", ms("frame work, median"), "16 ms"],
     ["the same, 99 %", ms("frame work, 99 %"), "33 ms"],
     ["from frame to frame: median", ms("frame, median"), "-"],
-    ["memory of the page with 100 MB: the most", times("memory, most"), "3"],
-    ["memory with 100 MB: when the laps are found", times("memory, afterwards"), "3"],
+    ["memory with 100 MB, beyond that of the empty page: the most", times("memory, most"), "3"],
+    ["the same when the laps are found", times("memory, afterwards"), "3"],
     ...(figures["1 GB, drawn"] === undefined ? [] : [
       ["1 GB dropped: curves drawn", `${(figures["1 GB, drawn"] / 1000).toFixed(1)} s`, "-"],
       ["1 GB: laps found", `${((figures["1 GB, laps"] as number) / 1000).toFixed(1)} s`, "-"],
