@@ -17,6 +17,7 @@ await build({
   target: "es2022",
   minifySyntax: true,
   minifyWhitespace: true,
+  minifyIdentifiers: true,
   external: ["node:*"],
   chunkNames: "shared",
 });

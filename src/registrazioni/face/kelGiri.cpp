@@ -142,8 +142,7 @@ int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_erro
         };
         Lettura lettura;
         if (giri->raccolta) {
-            RaccoltaRecord raccolta = *giri->raccolta;  // another choice may follow
-            lettura = giri_della_registrazione(raccolta, chieste, parole, dillo);
+            lettura = giri_della_registrazione(*giri->raccolta, chieste, parole, dillo);
         } else {
             if (giri->fix.empty())
                 throw Errore("there is no NAV-SOL and no NAV-PVT message in it");

@@ -70,7 +70,7 @@ std::vector<double> origini_della_cattura(const Guida& guida) {
 }
 
 // The laps that the logger has timed; none where it has timed none.
-std::optional<Lettura> giri_registrati(RaccoltaRecord& raccolta, bool richiesti, const Dillo& dillo) {
+std::optional<Lettura> giri_registrati(const RaccoltaRecord& raccolta, bool richiesti, const Dillo& dillo) {
     if (raccolta.canale_giri().empty()) {
         if (richiesti)
             throw Errore("there are no lap packets and no lap channels in the recording");
@@ -107,7 +107,7 @@ Lettura giri_della_cattura(std::vector<Fix> fix, const ScelteGiri& scelte, const
     return lettura;
 }
 
-Lettura giri_della_registrazione(RaccoltaRecord& raccolta, const ScelteGiri& scelte, const Parole& parole,
+Lettura giri_della_registrazione(const RaccoltaRecord& raccolta, const ScelteGiri& scelte, const Parole& parole,
                                  const Dillo& dillo) {
     const bool linea = scelte.linea.has_value();  // whoever gives a line wants the times at this line
     if (scelte.fonte == FonteGiri::registratore || (scelte.fonte == FonteGiri::qualunque && !linea))

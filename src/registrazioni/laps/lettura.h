@@ -51,7 +51,7 @@ Lettura giri_della_cattura(std::vector<Fix> fix, const ScelteGiri& scelte, const
 
 /// The laps of a recording, once all its records have been put in.
 /// @throws Errore  where no lap is closed: one line that says why.
-Lettura giri_della_registrazione(RaccoltaRecord& raccolta, const ScelteGiri& scelte, const Parole& parole,
+Lettura giri_della_registrazione(const RaccoltaRecord& raccolta, const ScelteGiri& scelte, const Parole& parole,
                                  const Dillo& dillo);
 
 /// The ends of sectors as lines: those given in metres lie where the best lap has driven so far, or the first where none

@@ -157,7 +157,7 @@ void RaccoltaRecord::aggiungi(std::optional<double> tempo, const std::uint8_t* c
 }
 
 std::vector<Fix> RaccoltaRecord::fix_del_ricevitore() const {
-    return soluzioni_;
+    return {soluzioni_.begin(), soluzioni_.end()};
 }
 
 double RaccoltaRecord::inizio_del_ricevitore(std::size_t soluzione) const {
@@ -184,10 +184,11 @@ std::vector<Fix> RaccoltaRecord::fix_dei_record() const {
     return fix;
 }
 
-std::vector<Giro> RaccoltaRecord::giri_del_registratore(const Guida& guida) {
+std::vector<Giro> RaccoltaRecord::giri_del_registratore(const Guida& guida) const {
+    GiriRegistrati registrati = giri_;  // more records may follow
     std::vector<Giro> tutti;
     std::size_t prima = 0;
-    for (const GiroRegistrato& uno : giri_.chiudi()) {
+    for (const GiroRegistrato& uno : registrati.chiudi()) {
         Giro giro;
         giro.numero = uno.numero;
         giro.ms = uno.ms;

@@ -3,6 +3,7 @@
 #define KEL_REGISTRAZIONI_RACCOLTA_H
 
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <span>
 #include <string>
@@ -45,7 +46,7 @@ public:
 
     /// The logger's laps. Call it once all records have been put in. If `guida`, made of `fix_dei_record`, knows the times,
     /// the way out and the way in are added.
-    std::vector<Giro> giri_del_registratore(const Guida& guida);
+    std::vector<Giro> giri_del_registratore(const Guida& guida) const;
 
 private:
     enum class Formato { pacchetto_2g, pacchetto_1g, canali };
@@ -76,8 +77,9 @@ private:
     int ultimo_1g_ = 0;
     int tempo_1g_ = 0;
     int giri_1g_ = 0;
-    std::vector<Riga> righe_;
-    std::vector<Fix> soluzioni_;
+    // They grow with the recording, and never move: a vector would need three times the room while it does.
+    std::deque<Riga> righe_;
+    std::deque<Fix> soluzioni_;
 };
 
 }  // namespace kel_registrazioni

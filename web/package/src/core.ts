@@ -7,6 +7,6 @@ export { convert, conversion, conversionWarning } from "./units.js";
 export { Converter, type ConverterOptions, type DecodedColumn, type Alignment } from "./converter.js";
 export { sampleType, sampleTypes, type SampleType } from "./sampletype.js";
 export { formatLap, formatLapLine, parseLap } from "./laptime.js";
-export { Capture, Recording, Table, type Column, type ColumnInfo, type RecordingOptions } from "./recording.js";
-export { laps, Laps, type FinishLine, type Lap, type LapOptions } from "./laps.js";
+export { Capture, Recording, Stream, Table, type Column, type ColumnInfo, type RecordingOptions } from "./recording.js";
+export { laps, LapFinder, Laps, type FinishLine, type Lap, type LapOptions } from "./laps.js";
 export { catalogue, type Catalogue } from "./catalogue.js";

@@ -1,6 +1,6 @@
 import { KelError, noSuch } from "./errors.js";
 import { call, callText, callUnsigned, f64, i32, u32, u64, view, within, type Memory } from "./module.js";
-import { orError, type Table } from "./recording.js";
+import { choicesInWords, orError, type Table } from "./recording.js";
 
 /** A line across the track that is passed in one direction. */
 export interface FinishLine {
@@ -86,6 +86,7 @@ function choices(memory: Memory, options: LapOptions): number {
   });
   [source, splits.length, line, ends].forEach((value, i) => view().setUint32(at + 4 * i, value, true));
   view().setFloat64(at + 16, options.least ?? 0, true);
+  view().setUint32(at + 28, choicesInWords(), true);
   return at;
 }
 
@@ -107,24 +108,48 @@ function read(at: number): Lap {
   };
 }
 
-/** The laps of a recording or a capture, as its logger has timed them or by GPS. */
-export function laps(table: Table, options: LapOptions = {}): Laps {
-  const handle = orError((error) => call("kelGiriApri", table.open, error));
-  try {
-    orError((error) => call("kelGiriAggiungi", handle, error));
+/** Puts the laps of a stream together. */
+export class LapFinder {
+  private handle: number;
+
+  constructor(table: Table) {
+    this.handle = orError((error) => call("kelGiriApri", table.open, error));
+  }
+
+  /** Takes the rows at hand: behind each piece of a stream. */
+  add(): void {
+    orError((error) => call("kelGiriAggiungi", this.handle, error));
+  }
+
+  /** The laps of the rows that it has taken. */
+  laps(options: LapOptions = {}): Laps {
     return within((memory) => {
       const chosen = choices(memory, options);
-      orError((error) => call("kelGiriCalcola", handle, chosen, error));
+      orError((error) => call("kelGiriCalcola", this.handle, chosen, error));
       const found = new Laps();
       const at = memory.take(80);
-      for (let i = 0; i < callUnsigned("kelGiriNumero", handle); i++)
-        if (call("kelGiriGiro", handle, i, at) !== 0) found.push(read(at));
-      found.notes = callText("kelGiriDetto", handle)
+      for (let i = 0; i < callUnsigned("kelGiriNumero", this.handle); i++)
+        if (call("kelGiriGiro", this.handle, i, at) !== 0) found.push(read(at));
+      found.notes = callText("kelGiriDetto", this.handle)
         .split("\n")
         .filter((line) => line !== "");
       return found;
     });
+  }
+
+  close(): void {
+    call("kelGiriChiudi", this.handle);
+    this.handle = 0;
+  }
+}
+
+/** The laps of a recording or a capture, as its logger has timed them or by GPS. */
+export function laps(table: Table, options: LapOptions = {}): Laps {
+  const finder = new LapFinder(table);
+  try {
+    finder.add();
+    return finder.laps(options);
   } finally {
-    call("kelGiriChiudi", handle);
+    finder.close();
   }
 }

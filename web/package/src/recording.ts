@@ -79,6 +79,8 @@ export function orError(work: (error: number) => number): number {
 
 /** Records or GPS solutions as a table: a row a record, a column a channel, a subfield or a field of a solution. */
 export abstract class Table {
+  private described: readonly ColumnInfo[] | undefined;
+
   protected constructor(
     private handle: number,
     private readonly data: number,
@@ -90,11 +92,17 @@ export abstract class Table {
     return this.handle;
   }
 
+  /** The first of the rows at hand: 0 but for a stream. */
+  get first(): number {
+    return callCount("kelRegPrima", this.open);
+  }
+
   /** Which framing was found, and what speaks against the one that was asked for. */
   get notes(): string {
     return callText("kelRegDetto", this.open);
   }
 
+  /** How many rows are at hand: all, but for a stream. */
   get rows(): number {
     return callCount("kelRegRighe", this.open);
   }
@@ -106,7 +114,7 @@ export abstract class Table {
 
   get columns(): readonly ColumnInfo[] {
     const open = this.open;
-    return within((memory) => {
+    this.described ??= within((memory) => {
       const at = memory.take(48);
       return Array.from({ length: callUnsigned("kelRegNumColonne", open) }, (_, i) => {
         call("kelRegDescrivi", open, i, at);
@@ -122,11 +130,12 @@ export abstract class Table {
         };
       });
     });
+    return this.described;
   }
 
   /** The seconds of rows; null where records have no time. */
-  times({ from = 0, count }: Rows = {}): Float64Array | null {
-    const many = this.within(from, count);
+  times(rows: Rows = {}): Float64Array | null {
+    const [from, many] = this.within(rows);
     return within((memory) => {
       const at = memory.take(8 * many);
       if (call("kelRegTempi", this.open, BigInt(from), many, at) === 0) return null;
@@ -135,37 +144,43 @@ export abstract class Table {
   }
 
   /** The values of rows of a column. */
-  read(column: string | number, { from = 0, count }: Rows = {}): Column {
-    const { place, info } = this.column(column);
-    const many = this.within(from, count);
-    const size = BYTES[info.kind];
+  read(column: string | number, rows: Rows = {}): Column {
+    return this.readAll([column], rows)[0] as Column;
+  }
+
+  /** The same of several columns: what they have in common is worked out once. */
+  readAll(columns: readonly (string | number)[], rows: Rows = {}): Column[] {
+    const [from, many] = this.within(rows);
+    const chosen = columns.map((column) => this.column(column));
     return within((memory) => {
-      const values = memory.take(size * many);
-      const valid = memory.take(Math.ceil(many / 8));
-      this.fill(memory, place, from, many, [values, valid, 0]);
-      const raw = bytes().slice(values, values + size * many).buffer;
-      return {
-        info,
-        values:
-          info.kind === "double"
-            ? new Float64Array(raw)
-            : info.kind === "uint32"
-              ? new Uint32Array(raw)
-              : info.kind === "instant"
-                ? new BigInt64Array(raw)
-                : new Float32Array(raw),
-        valid: bytes().slice(valid, valid + Math.ceil(many / 8)),
-      };
+      const places = chosen.map(({ info }) => [memory.take(BYTES[info.kind] * many), memory.take(Math.ceil(many / 8))] as const);
+      this.fill(memory, from, many, chosen.map(({ place }, i) => [place, ...(places[i] as readonly [number, number]), 0]));
+      return chosen.map(({ info }, i) => {
+        const [values, valid] = places[i] as readonly [number, number];
+        const raw = bytes().slice(values, values + BYTES[info.kind] * many).buffer;
+        return {
+          info,
+          values:
+            info.kind === "double"
+              ? new Float64Array(raw)
+              : info.kind === "uint32"
+                ? new Uint32Array(raw)
+                : info.kind === "instant"
+                  ? new BigInt64Array(raw)
+                  : new Float32Array(raw),
+          valid: bytes().slice(valid, valid + Math.ceil(many / 8)),
+        };
+      });
     });
   }
 
   /** The texts of rows of a column, as the library shows them. */
-  texts(column: string | number, { from = 0, count }: Rows = {}): string[] {
+  texts(column: string | number, rows: Rows = {}): string[] {
     const { place } = this.column(column);
-    const many = this.within(from, count);
+    const [from, many] = this.within(rows);
     return within((memory) => {
       const at = memory.take(TEXT * many);
-      this.fill(memory, place, from, many, [0, 0, at]);
+      this.fill(memory, from, many, [[place, 0, 0, at]]);
       return Array.from({ length: many }, (_, i) => text(at + TEXT * i, TEXT));
     });
   }
@@ -175,6 +190,7 @@ export abstract class Table {
     const { place, info } = this.column(column);
     const done = within((memory) => call("kelRegUnita", this.open, place, memory.text(unit)));
     if (done === 0) throw noSuch(`unit of ${info.name}`, unit, info.function?.units ?? []);
+    this.described = undefined;
   }
 
   /** The rows of a span of time: the first and how many; null where there is none. */
@@ -202,18 +218,21 @@ export abstract class Table {
     return { place, info };
   }
 
-  private within(from: number, count: number | undefined): number {
-    const rows = this.rows;
-    const many = count ?? rows - from;
-    if (!Number.isInteger(from) || !Number.isInteger(many) || from < 0 || many < 0 || from + many > rows)
-      throw new KelError(`rows ${from} to ${from + many} are not in it; accepted: 0 to ${rows}`);
-    return many;
+  private within(rows: Rows): readonly [number, number] {
+    const { first } = this;
+    const end = first + this.rows;
+    const from = rows.from ?? first;
+    const many = rows.count ?? end - from;
+    if (!Number.isInteger(from) || !Number.isInteger(many) || from < first || many < 0 || from + many > end)
+      throw new KelError(`rows ${from} to ${from + many} are not in it; accepted: ${first} to ${end}`);
+    return [from, many];
   }
 
-  private fill(memory: Memory, column: number, from: number, count: number, to: readonly number[]): void {
-    const reading = memory.take(16);
-    [column, ...to].forEach((place, i) => view().setUint32(reading + 4 * i, place, true));
-    if (call("kelRegLeggi", this.open, BigInt(from), count, reading, 1) === 0)
+  /** Each reading is a column, and where its values, their bitmap and its texts are to be put; 0: nowhere. */
+  private fill(memory: Memory, from: number, count: number, readings: readonly (readonly number[])[]): void {
+    const at = memory.take(16 * readings.length);
+    readings.flat().forEach((place, i) => view().setUint32(at + 4 * i, place, true));
+    if (call("kelRegLeggi", this.open, BigInt(from), count, at, readings.length) === 0)
       throw new KelError(`out of memory: ${count} rows cannot be read at once`);
   }
 }
@@ -242,6 +261,37 @@ async function stored(source: Bytes, progress?: (done: number) => void): Promise
   }
 }
 
+let words = 0;
+
+/** What the module's messages call the choices: the names that they have here. They stay as long as the module. */
+export function choicesInWords(): number {
+  if (words === 0) {
+    const memory = new Memory();
+    words = memory.take(20);
+    ["stamps", "compact", "line", "least", "splits"].forEach((word, i) => {
+      const at = memory.text(word);
+      view().setUint32(words + 4 * i, at, true);
+    });
+  }
+  return words;
+}
+
+/** The choices of a recording as the module takes them, and how long a stream will be. */
+function opening(memory: Memory, options: RecordingOptions, size = 0): number {
+  const stamps = STAMPS.indexOf(options.stamps ?? "found");
+  if (stamps < 0) throw noSuch("framing", String(options.stamps), STAMPS);
+  const at = memory.take(40);
+  const record = view();
+  record.setUint32(at, stamps, true);
+  record.setUint32(at + 4, options.compact ? 1 : 0, true);
+  record.setUint32(at + 8, options.device ? 1 : 0, true);
+  record.setUint32(at + 12, options.packets ? 1 : 0, true);
+  record.setFloat64(at + 16, options.rate ?? 0, true);
+  record.setBigUint64(at + 24, BigInt(size), true);
+  record.setUint32(at + 32, choicesInWords(), true);
+  return at;
+}
+
 /** A logger's recording: its channel records, and the records of samples. */
 export class Recording extends Table {
   /** Opens one. `samples` may be a file: it is copied piece by piece, so that it is in memory once. */
@@ -251,22 +301,14 @@ export class Recording extends Table {
     options: RecordingOptions = {},
     progress?: (done: number) => void,
   ): Promise<Recording> {
-    const stamps = STAMPS.indexOf(options.stamps ?? "found");
-    if (stamps < 0) throw noSuch("framing", String(options.stamps), STAMPS);
+    within((memory) => opening(memory, options));  // says what is wrong before anything is read
     const head = await stored(channels);
     let data = { at: 0, size: 0 };
     try {
       data = await stored(samples, progress);
       const handle = orError((error) =>
         within((memory) => {
-          const opening = memory.take(40);
-          const record = view();
-          record.setUint32(opening, stamps, true);
-          record.setUint32(opening + 4, options.compact ? 1 : 0, true);
-          record.setUint32(opening + 8, options.device ? 1 : 0, true);
-          record.setUint32(opening + 12, options.packets ? 1 : 0, true);
-          record.setFloat64(opening + 16, options.rate ?? 0, true);
-          return call("kelRegApri", head.at, head.size, data.at, data.size, opening, error);
+          return call("kelRegApri", head.at, head.size, data.at, data.size, opening(memory, options), error);
         }),
       );
       return new Recording(handle, data.at);
@@ -297,5 +339,53 @@ export class Capture extends Table {
       release(data.at);
       throw cause;
     }
+  }
+}
+
+/**
+ * A recording or a capture that comes piece by piece and is not kept: its rows are those of the last piece, and a file of any
+ * length takes the memory of one piece.
+ */
+export class Stream extends Table {
+  private room = { at: 0, size: 0 };
+
+  /** The samples of these channels. A length that is known helps to find the framing. */
+  static recording(channels: Uint8Array, options: RecordingOptions & { size?: number } = {}): Stream {
+    return new Stream(
+      orError((error) =>
+        within((memory) => {
+          const head = memory.write(channels);
+          return call("kelRegApri", head, channels.length, 0, 0, opening(memory, options, options.size), error);
+        }),
+      ),
+      0,
+    );
+  }
+
+  static capture(): Stream {
+    return new Stream(orError((error) => call("kelRegApriUbx", 0, 0, error)), 0);
+  }
+
+  /** Takes the next piece; the rows of the one before go. */
+  push(piece: Uint8Array): void {
+    if (piece.length === 0) return;
+    if (piece.length > this.room.size) {
+      release(this.room.at);
+      this.room = { at: 0, size: 0 };
+      this.room = { at: allocate(piece.length), size: piece.length };
+    }
+    bytes().set(piece, this.room.at);
+    orError((error) => call("kelRegSpingi", this.open, this.room.at, piece.length, error));
+  }
+
+  /** There are no more: what was held back until the framing was known is at hand. */
+  end(): void {
+    orError((error) => call("kelRegSpingi", this.open, 0, 0, error));
+  }
+
+  override close(): void {
+    super.close();
+    release(this.room.at);
+    this.room = { at: 0, size: 0 };
   }
 }

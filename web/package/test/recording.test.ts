@@ -1,7 +1,7 @@
 import { readFileSync } from "node:fs";
 import { join } from "node:path";
 import { describe, expect, it } from "vitest";
-import { Capture, Recording, RecordingError, laps, type Table } from "../dist/index.js";
+import { Capture, LapFinder, Recording, RecordingError, Stream, laps, type Table } from "../dist/index.js";
 import { inFolder, kelfunJson, kelsim } from "./tools.js";
 
 const session = inFolder((folder) => {
@@ -58,6 +58,48 @@ describe("a recording", () => {
   it("may come piece by piece, as a file does", async () => {
     const recording = await Recording.open(session.channels, new Blob([session.samples]));
     expect(asKelfun(recording)).toEqual(asKelfun(await Recording.open(session.channels, session.samples)));
+    recording.close();
+  });
+
+  it("may be streamed: the rows of a piece are at hand, and the laps are those of the whole", async () => {
+    const whole = await Recording.open(session.channels, session.samples);
+    const stream = Stream.recording(session.channels, { size: session.samples.length });
+    const finder = new LapFinder(stream);
+    const values: number[] = [];
+    const times: number[] = [];
+    const take = (): void => {
+      if (stream.rows === 0) return;  // the framing is not known yet
+      finder.add();
+      values.push(...(stream.read(0).values as Float32Array));
+      times.push(...(stream.times() as Float64Array));
+    };
+    for (let at = 0; at < session.samples.length; at += 7001) {
+      stream.push(session.samples.subarray(at, at + 7001));
+      take();
+    }
+    expect(stream.first).toBeGreaterThan(0);
+    expect(() => stream.read(0, { from: 0 })).toThrow(/accepted: \d+ to \d+/);
+    stream.end();
+    take();
+    expect(values).toEqual([...(whole.read(0).values as Float32Array)]);
+    expect(times).toEqual([...(whole.times() as Float64Array)]);
+    expect(finder.laps()).toEqual(laps(whole));
+    finder.close();
+    stream.close();
+    whole.close();
+  });
+
+  it("gives several columns as it gives each", async () => {
+    const recording = await Recording.open(session.channels, session.samples);
+    const all = recording.columns.map((_, i) => i);
+    expect(recording.readAll(all)).toEqual(all.map((i) => recording.read(i)));
+    recording.close();
+  });
+
+  it("has messages in the words of this package", async () => {
+    await expect(Recording.open(session.channels.slice(0, 112), session.samples)).rejects.toThrow(/; stamps may be none: /);
+    const recording = await Recording.open(session.channels, session.samples);
+    expect(() => laps(recording, { source: "gps", least: 3000 })).toThrow(/\(least\)/);
     recording.close();
   });
 

@@ -3,10 +3,10 @@ import { existsSync, mkdtempSync, rmSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 
-const root = new URL("../../../", import.meta.url).pathname;
+export const root = new URL("../../../", import.meta.url).pathname;
 
 /** The native tools, which the package is held against: KEL_TOOLS, or this tree's release build. */
-const tools = process.env["KEL_TOOLS"] ?? join(root, "build/release/tools");
+export const tools = process.env["KEL_TOOLS"] ?? join(root, "build/release/tools");
 const kelfunPath = join(tools, "kelfun/kelfun");
 if (!existsSync(kelfunPath)) throw new Error(`there is no ${kelfunPath}: build kelfun and kelsim first, or set KEL_TOOLS`);
 
@@ -19,11 +19,17 @@ export const kelfunJson = (...words: string[]): any => JSON.parse(kelfun(...word
 export const kelsim = (...words: string[]): string =>
   execFileSync(join(tools, "simulatore/kelsim"), words, { encoding: "utf8", stdio: ["ignore", "pipe", "pipe"] });
 
+/** A folder for the time of some work, or of what it promises. */
 export function inFolder<Result>(work: (folder: string) => Result): Result {
   const folder = mkdtempSync(join(tmpdir(), "kelweb-"));
+  const remove = (): void => rmSync(folder, { recursive: true, force: true });
   try {
-    return work(folder);
-  } finally {
-    rmSync(folder, { recursive: true });
+    const result = work(folder);
+    if (result instanceof Promise) return result.finally(remove) as Result;
+    remove();
+    return result;
+  } catch (cause) {
+    remove();
+    throw cause;
   }
 }

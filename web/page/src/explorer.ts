@@ -9,7 +9,12 @@ const WIDE: Record<string, readonly [number, number]> = {
   numbered: [22, 1], number: [23, 6], leftright: [23, 2], frontrear: [25, 2], updown: [27, 2],
 };
 
-const FIELD_NAMES: Record<string, string> = { inout: "in/out", leftright: "left/right", frontrear: "front/rear", updown: "up/down" };
+const FIELD_NAMES: Record<string, string> = texts.fieldNames;
+
+const copied = async (text: string): Promise<void> => navigator.clipboard.writeText(text);
+
+const AT_ONCE = 20;
+const ADDRESS_AFTER = 250;  // ms
 
 /** Search on one side, and what is known of one function on the other. */
 export function explorer(): { element: HTMLElement; show(state: State): void } {
@@ -30,25 +35,27 @@ export function explorer(): { element: HTMLElement; show(state: State): void } {
     remember();
   }
 
+  const named = new Map<number, readonly [string, string, string]>();
+  function result(one: Fn): HTMLElement {
+    let words = named.get(one.identifier);
+    if (words === undefined) named.set(one.identifier, (words = [one.name || one.shortName, one.hex, one.units.join(", ")]));
+    return h("li", {},
+      h("button", { class: "result", "aria-current": one.identifier === fid ? "true" : undefined, onclick: () => open(one.identifier) },
+        h("span", { class: "name" }, words[0]), h("code", {}, words[1]), h("span", { class: "quiet" }, words[2])));
+  }
+
+  /** Those that are seen at once are shown at once, so that a key waits for no more; the others follow. */
+  let rest = 0;
   function seek(): void {
     const words = input.value;
     const found = words.trim() === "" ? [] : search(words);
-    fill(
-      results,
-      ...found.slice(0, 200).map((match) =>
-        h(
-          "li",
-          {},
-          h(
-            "button",
-            { class: "result", "aria-current": match.function.identifier === fid ? "true" : undefined, onclick: () => open(match.function.identifier) },
-            h("span", { class: "name" }, match.function.name || match.function.shortName),
-            h("code", {}, match.function.hex),
-            h("span", { class: "quiet" }, match.function.units.join(", ")),
-          ),
-        ),
-      ),
-    );
+    fill(results, ...found.slice(0, AT_ONCE).map((match) => result(match.function)));
+    clearTimeout(rest);
+    const more = (from: number): void => {
+      results.append(...found.slice(from, from + AT_ONCE).map((match) => result(match.function)));
+      if (from + AT_ONCE < found.length) rest = setTimeout(more, 0, from + AT_ONCE);
+    };
+    if (found.length > AT_ONCE) rest = setTimeout(more, 0, AT_ONCE);
     count.textContent = words.trim() === "" ? "" : found.length > 0 ? texts.found(found.length) : texts.nothing(closeTo(words.trim().split(/\s+/)[0] ?? ""));
   }
 
@@ -65,7 +72,7 @@ export function explorer(): { element: HTMLElement; show(state: State): void } {
       const name = FIELD_NAMES[field.field] ?? field.field;
       const control =
         field.field === "numbered"
-          ? select([["0", "no"], ["1", "yes"]], String(field.value), (chosen) => set(Number(chosen)))
+          ? select([["0", texts.no], ["1", texts.yes]], String(field.value), (chosen) => set(Number(chosen)))
           : values.length === 0
             ? h("input", { type: "number", min: 0, max: 2 ** width - 1, value: field.value, onchange: (event) => set(Math.min(Math.max(0, Math.trunc(Number((event.target as HTMLInputElement).value))), 2 ** width - 1)) })
             : select(
@@ -129,9 +136,13 @@ export function explorer(): { element: HTMLElement; show(state: State): void } {
 
   function programsOf(one: Fn): HTMLElement {
     return h("section", {}, h("h3", {}, texts.code),
-      programs(one, unit || one.units.at(-1) || one.baseUnit).map(([language, code], i) => {
-        const copy = h("button", { onclick: () => { void navigator.clipboard.writeText(code).then(() => { copy.textContent = texts.copied; }); } }, texts.copy);
-        return h("details", { open: i === 3 }, h("summary", {}, language), copy, h("pre", { tabindex: 0, "aria-label": language }, h("code", {}, code)));
+      programs(one, unit).map(([language, code], i) => {
+        const shown = h("pre", { tabindex: 0, "aria-label": language }, h("code", {}, code));
+        const copy = h("button", { onclick: () => {
+          // Where the clipboard is closed to pages, what is to be copied is selected.
+          copied(code).then(() => { copy.textContent = texts.copied; }, () => { getSelection()?.selectAllChildren(shown); copy.textContent = texts.selected; });
+        } }, texts.copy);
+        return h("details", { open: i === 3 }, h("summary", {}, language), copy, shown);
       }));
   }
 
@@ -162,7 +173,13 @@ export function explorer(): { element: HTMLElement; show(state: State): void } {
     for (const button of results.querySelectorAll("button")) button.toggleAttribute("aria-current", button.querySelector("code")?.textContent === one.hex);
   }
 
-  input.addEventListener("input", () => { seek(); remember(); });
+  // The address follows when the typing pauses: a browser takes its time for it.
+  let later = 0;
+  input.addEventListener("input", () => {
+    seek();
+    clearTimeout(later);
+    later = setTimeout(remember, ADDRESS_AFTER);
+  });
   results.addEventListener("keydown", (event) => {
     const step = event.key === "ArrowDown" ? 1 : event.key === "ArrowUp" ? -1 : 0;
     if (step === 0) return;

@@ -1,4 +1,4 @@
-import { init } from "kelfunzioni/core";
+import { init, search } from "kelfunzioni/core";
 import { read, write } from "./address.js";
 import { decoder } from "./decoder.js";
 import { fill, h } from "./dom.js";
@@ -44,6 +44,8 @@ async function start(): Promise<void> {
   addEventListener("hashchange", fromAddress);
   fromAddress();
   document.documentElement.dataset["ready"] = "1";
+  performance.mark("ready");
+  setTimeout(() => search(" a"), 0);  // its tables are made before the first key
 }
 
 start().catch((error: unknown) => fill(document.body, h("main", {}, h("h1", {}, texts.failed), h("p", { role: "alert" }, (error as Error).message))));
