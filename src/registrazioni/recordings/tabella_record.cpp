@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "common/errore.h"
 #include "common/interi.h"
@@ -199,10 +200,11 @@ std::optional<std::int64_t> TabellaRecord::microsecondi(std::uint64_t riga) {
 }
 
 bool TabellaRecord::mostra_in(std::size_t colonna, const std::string& udm) {
-    ColonnaDati& sua = colonne_[colonna];
-    if (!sua.mostra_in(*catalogo_, canali_[sua.indice], udm))
+    ColonnaDati nuova = colonne_[colonna];  // the old one stays where there is no memory for the new one
+    if (!nuova.mostra_in(*catalogo_, canali_[nuova.indice], udm))
         return false;
-    voci_[colonna] = voce(sua);
+    voci_[colonna] = voce(nuova);
+    colonne_[colonna] = std::move(nuova);
     return true;
 }
 
