@@ -249,6 +249,7 @@ int main(void) {
     s_kel_errore errore;
     s_kel_registrazione* reg;
     struct ArrowArrayStream arrow;
+    char chiave[16];
     prepara_record();
     prepara_flusso();
     VERIFICA(kelRegApri(canali, 111, campioni, sizeof campioni, NULL, &errore) == NULL);
@@ -265,6 +266,9 @@ int main(void) {
     leggi_flusso();
     VERIFICA(kelRegTipoPacchetto(KEL_FID_GPS_PACCHETTO) == KEL_TIPO_GPS_KEL);
     VERIFICA(kelRegFattoreVelocita("mph") > 2.2 && kelRegFattoreVelocita("mph") < 2.3);
+    VERIFICA(kelRegChiave("Lambda 1 (L)", chiave, sizeof chiave) == 10);
+    VERIFICA(strcmp(chiave, "lambda_1_l") == 0);
+    VERIFICA(strcmp(kelRegMisura("time"), "ms") == 0);
     if (falliti == 0)
         printf("recordings, laps and Arrow: as the header says\n");
     return falliti == 0 ? 0 : 1;

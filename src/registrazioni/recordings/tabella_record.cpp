@@ -7,6 +7,7 @@
 
 #include "common/errore.h"
 #include "common/interi.h"
+#include "common/nomi.h"
 #include "recordings/canali.h"
 #include "recordings/inquadratura.h"
 #include "recordings/righe_gps.h"
@@ -78,7 +79,7 @@ VoceColonna TabellaRecord::voce(const ColonnaDati& colonna) const {
     VoceColonna voce;
     voce.nome = colonna.nome_misurato();
     voce.lungo = nome_lungo(*catalogo_, colonna.fid);
-    voce.udm = misura(colonna.udm);
+    voce.udm = misura(colonna.udm.c_str());
     voce.fid = colonna.fid;
     voce.canale = static_cast<std::uint32_t>(colonna.indice);
     voce.valori = colonna.campo()       ? valori_di(*colonna.campo())
