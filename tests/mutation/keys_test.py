@@ -46,7 +46,7 @@ def keys(text):
         root = Path(folder).resolve()
         (root / "src").mkdir()
         (root / "src/a.cpp").write_text(text)
-        (_, mutants, _), = source.read(root, "src", "src/a.cpp", ["-xc++", "-std=c++20"])
+        (_, mutants, _), = source.read(root, "src", True, "src/a.cpp", ["-xc++", "-std=c++20"])
     mutant.number_same(mutants)
     return [one.key for one in mutants]
 

@@ -309,6 +309,13 @@ void fattore(Aperti&, Esito& e) {
 const std::string RICERCA = "kelGiriCalcola search";
 constexpr long PASSO_RICERCA = 23;
 
+// Where a run is slow, as under an emulator, every so many allocations are tried.
+long passo() {
+    const char* testo = std::getenv("KEL_PASSO_ROBUSTEZZA");
+    const long suo = testo != nullptr ? std::strtol(testo, nullptr, 10) : 1;
+    return suo > 0 ? suo : 1;
+}
+
 // Those with a text for what was wrong, and those that say no more than 0.
 const std::map<std::string, Operazione> CON_ERRORE = {
     {"kelRegApri", apri_record},
@@ -339,7 +346,7 @@ TEST_P(OutOfMemoryInRecordings, IsAnErrorAndLeavesNothingBehind) {
     operazione(aperti, atteso);
     ASSERT_TRUE(atteso.riuscito) << atteso.errore.testo;
 
-    for (long quante = 0;; quante += GetParam() == RICERCA ? PASSO_RICERCA : 1) {
+    for (long quante = 0;; quante += passo() * (GetParam() == RICERCA ? PASSO_RICERCA : 1)) {
         const long prima = assegnazioni::vivi();
         Esito esito;
         assegnazioni::fallisca(quante);
