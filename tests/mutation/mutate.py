@@ -142,7 +142,7 @@ class Run:
         listed = [mutant for mutant in mutants if self.equivalents.key_of(mutant)]
         for mutant in listed:
             mutant.outcome = EQUIVALENT if mutant.outcome == ALIVE else mutant.outcome
-        table = results.table(mutants)
+        table = f"{results.table(mutants)}\n{results.rooms(mutants)}"
         seconds = f"{time.time() - began:.0f} seconds with {self.options.jobs} jobs"
         print(f"{table}{sum(m.outcome == INVALID for m in mutants)} more changes are not valid C++; {seconds}")
         good = results.faults(mutants, listed, self.equivalents.gone(every))

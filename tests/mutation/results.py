@@ -76,6 +76,15 @@ def table(mutants):
     return "".join("| " + " | ".join(map(str, line)) + " |\n" for line in lines)
 
 
+def rooms(mutants):
+    """The same for each room, in one line each."""
+    lines = [["room", "made", *OUTCOMES], ["---", *["--:"] * (1 + len(OUTCOMES))]]
+    for room in sorted({m.file.rsplit("/", 1)[0] for m in mutants}):
+        these = [m.outcome for m in mutants if m.file.rsplit("/", 1)[0] == room and m.outcome != INVALID]
+        lines.append([f"`{room}`", len(these), *map(these.count, OUTCOMES)])
+    return "".join("| " + " | ".join(map(str, line)) + " |\n" for line in lines)
+
+
 def write(page, text):
     """Puts the table between its marks on a page."""
     begin, end = "<!-- mutants: begin -->", "<!-- mutants: end -->"
