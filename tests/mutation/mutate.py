@@ -36,12 +36,15 @@ class Part:
         self.users = defaultdict(list)  # by file: the sources that include it
         self.switched, self.tests = None, None
 
-    def find(self):
-        """The mutants of the code, and the tables."""
-        objects = self.objects
-        tasks = [(objects.root, objects.folder, objects.tables, one, objects.libclang_arguments(one)) for one in objects.sources]
+    def find(self, only):
+        """The mutants of the code, and the tables. Where sources alone are asked for no others are read."""
+        objects, sources = self.objects, self.objects.sources
+        if only and all(one.endswith(".cpp") for one in only):
+            sources = [one for one in sources if one.endswith(tuple(only))]
+        tasks = [(objects.root, objects.folder, objects.tables, one, objects.libclang_arguments(one)) for one in sources]
+        self.read = [f"{objects.folder}/"] if sources is objects.sources else sources
         with multiprocessing.Pool(objects.jobs) as pool:
-            for one, files in zip(objects.sources, pool.starmap(source.read, tasks)):
+            for one, files in zip(sources, pool.starmap(source.read, tasks)):
                 for name, mutants, tables in files:
                     self.users[name].append(one)
                     if name not in self.texts:
@@ -95,10 +98,28 @@ class Run:
     def part(self, mutant):
         return next(part for part in self.parts if mutant.file.startswith(f"{part.objects.folder}/"))
 
-    def chosen(self, mutants):
+    def share(self, part):
+        """Which share of a part's mutants is asked for, of how many. Each share is of one library alone, so that the other need
+        not be read and built: the first half of them is the first one's, as about half of the mutants are. None: no share."""
+        share, shares = map(int, self.options.shard.split("/"))
+        first = shares // 2
+        if shares == 1:
+            return 1, 1
+        if part is self.parts[0]:
+            return (share, first) if share <= first else None
+        return (share - first, shares - first) if share > first else None
+
+    def asked(self, part):
+        """Whether any mutant of a part can be asked for."""
+        files = [one for one in self.options.only or () if "." in one]
+        others = not self.options.only or len(files) < len(self.options.only)
+        ours = any(str(file).endswith(one) for one in files for file in (self.root / part.objects.folder).rglob("*.*"))
+        return (others or ours) and (not self.options.shard or self.share(part) is not None)
+
+    def chosen(self, part, mutants):
         """Those that are asked for. A share goes by the names: it stays the same when others come and go."""
         if self.options.shard:
-            share, shares = map(int, self.options.shard.split("/"))
+            share, shares = self.share(part)
             mutants = [m for m in mutants if int(m.name, 16) % shares == share % shares]
         if self.options.only:
             mutants = [m for m in mutants if any(m.name == one or m.file.endswith(one) for one in self.options.only)]
@@ -121,21 +142,20 @@ class Run:
     def run(self):
         began = time.time()
         mutants = []
-        for part in self.parts:
-            part.find()
-            mutants += self.chosen(part.mutants)
-        # A name says nothing of the library that a cell is in: all the cells have to be looked at.
-        for part in self.parts:
-            ours = [mutant for mutant in mutants if self.part(mutant) is part]
+        parts = [part for part in self.parts if self.asked(part)]
+        for part in parts:
+            part.find(self.options.only)
+            ours = self.chosen(part, part.mutants)
+            mutants += ours
             if ours or part.tables:
-                mutants += self.chosen(part.with_switches(ours))
-        every = [mutant for part in self.parts for mutant in part.mutants]
+                mutants += self.chosen(part, part.with_switches(ours))
+        every = [mutant for part in parts for mutant in part.mutants]
         if self.options.list:
             print(*mutants, sep="\n")
             return True
         self.equivalents = results.Equivalents()
         print(f"{len(every)} mutants, {len(mutants)} of them to try", file=sys.stderr)
-        for part in self.parts:
+        for part in parts:
             if any(self.part(mutant) is part for mutant in mutants):
                 part.tests = Tests(part.objects, part.switched)
         self.judge_all(mutants)
@@ -145,7 +165,7 @@ class Run:
         table = f"{results.table(mutants)}\n{results.rooms(mutants)}"
         seconds = f"{time.time() - began:.0f} seconds with {self.options.jobs} jobs"
         print(f"{table}{sum(m.outcome == INVALID for m in mutants)} more changes are not valid C++; {seconds}")
-        good = results.faults(mutants, listed, self.equivalents.gone(every))
+        good = results.faults(mutants, listed, self.equivalents.gone(every, [folder for part in parts for folder in part.read]))
         if good and self.options.write:
             results.write(self.root / PAGE, f"{table}\nOf {datetime.date.today()}; {seconds}.\n")
         return good

@@ -62,9 +62,10 @@ class Equivalents:
         return next((key for key, pattern in self.keys.items()
                      if pattern and mutant.cell and pattern.fullmatch("\t".join(mutant.key))), None)
 
-    def gone(self, mutants):
-        """The lines that match no mutant."""
-        return sorted(set(self.keys) - {self.key_of(mutant) for mutant in mutants})
+    def gone(self, mutants, folders):
+        """The lines about files of some folders that match no mutant."""
+        lines = {key for key in self.keys if key[0].startswith(tuple(folders))}
+        return sorted(lines - {self.key_of(mutant) for mutant in mutants})
 
 
 def table(mutants):
