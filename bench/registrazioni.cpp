@@ -182,7 +182,7 @@ void scritte() {
             ->UseManualTime()
             ->Iterations(1);
         // The shortest decimals alone, of the same numbers.
-        serie_di(riga, Ruolo::limite, "std::to_chars", CANALI * IN_CACHE, [] {
+        serie_di(riga, Ruolo::pari, "std::to_chars", CANALI * IN_CACHE, [] {
             static const Aperta qui;
             static std::array<char, std::size_t{1} << 16> testo;
             char* dove = testo.data();
