@@ -89,12 +89,12 @@ Registrata registrata(Caso& caso) {
         unsigned char* canale = &*una.canali.insert(una.canali.end(), 112, 0);
         kel_funpos fid = caso.fid();
         std::uint32_t tipo = caso.sotto(kel_test::TIPI_CAMPIONE);
-        const std::uint32_t specie = caso.sotto(4);
-        if (specie == 0) {
+        const std::uint32_t genere = caso.sotto(4);
+        if (genere == 0) {
             fid = KEL_FID_GPS_PACCHETTO;
             tipo = KEL_TIPO_GPS_KEL;
             gps = dimensione + 4;
-        } else if (specie == 1) {
+        } else if (genere == 1) {
             fid = caso.pacchetto();
             const int suo = kelRegTipoPacchetto(fid);
             tipo = suo < 0 ? tipo : static_cast<std::uint32_t>(suo);
