@@ -208,4 +208,53 @@ TEST(Ubx, HasNoChannelsAndNoRecords) {
     EXPECT_EQ(kelRegUnita(reg.get(), UINT32_MAX, "mph"), 0);
 }
 
+TEST(Ubx, HasItsTwelveColumns) {
+    struct Attesa {
+        const char* nome;
+        const char* lungo;
+        const char* udm;
+        kel_funpos fid;
+        eKelValori valori;
+        int decimali;
+        eKelCampo campo;
+        int con_unita;
+    };
+    const Attesa attese[] = {
+        {"Time of Week", "", "ms", 0, KEL_VALORI_UINT32, 0, KEL_CAMPO_NESSUNO, 0},
+        {"UTC", "", "", 0, KEL_VALORI_ISTANTE, 0, KEL_CAMPO_UTC, 0},
+        {"Fix", "Code", "", KEL_FID_GPS_FIX, KEL_VALORI_UINT32, 0, KEL_CAMPO_FIX, 0},
+        {"Satellites", "Sat Number", "", KEL_FID_GPS_SATELLITI, KEL_VALORI_UINT32, 0, KEL_CAMPO_SATELLITI, 0},
+        {"Latitude", "Latitude", "deg", KEL_FID_GPS_LATITUDINE, KEL_VALORI_DOUBLE, 8, KEL_CAMPO_LATITUDINE, 0},
+        {"Longitude", "Longitude", "deg", KEL_FID_GPS_LONGITUDINE, KEL_VALORI_DOUBLE, 8, KEL_CAMPO_LONGITUDINE, 0},
+        {"Altitude", "Altitude", "m", KEL_FID_GPS_ALTEZZA, KEL_VALORI_DOUBLE, 3, KEL_CAMPO_ALTEZZA, 0},
+        {"Speed", "Speed", "km/h", KEL_FID_GPS_VELOCITA, KEL_VALORI_DOUBLE, 3, KEL_CAMPO_VELOCITA, 1},
+        {"Heading", "", "deg", 0, KEL_VALORI_DOUBLE, 2, KEL_CAMPO_ROTTA, 0},
+        {"Climb", "", "m/s", 0, KEL_VALORI_DOUBLE, 3, KEL_CAMPO_SALITA, 0},
+        {"Position Accuracy", "Position", "m", KEL_FID_GPS_ACCURATEZZA_POSIZIONE, KEL_VALORI_DOUBLE, 3,
+         KEL_CAMPO_ACCURATEZZA_POSIZIONE, 0},
+        {"Speed Accuracy", "Velocity", "m/s", KEL_FID_GPS_ACCURATEZZA_VELOCITA, KEL_VALORI_DOUBLE, 3,
+         KEL_CAMPO_ACCURATEZZA_VELOCITA, 0},
+    };
+    const Registrazione reg(kelRegApriUbx("", 0, nullptr));
+    ASSERT_EQ(kelRegNumColonne(reg.get()), 12u);
+    for (unsigned i = 0; i < 12; ++i) {
+        s_kel_descrizione d{};
+        ASSERT_EQ(kelRegDescrivi(reg.get(), i, &d), 1);
+        EXPECT_STREQ(d.nome, attese[i].nome);
+        EXPECT_STREQ(d.lungo, attese[i].lungo);
+        EXPECT_STREQ(d.udm, attese[i].udm);
+        EXPECT_STREQ(d.proprio, attese[i].nome);
+        EXPECT_EQ(d.fid, attese[i].fid);
+        EXPECT_EQ(d.valori, attese[i].valori);
+        EXPECT_EQ(d.decimali, attese[i].decimali);
+        EXPECT_EQ(d.campo, attese[i].campo);
+        EXPECT_EQ(d.con_unita, attese[i].con_unita);
+        EXPECT_EQ(d.canale, 0u);
+        EXPECT_EQ(d.interna, 0);
+        EXPECT_EQ(d.pacchetto, 0);
+    }
+    s_kel_descrizione d{};
+    EXPECT_EQ(kelRegDescrivi(reg.get(), 12, &d), 0);
+}
+
 }  // namespace
