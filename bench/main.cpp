@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
     righe_ricerche();
     righe_campioni();
     righe_colonne();
+    righe_registrazioni();
 
     benchmark::AddCustomContext("missing_peers", KEL_PARI_MANCANTI);
     benchmark::Initialize(&argc, argv);

@@ -17,5 +17,6 @@ void righe_elenchi();
 void righe_ricerche();
 void righe_campioni();
 void righe_colonne();
+void righe_registrazioni();
 
 #endif

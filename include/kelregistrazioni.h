@@ -547,6 +547,26 @@ KEL_API int kelRegArrow(s_kel_registrazione* reg, uint64_t da, uint64_t quante, 
 
 /// @}
 
+/// @name Names
+/// Rules by which columns are named and shown, for programs that do as `kelfun` does.
+/// @{
+
+/// A text as a name for programs: small letters and digits, everything else one underscore: "Lambda 1 (L)" is "lambda_1_l".
+/// The names of the columns of a recording are different also so.
+/// @param testo     any text.
+/// @param chiave    the first `capienza` - 1 of its characters and a NUL; may be null where `capienza` is 0.
+/// @param capienza  bytes that `chiave` has room for.
+/// @return          how many characters there are, without the NUL: no more than `testo` has.
+/// @since 0.1.0
+KEL_API size_t kelRegChiave(const char* testo, char* chiave, size_t capienza) KEL_NOEXCEPT;
+
+/// The unit that values are in: "" for what the catalogue puts in its place where there is none ("#", "gear" and the like),
+/// "ms" for the "time" of a lap, else the same text. The units of columns are so already.
+/// @since 0.1.0
+KEL_API const char* kelRegMisura(const char* udm) KEL_NOEXCEPT;
+
+/// @}
+
 KEL_C_END
 
 #endif

@@ -23,7 +23,7 @@ PLACES = [
     "docs/promises.md",
 ]
 # They speak of older releases, or were compiled with one.
-HISTORY = re.compile(r"CHANGELOG\.md|debian/changelog|tests/abi/(\w+\.abi|releases/.*)")
+HISTORY = re.compile(r"CHANGELOG\.md|debian/changelog|tests/abi/([-\w]+\.abi|releases/.*)")
 FOLDERS = ["bench", "cmake", "completions", "debian", "docs", "examples", "include", "man", "scripts", "src", "tests", "tools"]
 SOVERSION = re.compile(r"^set\(KEL_SOVERSION (\d+)\)$", re.MULTILINE)
 NAMED = re.compile(r"\blibkel(?:funzioni|registrazioni)(?:\.so\.)?(\d+)\b")

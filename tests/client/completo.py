@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The client programs use everything of the public headers: c99.c every flat function and table, cxx.cpp every virtual
-operation and every lap time text. Exit status 1 when one is not used."""
+operation and every lap time text, colonne.c and registrazioni.c every function of the second library. Exit status 1 when
+one is not used."""
 
 import pathlib
 import re
@@ -18,13 +19,16 @@ def mancanti():
     tabelle = re.findall(r"^extern KEL_API const \w+ (\w+)\[", testo("kel_tabelle.h"), re.M)
     slot = re.findall(r"^ +virtual [^;]*?\b(\w+)\(", testo("IFunzioni.h", "IConverter.h"), re.M)
     statiche = re.findall(r"^ +static [^;]*?\b(\w+)\(", testo("CLaptimeAndStrings.h"), re.M)
-    for nomi, programma in ((flat + tabelle, "c99.c"), (slot + statiche, "cxx.cpp")):
-        if len(nomi) < 40:
-            yield f"only {len(nomi)} names found for {programma}: the headers are not read rightly"
-        usati = set(re.findall(r"\w+", (QUI / programma).read_text()))
+    seconda = re.findall(r"^KEL_API [^;]*?\b(\w+)\(", testo("kelregistrazioni.h"), re.M)
+    for nomi, *programmi in ((flat + tabelle, "c99.c"), (slot + statiche, "cxx.cpp"),
+                             (seconda, "colonne.c", "registrazioni.c")):
+        dove = " or ".join(programmi)
+        if len(nomi) < 30:
+            yield f"only {len(nomi)} names found for {dove}: the headers are not read rightly"
+        usati = {parola for programma in programmi for parola in re.findall(r"\w+", (QUI / programma).read_text())}
         for nome in nomi:
             if nome not in usati:
-                yield f"{nome} is not used in {programma}"
+                yield f"{nome} is not used in {dove}"
 
 
 problemi = list(mancanti())

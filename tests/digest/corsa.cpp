@@ -34,7 +34,7 @@ Corsa::Corsa(bool flat) {
     for (const Famiglia& famiglia : famiglie_flat())
         conti_.push_back({&famiglia});
     if (!flat)
-        for (const auto& famiglie : {famiglie_oggetti(), famiglie_colonne()})
+        for (const auto& famiglie : {famiglie_oggetti(), famiglie_colonne(), famiglie_registrazioni()})
             for (const Famiglia& famiglia : famiglie)
                 conti_.push_back({&famiglia});
 }

@@ -22,6 +22,8 @@ std::span<const Famiglia> famiglie_flat();
 std::span<const Famiglia> famiglie_oggetti();
 /// Columns, of the second library.
 std::span<const Famiglia> famiglie_colonne();
+/// Recordings, u-blox streams, laps and Arrow, of the second library.
+std::span<const Famiglia> famiglie_registrazioni();
 
 }  // namespace digest
 

@@ -46,7 +46,7 @@ def keys(text):
         root = Path(folder).resolve()
         (root / "src").mkdir()
         (root / "src/a.cpp").write_text(text)
-        (_, mutants, _), = source.read(root, "src", "src/a.cpp", ["-xc++", "-std=c++20"])
+        (_, mutants, _), = source.read(root, "src", True, "src/a.cpp", ["-xc++", "-std=c++20"])
     mutant.number_same(mutants)
     return [one.key for one in mutants]
 
@@ -74,7 +74,7 @@ def main():
 
     mutants = [mutant.Mutant("relational", *key, 1) for key in first]
     gone = ("src/a.cpp", "sum", "return a {{+ => -}} c;")
-    assert listed((*first[0], "why"), (*gone, "why")).gone(mutants) == [gone]
+    assert listed((*first[0], "why"), (*gone, "why")).gone(mutants, ["src/"]) == [gone]
     cell = mutant.Mutant("cell", "src/a.cpp", "table", "[3].gain {{1 => 2}}", 1, cell="table 0 bytes 02")
     assert listed(("src/a.cpp", "table", "[*].gain {{*}}", "why")).key_of(cell)
     assert not listed(("src/a.cpp", "table", "[*].gain {{*}}", "why")).key_of(mutants[0])

@@ -1,4 +1,4 @@
-"""The library's objects: with a switch for each mutant in one library, or with one change compiled alone."""
+"""The libraries' objects: with a switch for each mutant at once, or with one change compiled alone; and what the tests run."""
 
 import json
 import re
@@ -14,10 +14,7 @@ from pathlib import Path
 from mutant import COMPILER, INVALID, SAME
 
 HERE = Path(__file__).resolve().parent
-FOLDER = "src/funzioni"
 SOVERSION = re.search(r"^set\(KEL_SOVERSION (\d+)\)$", (HERE.parents[1] / "CMakeLists.txt").read_text(), re.M)[1]
-NAME = f"libkelfunzioni.so.{SOVERSION}"
-MAP = "kelfunzioni.map"
 # A changed library may do what C++ leaves undefined: what leaves an array, or copies beyond the end of an object, ends
 # the program, and otherwise the compiler is not to conclude anything from it.
 DEFINED = ("-fsanitize=bounds", "-fsanitize-undefined-trap-on-error", "-fstack-protector-all", "-D_FORTIFY_SOURCE=2",
@@ -27,16 +24,24 @@ PROOF = re.compile(r"static assertion failed|constant expression|limit|too many|
 
 
 class Library:
-    """Compiles the sources as the build does, with the commands of the build."""
+    """Compiles the sources below a folder as the build does, with the commands of the build.
 
-    def __init__(self, root, build, jobs):
+    What is made of them is a folder: `launch` says what runs of it for a test program.
+    """
+
+    folder = ""
+    tables = True      # the cells of its constant tables are changed in the library, not in the source
+    environment = {}   # of its tests
+
+    def __init__(self, root, build, jobs, rooms):
         self.root, self.build, self.jobs = root, build, jobs
-        self.work = build / "mutation"
-        self.work.mkdir(exist_ok=True)
+        self.programs = [self.program(room) for room in rooms]
+        self.work = build / "mutation" / Path(self.folder).name
+        self.work.mkdir(parents=True, exist_ok=True)
         self.commands, self.objects = {}, {}
         for entry in json.loads((build / "compile_commands.json").read_text()):
             file = Path(entry["file"])
-            if file.is_relative_to(root / FOLDER):
+            if file.is_relative_to(root / self.folder):
                 words = shlex.split(entry["command"])
                 output = words.index("-o")
                 source = str(file.relative_to(root))
@@ -46,7 +51,9 @@ class Library:
         self.compiler = self.commands[self.sources[0]][0]
 
     def libclang_arguments(self, source):
-        words = [word for word in self.commands[source] if word.startswith(("-D", "-I", "-std", "-f"))]
+        given = self.commands[source]
+        words = [word for word in given if word.startswith(("-D", "-I", "-std", "-f", "-m"))]
+        words += [part for at, word in enumerate(given) if word == "-isystem" for part in given[at:at + 2]]
         return ["-xc++", "-fconstexpr-steps=100000000", *words]
 
     def tree(self, folder, texts):
@@ -60,7 +67,7 @@ class Library:
     def compile(self, source, tree, extra=(), timeout=None):
         """Compiles a source with a tree of others before the project's: its object, and what the compiler says."""
         words = list(self.commands[source])
-        words.insert(words.index(f"-I{self.root / FOLDER}"), f"-I{tree / FOLDER}")
+        words.insert(words.index(f"-I{self.root / self.folder}"), f"-I{tree / self.folder}")
         file = tree / source if (tree / source).exists() else self.root / source
         output = tree / (source.replace("/", "_") + ".o")
         done = subprocess.run([*words, "-w", "-Wno-error", *extra, "-o", str(output), "-c", str(file)],
@@ -68,12 +75,8 @@ class Library:
         return output, done.stderr if done.returncode else ""
 
     def link(self, tree, objects):
-        library = tree / "lib" / NAME
-        library.parent.mkdir()
-        subprocess.run([self.compiler, "-shared", f"-Wl,-soname,{NAME}", f"-Wl,--version-script={self.root / FOLDER / MAP}",
-                        "-Wl,-Bsymbolic-functions", "-Wl,-z,relro,-z,now", *map(str, objects), "-ldl", "-o", str(library)],
-                       check=True)
-        return library
+        """What the tests run, of objects by their sources: a folder."""
+        raise NotImplementedError
 
     def with_switches(self, texts, mutants, sources):
         """The library with all mutants that have a number; `sources` have to be compiled anew."""
@@ -87,12 +90,25 @@ class Library:
         with ThreadPoolExecutor(self.jobs) as pool:
             results = list(pool.map(lambda source: self.compile(source, tree, extra), sources))
         errors = [said for _, said in results if said]
+        # What does not compile with its switch is compiled alone.
+        blamed = {mutant for said in errors for mutant in self.blamed(said, by_file)}
+        if blamed:
+            for mutant in blamed:
+                mutant.alone, mutant.number = True, 0
+            return self.with_switches(texts, [mutant for mutant in mutants if mutant not in blamed], sources)
         if errors:
             raise SystemExit("the instrumented library does not compile:\n" + "\n".join(errors))
         switch = tree / "switch.o"
         subprocess.run([self.compiler, "-std=c++20", "-O1", "-fPIC", "-fvisibility=hidden", f"-DKEL_MUTANTS={len(mutants)}",
                         "-c", str(HERE / "switch.cpp"), "-o", str(switch)], check=True)
-        return self.link(tree, [switch, *{**self.objects, **dict(zip(sources, (o for o, _ in results)))}.values()])
+        return self.link(tree, {**self.objects, **dict(zip(sources, (o for o, _ in results)))}, switch)
+
+    def blamed(self, said, by_file):
+        """The mutants on the lines that a compiler complains of."""
+        for name, line in re.findall(r"^\S*?(src/\S+?):(\d+):\d+: (?:error|  required from here)", said, re.M):
+            for mutant in by_file.get(name, ()):
+                if mutant.line <= int(line) <= mutant.line + mutant.lines:
+                    yield mutant
 
     @contextmanager
     def with_change(self, mutant, text, sources):
@@ -101,7 +117,7 @@ class Library:
             tree = self.tree(folder, {mutant.file: text[:mutant.begin] + mutant.text + text[mutant.end:]})
             outcome, differ = self.compared(tree, sources)
             changed = {source: self.compile(source, tree, DEFINED)[0] for source in differ}
-            yield outcome, self.link(tree, {**self.objects, **changed}.values()) if changed else None
+            yield outcome, self.link(tree, {**self.objects, **changed}) if changed else None
 
     def compared(self, tree, sources):
         """What becomes of changed sources, and those of which the compiler makes other code than before."""
@@ -118,6 +134,68 @@ class Library:
         return "" if differ else SAME, differ
 
 
+class Funzioni(Library):
+    """The first library. The build's test programs load it."""
+
+    folder = "src/funzioni"
+    name = f"libkelfunzioni.so.{SOVERSION}"
+
+    def program(self, room):
+        return self.build / "tests" / f"kel_test_{room}"
+
+    def link(self, tree, objects, *others):
+        made = tree / "lib"
+        made.mkdir()
+        script = self.root / self.folder / "kelfunzioni.map"
+        subprocess.run([self.compiler, "-shared", f"-Wl,-soname,{self.name}", f"-Wl,--version-script={script}",
+                        "-Wl,-Bsymbolic-functions", "-Wl,-z,relro,-z,now", *map(str, [*others, *objects.values()]), "-ldl",
+                        "-o", str(made / self.name)], check=True)
+        return made
+
+    def launch(self, made, program):
+        """The program to run, and where it finds the libraries."""
+        return program, made
+
+
+class Registrazioni(Library):
+    """The second library. Its tests look into it, so its objects are linked into them, as in the build: each program is
+    linked anew."""
+
+    folder = "src/registrazioni"
+    tables = False
+    environment = {"KEL_PASSO_ROBUSTEZZA": "41"}  # as under an emulator: a run is made for each mutant
+
+    def program(self, room):
+        return self.build / "tests/registrazioni" / f"kel_test_{room}"
+
+    def link_command(self, program):
+        """The words by which the build links a program."""
+        target = str(program.relative_to(self.build))
+        commands = subprocess.run(["ninja", "-C", str(self.build), "-t", "commands", "-s", target], check=True,
+                                  capture_output=True, text=True).stdout
+        return shlex.split(commands.strip().splitlines()[-1].split(" && ")[1])
+
+    def link(self, tree, objects, *others):
+        made = tree / "bin"
+        made.mkdir()
+        ours = {str(self.objects[source].relative_to(self.build)): source for source in self.sources}
+        # The entry of columns is in the shared library alone.
+        entry = str(objects[f"{self.folder}/columns/kelColLeggi.cpp"])
+        for program in self.programs:
+            words = self.link_command(program)
+            at = words.index("-o")
+            words[at + 1] = str(made / program.name)
+            words[1:at] = [str(objects[ours[word]]) if word in ours else word for word in words[1:at]]
+            columns = [str(objects[source]) for source in self.sources
+                       if "/columns/" in source and str(objects[source]) not in words]
+            words[at:at] = dict.fromkeys([*map(str, others), *columns, entry])
+            subprocess.run(words, check=True, cwd=self.build)
+        return made
+
+    def launch(self, made, program):
+        return made / program.name, self.build / "src/funzioni"
+
+
 def instrumented(text, mutants):
     """A source in which each piece asks for its mutants."""
     pieces = defaultdict(list)
@@ -131,7 +209,8 @@ def instrumented(text, mutants):
             first, last = left.popleft()
             if last > end:
                 raise SystemExit(f"pieces overlap: {pieces[first, last][0]}")
-            parts += [text[begin:first], switched(rendered(first, last), pieces[first, last])]
+            line = text.count("\n", 0, last) + 1
+            parts += [text[begin:first], switched(rendered(first, last), pieces[first, last]), f"\n#line {line}\n"]
             begin = last
         return "".join(parts) + text[begin:end]
 

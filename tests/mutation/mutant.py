@@ -28,9 +28,13 @@ class Mutant:
     text: str = ""
     alone: bool = False           # compiled alone: the compiler computes it, so no switch can turn it on
     cell: str = ""                # what switch.cpp is told, for a cell
+    lines: int = 0                # that the piece goes on for
     number: int = 0               # of the switch
     outcome: str = field(default="", compare=False)
     by: str = field(default="", compare=False)
+
+    def __hash__(self):
+        return hash(self.key)
 
     @property
     def key(self):

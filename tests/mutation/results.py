@@ -62,9 +62,10 @@ class Equivalents:
         return next((key for key, pattern in self.keys.items()
                      if pattern and mutant.cell and pattern.fullmatch("\t".join(mutant.key))), None)
 
-    def gone(self, mutants):
-        """The lines that match no mutant."""
-        return sorted(set(self.keys) - {self.key_of(mutant) for mutant in mutants})
+    def gone(self, mutants, folders):
+        """The lines about files of some folders that match no mutant."""
+        lines = {key for key in self.keys if key[0].startswith(tuple(folders))}
+        return sorted(lines - {self.key_of(mutant) for mutant in mutants})
 
 
 def table(mutants):
@@ -73,6 +74,15 @@ def table(mutants):
     for kind in (*KINDS, "all"):
         these = [m.outcome for m in mutants if kind in ("all", m.kind) and m.outcome != INVALID]
         lines.append([kind, len(these), *map(these.count, OUTCOMES)])
+    return "".join("| " + " | ".join(map(str, line)) + " |\n" for line in lines)
+
+
+def rooms(mutants):
+    """The same for each room, in one line each."""
+    lines = [["room", "made", *OUTCOMES], ["---", *["--:"] * (1 + len(OUTCOMES))]]
+    for room in sorted({m.file.rsplit("/", 1)[0] for m in mutants}):
+        these = [m.outcome for m in mutants if m.file.rsplit("/", 1)[0] == room and m.outcome != INVALID]
+        lines.append([f"`{room}`", len(these), *map(these.count, OUTCOMES)])
     return "".join("| " + " | ".join(map(str, line)) + " |\n" for line in lines)
 
 

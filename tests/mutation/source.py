@@ -31,8 +31,8 @@ class Context:
 
 
 class Source:
-    def __init__(self, path, name):
-        self.name = name
+    def __init__(self, path, name, stored):
+        self.name, self.stored = name, stored  # whether the cells of tables are changed in the library
         self.text = Path(path).read_bytes().decode("ascii")
         self.mutants, self.tables = [], []
 
@@ -91,7 +91,7 @@ class Source:
 
     def is_stored_table(self, variable, at):
         """Notes tables: their cells are changed in the library. One that is no part of it is changed here."""
-        if not self.is_fixed(variable) or not is_table(variable):
+        if not self.stored or not self.is_fixed(variable) or not is_table(variable):
             return False
         if at.function and not self.piece(variable).startswith("static"):
             self.characters(variable, replace(at, constant=True))
@@ -115,7 +115,8 @@ class Source:
 
     def add(self, kind, begin, end, text, mark, at, alone):
         self.mutants.append(Mutant(kind, self.name, at.function, self.shown(at.statement, *(mark or (begin, end, text))),
-                                   self.text.count("\n", 0, begin) + 1, begin, end, text, alone or at.constant))
+                                   self.text.count("\n", 0, begin) + 1, begin, end, text, alone or at.constant,
+                                   lines=self.text.count("\n", begin, end)))
 
     def shown(self, statement, begin, end, new):
         """A statement with a change in it."""
@@ -161,7 +162,7 @@ def words(text):
     return re.sub(r"(?<=[(\[{]) | (?=[)\]},;]|\.\w|->)", "", re.sub(" +", " ", text))
 
 
-def read(root, folder, source, arguments):
+def read(root, folder, stored, source, arguments):
     """The files below a folder that a source consists of: [(name, mutants, tables)]."""
     unit = cindex.Index.create().parse(str(root / source), args=arguments)
     errors = [str(d) for d in unit.diagnostics if d.severity >= cindex.Diagnostic.Error]
@@ -170,7 +171,7 @@ def read(root, folder, source, arguments):
     files = {}
     for path in [root / source, *(Path(file.include.name).resolve() for file in unit.get_includes())]:
         if path.is_relative_to(root / folder):
-            files[str(path)] = Source(path, str(path.relative_to(root)))
+            files[str(path)] = Source(path, str(path.relative_to(root)), stored)
     for cursor in unit.cursor.get_children():
         file = cursor.location.file and files.get(str(Path(cursor.location.file.name).resolve()))
         if file:

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <functional>
 #include <list>
 #include <map>
@@ -14,52 +13,7 @@
 
 #include "CLaptimeAndStrings.h"
 #include "IFunzioni.h"
-
-namespace {
-
-long prima_della_fine = -1;  // allocations that still succeed before one fails; negative: all do
-long vivi = 0;               // blocks that were allocated and not given back
-
-void* assegna(std::size_t byte) {
-    if (prima_della_fine == 0) {
-        prima_della_fine = -1;
-        throw std::bad_alloc();
-    }
-    if (prima_della_fine > 0)
-        --prima_della_fine;
-    void* blocco = std::malloc(byte == 0 ? 1 : byte);
-    if (blocco == nullptr)
-        throw std::bad_alloc();
-    ++vivi;
-    return blocco;
-}
-
-void rilascia(void* blocco) {
-    vivi -= blocco != nullptr ? 1 : 0;
-    std::free(blocco);
-}
-
-}  // namespace
-
-// Every new and delete of the program: those of the library and of the C++ library come here as well.
-void* operator new(std::size_t byte) {
-    return assegna(byte);
-}
-void* operator new[](std::size_t byte) {
-    return assegna(byte);
-}
-void operator delete(void* blocco) noexcept {
-    rilascia(blocco);
-}
-void operator delete[](void* blocco) noexcept {
-    rilascia(blocco);
-}
-void operator delete(void* blocco, std::size_t) noexcept {
-    rilascia(blocco);
-}
-void operator delete[](void* blocco, std::size_t) noexcept {
-    rilascia(blocco);
-}
+#include "assegnazioni.h"
 
 namespace {
 
@@ -228,19 +182,19 @@ TEST_P(OutOfMemory, ComesOutOfTheOperationAndLeavesNothingBehind) {
 
     bool fallita = true;
     for (long quante = 0; fallita; quante++) {
-        const long prima = vivi;
+        const long prima = assegnazioni::vivi();
         {
             Uscita uscita;
             fallita = false;
-            prima_della_fine = quante;
+            assegnazioni::fallisca(quante);
             try {
                 operazione(*f, uscita);
             } catch (const std::bad_alloc&) {
                 fallita = true;
             }
-            prima_della_fine = -1;
+            assegnazioni::fallisca(-1);
         }
-        ASSERT_EQ(vivi, prima) << "blocks are lost when allocation " << quante << " fails";
+        ASSERT_EQ(assegnazioni::vivi(), prima) << "blocks are lost when allocation " << quante << " fails";
         Uscita dopo;
         operazione(*f, dopo);
         ASSERT_EQ(descrivi(dopo), atteso) << "the object is not the same after allocation " << quante << " failed";
@@ -264,13 +218,13 @@ TEST(OutOfMemoryCounter, FindsTheAllocationsOfOperationsThatMakeSome) {
                              "getAllInnerFunpos", "getCanaliGPS", "CreateConverter and reads", "GetValoriCampiFID"}) {
         Uscita uscita;
         bool fallita = false;
-        prima_della_fine = 0;
+        assegnazioni::fallisca(0);
         try {
             OPERAZIONI.at(nome)(*f, uscita);
         } catch (const std::bad_alloc&) {
             fallita = true;
         }
-        prima_della_fine = -1;
+        assegnazioni::fallisca(-1);
         EXPECT_TRUE(fallita) << nome;
     }
 }

@@ -86,7 +86,6 @@ struct s_kel_giri {
     kel_registrazioni::OrologioGps orologio;
     std::unique_ptr<IFunzioni> catalogo;
     kel_registrazioni::Lettura lettura;
-    std::vector<kel_registrazioni::Linea> linee;
     std::vector<std::vector<std::int32_t>> settori;
     std::string detto;
 };
@@ -129,13 +128,14 @@ int kelGiriAggiungi(s_kel_giri* giri, s_kel_errore* errore) noexcept {
 
 int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_errore* errore) noexcept {
     return chiama(errore, 0, [&] {
+        // Until all is computed there are no laps: neither those of another choice nor some of these.
+        giri->detto.clear();
+        giri->settori.clear();
+        giri->lettura = {};
         const s_kel_scelte_giri date = scelte != nullptr ? *scelte : s_kel_scelte_giri{};
         const Parole parole = parole_di(date.parole);
         const ScelteGiri chieste = scelte_di(date, parole, *giri->catalogo);
         const std::vector<Intermedio> intermedi = intermedi_di(date, parole);
-        giri->detto.clear();
-        giri->settori.clear();
-        giri->lettura = {};
         const Dillo dillo = [giri](std::string riga) {
             std::ranges::replace(riga, '\n', ' ');  // a channel's name may hold any bytes
             giri->detto += riga + "\n";
@@ -150,13 +150,14 @@ int kelGiriCalcola(s_kel_giri* giri, const s_kel_scelte_giri* scelte, s_kel_erro
         }
         di_sessioni(lettura.guida, dillo);
         misura(lettura.giri, lettura.guida);
-        giri->linee = linee_intermedie(lettura, intermedi, parole, dillo);
-        dividi(lettura.giri, lettura.guida, giri->linee);
+        dividi(lettura.giri, lettura.guida, linee_intermedie(lettura, intermedi, parole, dillo));
+        std::vector<std::vector<std::int32_t>> settori;
         for (const Giro& giro : lettura.giri) {
-            auto& settori = giri->settori.emplace_back();
+            auto& suoi = settori.emplace_back();
             for (const std::optional<int>& ms : giro.settori)
-                settori.push_back(ms.value_or(-1));
+                suoi.push_back(ms.value_or(-1));
         }
+        giri->settori = std::move(settori);
         giri->lettura = std::move(lettura);
         return 1;
     });

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <utility>
 
+#include "common/posto.h"
+
 namespace kel_registrazioni {
 
 namespace {
@@ -18,6 +20,7 @@ bool cresciuto(const std::optional<int>& prima, const std::optional<int>& ora) {
 }  // namespace
 
 void GiriRegistrati::aggiungi(std::optional<double> tempo, const StatoCronometro& stato) {
+    fai_posto(giri_);                                           // a record closes one lap at most
     const bool indietro = tempo && tempo_ && *tempo < *tempo_;  // sessions joined
     if (indietro) {
         if (attesa_)

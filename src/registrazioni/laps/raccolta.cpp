@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "common/interi.h"
+#include "common/posto.h"
 #include "recordings/canali.h"
 
 namespace kel_registrazioni {
@@ -138,6 +139,9 @@ StatoCronometro RaccoltaRecord::cronometro(const std::uint8_t* campioni) {
 }
 
 void RaccoltaRecord::aggiungi(std::optional<double> tempo, const std::uint8_t* campioni) {
+    // Where there is no memory for it the record has not been put in, and may come again.
+    fai_posto(righe_);
+    fai_posto(soluzioni_);
     Riga riga;
     if (!canale_giri_.empty())
         giri_.aggiungi(tempo, cronometro(campioni));

@@ -80,10 +80,6 @@ protected:
 /// The catalogue's name of a function; "" for none.
 std::string nome_lungo(const IFunzioni& catalogo, kel_funpos fid);
 
-/// The unit that values are in: nothing for what the catalogue puts in its place where there is none ("#", "gear" and the
-/// like), "ms" for the "time" of a lap.
-std::string misura(const std::string& udm);
-
 }  // namespace kel_registrazioni
 
 #endif

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "common/errore.h"
 #include "common/interi.h"
+#include "common/nomi.h"
 #include "recordings/canali.h"
 #include "recordings/inquadratura.h"
 #include "recordings/righe_gps.h"
@@ -77,7 +79,7 @@ VoceColonna TabellaRecord::voce(const ColonnaDati& colonna) const {
     VoceColonna voce;
     voce.nome = colonna.nome_misurato();
     voce.lungo = nome_lungo(*catalogo_, colonna.fid);
-    voce.udm = misura(colonna.udm);
+    voce.udm = misura(colonna.udm.c_str());
     voce.fid = colonna.fid;
     voce.canale = static_cast<std::uint32_t>(colonna.indice);
     voce.valori = colonna.campo()       ? valori_di(*colonna.campo())
@@ -199,10 +201,11 @@ std::optional<std::int64_t> TabellaRecord::microsecondi(std::uint64_t riga) {
 }
 
 bool TabellaRecord::mostra_in(std::size_t colonna, const std::string& udm) {
-    ColonnaDati& sua = colonne_[colonna];
-    if (!sua.mostra_in(*catalogo_, canali_[sua.indice], udm))
+    ColonnaDati nuova = colonne_[colonna];  // the old one stays where there is no memory for the new one
+    if (!nuova.mostra_in(*catalogo_, canali_[nuova.indice], udm))
         return false;
-    voci_[colonna] = voce(sua);
+    voci_[colonna] = voce(nuova);
+    colonne_[colonna] = std::move(nuova);
     return true;
 }
 

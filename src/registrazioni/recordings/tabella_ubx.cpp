@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <list>
+#include <utility>
 
 #include "common/errore.h"
 #include "recordings/righe_gps.h"
@@ -71,21 +72,29 @@ void TabellaUbx::spingi(Byte pezzo) {
         throw Errore("the stream was given when it was opened");
     if (finita_)
         throw Errore("the stream has ended");
-    prima_ += righe_;
-    messaggi_.clear();
-    raccolti_.clear();
     attesi_ = pezzo;
-    raccogli();
+    prosegui();
 }
 
 void TabellaUbx::fine() {
     if (!spinta_ || finita_)
         throw Errore("the stream has ended");
     finita_ = true;
+    prosegui();
+}
+
+// The rows at hand give way to those of the next bytes. Where these cannot all be kept, the reader does not stand at their
+// beginning any more: the stream is over.
+void TabellaUbx::prosegui() {
+    if (interrotta_)
+        throw Errore("the stream was broken off when memory ran out");
+    interrotta_ = true;
     prima_ += righe_;
+    righe_ = 0;
     messaggi_.clear();
     raccolti_.clear();
     raccogli();
+    interrotta_ = false;
 }
 
 Soluzione TabellaUbx::soluzione(std::uint64_t quale) const {
@@ -120,8 +129,9 @@ bool TabellaUbx::mostra_in(std::size_t colonna, const std::string& udm) {
     catalogo_->getFunzUIVs(KEL_FID_GPS_VELOCITA, unita);
     if (std::ranges::find(unita, udm) == unita.end())
         return false;
-    fattore_ = da_metri_al_secondo(*catalogo_, udm);
-    voci_[colonna].udm = udm;
+    std::string nuova = udm;
+    fattore_ = da_metri_al_secondo(*catalogo_, nuova);
+    voci_[colonna].udm = std::move(nuova);
     return true;
 }
 

@@ -42,11 +42,13 @@ private:
     Byte payload(const Riga& riga) const;
     const Riga& riga(std::uint64_t quale) const { return messaggi_[static_cast<std::size_t>(quale - prima_)]; }
     void raccogli();
+    void prosegui();
 
     std::unique_ptr<IFunzioni> catalogo_;
     double fattore_ = 1;  // from m/s to the unit of the speed
     bool spinta_;
     bool finita_ = false;
+    bool interrotta_ = false;             // a piece could not be taken as a whole
     Byte byte_;                           // the caller's stream, or the payloads of raccolti_
     Byte attesi_;                         // given to the reader next
     std::vector<std::uint8_t> raccolti_;  // payloads of the piece at hand

@@ -192,4 +192,70 @@ TEST(Arrow, OfAPushedStreamEndsWithThePieceThatItReads) {
     EXPECT_STREQ(errore.testo, "these rows are not at hand");
 }
 
+TEST(Arrow, IsRefusedForRowsThatAreNotAtHand) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(10);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    ArrowArrayStream uno{};
+    uno.private_data = &uno;
+    s_kel_errore errore{};
+    for (const auto& [da, quante] : std::map<std::uint64_t, std::uint64_t>{
+             {0, 11}, {1, 10}, {2, UINT64_MAX}, {11, 0}, {UINT64_MAX, 1}, {UINT64_MAX - 1, 2}}) {
+        EXPECT_EQ(kelRegArrow(reg.get(), da, quante, 0, &uno, &errore), 0) << da;
+        EXPECT_STREQ(errore.testo, "these rows are not at hand");
+        EXPECT_EQ(uno.private_data, &uno) << "as it was";
+    }
+    EXPECT_EQ(kelRegArrow(reg.get(), 0, 11, 0, &uno, nullptr), 0) << "nobody asks why";
+}
+
+TEST(Arrow, OfNoRowsHasASchemaAndNoBatch) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(10);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    ArrowArrayStream uno{};
+    ASSERT_EQ(kelRegArrow(reg.get(), 10, 0, 0, &uno, nullptr), 1);
+    ArrowSchema schema{};
+    ASSERT_EQ(uno.get_schema(&uno, &schema), 0);
+    schema.release(&schema);
+    ArrowArray blocco{};
+    blocco.release = [](ArrowArray*) {};
+    ASSERT_EQ(uno.get_next(&uno, &blocco), 0);
+    EXPECT_EQ(blocco.release, nullptr);
+    ASSERT_EQ(uno.get_next(&uno, &blocco), 0) << "asked again";
+    EXPECT_EQ(blocco.release, nullptr);
+    uno.release(&uno);
+}
+
+// A stream reads the recording as it is when a batch is asked for.
+TEST(Arrow, ShowsTheUnitThatIsChosenWhenABatchIsRead) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(70000);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    ArrowArrayStream uno = flusso(reg);
+    const auto unita = [&uno] {
+        ArrowSchema schema{};
+        EXPECT_EQ(uno.get_schema(&uno, &schema), 0);
+        const std::string sua = metadati(schema.children[1]->metadata)["unit"];
+        schema.release(&schema);
+        return sua;
+    };
+    const auto primo = [&uno] {
+        ArrowArray blocco{};
+        EXPECT_EQ(uno.get_next(&uno, &blocco), 0);
+        const double valore = static_cast<double>(static_cast<const float*>(blocco.children[1]->buffers[1])[0]);
+        blocco.release(&blocco);
+        return valore;
+    };
+    EXPECT_EQ(unita(), "km/h");
+    EXPECT_EQ(primo(), 0);
+    ASSERT_EQ(kelRegUnita(reg.get(), 0, "mph"), 1);
+    EXPECT_EQ(unita(), "mph");
+    float valore = 0;
+    const s_kel_lettura lettura{0, &valore, nullptr, nullptr};
+    ASSERT_EQ(kelRegLeggi(reg.get(), 65536, 1, &lettura, 1), 1);
+    EXPECT_NE(valore, 0);
+    EXPECT_EQ(primo(), static_cast<double>(valore));
+    uno.release(&uno);
+}
+
 }  // namespace

@@ -1,9 +1,12 @@
 // Recordings through the C face: what one call a sample gives, in columns.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -247,6 +250,211 @@ TEST(Recordings, WithoutStampsHaveTheTimesOfARate) {
     const Registrazione reg = apri(kart.canali(), campioni, apertura);
     ASSERT_EQ(kelRegTempi(reg.get(), 3, 1, &tempo), 1);
     EXPECT_DOUBLE_EQ(tempo, 0.12);
+}
+
+TEST(Recordings, TellTheirChannels) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(3);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    ASSERT_EQ(kelRegNumCanali(reg.get()), 5u);
+    s_kel_canale canale{};
+    EXPECT_STREQ(kelRegCanale(reg.get(), 0, &canale), "Wheel Speed");
+    EXPECT_EQ(canale.fid, kelFidComponi(FID_PHI_SPEED, 0, FID_POS_WHEEL));
+    EXPECT_EQ(canale.tipo_campione, KEL_TIPO_MEZZO_FLOAT);
+    EXPECT_STREQ(kelRegCanale(reg.get(), 1, &canale), "RPM");
+    EXPECT_EQ(canale.offset_campione, 2u);
+    EXPECT_STREQ(kelRegCanale(reg.get(), 4, nullptr), "Lap") << "the name alone";
+    EXPECT_EQ(kelRegCanale(reg.get(), 5, &canale), nullptr);
+    EXPECT_EQ(canale.offset_campione, 2u) << "not touched";
+    EXPECT_EQ(kelRegPasso(reg.get()), kart.dimensione() + 4);
+    EXPECT_EQ(kelRegConteggi(reg.get(), nullptr), 0) << "no u-blox stream";
+    EXPECT_EQ(kelRegMessaggi(reg.get(), nullptr, 0), 0u);
+    EXPECT_EQ(kelRegNavSol(reg.get(), 0, nullptr), 0);
+}
+
+TEST(Recordings, ChannelsLieWhereTheyAreReadFrom) {
+    const Kart kart;
+    Byte canali = kart.canali();
+    canali[112 + 68] = 77;  // the second channel's offset, which is not believed
+    Byte campioni = kart.campioni(3);
+    s_kel_apertura apertura{};
+    apertura.compatta = 1;
+    const Registrazione reg = apri(canali, campioni, apertura);
+    ASSERT_TRUE(reg);
+    s_kel_canale canale{};
+    EXPECT_STREQ(kelRegCanale(reg.get(), 1, &canale), "RPM");
+    EXPECT_EQ(canale.offset_campione, 2u);
+    EXPECT_EQ(canale.dim_buffer, 2u);
+}
+
+TEST(Recordings, ChannelsWithoutALongNameHaveTheShortOneOrTheirFunctions) {
+    const Kart kart;
+    Byte canali = kart.canali();
+    std::fill_n(canali.begin() + 32, 36, std::uint8_t{0});
+    const Byte campioni = kart.campioni(3);
+    EXPECT_STREQ(kelRegCanale(apri(canali, campioni).get(), 0, nullptr), "Wheel Spd");
+    std::memcpy(canali.data() + offsetof(s_kel_canale, breve), "WSp", 3);
+    EXPECT_STREQ(kelRegCanale(apri(canali, campioni).get(), 0, nullptr), "WSp");
+}
+
+TEST(Recordings, SayWhatIsOver) {
+    const Kart kart;
+    Byte campioni = kart.campioni(5);
+    EXPECT_STREQ(kelRegAvanzoDetto(apri(kart.canali(), campioni).get()), "");
+    campioni.resize(campioni.size() - 30);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    EXPECT_EQ(kelRegAvanzo(reg.get()), 70u);
+    EXPECT_STREQ(kelRegAvanzoDetto(reg.get()),
+                 "470 bytes are no whole number of records of 100 bytes: 4 records and 70 bytes over");
+    const Registrazione flusso(kelRegApri(kart.canali().data(), kart.canali().size(), nullptr, 0, nullptr, nullptr));
+    EXPECT_STREQ(kelRegAvanzoDetto(flusso.get()), "");
+    ASSERT_EQ(kelRegSpingi(flusso.get(), campioni.data(), campioni.size(), nullptr), 1);
+    EXPECT_EQ(kelRegPasso(flusso.get()), 0u) << "the framing is not known yet";
+    EXPECT_STREQ(kelRegAvanzoDetto(flusso.get()), "") << "nor is what is part of a record";
+    ASSERT_EQ(kelRegSpingi(flusso.get(), nullptr, 0, nullptr), 1);
+    EXPECT_STREQ(kelRegAvanzoDetto(flusso.get()), kelRegAvanzoDetto(reg.get()));
+}
+
+TEST(Recordings, CallTheChoicesByTheWordsOfTheCaller) {
+    const Kart kart;
+    const s_kel_parole parole{"--framing", "--packed", nullptr, nullptr, nullptr};
+    s_kel_apertura apertura{};
+    apertura.parole = &parole;
+    s_kel_errore errore{};
+    EXPECT_EQ(kelRegApri(Byte(112).data(), 112, "", 0, &apertura, &errore), nullptr);
+    EXPECT_STREQ(errore.testo, "the channels ask for no bytes of samples; --packed goes by their sample types instead");
+    const Byte campioni = kart.campioni(3);
+    apertura.orario = KEL_ORARIO_U64US;
+    EXPECT_EQ(
+        kelRegApri(kart.canali().data(), kart.canali().size(), campioni.data(), campioni.size(), &apertura, &errore),
+        nullptr);
+    EXPECT_NE(std::string(errore.testo).find("--framing u32ms"), std::string::npos) << errore.testo;
+}
+
+TEST(Recordings, RefuseChoicesThatAreNone) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(3);
+    const auto detto = [&](eKelOrario orario, double frequenza) {
+        s_kel_apertura apertura{};
+        apertura.orario = orario;
+        apertura.frequenza = frequenza;
+        s_kel_errore errore{};
+        const Registrazione reg(kelRegApri(kart.canali().data(), kart.canali().size(), campioni.data(), campioni.size(),
+                                           &apertura, &errore));
+        return std::string(reg ? "opened" : errore.testo);
+    };
+    const std::string esclusi = "orario and frequenza exclude each other; accepted: one of them";
+    EXPECT_EQ(detto(KEL_ORARIO_U32MS, 25), esclusi);
+    EXPECT_EQ(detto(KEL_ORARIO_U64US, 25), esclusi);
+    EXPECT_EQ(detto(static_cast<eKelOrario>(4), 0), "orario is no framing; accepted: 0 to 3");
+    const std::string nessuna = "frequenza is no rate; accepted: records a second, 0.001 to 1000000, or 0";
+    EXPECT_EQ(detto(KEL_ORARIO_NESSUNO, 0.0009), nessuna);
+    EXPECT_EQ(detto(KEL_ORARIO_NESSUNO, 1000001), nessuna);
+    EXPECT_EQ(detto(KEL_ORARIO_TROVATO, INFINITY), nessuna);
+    s_kel_errore errore{};
+    const Registrazione flusso(kelRegApri(kart.canali().data(), kart.canali().size(), nullptr, 0, nullptr, nullptr));
+    EXPECT_EQ(kelRegSpingi(flusso.get(), nullptr, 5, &errore), 0);
+    EXPECT_STREQ(errore.testo, "there are no bytes where 5 are announced");
+    const Registrazione intera = apri(kart.canali(), campioni);
+    EXPECT_EQ(kelRegSpingi(intera.get(), campioni.data(), 5, &errore), 0);
+    EXPECT_STREQ(errore.testo, "the samples were given when the recording was opened");
+}
+
+TEST(Recordings, AnErrorIsCutToItsLine) {
+    Byte canali = Kart().canali();
+    canali.resize(112);
+    canali[68] = 0xFF;
+    const std::string parola(1000, 'p');
+    const s_kel_parole parole{nullptr, parola.c_str(), nullptr, nullptr, nullptr};
+    s_kel_apertura apertura{};
+    apertura.parole = &parole;
+    struct {
+        s_kel_errore errore;
+        char oltre = 'x';
+    } luogo{};
+    EXPECT_EQ(kelRegApri(canali.data(), canali.size(), "", 0, &apertura, &luogo.errore), nullptr);
+    EXPECT_EQ(std::strlen(luogo.errore.testo), sizeof luogo.errore.testo - 1);
+    EXPECT_EQ(luogo.oltre, 'x');
+}
+
+TEST(Recordings, AnErrorIsNotTouchedWhenAllGoesWell) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(3);
+    s_kel_errore errore{};
+    std::strcpy(errore.testo, "as before");
+    const Registrazione reg(
+        kelRegApri(kart.canali().data(), kart.canali().size(), campioni.data(), campioni.size(), nullptr, &errore));
+    ASSERT_TRUE(reg);
+    EXPECT_STREQ(errore.testo, "as before");
+}
+
+TEST(Recordings, NullIsClosed) {
+    kelRegChiudi(nullptr);
+    kelGiriChiudi(nullptr);
+}
+
+TEST(Recordings, KnowThePacketsOfFunctions) {
+    EXPECT_EQ(kelRegTipoPacchetto(KEL_FID_GPS_PACCHETTO), KEL_TIPO_GPS_KEL);
+    EXPECT_EQ(kelRegTipoPacchetto(kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL2G)),
+              KEL_TIPO_LAP_2G);
+    EXPECT_EQ(kelRegTipoPacchetto(KEL_FID_GPS_VELOCITA), -1);
+    EXPECT_EQ(kelRegTipoPacchetto(0), -1);
+    EXPECT_EQ(kelRegTipoPacchetto(UINT32_MAX), -1);
+}
+
+TEST(Recordings, KnowTheUnitsOfASpeed) {
+    EXPECT_NEAR(kelRegFattoreVelocita("km/h"), 3.6, 1e-6);
+    EXPECT_NEAR(kelRegFattoreVelocita("mph"), 2.23694, 1e-4);
+    EXPECT_EQ(kelRegFattoreVelocita("furlong"), 0);
+    EXPECT_EQ(kelRegFattoreVelocita(""), 0);
+    EXPECT_EQ(kelRegFattoreVelocita(nullptr), 0);
+}
+
+TEST(Recordings, TimesAndRangesEndWhereTheRowsDo) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(10);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    std::array<double, 11> tempi{};
+    tempi.fill(-1);
+    EXPECT_EQ(kelRegTempi(reg.get(), 0, 11, tempi.data()), 0);
+    EXPECT_EQ(kelRegTempi(reg.get(), UINT64_MAX, 1, tempi.data()), 0);
+    EXPECT_EQ(tempi[0], -1);
+    EXPECT_EQ(kelRegTempi(reg.get(), 10, 0, nullptr), 1) << "no rows behind the last";
+    std::uint64_t prima = 99;
+    std::uint64_t quante = 99;
+    EXPECT_EQ(kelRegTratto(reg.get(), NAN, NAN, &prima, &quante), 0);
+    EXPECT_EQ(kelRegTratto(reg.get(), 0.1, 0.1, &prima, &quante), 0);
+    EXPECT_EQ(prima, 99u);
+    ASSERT_EQ(kelRegTratto(reg.get(), -INFINITY, INFINITY, &prima, &quante), 1);
+    EXPECT_EQ(prima, 0u);
+    EXPECT_EQ(quante, 10u);
+    ASSERT_EQ(kelRegTratto(reg.get(), 0.04, 0.08, &prima, &quante), 1);
+    EXPECT_EQ(prima, 1u) << "not before the first";
+    EXPECT_EQ(quante, 1u) << "before the last";
+    s_kel_apertura apertura{};
+    apertura.orario = KEL_ORARIO_NESSUNO;
+    const Byte interi = kart.campioni(kart.dimensione());  // whole records without stamps, too
+    const Registrazione senza = apri(kart.canali(), interi, apertura);
+    ASSERT_TRUE(senza);
+    EXPECT_EQ(kelRegTratto(senza.get(), 0, 1, &prima, &quante), 0) << "no times";
+    EXPECT_EQ(kelRegTempi(senza.get(), 0, 1, tempi.data()), 0);
+}
+
+TEST(Recordings, ReadTheSameColumnTwiceAndNoneAtAll) {
+    const Kart kart;
+    const Byte campioni = kart.campioni(20);
+    const Registrazione reg = apri(kart.canali(), campioni);
+    std::array<float, 20> uno{};
+    std::array<float, 20> altro{};
+    const s_kel_lettura letture[] = {{0, uno.data(), nullptr, nullptr}, {0, altro.data(), nullptr, nullptr}};
+    ASSERT_EQ(kelRegLeggi(reg.get(), 0, 20, letture, 2), 1);
+    EXPECT_EQ(uno, altro);
+    EXPECT_EQ(uno[9], 4.5f);
+    EXPECT_EQ(kelRegLeggi(reg.get(), 0, 20, nullptr, 0), 1);
+    const s_kel_lettura meta[] = {{0, uno.data(), nullptr, nullptr}, {9999, altro.data(), nullptr, nullptr}};
+    altro.fill(-1);
+    EXPECT_EQ(kelRegLeggi(reg.get(), 0, 20, meta, 2), 0);
+    EXPECT_EQ(altro[0], -1.0f) << "nothing is read where one column does not exist";
 }
 
 }  // namespace

@@ -1,18 +1,10 @@
 #include "text/chiavi.h"
 
-#include <algorithm>
-#include <iterator>
+#include "kelregistrazioni.h"
 
 namespace kel::strumento {
 
 namespace {
-
-// What the catalogue calls the unit of a function that has none.
-constexpr std::string_view SENZA_MISURA[] = {"", "#", "gear", "Pckt", "Date", "Coord"};
-
-bool lettera_o_cifra(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
-}
 
 std::string chiave_misura(std::string_view udm) {
     std::string unita = misura(udm);
@@ -30,24 +22,14 @@ bool misura_in_fondo(const std::string& nome, std::string_view udm) {
 }  // namespace
 
 std::string chiave(std::string_view testo) {
-    std::string uscita;
-    for (char c : testo) {
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-        if (lettera_o_cifra(c))
-            uscita += c;
-        else if (!uscita.empty() && uscita.back() != '_')
-            uscita += '_';
-    }
-    if (!uscita.empty() && uscita.back() == '_')
-        uscita.pop_back();
+    const std::string intero(testo);
+    std::string uscita(intero.size() + 1, '\0');
+    uscita.resize(kelRegChiave(intero.c_str(), uscita.data(), uscita.size()));
     return uscita;
 }
 
 std::string misura(std::string_view udm) {
-    if (std::find(std::begin(SENZA_MISURA), std::end(SENZA_MISURA), udm) != std::end(SENZA_MISURA))
-        return "";
-    return udm == "time" ? "ms" : std::string(udm);
+    return kelRegMisura(std::string(udm).c_str());
 }
 
 std::string chiave_con_udm(std::string_view nome, std::string_view udm) {
