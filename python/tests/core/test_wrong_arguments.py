@@ -60,7 +60,7 @@ def _functions():
                 yield name, what
 
 
-@pytest.mark.parametrize(("name", "call"), _functions())
+@pytest.mark.parametrize(("name", "call"), list(_functions()))
 def test_functions(name, call, tmp_path, monkeypatch):
     monkeypatch.chdir(tmp_path)
     refused = [_tried(call, each) for each in HOSTILE]
