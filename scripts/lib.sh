@@ -27,8 +27,9 @@ project_soversion() { sed -nE 's/^set\(KEL_SOVERSION ([0-9]+)\)$/\1/p' "$KEL_ROO
 newest_python() {
     local found
     found=$(find "$KEL_ROOT/build/python" -mindepth 3 -maxdepth 3 -path '*/bin/python' 2>/dev/null | sort | tail -n 1)
-    [[ -n $found ]] && "$found" -c 'import kelfunzioni.fleet' 2>/dev/null ||
+    if [[ -z $found ]] || ! "$found" -c 'import kelfunzioni.fleet' 2>/dev/null; then
         die "there is no environment with the package; run scripts/test-python first"
+    fi
     echo "$found"
 }
 

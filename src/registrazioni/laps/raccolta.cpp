@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "common/interi.h"
-#include "common/posto.h"
 #include "recordings/canali.h"
 
 namespace kel_registrazioni {
@@ -139,25 +138,38 @@ StatoCronometro RaccoltaRecord::cronometro(const std::uint8_t* campioni) {
 }
 
 void RaccoltaRecord::aggiungi(std::optional<double> tempo, const std::uint8_t* campioni) {
-    // Where there is no memory for it the record has not been put in, and may come again.
-    fai_posto(righe_);
-    fai_posto(soluzioni_);
-    Riga riga;
-    if (!canale_giri_.empty())
-        giri_.aggiungi(tempo, cronometro(campioni));
+    std::optional<Soluzione> nuova;
     if (gps_) {
         const Soluzione soluzione =
             da_nav_sol(std::span<const std::uint8_t, NAV_SOL_BYTE>(campioni + gps_->offset, NAV_SOL_BYTE));
-        if (gps_->ultimo != soluzione.settimana_ms) {  // else the logger repeats it
-            gps_->ultimo = soluzione.settimana_ms;
-            riga.soluzione = static_cast<std::int32_t>(soluzioni_.size());
-            soluzioni_.push_back(fix_di(soluzione, gps_->orologio));
-        }
+        if (gps_->ultimo != soluzione.settimana_ms)  // else the logger repeats it
+            nuova = soluzione;
     }
-    con_tempo_ = con_tempo_ && tempo.has_value();
+    Riga riga;
     riga.tempo = tempo.value_or(0);
     riga.velocita = velocita_ && !gps_ ? static_cast<float>(velocita_->valore(campioni).value_or(-1) / KMH) : -1;
+    if (nuova)
+        riga.soluzione = static_cast<std::int32_t>(soluzioni_.size());
+
+    // Where there is no memory for it the record has not been put in, and may come again.
+    std::optional<StatoCronometro> stato;
+    if (!canale_giri_.empty())
+        stato = cronometro(campioni);
     righe_.push_back(riga);
+    try {
+        if (nuova)
+            soluzioni_.push_back(fix_di(*nuova, gps_->orologio));
+        if (stato)
+            giri_.aggiungi(tempo, *stato);
+    } catch (...) {
+        if (nuova && soluzioni_.size() > static_cast<std::size_t>(riga.soluzione))
+            soluzioni_.pop_back();
+        righe_.pop_back();
+        throw;
+    }
+    if (nuova)
+        gps_->ultimo = nuova->settimana_ms;
+    con_tempo_ = con_tempo_ && tempo.has_value();
 }
 
 std::vector<Fix> RaccoltaRecord::fix_del_ricevitore() const {

@@ -160,6 +160,19 @@ TEST(BitField, ExistsOnlyForSampleTypesThreeFourAndFive) {
     });
 }
 
+TEST(BitField, ChangesTheValueFunctionOfFourSampleTypesAlone) {
+    const s_converter_data dati = {"", 0.0f, 1.0f, 0};
+    for (unsigned tipo = 0; tipo < 25; ++tipo) {
+        s_kel_canale canale = {};
+        canale.tipo_campione = tipo;
+        s_kel_converter un_bit = {}, intero = {};
+        kelConvInit(&un_bit, &canale, 0, &dati, 8, 1, 1);
+        kelConvInit(&intero, &canale, 0, &dati, 16, 16, 1);  // a mask of zero
+        const bool ha_campo = (tipo >= 3 && tipo <= 5) || tipo == 13;
+        EXPECT_EQ(un_bit.valore != intero.valore, ha_campo) << "sample type " << tipo;
+    }
+}
+
 TEST(BitField, WithAMaskOfZeroIsThePlainValue) {
     controlla({{3, 16, 16, le32(0x12345), 74565.0f}, {4, 32, 1, le16(0x1234), 4660.0f}, {5, 0, 32, {0xAB}, 171.0f}});
 }

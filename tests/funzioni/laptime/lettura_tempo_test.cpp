@@ -28,6 +28,7 @@ TEST(LapTimeReading, WithAPointIsMinutesSecondsAndThousandths) {
     EXPECT_EQ(leggi("1:23.456"), 83456);
     EXPECT_EQ(leggi("1:23.4"), 83004) << "thousandths as written";
     EXPECT_EQ(leggi("0:75.000"), 75000) << "ranges are not checked";
+    EXPECT_EQ(leggi("1:23.4567"), 87567) << "a longer text of the usual shape's first characters";
     EXPECT_EQ(leggi("1:02:03.5"), 62003) << "a point anywhere";
 }
 
