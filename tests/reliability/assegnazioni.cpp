@@ -64,6 +64,14 @@ void* operator new(std::size_t byte) {
 void* operator new[](std::size_t byte) {
     return assegna(byte);
 }
+// A sanitizer would otherwise put its own here.
+void* operator new(std::size_t byte, const std::nothrow_t&) noexcept {
+    try {
+        return assegna(byte);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* blocco) noexcept {
     rilascia(blocco);
 }

@@ -15,7 +15,7 @@ namespace {
 
 struct Pista {
     Geodetiche luogo;
-    double lunghezza;  // m
+    double lunghezza = 0;  // m
 };
 
 // Made up, in the plain of the Po and south of it.
@@ -84,8 +84,8 @@ Sessione Flotta::sessione(unsigned quale) const {
     Sessione s;
     s.circuito = giorno % static_cast<unsigned>(std::size(PISTE));
     const std::uint64_t ms = std::uint64_t{giorno} * GIORNI_TRA * GIORNO_MS +
-                             std::uint64_t{PRIMA_ORA + 2 * (numero % AL_GIORNO)} * ORA_MS + INTERCALARI_MS +
-                             kart % 60 * 10000;
+                             (PRIMA_ORA + std::uint64_t{2} * (numero % AL_GIORNO)) * ORA_MS + INTERCALARI_MS +
+                             std::uint64_t{kart % 60} * 10000;
     s.partenza.settimana = static_cast<std::uint32_t>(PRIMA_SETTIMANA + ms / SETTIMANA_MS);
     s.partenza.settimana_ms = static_cast<std::uint32_t>(ms % SETTIMANA_MS);
     s.partenza.ritmo = 1 - 0.0001 * static_cast<double>(sparso(seme_ + kart) % 500);

@@ -137,6 +137,26 @@ StatoCronometro RaccoltaRecord::cronometro(const std::uint8_t* campioni) {
     return {giri_1g_, tempo_1g_, std::nullopt};
 }
 
+// Takes a record's row and fix out again, unless all of it was put in.
+struct RaccoltaRecord::Ritorno {
+    std::deque<Riga>& righe;
+    std::deque<Fix>& soluzioni;
+    std::size_t soluzioni_prima;
+    bool tutto_fatto = false;
+
+    Ritorno(std::deque<Riga>& delle_righe, std::deque<Fix>& delle_soluzioni, std::size_t prima)
+        : righe(delle_righe), soluzioni(delle_soluzioni), soluzioni_prima(prima) {}
+    Ritorno(const Ritorno&) = delete;
+    Ritorno& operator=(const Ritorno&) = delete;
+    ~Ritorno() {
+        if (tutto_fatto)
+            return;
+        if (soluzioni.size() > soluzioni_prima)
+            soluzioni.pop_back();
+        righe.pop_back();
+    }
+};
+
 void RaccoltaRecord::aggiungi(std::optional<double> tempo, const std::uint8_t* campioni) {
     std::optional<Soluzione> nuova;
     if (gps_) {
@@ -156,17 +176,12 @@ void RaccoltaRecord::aggiungi(std::optional<double> tempo, const std::uint8_t* c
     if (!canale_giri_.empty())
         stato = cronometro(campioni);
     righe_.push_back(riga);
-    try {
-        if (nuova)
-            soluzioni_.push_back(fix_di(*nuova, gps_->orologio));
-        if (stato)
-            giri_.aggiungi(tempo, *stato);
-    } catch (...) {
-        if (nuova && soluzioni_.size() > static_cast<std::size_t>(riga.soluzione))
-            soluzioni_.pop_back();
-        righe_.pop_back();
-        throw;
-    }
+    Ritorno ritorno(righe_, soluzioni_, soluzioni_.size());
+    if (nuova)
+        soluzioni_.push_back(fix_di(*nuova, gps_->orologio));
+    if (stato)
+        giri_.aggiungi(tempo, *stato);
+    ritorno.tutto_fatto = true;
     if (nuova)
         gps_->ultimo = nuova->settimana_ms;
     con_tempo_ = con_tempo_ && tempo.has_value();

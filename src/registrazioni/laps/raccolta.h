@@ -55,6 +55,8 @@ private:
     void cerca_velocita(const IFunzioni& catalogo, std::span<const s_kel_canale> canali);
     StatoCronometro cronometro(const std::uint8_t* campioni);
 
+    struct Ritorno;
+
     struct Riga {
         double tempo = 0;
         float velocita = 0;           // m/s, of the wheels
