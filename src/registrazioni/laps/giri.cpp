@@ -190,13 +190,19 @@ std::optional<Linea> linea_a_distanza(const Giro& giro, const Guida& guida, doub
     if (!giro.inizio || metri >= giro.metri.value_or(0))
         return std::nullopt;
     const double voluti = guida.metri(giro.sessione, *giro.inizio) + metri;
-    const Intervallo t = tratto(giro, guida);
+    // The fixes of the lap, and one on either side: the lines of start and finish lie between two fixes.
+    const auto stessa = [&](std::size_t i) { return i < guida.fix().size() && guida.sessione(i) == giro.sessione; };
+    Intervallo t = tratto(giro, guida);
+    t.da -= t.da > 0 && stessa(t.da - 1) ? 1 : 0;
+    t.a += stessa(t.a) ? 1 : 0;
     std::optional<std::size_t> prima;
     for (std::size_t i = t.da; i < t.a; ++i) {
         if (!guida.fix()[i].valido)
             continue;
         const auto direzione = guida.direzione(i);
         if (guida.metri(i) >= voluti && prima && direzione && guida.metri(i) > guida.metri(*prima)) {
+            if (guida.fix()[i].tempo - guida.fix()[*prima].tempo > guida.buco())
+                return std::nullopt;  // the straight line between them is not where the track is
             const double parte = (voluti - guida.metri(*prima)) / (guida.metri(i) - guida.metri(*prima));
             const PuntoPiano p = guida.punto(*prima);
             const PuntoPiano q = guida.punto(i);

@@ -99,6 +99,30 @@ bool passata_in_un_giro(const Lettura& lettura, const Linea& linea) {
     });
 }
 
+// The line where the best lap has driven so far, or the first where none counts. Another lap helps where that one had no fix:
+// their ways differ by the width of the track.
+Linea linea_ai_metri(const Lettura& lettura, double metri, const std::string& detto, const std::string& nome,
+                     const Dillo& dillo) {
+    const Giro* campione = migliore(lettura.giri);
+    for (const Giro& giro : lettura.giri)
+        if (campione == nullptr && giro.chiuso())
+            campione = &giro;
+    if (metri >= campione->metri.value_or(0))
+        throw Errore(detto + " is nowhere: lap " + std::to_string(campione->numero) + " has " +
+                     con_decimali(campione->metri.value_or(0), 0) + " m");
+    if (const auto linea = linea_a_distanza(*campione, lettura.guida, metri)) {
+        dillo(detto + " is " + nome + " " + testo(*linea));
+        return *linea;
+    }
+    for (const Giro& giro : lettura.giri)
+        if (const auto linea = giro.chiuso() ? linea_a_distanza(giro, lettura.guida, metri) : std::nullopt) {
+            dillo(detto + " is " + nome + " " + testo(*linea) + ", by lap " + std::to_string(giro.numero) +
+                  ", as lap " + std::to_string(campione->numero) + " has no fix there");
+            return *linea;
+        }
+    throw Errore(detto + " is nowhere: no lap has a fix there");
+}
+
 }  // namespace
 
 Lettura giri_della_cattura(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& parole, const Dillo& dillo) {
@@ -126,10 +150,6 @@ Lettura giri_della_registrazione(const RaccoltaRecord& raccolta, const ScelteGir
 std::vector<Linea> linee_intermedie(const Lettura& lettura, std::span<const Intermedio> intermedi, const Parole& parole,
                                     const Dillo& dillo) {
     std::vector<Linea> linee;
-    const Giro* campione = migliore(lettura.giri);
-    for (const Giro& giro : lettura.giri)
-        if (campione == nullptr && giro.chiuso())
-            campione = &giro;
     if (!intermedi.empty() && lettura.guida.validi().empty())
         throw Errore("splits take positions, and there are none in it");
     const std::string nome = parole.intermedio;
@@ -141,15 +161,7 @@ std::vector<Linea> linee_intermedie(const Lettura& lettura, std::span<const Inte
             continue;
         }
         const auto& [metri, detto] = std::get<Metri>(uno);
-        const auto linea = linea_a_distanza(*campione, lettura.guida, metri);
-        std::string frase = nome;
-        frase.append(" ").append(detto);
-        if (!linea) {
-            frase.append(" is nowhere: lap ").append(std::to_string(campione->numero)).append(" has ");
-            throw Errore(frase.append(con_decimali(campione->metri.value_or(0), 0)).append(" m"));
-        }
-        dillo(frase.append(" is ").append(nome).append(" ").append(testo(*linea)));
-        linee.push_back(*linea);
+        linee.push_back(linea_ai_metri(lettura, metri, nome + " " + detto, nome, dillo));
     }
     return linee;
 }

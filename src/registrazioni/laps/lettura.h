@@ -55,8 +55,8 @@ Lettura giri_della_registrazione(const RaccoltaRecord& raccolta, const ScelteGir
                                  const Dillo& dillo);
 
 /// The ends of sectors as lines: those given in metres lie where the best lap has driven so far, or the first where none
-/// counts.
-/// @throws Errore  where there are no positions, and for metres that the lap does not have.
+/// counts, or another where that one had no fix.
+/// @throws Errore  where there are no positions, for metres that the lap does not have, and where no lap had a fix.
 std::vector<Linea> linee_intermedie(const Lettura& lettura, std::span<const Intermedio> intermedi, const Parole& parole,
                                     const Dillo& dillo);
 

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "kelregistrazioni.h"
@@ -127,13 +128,13 @@ TEST(Laps, SayWhyThereIsNone) {
 
 // Three laps of a track by GPS, at the line that is given.
 struct TreGiri {
-    Byte byte = Pista::flusso(3);
+    Byte byte;
     Registrazione reg{kelRegApriUbx(byte.data(), byte.size(), nullptr)};
     Giri giri = raccolti(reg);
     s_kel_linea linea{Pista::LAT, Pista::LON, 0, 0};
     s_kel_scelte_giri scelte{};
 
-    TreGiri() { scelte.linea = &linea; }
+    explicit TreGiri(Byte flusso = Pista::flusso(3)) : byte(std::move(flusso)) { scelte.linea = &linea; }
     std::string calcola() {
         s_kel_errore errore{};
         return kelGiriCalcola(giri.get(), &scelte, &errore) == 1 ? "" : errore.testo;
@@ -206,6 +207,55 @@ TEST(Laps, AreDividedIntoSectors) {
     EXPECT_EQ(
         tre.calcola(),
         "intermedi is no line; accepted: latitude, longitude and heading in degrees, and a width of up to 1000 m");
+}
+
+// Whether there is no fix in a lap (the first is 0) around a part of its time.
+bool perso(double tempo, int giro, double parte) {
+    double inizio = Pista::USCITA;
+    for (int i = 0; i < giro; ++i)
+        inizio += Pista::durata(i);
+    return std::fabs(tempo - inizio - parte * Pista::durata(giro)) < 2;
+}
+
+TEST(Laps, WithoutAFixAtASplitTakeItFromAnother) {
+    TreGiri tre(Pista::flusso(3, Pista::FREQUENZA, [](double tempo) {
+        return perso(tempo, 0, 0.25) || perso(tempo, 1, 0.5) || perso(tempo, 2, 0.25);
+    }));
+    const s_kel_intermedio quarto{Pista::GIRO / 4, {}, "a quarter"};
+    tre.scelte.intermedi = &quarto;
+    tre.scelte.num_intermedi = 1;
+    ASSERT_EQ(tre.calcola(), "");
+    const std::string detto = kelGiriDetto(tre.giri.get());
+    EXPECT_NE(detto.find(", by lap 2, as lap 1 has no fix there\n"), std::string::npos) << detto;
+    for (const unsigned senza : {1u, 3u})
+        EXPECT_EQ(tre.giro(senza).settori[0], -1);
+    EXPECT_NEAR(tre.giro(2).settori[0], tre.giro(2).ms / 4, 30);
+    EXPECT_EQ(tre.giro(2).settori[0] + tre.giro(2).settori[1], tre.giro(2).ms);
+}
+
+TEST(Laps, WithoutAFixAtASplitAnywhereSaySo) {
+    TreGiri tre(Pista::flusso(3, Pista::FREQUENZA, [](double tempo) {
+        return perso(tempo, 0, 0.25) || perso(tempo, 1, 0.25) || perso(tempo, 2, 0.25);
+    }));
+    const s_kel_intermedio quarto{Pista::GIRO / 4, {}, "a quarter"};
+    tre.scelte.intermedi = &quarto;
+    tre.scelte.num_intermedi = 1;
+    EXPECT_EQ(tre.calcola(), "intermedi a quarter is nowhere: no lap has a fix there");
+}
+
+// The lines of start and finish lie between two fixes.
+TEST(Laps, AreDividedAlsoRightBehindTheStartAndRightBeforeTheFinish) {
+    TreGiri tre;
+    const double lungo = [&] {
+        EXPECT_EQ(tre.calcola(), "");
+        return tre.giro(3).metri;
+    }();
+    for (const double metri : {0.02, lungo - 0.02}) {
+        const s_kel_intermedio uno{metri, {}, nullptr};
+        tre.scelte.intermedi = &uno;
+        tre.scelte.num_intermedi = 1;
+        EXPECT_EQ(tre.calcola(), "") << metri;
+    }
 }
 
 TEST(Laps, CallTheChoicesByTheWordsOfTheCaller) {

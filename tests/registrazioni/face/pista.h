@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <numbers>
 
 #include "gps/wgs84.h"
@@ -78,14 +79,14 @@ struct Pista {
         return dati;
     }
 
-    /// The way out, so many laps, and some seconds of the next.
-    static Byte flusso(int giri, double frequenza = FREQUENZA) {
+    /// The way out, so many laps, and some seconds of the next. At the times (s) of `perso` there is no fix.
+    static Byte flusso(int giri, double frequenza = FREQUENZA, const std::function<bool(double)>& perso = {}) {
         double fine = USCITA + 5;
         for (int i = 0; i < giri; ++i)
             fine += durata(i);
         Byte byte;
         for (int i = 0; i / frequenza < fine; ++i)
-            messaggio(byte, 1, 6, nav_sol(i / frequenza));
+            messaggio(byte, 1, 6, nav_sol(i / frequenza, perso && perso(i / frequenza) ? 0 : 3));
         return byte;
     }
 };
