@@ -538,7 +538,8 @@ struct ArrowArrayStream {
 /// @param quante  how many rows.
 /// @param testi   not 0: all columns as utf8, by the texts of `kelRegLeggi`; null where they have no value.
 /// @param flusso  to be released by its `release`, read to its end or not. It reads the caller's bytes, and of a pushed stream
-///                the piece at hand: pushing the next ends it with an error.
+///                the piece at hand: pushing the next ends it with an error. So does a unit that is changed after the
+///                stream was made: a schema is asked for once.
 /// @param errore  may be null.
 /// @return        1; 0: `flusso` is as it was, see `errore`.
 /// @since 0.1.0

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "arrow/blocco.h"
 #include "arrow/schema.h"
@@ -20,8 +21,27 @@ struct Flusso {
     std::uint64_t da;
     std::uint64_t resto;
     bool testi;
+    std::vector<std::string> unita;  // of the columns, as the schema tells them
     s_kel_errore errore{};
 };
+
+std::vector<std::string> unita(const Tabella& tabella) {
+    std::vector<std::string> tutte;
+    for (const VoceColonna& voce : tabella.voci())
+        tutte.push_back(voce.udm);
+    return tutte;
+}
+
+// A program asks for the schema once: batches in another unit would be taken for the first one.
+bool cambiata(Flusso& flusso) {
+    const auto& voci = flusso.tabella->voci();
+    for (std::size_t i = 0; i < voci.size(); ++i)
+        if (voci[i].udm != flusso.unita[i]) {
+            di(&flusso.errore, "the unit of '" + voci[i].nome + "' was changed after the stream was made");
+            return true;
+        }
+    return false;
+}
 
 Flusso& dietro(ArrowArrayStream* flusso) {
     return *static_cast<Flusso*>(flusso->private_data);
@@ -44,6 +64,8 @@ int prova(Flusso& flusso, Lavoro&& lavoro) noexcept {
 
 int prendi_schema(ArrowArrayStream* flusso, ArrowSchema* uscita) {
     return prova(dietro(flusso), [&] {
+        if (cambiata(dietro(flusso)))
+            return EINVAL;
         schema(*dietro(flusso).tabella, dietro(flusso).testi, *uscita);
         return 0;
     });
@@ -56,6 +78,8 @@ int prossimo(ArrowArrayStream* flusso, ArrowArray* uscita) {
             uscita->release = nullptr;
             return 0;
         }
+        if (cambiata(suo))
+            return EINVAL;
         const std::uint64_t quante = std::min(suo.resto, BLOCCO);
         if (!suo.tabella->a_portata(suo.da, quante)) {
             di(&suo.errore, "the rows are at hand no longer: another piece of the stream was pushed");
@@ -90,7 +114,7 @@ int kelRegArrow(s_kel_registrazione* reg, uint64_t da, uint64_t quante, int test
             kel_registrazioni::di(errore, "these rows are not at hand");
             return 0;
         }
-        auto suo = std::make_unique<Flusso>(Flusso{reg->tabella, da, quante, testi != 0});
+        auto suo = std::make_unique<Flusso>(Flusso{reg->tabella, da, quante, testi != 0, unita(*reg->tabella)});
         *flusso = {prendi_schema, prossimo, ultimo_errore, rilascia, suo.release()};
         return 1;
     });

@@ -226,36 +226,43 @@ TEST(Arrow, OfNoRowsHasASchemaAndNoBatch) {
     uno.release(&uno);
 }
 
-// A stream reads the recording as it is when a batch is asked for.
-TEST(Arrow, ShowsTheUnitThatIsChosenWhenABatchIsRead) {
+// A program asks for the schema once: what follows must be in the units that it names.
+TEST(Arrow, EndsWithAnErrorWhenAUnitIsChanged) {
     const Kart kart;
     const Byte campioni = kart.campioni(70000);
     const Registrazione reg = apri(kart.canali(), campioni);
     ArrowArrayStream uno = flusso(reg);
-    const auto unita = [&uno] {
-        ArrowSchema schema{};
-        EXPECT_EQ(uno.get_schema(&uno, &schema), 0);
-        const std::string sua = metadati(schema.children[1]->metadata)["unit"];
-        schema.release(&schema);
-        return sua;
-    };
-    const auto primo = [&uno] {
-        ArrowArray blocco{};
-        EXPECT_EQ(uno.get_next(&uno, &blocco), 0);
-        const double valore = static_cast<double>(static_cast<const float*>(blocco.children[1]->buffers[1])[0]);
-        blocco.release(&blocco);
-        return valore;
-    };
-    EXPECT_EQ(unita(), "km/h");
-    EXPECT_EQ(primo(), 0);
+    ArrowArray blocco{};
+    ASSERT_EQ(uno.get_next(&uno, &blocco), 0);
+    EXPECT_EQ(blocco.length, 65536);
+    blocco.release(&blocco);
     ASSERT_EQ(kelRegUnita(reg.get(), 0, "mph"), 1);
-    EXPECT_EQ(unita(), "mph");
+    const char* perche = "the unit of 'Wheel Speed' was changed after the stream was made";
+    ArrowSchema schema{};
+    EXPECT_EQ(uno.get_schema(&uno, &schema), EINVAL);
+    EXPECT_STREQ(uno.get_last_error(&uno), perche);
+    EXPECT_EQ(uno.get_next(&uno, &blocco), EINVAL);
+    EXPECT_STREQ(uno.get_last_error(&uno), perche);
+    // Back in its unit the stream goes on where it was.
+    ASSERT_EQ(kelRegUnita(reg.get(), 0, "km/h"), 1);
+    ASSERT_EQ(uno.get_next(&uno, &blocco), 0);
+    EXPECT_EQ(blocco.length, 70000 - 65536);
+    blocco.release(&blocco);
+    uno.release(&uno);
+    // A new stream has the unit of its day.
+    ASSERT_EQ(kelRegUnita(reg.get(), 0, "mph"), 1);
+    ArrowArrayStream altro = flusso(reg);
+    ASSERT_EQ(altro.get_schema(&altro, &schema), 0);
+    EXPECT_EQ(metadati(schema.children[1]->metadata)["unit"], "mph");
+    schema.release(&schema);
+    ASSERT_EQ(altro.get_next(&altro, &blocco), 0);
     float valore = 0;
     const s_kel_lettura lettura{0, &valore, nullptr, nullptr};
-    ASSERT_EQ(kelRegLeggi(reg.get(), 65536, 1, &lettura, 1), 1);
+    ASSERT_EQ(kelRegLeggi(reg.get(), 30000, 1, &lettura, 1), 1);
     EXPECT_NE(valore, 0);
-    EXPECT_EQ(primo(), static_cast<double>(valore));
-    uno.release(&uno);
+    EXPECT_EQ(static_cast<const float*>(blocco.children[1]->buffers[1])[30000], valore);
+    blocco.release(&blocco);
+    altro.release(&altro);
 }
 
 }  // namespace
