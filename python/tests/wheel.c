@@ -1,4 +1,4 @@
-/* Calls each library of a wheel once, and prints what it answers. scripts/wheels runs it on every machine. */
+/* Calls each part of a wheel's library once, and prints what it answers. scripts/wheels runs it on every machine. */
 #include <stdio.h>
 #include <stdlib.h>
 

@@ -13,7 +13,9 @@ from typing import Any
 
 from . import _records as r
 
-_NAMES = ("libkelfunzioni.so.0", "libkelregistrazioni.so.0", "libkelpython.so")
+# In a wheel the libraries are one, in a build they are three.
+_ALL = "libkelpython.so"
+_LIBRARIES = ("libkelfunzioni.so.0", "libkelregistrazioni.so.0")
 
 
 def _folders() -> list[Path]:
@@ -23,19 +25,23 @@ def _folders() -> list[Path]:
     return [*named, Path(__file__).parent / "lib"]
 
 
-def _load(name: str) -> c.CDLL:
-    tried = [folder / name for folder in _folders()]
-    for path in tried:
-        if path.exists():
-            return c.CDLL(str(path))
-    looked = ", ".join(str(path.parent) for path in tried)
-    raise ImportError(
-        f"{name} is not in {looked}; install the package with pip, or name the folder of a built "
-        f"library in KELFUNZIONI_LIBRARIES"
-    )
+def _find(name: str) -> Path | None:
+    return next((folder / name for folder in _folders() if (folder / name).exists()), None)
 
 
-_functions, _recordings, _python = (_load(name) for name in _NAMES)
+def _load() -> tuple[c.CDLL, c.CDLL, c.CDLL]:
+    package = _find(_ALL)
+    if package is None:
+        looked = ", ".join(str(folder) for folder in _folders())
+        raise ImportError(
+            f"{_ALL} is not in {looked}; install the package with pip, or name the folder of a "
+            f"built library in KELFUNZIONI_LIBRARIES"
+        )
+    functions, recordings = (c.CDLL(str(_find(name) or package)) for name in _LIBRARIES)
+    return functions, recordings, c.CDLL(str(package))
+
+
+_functions, _recordings, _python = _load()
 
 _U32, _SIZE, _TEXT, _PTR = c.c_uint32, c.c_size_t, c.c_char_p, c.c_void_p
 _ERROR = c.POINTER(r.ErrorText)
