@@ -161,9 +161,9 @@ geographiclib_sources() {
     echo "$folder-$version"
 }
 
-# An environment with all that python/requirements-test.txt names, made anew when that has changed.
+# An environment of a Python with all that a lock file names (of the tests, where none is given), made anew when that has changed.
 python_environment() {
-    local python=$1 folder=$2 lock=$KEL_ROOT/python/requirements-test.txt
+    local python=$1 folder=$2 lock=${3-$KEL_ROOT/python/requirements-test.txt}
     if cmp -s "$lock" "$folder/lock" && [[ $("$folder/bin/python" -V) == $("$python" -V) ]]; then
         return
     fi

@@ -59,7 +59,7 @@ std::string prima_del_comando(const CLI::App& programma, const std::string& nome
 // A word that the command has no place for: an option that it does not know, or an argument more than it takes.
 std::string di_troppo(const CLI::App& comando, const std::string& parola) {
     const std::string nome = parola.substr(0, parola.find('='));
-    if (!parola.starts_with("-"))
+    if (!parola.starts_with('-'))
         return "'" + senza_segno(parola) + "' is one argument too many; accepted: " + accettati(comando);
     return "there is no option '" + nome + "'; " + forse(nome, parole(comando, false)) +
            "accepted: " + accettati(comando);
@@ -136,13 +136,13 @@ int esegui(int argc, char** argv) {
         }
         std::vector<std::string> argomenti = per_parser(argc, argv);
         const std::string primo = argomenti.empty() ? "" : argomenti.back();
-        const std::string opzione = primo.starts_with("-") ? primo.substr(0, primo.find('=')) : "";
+        const std::string opzione = primo.starts_with('-') ? primo.substr(0, primo.find('=')) : "";
         if (!opzione.empty() && programma.get_option_no_throw(opzione) == nullptr)
             return errore(*comando, chi, prima_del_comando(programma, opzione) + "accepted: " + accettati(programma),
                           USCITA_USO);
         if (primo.empty() && argc == 1)
             return errore(*comando, chi, "there is no command; accepted: " + accettati(programma), USCITA_USO);
-        if (!primo.empty() && !primo.starts_with("-")) {
+        if (!primo.empty() && !primo.starts_with('-')) {
             const CLI::App* trovato = sottocomando(programma, primo);
             if (trovato == nullptr)
                 return errore(*comando, chi,
@@ -162,7 +162,7 @@ int esegui(int argc, char** argv) {
     } catch (const CLI::ParseError& e) {
         // A mistyped option is reported first: what else the parser misses may be its consequence.
         for (const std::string& parola : comando->remaining())
-            if (parola.starts_with("-") || dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr)
+            if (parola.starts_with('-') || dynamic_cast<const CLI::ExtrasError*>(&e) != nullptr)
                 return errore(*comando, chi, di_troppo(*comando, parola), USCITA_USO);
         return errore(*comando, chi, std::string(e.what()) + "; accepted: " + accettati(*comando), USCITA_USO);
     } catch (const ErroreUso& e) {

@@ -137,7 +137,7 @@ std::string sbagliato(const CLI::App& programma, const CLI::ParseError& errore) 
     for (const std::string& opzione : opzioni)
         accettati += ", " + opzione;
     for (const std::string& parola : programma.remaining()) {
-        if (parola.starts_with("-"))
+        if (parola.starts_with('-'))
             return senza_opzione(parola.substr(0, parola.find('=')), opzioni) + accettati;
         if (dynamic_cast<const CLI::ExtrasError*>(&errore) != nullptr)
             return std::string("'").append(parola).append("' is one argument too many; ").append(accettati);

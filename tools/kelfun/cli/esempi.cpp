@@ -9,10 +9,10 @@ std::string su_righe(const std::vector<std::string>& testi) {
     for (const std::string& testo : testi) {
         tutti += tutti.empty() ? "" : ",";
         if (riga + testo.size() > LARGHEZZA) {
-            tutti += "\n";
+            tutti += '\n';
             riga = 0;
         } else if (!tutti.empty()) {
-            tutti += " ";
+            tutti += ' ';
         }
         tutti += testo;
         riga += testo.size() + 2;

@@ -22,7 +22,7 @@ public:
         testo_ += prima_ + std::string(parola);
         if (!spiegazione.empty())
             testo_ += "\t" + std::string(spiegazione);
-        testo_ += "\n";
+        testo_ += '\n';
     }
     /// Asks the shell for the names of its files.
     void file() { testo_ += ":files\n"; }

@@ -49,7 +49,7 @@ public:
         if (contesto_.attesa != nullptr)
             return valore(*contesto_.attesa);
         const std::string& inizio = candidati_.inizio();
-        if (!contesto_.solo_argomenti && inizio.starts_with("-"))
+        if (!contesto_.solo_argomenti && inizio.starts_with('-'))
             return opzioni();
         const auto [nome, dichiarato] = argomento(comando_, campi_.dati(), contesto_.argomenti.size());
         if (dichiarato != nullptr)
@@ -359,7 +359,7 @@ void completa(const CLI::App& programma, const std::vector<std::string>& parole)
 
     Candidati candidati(ultima);
     if (prima.empty()) {
-        if (ultima.starts_with("-"))
+        if (ultima.starts_with('-'))
             Completamento(programma, {}, candidati).parola();
         else
             for (const CLI::App* comando : comandi)

@@ -277,7 +277,7 @@ private:
             const PuntoTraccia& a = punti[i];
             const PuntoTraccia& da = a.staccato || i == 0 ? a : punti[i - 1];
             if (a.staccato && i > 0)
-                dati_ += "\n";
+                dati_ += '\n';
             const double parti = std::max(1.0, std::ceil(std::fabs(a.velocita - da.velocita) / gradazione));
             for (double parte = &da == &a ? parti : 1; parte <= parti; ++parte) {
                 const double t = parte / parti;

@@ -34,11 +34,11 @@ public:
     void scrivi(const std::string& byte) {
         if (std::fwrite(byte.data(), 1, byte.size(), file_.get()) != byte.size() || std::fflush(file_.get()) != 0)
             throw NonTrovato(std::string("cannot write a temporary file: ") + std::strerror(errno));
-        std::rewind(file_.get());
+        std::fseek(file_.get(), 0, SEEK_SET);
     }
 
     std::string tutto() {
-        std::rewind(file_.get());
+        std::fseek(file_.get(), 0, SEEK_SET);
         std::string byte;
         std::array<char, 65536> pezzo{};
         while (const std::size_t letti = std::fread(pezzo.data(), 1, pezzo.size(), file_.get()))
