@@ -1,5 +1,6 @@
 #include "columns/colonne.h"
 
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 
@@ -51,7 +52,7 @@ Piano prepara(const s_kel_colonna& colonna, std::size_t numero, Riconoscitore& r
         conversione.gain = conv.dati->gain;
         conversione.offset = conv.dati->offset;
         // Of two NaNs an addition keeps either, as the compiler has ordered them: such units are left to the converter.
-        if (conversione.gain != conversione.gain || conversione.offset != conversione.offset)
+        if (std::isnan(conversione.gain) || std::isnan(conversione.offset))
             piano.lettura = Lettura::sconosciuta;
     }
     return piano;

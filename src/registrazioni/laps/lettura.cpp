@@ -116,8 +116,10 @@ Linea linea_ai_metri(const Lettura& lettura, double metri, const std::string& de
     }
     for (const Giro& giro : lettura.giri)
         if (const auto linea = giro.chiuso() ? linea_a_distanza(giro, lettura.guida, metri) : std::nullopt) {
-            dillo(detto + " is " + nome + " " + testo(*linea) + ", by lap " + std::to_string(giro.numero) +
-                  ", as lap " + std::to_string(campione->numero) + " has no fix there");
+            std::string frase = detto;
+            frase.append(" is ").append(nome).append(" ").append(testo(*linea));
+            frase.append(", by lap ").append(std::to_string(giro.numero)).append(", as lap ");
+            dillo(frase.append(std::to_string(campione->numero)).append(" has no fix there"));
             return *linea;
         }
     throw Errore(detto + " is nowhere: no lap has a fix there");
@@ -161,7 +163,9 @@ std::vector<Linea> linee_intermedie(const Lettura& lettura, std::span<const Inte
             continue;
         }
         const auto& [metri, detto] = std::get<Metri>(uno);
-        linee.push_back(linea_ai_metri(lettura, metri, nome + " " + detto, nome, dillo));
+        std::string intero = nome;
+        intero.append(" ").append(detto);
+        linee.push_back(linea_ai_metri(lettura, metri, intero, nome, dillo));
     }
     return linee;
 }

@@ -97,7 +97,9 @@ void DestinazioneGrafico::disegna(const Grafico& grafico, std::vector<Nota> note
             note.push_back({"no font of this machine has ", std::move(senza_font), ": ? stands for them"});
     const Immagine immagine = istruzioni_gnuplot(mostrato, formato_, misura_);
     std::string byte = esegui_gnuplot(gnuplot_, immagine.istruzioni);
-    scrivi(file_, formato_ == Formato::svg ? svg_ben_formato(std::move(byte)) : byte);
+    if (formato_ == Formato::svg)
+        byte = svg_ben_formato(std::move(byte));
+    scrivi(file_, byte);
     for (const Nota& nota : note)
         di(nota.testo());
     if (!immagine.nota.empty())
