@@ -18,16 +18,22 @@ import pyarrow
 
 from .. import KelError, KelWarning, RecordingError, __version__
 from .._laps import Lap, laps
+from .._lapsource import lap_column, place_columns
+from .._mapped import MappedRecording
 from .._recording import Capture, Recording
+from .._table import Table
 from ._compute import pc
 from ._inputs import Source, shown
 
-__all__ = ["Decoded", "content_hash", "decode"]
+__all__ = ["Decoded", "content_hash", "content_of", "decode", "decode_tables"]
 
 _PAGES = 32 << 20  # bytes of a file from which its pages are given back while it is read
 _PAUSE = 600_000_000  # a session ends before a pause of ten minutes, us
 _LAP_ROWS = 3 << 18
+_BATCH = 1 << 16
+_CLOCKS = 946_684_800.0, 4_102_444_800.0  # seconds since 1970: the years 2000 to 2100
 _TAKEN = ("recording", "session", "time", "rate", "vehicle", "date")
+_UNSTEADY = 0.02
 _PATH_DATE = re.compile(r"(?<!\d)(20\d\d)-?(0[1-9]|1[0-2])-?(0[1-9]|[12]\d|3[01])(?!\d)")
 
 
@@ -56,13 +62,51 @@ def decode(source: Source, *, identity: str | None = None) -> Decoded:
     Raises
     ------
     KelError
-        The bytes are no recording, or one without rows.
+        The bytes are no recording, or one without rows, or with several time bases.
     OSError
         A file cannot be read.
     """
+    found = decode_tables(source, identity=identity)
+    if len(found) > 1:
+        raise RecordingError(
+            f"it has {len(found)} time bases, which have no rows in common; accepted: decode_tables"
+        )
+    return found[0]
+
+
+def decode_tables(source: Source, *, identity: str | None = None) -> tuple[Decoded, ...]:
+    """Open a recording of any number of time bases: another logger's, that has a mapping.
+
+    Parameters
+    ----------
+    source, identity
+        As of `decode`. From the second on the names of the tables end in a point and a number.
+
+    Raises
+    ------
+    KelError, OSError
+        As of `decode`.
+    """
     if identity is None:
         identity = content_hash(source.paths)[:16]
-    return Decoded(source, identity)
+    if source.kind != "mapped":
+        return (Decoded(source, identity),)
+    from ..mapping import Mapping
+
+    whole = Mapping.load(source.mapping).open(source.paths[0])
+    tables = [each for each in whole.tables if len(each)]
+    if not tables:
+        raise RecordingError("it has no rows")
+    found = []
+    for number, table in enumerate(tables):
+        name = f"{identity}.{number}" if number else identity
+        found.append(Decoded(source, name, table, whole))
+    return tuple(found)
+
+
+def content_of(recording: str) -> str:
+    """The part of a recording's name that all tables of one file have in common."""
+    return recording.partition(".")[0]
 
 
 class Decoded:
@@ -84,15 +128,26 @@ class Decoded:
         session, and a column for each channel in the base unit of its function.
     """
 
-    def __init__(self, source: Source, identity: str) -> None:
+    def __init__(
+        self,
+        source: Source,
+        identity: str,
+        table: Table | None = None,
+        whole: MappedRecording | None = None,
+    ) -> None:
         self.source, self.recording = source, identity
-        self._files = [_MappedFile(each) for each in source.paths if source.kind != "mapped"]
-        self.table = self._open()
+        self._files = [_MappedFile(each) for each in source.paths if whole is None]
+        self._whole = whole
+        self.table: Any = self._open() if table is None else table
         self._base_units()
-        self.infos = [each for each in self.table.columns if each.kind != "text"]
+        # Texts of another logger are columns; those of packets stand in columns of their fields.
+        self.infos = [
+            each for each in self.table.columns if each.kind != "text" or whole is not None
+        ]
         # The first batch tells rate and start, and is kept, so that nothing is decoded twice.
         self._stream = pyarrow.RecordBatchReader.from_stream(self.table)
-        self._first: pyarrow.RecordBatch | None = next(self._stream, None)
+        self._pieces_of_rows = _pieces_of(self._stream)
+        self._first: pyarrow.RecordBatch | None = next(self._pieces_of_rows, None)
         if self._first is None:
             raise RecordingError("it has no rows")
         self.names = _names([each.name for each in self.infos])
@@ -111,11 +166,7 @@ class Decoded:
         self._statistics = [_Statistics() for _ in self.names]
         self._seconds, self._begins = 0.0, [0]
 
-    def _open(self) -> Any:
-        if self.source.kind == "mapped":
-            from ..mapping import Mapping  # type: ignore[import-not-found,unused-ignore]
-
-            return Mapping.load(self.source.mapping).open(self.source.paths[0])
+    def _open(self) -> Recording | Capture:
         buffers = [each.data for each in self._files]
         if self.source.kind == "capture":
             return Capture(buffers[0])
@@ -139,10 +190,21 @@ class Decoded:
             return 0.0
         times = np.asarray(self._first.column(0).cast(pyarrow.int64()))
         step = float(np.median(np.diff(times))) / 1e6
-        return float(f"{1 / step:.3g}") if step > 0 else 0.0
+        if step <= 0:
+            return 0.0
+        whole = round(1 / step)
+        if self._whole is not None and abs(1 / step - whole) <= _UNSTEADY * whole:
+            return float(whole)  # the clock of a bus is not that of who sends
+        return float(f"{1 / step:.3g}")
 
     def _start(self) -> datetime.datetime | None:
-        """Tell the start by the first UTC of the first batch, less the time until then."""
+        """Tell the start by the first UTC of the first batch, less the time until then.
+
+        The clock of another logger's file tells it, where it counts the seconds since 1970.
+        """
+        epoch = datetime.datetime(1970, 1, 1, tzinfo=datetime.timezone.utc)
+        if self._whole is not None and _CLOCKS[0] <= self._whole.start < _CLOCKS[1]:
+            return epoch + datetime.timedelta(microseconds=round(self._whole.start * 1e6))
         if self._first is None or "UTC" not in self._stream.schema.names:
             return None
         column = self._first.column("UTC")
@@ -153,15 +215,15 @@ class Decoded:
         if self._timed:
             times = self._first.column(0)
             micros -= max(times[row].value - times[0].value, 0)
-        epoch = datetime.datetime(1970, 1, 1, tzinfo=datetime.timezone.utc)
         return epoch + datetime.timedelta(microseconds=micros)
 
     def batches(self) -> Iterator[pyarrow.RecordBatch]:
         """Read all rows, once, in batches of 65536 that each are decoded when asked for."""
-        clock = _Clock()
+        # Tables of one file have their times from one moment on.
+        clock = _Clock(None if self._whole is None else 0)
         first, self._first = self._first, None
         with self._given_back():
-            for batch in itertools.chain([] if first is None else [first], self._stream):
+            for batch in itertools.chain([] if first is None else [first], self._pieces_of_rows):
                 columns = list(batch.columns)
                 rows = batch.num_rows
                 session: Any = pyarrow.array(np.zeros(rows, np.int16))
@@ -179,7 +241,7 @@ class Decoded:
     def rows(self) -> dict[str, Any]:
         """Rows of the tables, behind the last batch: of ``recordings``, ``channels``, ``laps``."""
         driven, note = self._laps()
-        position = [self._mean("Latitude"), self._mean("Longitude")]
+        position = self._position()
         recording = {
             "recording": self.recording,
             "file": self.source.file,
@@ -212,6 +274,18 @@ class Decoded:
         ]
         return {"recording": recording, "channels": channels, "laps": driven}
 
+    def _position(self) -> list[float | None]:
+        names = ("Latitude", "Longitude")
+        if self._whole is None:
+            return [self._mean(each) for each in names]
+        # Of the whole file, so that all its tables are of one track.
+        columns = [self._whole[each] for each in place_columns(self._whole) or ()]
+        there = [column.values[column.valid] for column in columns]
+        return [float(each.mean(dtype=float)) if len(each) else None for each in there] or [
+            None,
+            None,
+        ]
+
     def _mean(self, name: str) -> float | None:
         if name not in self.names:
             return None
@@ -219,8 +293,10 @@ class Decoded:
         return found
 
     def _laps(self) -> tuple[list[dict[str, Any]], str]:
-        if not isinstance(self.table, (Recording, Capture)):
-            return [], "a table with a mapping has no laps"
+        if self._whole is not None:
+            column = lap_column(self._whole)
+            if column is not None and column not in self.table.names:
+                return [], f"laps are those of the rows with {column}"
         found: list[tuple[Lap, int]] = []
         notes: list[str] = []
         with self._given_back():
@@ -254,13 +330,15 @@ class Decoded:
             "rows": lap.rows,
         }
 
-    def _pieces(self, notes: list[str]) -> Iterator[tuple[Recording | Capture, int]]:
+    def _pieces(
+        self, notes: list[str]
+    ) -> Iterator[tuple[Recording | Capture | MappedRecording, int]]:
         """Whole sessions that together are no more than memory allows, each with its first number.
 
         Laps are found in all rows at once, which takes some 270 bytes a row.
         """
         if len(self.table) <= _LAP_ROWS:
-            yield self.table, 0
+            yield self._whole or self.table, 0
             return
         if not isinstance(self.table, Recording):
             notes.append(f"no laps: {len(self.table)} rows are more than {_LAP_ROWS}")
@@ -310,6 +388,13 @@ class Decoded:
             close()
 
 
+def _pieces_of(stream: pyarrow.RecordBatchReader) -> Iterator[pyarrow.RecordBatch]:
+    """Batches of no more than 65536 rows: tables that lie in memory come in one."""
+    for batch in stream:
+        for start in range(0, batch.num_rows, _BATCH):
+            yield batch.slice(start, _BATCH)
+
+
 class _MappedFile:
     """A file that is mapped, and whose pages can be given back."""
 
@@ -328,10 +413,13 @@ class _MappedFile:
 
 
 class _Clock:
-    """Times since the start of their session, from times of any origin in microseconds."""
+    """Times since the start of their session, from times of any origin in microseconds.
 
-    def __init__(self) -> None:
-        self._session, self._first = 0, 0
+    `start` is that of the first session; None: its first row.
+    """
+
+    def __init__(self, start: int | None = None) -> None:
+        self._session, self._first = 0, start
         self._last: int | None = None
         self.seconds = 0.0
         self.begins = [0]
@@ -342,7 +430,8 @@ class _Clock:
         if not len(times):
             return pyarrow.array([], pyarrow.int16()), pyarrow.array([], pyarrow.float64())
         if self._last is None:
-            self._first = self._last = int(times[0])
+            self._last = int(times[0])
+            self._first = self._last if self._first is None else self._first
         steps = np.diff(times, prepend=np.int64(self._last))
         begins = np.flatnonzero((steps < 0) | (steps > _PAUSE))
         sessions = np.full(len(times), self._session, np.int64)
@@ -371,7 +460,8 @@ class _Statistics:
         self._samples += len(column)
         self._nulls += column.null_count
         kind = column.type
-        if column.null_count == len(column) or pyarrow.types.is_temporal(kind):
+        text = pyarrow.types.is_string(kind)
+        if column.null_count == len(column) or text or pyarrow.types.is_temporal(kind):
             return
         both = pc.min_max(column)
         least, greatest = (float(both[each].as_py()) for each in ("min", "max"))

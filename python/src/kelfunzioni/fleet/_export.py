@@ -10,6 +10,7 @@ from dataclasses import dataclass, field
 
 from .. import __version__
 from .._errors import KelError
+from ._decode import content_of
 from ._engine import Engine, EngineLostError, engine
 from ._folder import Folder
 from ._inputs import Source, find
@@ -162,7 +163,7 @@ class _Run:
                 if state.recordings[name]["signature"] == known and self._current(name, source)
             ]
             if done and not checksum:
-                claimed.add(done[0])
+                claimed.add(content_of(done[0]))
                 summary.unchanged += 1
             else:
                 unknown.append(source)
@@ -178,13 +179,14 @@ class _Run:
             else:
                 todo.append((source, known, digest))
             claimed.add(name)
-            before[source.file].discard(name)
+            before[source.file] = {e for e in before[source.file] if content_of(e) != name}
         # What a changed file held before is no more, unless it lies in another file now.
         hashed = {source.file for source, *_ in todo} | set(before)
         failed = {file for file, _ in summary.failures}
         for file in hashed - failed:
-            for name in before.get(file, set()) - claimed:
-                state.drop(name)
+            for name in before.get(file, set()):
+                if content_of(name) not in claimed:
+                    state.drop(name)
         return todo
 
     def _current(self, name: str, source: Source) -> bool:
@@ -269,9 +271,10 @@ class _Run:
         self._state.take(result["done"])
         for row in result["failures"]:
             summary.failures.append((row["file"], row["reason"]))
-        summary.exported += len(result["done"])
+        files = {each["recording"]["file"] for each in result["done"]}
+        summary.exported += len(files)
         summary.rows += sum(each["recording"]["rows"] for each in result["done"])
-        summary.bytes += sum(sizes[each["recording"]["file"]] for each in result["done"])
+        summary.bytes += sum(sizes[each] for each in files)
         for key, name in (("tasks", "seconds"), ("cpu", "cpu"), ("writing", "writing")):
             self._spent[key] += result[name]
 
