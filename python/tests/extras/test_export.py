@@ -1,6 +1,8 @@
 """Each kind of file, read back by a program that is not ours: the same bits, units and nulls."""
 
 import csv
+import subprocess
+import sys
 
 import gpxpy
 import h5py
@@ -41,7 +43,9 @@ def _same(column, values, valid, unit):
     assert unit == column.unit, column.name
 
 
-def test_csv(table, tmp_path):
+@pytest.mark.parametrize("rows", [1 << 13, 100], ids=["whole", "in pieces"])
+def test_csv(table, tmp_path, monkeypatch, rows):
+    monkeypatch.setattr("kelfunzioni._export._TEXT_ROWS", rows)
     table.write(tmp_path / "out.csv")
     with open(tmp_path / "out.csv", newline="", encoding="utf-8") as file:
         names, units, *rows = csv.reader(file)
@@ -92,7 +96,9 @@ def _has_name(value):
     return isinstance(value, np.ndarray) and "name" in (value.dtype.names or ())
 
 
-def test_mdf(table, tmp_path):
+@pytest.mark.parametrize("rows", [1 << 17, 100], ids=["whole", "in pieces"])
+def test_mdf(table, tmp_path, monkeypatch, rows):
+    monkeypatch.setattr("kelfunzioni._export._ROWS", rows)
     table.write(tmp_path / "out.mf4")
     with MDF(tmp_path / "out.mf4") as file:
         assert len(file.groups) == 1 and file.version == "4.10"
@@ -103,6 +109,32 @@ def test_mdf(table, tmp_path):
             valid = np.ones(len(table), bool) if gaps is None else ~np.asarray(gaps, bool)
             unit = "" if column.values.dtype.kind == "M" else signal.unit
             _same(column, signal.samples, valid, unit)
+
+
+def test_mdf_goes_through_little_memory(kart, tmp_path):
+    """Pieces are appended to a temporary file: five times the rows take hardly more memory."""
+    program = """if True:
+        import sys, warnings
+
+        warnings.simplefilter("ignore")
+        import kelfunzioni as kel
+        from kelfunzioni import _export
+
+        _export._ROWS = 1 << 13
+        peaks = []
+        for times in (20, 100):
+            with open("long", "wb") as file:
+                for _ in range(times):
+                    file.write(open(sys.argv[2], "rb").read())
+            kel.Recording(sys.argv[1], "long").write("long.mf4")
+            with open("/proc/self/status") as file:
+                peaks += [int(line.split()[1]) for line in file if line.startswith("VmHWM:")]
+        print((peaks[1] - peaks[0]) // 1024)
+    """
+    files = [kart / "kart.channels", kart / "kart.samples"]
+    command = [sys.executable, "-c", program, *files]
+    done = subprocess.run(command, capture_output=True, text=True, check=True, cwd=tmp_path)
+    assert int(done.stdout) < 40
 
 
 def test_gpx(table, tmp_path):

@@ -17,6 +17,7 @@ from seasons import DAMAGED, FLOTTA, RECORDINGS, data_files, simulate, whole
 
 import kelfunzioni as kel
 from kelfunzioni import fleet
+from kelfunzioni.fleet._decode import _line_in
 from kelfunzioni.fleet._query import Fleet
 
 
@@ -276,8 +277,67 @@ def test_sessions_of_a_recording_that_is_too_long_for_laps_in_one_go(season, tmp
             (lap["session"], lap["ms"]) for lap in at_once
         ]
     monkeypatch.setattr("kelfunzioni.fleet._decode._LAP_ROWS", 10)
-    rows = decoded.rows()
-    assert rows["laps"] == [] and "no laps of a session" in rows["recording"]["lap_note"]
+    assert "of more than 10 rows was not followed" in decoded.rows()["recording"]["lap_note"]
+
+
+@pytest.mark.parametrize("kind", ["logger", "gps", "capture"])
+def test_a_session_that_is_too_long_for_laps_in_one_go(tmp_path, monkeypatch, kind):
+    """Its laps are found in windows: the same, wherever these end."""
+    folder = tmp_path / "kart"
+    folder.mkdir()
+    names = ["--channels", "x.channels", "--samples", "x.samples", "x.ubx"]
+    command = [os.environ["KELSIM"], "--laps", "16", "--rate", "5", *names]
+    subprocess.run(command, cwd=folder, check=True, capture_output=True)
+    left = [".ubx"] if kind == "capture" else [".samples", ".channels"]
+    for each in folder.iterdir():
+        if each.suffix not in left:
+            each.unlink()
+    if kind == "gps":  # without the logger's laps
+        monkeypatch.setattr(
+            "kelfunzioni.fleet._decode.laps",
+            lambda table, line: kel.laps(table, source="gps", line=line),
+        )
+    decoded = fleet.decode(fleet.find([str(folder)]).sources[0])
+    for _ in decoded.batches():
+        pass
+    assert len(decoded.rows()["laps"]) > 14
+    for most in (1501, 1900, 2503, len(decoded) - 1):
+        monkeypatch.setattr("kelfunzioni.fleet._decode._LAP_ROWS", most)
+        rows = decoded.rows()
+        # By GPS the line is the one that the first window had: here it is given.
+        line = _line_in([rows["recording"]["lap_note"]])
+        assert (line is None) == (kind == "logger")
+        at_once = kel.laps(decoded.table, source="any" if line is None else "gps", line=line)
+        assert [(lap["lap"], lap["state"], lap["ms"]) for lap in rows["laps"]] == [
+            (lap.number, lap.state, lap.milliseconds) for lap in at_once
+        ]
+        starts = [lap["start"] for lap in rows["laps"]]
+        assert np.allclose(starts, [lap.start for lap in at_once], atol=1e-3)
+        best = [lap["lap"] for lap in rows["laps"] if lap["best"]]
+        assert best == [lap.number for lap in at_once if lap.best]
+
+
+def test_laps_start_on_the_clock_of_the_samples(season, tmp_path):
+    """Whatever the stamps begin with, and in a second session too."""
+    source, folder = _samples(season)[0], tmp_path / "kart"
+    folder.mkdir()
+    opened = _opened(source)
+    shutil.copy(source.with_suffix(".channels"), folder / "x.channels")
+    records = np.fromfile(source, np.uint8).reshape(len(opened), -1)
+    stamps = records[:, :4].copy().view("<u4").ravel()
+    assert opened.stamps == "u32ms"
+    pieces = []
+    for later in (123_000, 5_000_000):
+        piece = records.copy()
+        piece[:, :4] = (stamps + np.uint32(later)).view(np.uint8).reshape(-1, 4)
+        pieces.append(piece)
+    np.concatenate(pieces).tofile(folder / "x.samples")
+    decoded = fleet.decode(fleet.find([str(folder)]).sources[0])
+    assert sum(batch.num_rows for batch in decoded.batches()) == 2 * len(opened)
+    expected = [lap.start - opened.time[0] for lap in kel.laps(opened)]
+    for session in (0, 1):
+        found = [lap["start"] for lap in decoded.rows()["laps"] if lap["session"] == session]
+        assert np.allclose(found, expected, atol=1e-6)
 
 
 @pytest.mark.long
@@ -430,6 +490,21 @@ def test_a_changed_mapping_is_done_again(logger):
     bad.write_text("no numbers\n")
     done = fleet.export([str(logger / "car")], str(out), jobs=0, mappings=mappings)
     assert [file for file, _ in done.failures] == [str(bad)]
+
+
+def test_what_must_be_in_memory_whole_is_refused_where_there_is_too_little(logger, small, flotta):
+    mapped = ["export", logger / "car", "-O", logger / "out", "--jobs", "0"]
+    given = ["--mapping", logger / "logger.toml"]
+    status, _, said = flotta(*mapped, *given, "--memory", "200 MiB")
+    assert status == 1 and "2 failed" in said and "in memory whole" in said
+    [word] = {row["reason"].split("accepted: ")[1] for row in _tables(logger / "out")["failures"]}
+    assert word.startswith("--memory '20")
+    assert flotta(*mapped, *given)[0] == 0
+    whole(logger / "out")
+    mat = ["export", small, "-O", logger / "mat", "--format", "mat", "--jobs", "0"]
+    status, _, said = flotta(*mat, "--memory", "200 MiB")
+    assert status == 1 and "in memory whole" in said
+    assert flotta(*mat)[0] == 0
 
 
 def test_a_can_log_with_its_database(tmp_path):

@@ -11,7 +11,7 @@ from dataclasses import dataclass, field
 from .. import __version__
 from .._errors import KelError
 from ._decode import content_of
-from ._engine import Engine, EngineLostError, engine
+from ._engine import Engine, EngineLostError, bytes_of, engine
 from ._folder import Folder
 from ._inputs import Source, find
 from ._state import State
@@ -105,6 +105,7 @@ def export(
         The tables cannot be written.
     """
     begun = time.monotonic()
+    most = bytes_of(memory)
     place = Folder(folder)
     summary = Summary()
     with place.locked(format):
@@ -115,6 +116,7 @@ def export(
         summary.failures += found.failures
         asked = {each.file for each in found.sources} | {file for file, _ in found.failures}
         run = _Run(place, state, summary, progress, task_bytes)
+        run.memory = 0 if scheduler else most
         try:
             with engine(jobs, scheduler, memory) as workers:
                 todo = run.plan(workers, found.sources, checksum)
@@ -143,6 +145,7 @@ class _Run:
     ) -> None:
         self._folder, self._state, self._summary = folder, state, summary
         self._progress, self._task_bytes = progress, task_bytes
+        self.memory = 0
         self._spent = {"tasks": 0.0, "cpu": 0.0, "writing": 0.0, "hashing": 0.0}
         summary.work = self._spent
 
@@ -256,7 +259,7 @@ class _Run:
     def _task(self, format: str, sources: Todo) -> ExportTask:
         name = hashlib.sha256("\n".join(digest for *_, digest in sources).encode()).hexdigest()
         marker = os.path.join(self._folder.run, f"{name[:16]}.json")
-        return ExportTask(self._folder.path, marker, format, tuple(sources))
+        return ExportTask(self._folder.path, marker, format, tuple(sources), self.memory)
 
     def _take(self, task: ExportTask, result: object, sizes: dict[str, int]) -> None:
         summary = self._summary

@@ -83,12 +83,15 @@ class ExportTask:
         Of the samples.
     sources : tuple of (Source, str, str)
         Each with its signature and its hash.
+    memory : int
+        Bytes that a worker has; 0: not known.
     """
 
     folder: str
     marker: str
     format: str
     sources: tuple[tuple[Source, str, str], ...]
+    memory: int = 0
 
     def __call__(self) -> dict[str, Any]:
         """Give what stands in the marker, rows of tables and failures, and the seconds it took."""
@@ -101,10 +104,15 @@ class ExportTask:
         for source, known, digest in self.sources:
             try:
                 tables = []
+                if source.kind == "mapped":
+                    self._fits(os.path.getsize(source.paths[0]) * _held(source.paths[0]))
                 for decoded in decode_tables(source, identity=digest[:16]):
-                    data, batches, took = self._table(decoded)
+                    try:
+                        data, batches, took = self._table(decoded)
+                        rows = decoded.rows()
+                    finally:
+                        decoded.close()
                     writing += took
-                    rows = decoded.rows()
                     rows["recording"].update(hash=digest, signature=known, data=data)
                     tables.append((decoded, batches, rows))
                 if signature(source) != known:
@@ -137,14 +145,38 @@ class ExportTask:
 
     def _table(self, decoded: Decoded) -> tuple[str, list[Any], float]:
         """Write a table, or read its batches if it goes into a file with others; and the time."""
-        try:
-            if self.format == "parquet" and len(decoded) < GROUP:
-                return "", list(decoded.batches()), 0.0
-            before = time.process_time()
-            data = write_alone(self.folder, decoded, self.format)
-            return data, [], time.process_time() - before
-        finally:
-            decoded.close()
+        if self.format == "parquet" and len(decoded) < GROUP:
+            return "", list(decoded.batches()), 0.0
+        if self.format == "mat":
+            self._fits(_IN_MAT * len(decoded) * (8 + 5 * len(decoded.names)))
+        before = time.process_time()
+        data = write_alone(self.folder, decoded, self.format)
+        return data, [], time.process_time() - before
+
+    def _fits(self, needed: float) -> None:
+        """Refuse what is held in memory whole, where it needs more than a worker has.
+
+        Raises
+        ------
+        KelError
+            It does. The text says how much it needs.
+        """
+        if self.memory and _EMPTY + needed > self.memory:
+            whole, has = (round(each / 2**20) for each in (_EMPTY + needed, self.memory))
+            raise KelError(
+                f"it is held in memory whole, which needs about {whole} MiB, and a worker has "
+                f"{has}; accepted: --memory '{whole} MiB'"
+            )
+
+
+def _held(path: str) -> int:
+    """Bytes of memory for each byte of another logger's file, about; as measured."""
+    ending = os.path.splitext(path)[1].lower()
+    return {".mf4": 6, ".mdf": 6, ".dat": 6}.get(ending, 16)
+
+
+_EMPTY = 200 << 20  # of a worker, with its packages
+_IN_MAT = 2.2  # arrays, and the same once more as they are written
 
 
 @dataclass(frozen=True)
