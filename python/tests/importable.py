@@ -14,7 +14,9 @@ from pathlib import Path
 
 def missing(file: Path) -> str:
     """The first import that fails, with the reason; "" for none."""
-    own = {each.stem for folder in (file.parent, file.parent.parent) for each in folder.glob("*.py")}
+    own = {
+        each.stem for folder in (file.parent, file.parent.parent) for each in folder.glob("*.py")
+    }
     for node in ast.walk(ast.parse(file.read_text(encoding="utf-8"))):
         names = [each.name for each in node.names] if isinstance(node, ast.Import) else []
         if isinstance(node, ast.ImportFrom) and node.level == 0:

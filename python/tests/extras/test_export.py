@@ -1,8 +1,6 @@
 """Each kind of file, read back by a program that is not ours: the same bits, units and nulls."""
 
 import csv
-import subprocess
-import sys
 
 import gpxpy
 import h5py
@@ -109,32 +107,6 @@ def test_mdf(table, tmp_path, monkeypatch, rows):
             valid = np.ones(len(table), bool) if gaps is None else ~np.asarray(gaps, bool)
             unit = "" if column.values.dtype.kind == "M" else signal.unit
             _same(column, signal.samples, valid, unit)
-
-
-def test_mdf_goes_through_little_memory(kart, tmp_path):
-    """Pieces are appended to a temporary file: five times the rows take hardly more memory."""
-    program = """if True:
-        import sys, warnings
-
-        warnings.simplefilter("ignore")
-        import kelfunzioni as kel
-        from kelfunzioni import _export
-
-        _export._ROWS = 1 << 13
-        peaks = []
-        for times in (20, 100):
-            with open("long", "wb") as file:
-                for _ in range(times):
-                    file.write(open(sys.argv[2], "rb").read())
-            kel.Recording(sys.argv[1], "long").write("long.mf4")
-            with open("/proc/self/status") as file:
-                peaks += [int(line.split()[1]) for line in file if line.startswith("VmHWM:")]
-        print((peaks[1] - peaks[0]) // 1024)
-    """
-    files = [kart / "kart.channels", kart / "kart.samples"]
-    command = [sys.executable, "-c", program, *files]
-    done = subprocess.run(command, capture_output=True, text=True, check=True, cwd=tmp_path)
-    assert int(done.stdout) < 40
 
 
 def test_gpx(table, tmp_path):

@@ -87,7 +87,7 @@ SIZES = st.integers(0, 100), st.integers(0, 5), st.integers(0, 2**32 - 1)
 def test_columns_are_single_calls(kind, bits):
     """Every sample type, read whole and as a bit field."""
 
-    @settings(max_examples=20, deadline=None)
+    @settings(max_examples=10, deadline=None)
     @given(converters(kind, bits), *SIZES)
     def compare(converter, count, gap, seed):
         _agrees(converter, count, gap, seed)

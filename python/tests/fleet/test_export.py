@@ -357,6 +357,33 @@ def test_other_formats(small, tmp_path, format):
         fleet.export([str(small)], str(out), jobs=0)
 
 
+@pytest.mark.long
+def test_mdf_goes_through_little_memory(kart, tmp_path):
+    """Pieces are appended to a temporary file: five times the rows take hardly more memory."""
+    program = """if True:
+        import sys, warnings
+
+        warnings.simplefilter("ignore")
+        import kelfunzioni as kel
+        from kelfunzioni import _export
+
+        _export._ROWS = 1 << 13
+        peaks = []
+        for times in (20, 100):
+            with open("long", "wb") as file:
+                for _ in range(times):
+                    file.write(open(sys.argv[2], "rb").read())
+            kel.Recording(sys.argv[1], "long").write("long.mf4")
+            with open("/proc/self/status") as file:
+                peaks += [int(line.split()[1]) for line in file if line.startswith("VmHWM:")]
+        print((peaks[1] - peaks[0]) // 1024)
+    """
+    files = [kart / "kart.channels", kart / "kart.samples"]
+    command = [sys.executable, "-c", program, *files]
+    done = subprocess.run(command, capture_output=True, text=True, check=True, cwd=tmp_path)
+    assert int(done.stdout) < 40
+
+
 def test_inputs_as_patterns_and_as_a_list(season, tmp_path, flotta):
     out = tmp_path / "out"
     status, _, _ = flotta("export", f"{season}/kart-001/**/*.samples", "-O", out, "--jobs", "0")
