@@ -386,7 +386,7 @@ typedef struct s_kel_giro {
     uint32_t num_settori;    ///< entries of `settori`
     const int32_t* settori;  ///< ms, in the order in which they are driven; -1 where not known. Stay until the next
                              ///< `kelGiriCalcola`
-    double inizio;           ///< s, from the start of its session
+    double inizio;           ///< s, on the clock of the rows (`kelRegTempi`); of a receiver's from the first row
     double distacco;         ///< s, to the best lap, of laps that count
     double massima;          ///< speed, m/s
     double minima;           ///< least speed, m/s

@@ -161,16 +161,29 @@ geographiclib_sources() {
     echo "$folder-$version"
 }
 
-# An environment of a Python with all that a lock file names (of the tests, where none is given), made anew when that has changed.
+# An environment of a Python with all that a lock file names (of the tests, where none is given), made anew when that has
+# changed. With a fourth argument an interpreter that not all of it is made for has what there is; folder/left-out names the
+# rest.
 python_environment() {
-    local python=$1 folder=$2 lock=${3-$KEL_ROOT/python/requirements-test.txt}
+    local python=$1 folder=$2 lock=${3:-$KEL_ROOT/python/requirements-test.txt} partly=${4-}
     if cmp -s "$lock" "$folder/lock" && [[ $("$folder/bin/python" -V) == $("$python" -V) ]]; then
         return
     fi
     rm -rf -- "$folder"
     "$python" -m venv "$folder"
-    "$folder/bin/pip" -q --disable-pip-version-check install --require-hashes --only-binary :all: \
-        -r "$lock"
+    local pip=("$folder/bin/pip" -q --disable-pip-version-check install --require-hashes --only-binary :all:)
+    if [[ -z $partly ]]; then
+        "${pip[@]}" -r "$lock"
+    elif ! "${pip[@]}" -r "$lock" 2>/dev/null; then
+        say "not all packages are made for $("$python" -V 2>&1 | head -n 1): one after the other"
+        awk -v folder="$folder" '/^[a-z]/ { file = sprintf("%s/one-%03d.txt", folder, ++number) } file { print > file }' "$lock"
+        local one
+        : >"$folder/left-out"
+        for one in "$folder"/one-*.txt; do
+            "${pip[@]}" --no-deps -r "$one" 2>/dev/null || sed -n '1s/[ ;\\].*//p' "$one" >>"$folder/left-out"
+        done
+        rm -f -- "$folder"/one-*.txt
+    fi
     cp -- "$lock" "$folder/lock"
 }
 

@@ -25,6 +25,7 @@ __all__ = ["write"]
 
 Path = str | os.PathLike[str]
 _ROWS = 1 << 17
+_TEXT_ROWS = 1 << 13  # a cell is a text of some sixty bytes
 
 
 def write(table: Table, path: Path, format: str | None, version: str) -> None:
@@ -75,7 +76,7 @@ def _write_csv(table: Table, path: Path) -> None:
         infos = [info for info in table.columns if held or info.kind != "text"]
         writer.writerow([*(["time"] if timed else []), *(info.name for info in infos)])
         writer.writerow([*(["s"] if timed else []), *(info.unit for info in infos)])
-        for piece in table.batches(_ROWS):
+        for piece in table.batches(_TEXT_ROWS):
             columns = _columns(piece)
             cells = [
                 _cells(columns[i.name]) if i.name in columns else piece.texts(i.name).tolist()
@@ -151,8 +152,16 @@ def _write_mdf(table: Table, path: Path, version: str = _MDF[0]) -> None:
     from asammdf import MDF
 
     with MDF(version=version) as file:
-        for each in table.tables:
-            file.append(_signals(each), comment="kelfunzioni", common_timebase=True)
+        for number, each in enumerate(table.tables):
+            # What was appended lies in a temporary file. Texts have a width, that of all of them.
+            rows = max(len(each), 1) if isinstance(each, Rows) else _ROWS
+            pieces = each.batches(rows)
+            signals = _signals(next(pieces, each))
+            file.append(signals, comment="kelfunzioni", common_timebase=True)
+            for piece in pieces:
+                more = _signals(piece)
+                time = (piece.time, None)
+                file.extend(number, [time, *((s.samples, s.invalidation_bits) for s in more)])
         file.save(path, overwrite=True)
 
 
@@ -198,7 +207,7 @@ def _write_gpx(table: Table, path: Path) -> None:
             '<gpx version="1.1" creator="kelfunzioni" xmlns="http://www.topografix.com/GPX/1/1">\n'
             f"<trk><name>{escape(os.path.basename(os.fspath(path)))}</name><trkseg>\n"
         )
-        for piece in table.batches(_ROWS):
+        for piece in table.batches(_TEXT_ROWS):
             columns = piece.read(wanted)
             texts = {name: _cells(column) for name, column in columns.items()}
             for row in np.flatnonzero(columns[latitude].valid & columns[longitude].valid):

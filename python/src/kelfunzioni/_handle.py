@@ -55,7 +55,8 @@ class Handle:
     def files(self) -> list[mmap.mmap]:
         """The large files among the memory that the library reads."""
         views = (getattr(each, "base", None) for each in self.owners)
-        under = (each.obj for each in views if isinstance(each, memoryview))
+        # CPython's numpy holds a view of a file, PyPy's the file itself.
+        under = (each.obj if isinstance(each, memoryview) else each for each in views)
         return [each for each in under if isinstance(each, mmap.mmap) and len(each) >= _LARGE]
 
     @property

@@ -61,7 +61,7 @@ class Lap:
     sectors : tuple of int or None
         Sector times, ms, in the order in which they are driven.
     start : float
-        From the start of its session, s.
+        On the clock of the recording's rows, s; of a capture from its first row.
     gap : float
         To the best lap, s.
     top_speed, least_speed : float

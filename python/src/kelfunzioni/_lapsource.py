@@ -17,7 +17,7 @@ from ._records import Channel
 from ._sampletype import SampleType
 from ._table import Table
 
-__all__ = ["NOTHING", "by_logger", "by_position"]
+__all__ = ["NOTHING", "by_logger", "by_position", "lap_column", "place_columns"]
 
 NOTHING = "the mapping says which columns are functions"
 # Quantity and object of an identifier, and the quantity alone.
@@ -40,6 +40,13 @@ def place_columns(recording: Table) -> tuple[str, str] | None:
     """Names of the columns of latitude and longitude, by their functions."""
     latitude, longitude = _first(recording, _LATITUDE), _first(recording, _LONGITUDE)
     return None if latitude is None or longitude is None else (latitude, longitude)
+
+
+def lap_column(recording: MappedRecording) -> str | None:
+    """Name of the column whose rows laps are found in; None for none."""
+    logged = _first(recording, _LAP_NUMBER) or _first(recording, _LAP_TIME)
+    places = place_columns(recording)
+    return logged or (places[0] if places else None)
 
 
 _FRAME = np.dtype(

@@ -302,6 +302,8 @@ def _load(
     """Bases of a file with unique names, and the earliest of their times."""
     if not isinstance(path, (str, os.PathLike)):
         raise TypeError(f"a file is {type(path).__name__}; accepted: its path")
+    if database is not None and not isinstance(database, (str, os.PathLike)):
+        raise TypeError(f"a database is {type(database).__name__}; accepted: its path")
     ending = os.path.splitext(os.fspath(path))[1].lower()
     kind = next((k for k, ends in _FORMATS.items() if ending in ends), ending.lstrip("."))
     kind = kind if format is None else format

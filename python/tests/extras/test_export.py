@@ -41,7 +41,9 @@ def _same(column, values, valid, unit):
     assert unit == column.unit, column.name
 
 
-def test_csv(table, tmp_path):
+@pytest.mark.parametrize("rows", [1 << 13, 100], ids=["whole", "in pieces"])
+def test_csv(table, tmp_path, monkeypatch, rows):
+    monkeypatch.setattr("kelfunzioni._export._TEXT_ROWS", rows)
     table.write(tmp_path / "out.csv")
     with open(tmp_path / "out.csv", newline="", encoding="utf-8") as file:
         names, units, *rows = csv.reader(file)
@@ -92,7 +94,9 @@ def _has_name(value):
     return isinstance(value, np.ndarray) and "name" in (value.dtype.names or ())
 
 
-def test_mdf(table, tmp_path):
+@pytest.mark.parametrize("rows", [1 << 17, 100], ids=["whole", "in pieces"])
+def test_mdf(table, tmp_path, monkeypatch, rows):
+    monkeypatch.setattr("kelfunzioni._export._ROWS", rows)
     table.write(tmp_path / "out.mf4")
     with MDF(tmp_path / "out.mf4") as file:
         assert len(file.groups) == 1 and file.version == "4.10"

@@ -17,6 +17,7 @@ from seasons import DAMAGED, FLOTTA, RECORDINGS, data_files, simulate, whole
 
 import kelfunzioni as kel
 from kelfunzioni import fleet
+from kelfunzioni.fleet._decode import _line_in
 from kelfunzioni.fleet._query import Fleet
 
 
@@ -276,8 +277,67 @@ def test_sessions_of_a_recording_that_is_too_long_for_laps_in_one_go(season, tmp
             (lap["session"], lap["ms"]) for lap in at_once
         ]
     monkeypatch.setattr("kelfunzioni.fleet._decode._LAP_ROWS", 10)
-    rows = decoded.rows()
-    assert rows["laps"] == [] and "no laps of a session" in rows["recording"]["lap_note"]
+    assert "of more than 10 rows was not followed" in decoded.rows()["recording"]["lap_note"]
+
+
+@pytest.mark.parametrize("kind", ["logger", "gps", "capture"])
+def test_a_session_that_is_too_long_for_laps_in_one_go(tmp_path, monkeypatch, kind):
+    """Its laps are found in windows: the same, wherever these end."""
+    folder = tmp_path / "kart"
+    folder.mkdir()
+    names = ["--channels", "x.channels", "--samples", "x.samples", "x.ubx"]
+    command = [os.environ["KELSIM"], "--laps", "16", "--rate", "5", *names]
+    subprocess.run(command, cwd=folder, check=True, capture_output=True)
+    left = [".ubx"] if kind == "capture" else [".samples", ".channels"]
+    for each in folder.iterdir():
+        if each.suffix not in left:
+            each.unlink()
+    if kind == "gps":  # without the logger's laps
+        monkeypatch.setattr(
+            "kelfunzioni.fleet._decode.laps",
+            lambda table, line: kel.laps(table, source="gps", line=line),
+        )
+    decoded = fleet.decode(fleet.find([str(folder)]).sources[0])
+    for _ in decoded.batches():
+        pass
+    assert len(decoded.rows()["laps"]) > 14
+    for most in (1501, 1900, 2503, len(decoded) - 1):
+        monkeypatch.setattr("kelfunzioni.fleet._decode._LAP_ROWS", most)
+        rows = decoded.rows()
+        # By GPS the line is the one that the first window had: here it is given.
+        line = _line_in([rows["recording"]["lap_note"]])
+        assert (line is None) == (kind == "logger")
+        at_once = kel.laps(decoded.table, source="any" if line is None else "gps", line=line)
+        assert [(lap["lap"], lap["state"], lap["ms"]) for lap in rows["laps"]] == [
+            (lap.number, lap.state, lap.milliseconds) for lap in at_once
+        ]
+        starts = [lap["start"] for lap in rows["laps"]]
+        assert np.allclose(starts, [lap.start for lap in at_once], atol=1e-3)
+        best = [lap["lap"] for lap in rows["laps"] if lap["best"]]
+        assert best == [lap.number for lap in at_once if lap.best]
+
+
+def test_laps_start_on_the_clock_of_the_samples(season, tmp_path):
+    """Whatever the stamps begin with, and in a second session too."""
+    source, folder = _samples(season)[0], tmp_path / "kart"
+    folder.mkdir()
+    opened = _opened(source)
+    shutil.copy(source.with_suffix(".channels"), folder / "x.channels")
+    records = np.fromfile(source, np.uint8).reshape(len(opened), -1)
+    stamps = records[:, :4].copy().view("<u4").ravel()
+    assert opened.stamps == "u32ms"
+    pieces = []
+    for later in (123_000, 5_000_000):
+        piece = records.copy()
+        piece[:, :4] = (stamps + np.uint32(later)).view(np.uint8).reshape(-1, 4)
+        pieces.append(piece)
+    np.concatenate(pieces).tofile(folder / "x.samples")
+    decoded = fleet.decode(fleet.find([str(folder)]).sources[0])
+    assert sum(batch.num_rows for batch in decoded.batches()) == 2 * len(opened)
+    expected = [lap.start - opened.time[0] for lap in kel.laps(opened)]
+    for session in (0, 1):
+        found = [lap["start"] for lap in decoded.rows()["laps"] if lap["session"] == session]
+        assert np.allclose(found, expected, atol=1e-6)
 
 
 @pytest.mark.long
@@ -297,6 +357,33 @@ def test_other_formats(small, tmp_path, format):
         fleet.export([str(small)], str(out), jobs=0)
 
 
+@pytest.mark.long
+def test_mdf_goes_through_little_memory(kart, tmp_path):
+    """Pieces are appended to a temporary file: five times the rows take hardly more memory."""
+    program = """if True:
+        import sys, warnings
+
+        warnings.simplefilter("ignore")
+        import kelfunzioni as kel
+        from kelfunzioni import _export
+
+        _export._ROWS = 1 << 13
+        peaks = []
+        for times in (20, 100):
+            with open("long", "wb") as file:
+                for _ in range(times):
+                    file.write(open(sys.argv[2], "rb").read())
+            kel.Recording(sys.argv[1], "long").write("long.mf4")
+            with open("/proc/self/status") as file:
+                peaks += [int(line.split()[1]) for line in file if line.startswith("VmHWM:")]
+        print((peaks[1] - peaks[0]) // 1024)
+    """
+    files = [kart / "kart.channels", kart / "kart.samples"]
+    command = [sys.executable, "-c", program, *files]
+    done = subprocess.run(command, capture_output=True, text=True, check=True, cwd=tmp_path)
+    assert int(done.stdout) < 40
+
+
 def test_inputs_as_patterns_and_as_a_list(season, tmp_path, flotta):
     out = tmp_path / "out"
     status, _, _ = flotta("export", f"{season}/kart-001/**/*.samples", "-O", out, "--jobs", "0")
@@ -306,6 +393,182 @@ def test_inputs_as_patterns_and_as_a_list(season, tmp_path, flotta):
     assert "exported" in said
     vehicles = {row["vehicle"] for row in _tables(out)["recordings"]}
     assert vehicles == {"kart-001", "kart-002"}
+
+
+LOGGER = """Time [s],RPM [1/min],Speed [km/h],Lap,Lat,Lon,Mood,Gear
+"""
+
+
+def _logger(path, laps=3, begin=0.0):
+    """A CSV of another logger: 10 rows a second, the gear in every fifth of them, laps of 30 s."""
+    lines = []
+    for i in range(300 * laps):
+        turn = 2 * np.pi * (i % 300) / 300
+        lat, lon = 44.8 + 0.002 * np.sin(turn), 10.3 + 0.003 * np.cos(turn)
+        gear = 1 + i // 100 % 5 if i % 5 == 0 else ""
+        lines.append(
+            f"{begin + i / 10:.1f},{3000 + i},{60 + i % 50},{i // 300 + 1},{lat:.7f},{lon:.7f},"
+            f"{'good' if i % 2 else ''},{gear}\n"
+        )
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_text(LOGGER + "".join(lines))
+
+
+@pytest.fixture
+def logger(tmp_path):
+    """Two recordings of another logger, and their mapping."""
+    from kelfunzioni import mapping
+
+    for number in (1, 2):
+        _logger(tmp_path / f"car/2025-04-0{number}/{number}.csv", 2 + number, 5.0 * number)
+    mapped = mapping.suggest(mapping.read(tmp_path / "car/2025-04-01/1.csv"))
+    mapped.save(tmp_path / "logger.toml")
+    return tmp_path
+
+
+def test_files_with_a_mapping_go_the_same_way(logger, season, flotta):
+    from kelfunzioni import mapping
+
+    out = logger / "out"
+    shutil.copytree(season / "kart-001", logger / "car" / "kart-001")
+    given = [
+        "export",
+        logger / "car",
+        "-O",
+        out,
+        "--jobs",
+        "0",
+        "--mapping",
+        logger / "logger.toml",
+    ]
+    status, _, said = flotta(*given)
+    assert status == 0 and "0 failed" not in said, said
+    values, tables = whole(out), _tables(out)
+    for file in sorted((logger / "car").rglob("*.csv")):
+        opened = mapping.Mapping.load(logger / "logger.toml").open(file)
+        rows = [row for row in tables["recordings"] if row["file"] == str(file)]
+        assert len(rows) == len(opened.tables) == 2
+        assert {(row["rate"], row["rows"]) for row in rows} == {
+            (10.0, len(opened.tables[0])),
+            (2.0, len(opened.tables[1])),
+        }
+        rows.sort(key=lambda row: -row["rows"])
+        for row, table in zip(rows, opened.tables, strict=True):
+            assert (row["kind"], row["vehicle"]) == ("mapped", "car")
+            assert row["date"].isoformat() == file.parent.name
+            data = parquet.ParquetFile(out / row["data"]).read()
+            data = data.filter(pyarrow.compute.equal(data["recording"], row["recording"]))
+            assert np.allclose(data["time"], table.time, atol=1e-9)
+            for info in table.columns:
+                if info.kind == "text":
+                    found = [each or "" for each in data[info.name].to_pylist()]
+                    assert found == table.texts(info.name).tolist()
+                    continue
+                expected = pyarrow.chunked_array([pyarrow.array(table[info.name])])
+                assert data[info.name].equals(expected.cast(data[info.name].type)), info.name
+            channels = [c for c in tables["channels"] if c["recording"] == row["recording"]]
+            assert [each["name"] for each in channels] == list(table.names)
+        found = [lap for lap in tables["laps"] if lap["recording"] == rows[0]["recording"][:16]]
+        expected = [(lap.number, lap.state, lap.milliseconds) for lap in kel.laps(opened)]
+        assert [(lap["lap"], lap["state"], lap["ms"]) for lap in found] == expected != []
+        assert sum(row["laps"] for row in rows) == sum(lap["state"] == "good" for lap in found)
+    # A second run leaves all as it is; a lost data file takes all tables of its file with it.
+    before = data_files(out)
+    assert flotta(*given)[0] == 0 and data_files(out) == before and whole(out) == values
+    [gear] = {
+        row["data"] for row in tables["recordings"] if row["rate"] == 2.0 and "04-01" in row["data"]
+    }
+    (out / gear).unlink()
+    status, _, said = flotta(*given)
+    assert status == 0 and "1 exported" in said
+    assert data_files(out) == before and whole(out) == values
+    # Laps stand with the rows that they were found in, and are those of the others, too.
+    [fid] = {
+        c["identifier"] for c in tables["channels"] if c["name"] == "Gear" and c["rate"] == 2.0
+    }
+    was = Fleet(str(out)).sql(
+        f"SELECT lap FROM where_was('{fid}', 'value = 3') WHERE vehicle = 'car'"
+    )
+    found = {lap for (lap,) in was.fetchall()}
+    assert found and found <= {lap["lap"] for lap in tables["laps"]}
+
+
+@pytest.mark.parametrize("format", ["csv", "mdf", "mat"])
+def test_files_with_a_mapping_in_other_formats(logger, tmp_path, format):
+    out = tmp_path / "out"
+    mappings = [("*.csv", str(logger / "logger.toml"))]
+    done = fleet.export([str(logger / "car")], str(out), jobs=0, format=format, mappings=mappings)
+    assert (done.exported, done.failures) == (2, [])
+    assert sorted(row["data"] for row in _tables(out)["recordings"]) == data_files(out)
+    assert len(data_files(out)) == 4
+
+
+def test_a_changed_mapping_is_done_again(logger):
+    out, toml = logger / "out", logger / "logger.toml"
+    mappings = [("*.csv", str(toml))]
+    fleet.export([str(logger / "car")], str(out), jobs=0, mappings=mappings)
+    toml.write_text(toml.read_text().replace('[columns."Speed"]', '[columns."Speed"]\ngain = 2.0'))
+    done = fleet.export([str(logger / "car")], str(out), jobs=0, mappings=mappings)
+    assert (done.exported, done.unchanged) == (2, 0)
+    whole(out)
+    most = [c["greatest"] for c in _tables(out)["channels"] if c["name"] == "Speed"]
+    assert most == [218.0, 218.0]
+    bad = logger / "car" / "bad.csv"
+    bad.write_text("no numbers\n")
+    done = fleet.export([str(logger / "car")], str(out), jobs=0, mappings=mappings)
+    assert [file for file, _ in done.failures] == [str(bad)]
+
+
+def test_what_must_be_in_memory_whole_is_refused_where_there_is_too_little(logger, small, flotta):
+    mapped = ["export", logger / "car", "-O", logger / "out", "--jobs", "0"]
+    given = ["--mapping", logger / "logger.toml"]
+    status, _, said = flotta(*mapped, *given, "--memory", "200 MiB")
+    assert status == 1 and "2 failed" in said and "in memory whole" in said
+    [word] = {row["reason"].split("accepted: ")[1] for row in _tables(logger / "out")["failures"]}
+    assert word.startswith("--memory '20")
+    assert flotta(*mapped, *given)[0] == 0
+    whole(logger / "out")
+    mat = ["export", small, "-O", logger / "mat", "--format", "mat", "--jobs", "0"]
+    status, _, said = flotta(*mat, "--memory", "200 MiB")
+    assert status == 1 and "in memory whole" in said
+    assert flotta(*mat)[0] == 0
+
+
+def test_a_can_log_with_its_database(tmp_path):
+    pytest.importorskip("can"), pytest.importorskip("cantools")
+    from kelfunzioni import mapping
+
+    database, log, toml = tmp_path / "car.dbc", tmp_path / "car" / "a.log", tmp_path / "car.toml"
+    database.write_text(
+        'VERSION ""\nBU_: ECU\n'
+        'BO_ 256 Motor: 8 ECU\n SG_ RPM : 0|16@1+ (1,0) [0|0] "rpm" ECU\n'
+        'BO_ 512 Wheels: 8 ECU\n SG_ Speed : 0|16@1+ (0.01,0) [0|0] "km/h" ECU\n'
+    )
+    log.parent.mkdir()
+    begin = 1_740_909_600.0  # 2 March 2025, 10:00 UTC
+    lines = []
+    for i in range(400):
+        jitter = (i * 7919 % 11 - 5) * 1e-5
+        data = (3000 + i).to_bytes(8, "little").hex().upper()
+        lines.append(f"({begin + i / 100 + jitter:.6f}) can0 100#{data}")
+        if i % 5 == 0:
+            data = (i * 10).to_bytes(8, "little").hex().upper()
+            lines.append(f"({begin + i / 100 + 0.001:.6f}) can0 200#{data}")
+    log.write_text("\n".join(lines) + "\n")
+    found = mapping.suggest(mapping.read(log, database=database))
+    found.save(toml)
+    out = tmp_path / "out"
+    done = fleet.export([str(log.parent)], str(out), jobs=0, mappings=[("*.log", str(toml))])
+    assert (done.exported, done.failures) == (1, [])
+    whole(out)
+    rows = _tables(out)["recordings"]
+    assert {(row["rate"], row["rows"]) for row in rows} == {(100.0, 400), (20.0, 80)}
+    assert all(abs(row["start"].timestamp() - begin) < 1e-3 for row in rows)
+    assert {row["date"].isoformat() for row in rows} == {"2025-03-02"}
+    # The database is part of what tells whether a file has changed.
+    database.write_text(database.read_text().replace("(0.01,0)", "(0.02,0)"))
+    done = fleet.export([str(log.parent)], str(out), jobs=0, mappings=[("*.log", str(toml))])
+    assert (done.exported, done.unchanged) == (1, 0)
 
 
 def test_wrong_usage(season, tmp_path, flotta):

@@ -15,8 +15,10 @@ import time
 from pathlib import Path
 
 import psutil
+import pyarrow
 import pytest
-from seasons import DAMAGED, FLOTTA, RECORDINGS, whole
+from pyarrow import parquet
+from seasons import DAMAGED, FLOTTA, RECORDINGS, undisturbed
 
 from kelfunzioni import fleet
 
@@ -110,19 +112,41 @@ def _killed_workers(season, out, random_, kills):
 
 def test_killed_workers(season, out, tmp_path):
     _killed_workers(season, tmp_path / "out", random.Random(1), 2)
-    assert whole(tmp_path / "out") == whole(out)
+    undisturbed(tmp_path / "out", season, out)
+
+
+def test_a_gap_a_double_and_a_left_over_file_are_noticed(season, out, tmp_path):
+    """What the other tests look for is there to be found."""
+    target = tmp_path / "out"
+    shutil.copytree(out, target, symlinks=True)
+    undisturbed(target, season, out)
+    tables = target / "tables" / "recordings.parquet"
+    rows = parquet.ParquetFile(tables).read()
+    for wrong in (rows[1:], pyarrow.concat_tables([rows, rows[:1]])):
+        parquet.write_table(wrong, tables)
+        with pytest.raises(AssertionError, match="each file of the input once"):
+            undisturbed(target, season, out)
+    parquet.write_table(rows, tables)
+    for left in ("samples/x.parquet", "samples/.x.1.tmp", ".fleet/tables-7/x", "tables.new"):
+        (target / left).parent.mkdir(exist_ok=True)
+        (target / left).touch()
+        with pytest.raises(AssertionError):
+            undisturbed(target, season, out)
+        (target / left).unlink()
+    (target / ".fleet" / "tables-7").rmdir()
+    undisturbed(target, season, out)
 
 
 def test_one_worker_and_two_give_the_same_values(season, out, tmp_path):
     fleet.export([str(season)], str(tmp_path / "two"), jobs=2, task_bytes=50_000)
-    assert whole(tmp_path / "two") == whole(out)
+    undisturbed(tmp_path / "two", season, out)
 
 
 @pytest.mark.long
 @pytest.mark.parametrize("seed", SEEDS)
 def test_many_killed_workers(season, out, tmp_path, seed):
     _killed_workers(season, tmp_path / "out", random.Random(seed), 5)
-    assert whole(tmp_path / "out") == whole(out)
+    undisturbed(tmp_path / "out", season, out)
 
 
 @pytest.mark.long
@@ -141,7 +165,7 @@ def test_a_killed_client_and_another_run(season, out, tmp_path, seed):
             _stop(run)
     done = fleet.export([str(season)], str(target), jobs=0)
     assert done.exported < RECORDINGS - DAMAGED
-    assert whole(target) == whole(out)
+    undisturbed(target, season, out)
 
 
 @pytest.mark.long
@@ -167,14 +191,14 @@ _folder.shutil.rmtree = step(_folder.shutil.rmtree)
 fleet.export([sys.argv[1]], sys.argv[2], jobs=0)
 """
     part, target, steps = season / "kart-001", tmp_path / "out", 0
-    fleet.export([str(part)], str(tmp_path / "fresh"), jobs=0)
-    expected = whole(tmp_path / "fresh")
+    expected = tmp_path / "fresh"
+    fleet.export([str(part)], str(expected), jobs=0)
     for step in range(1, 200, 5):
         shutil.rmtree(target, ignore_errors=True)
         command = [sys.executable, "-c", code, str(part), str(target), str(step)]
         status = subprocess.run(command, capture_output=True).returncode
         fleet.export([str(part)], str(target), jobs=0)
-        assert whole(target) == expected, step
+        undisturbed(target, part, expected)
         if status == 0:
             break
         steps += 1
@@ -243,7 +267,7 @@ def test_a_killed_scheduler_and_another_run(season, out, tmp_path, seed):
     finally:
         again.stop()
         _stop(run)
-    assert whole(target) == whole(out)
+    undisturbed(target, season, out)
 
 
 def _ip(*words):
@@ -299,4 +323,4 @@ def test_a_host_that_is_cut_off(season, out, tmp_path, hosts, seed):
     finally:
         cluster.stop()
         _stop(run)
-    assert whole(target) == whole(out)
+    undisturbed(target, season, out)

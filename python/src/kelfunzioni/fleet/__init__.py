@@ -10,10 +10,20 @@ to what they wrote.
 (10.0, 1553)
 """
 
-from ._decode import Decoded, decode
+from ._decode import Decoded, decode, decode_tables
 from ._digest import digest
 from ._export import Summary, export
 from ._inputs import Source, find
 from ._query import connect
 
-__all__ = ["Decoded", "Source", "Summary", "connect", "decode", "digest", "export", "find"]
+__all__ = [
+    "Decoded",
+    "Source",
+    "Summary",
+    "connect",
+    "decode",
+    "decode_tables",
+    "digest",
+    "export",
+    "find",
+]

@@ -16,6 +16,8 @@ from .. import KelError, __version__
 
 __all__ = ["main"]
 
+# Of other loggers. Texts and .dat may be anything, and need a pattern.
+_LOGS = (".csv", ".tsv", ".mf4", ".mdf", ".log", ".asc", ".blf", ".trc", ".nmea")
 _ENDINGS = {".csv": "csv", ".json": "json", ".parquet": "parquet"}
 _EXAMPLES = """
 examples:
@@ -68,8 +70,9 @@ def _export_arguments(parser: argparse.ArgumentParser) -> None:
         action="append",
         default=[],
         type=_mapping,
-        metavar="PATTERN=FILE",
-        help="mapping of the files whose names match a pattern",
+        metavar="[PATTERN=]FILE",
+        help="mapping of the files whose names match a pattern (default: of all CSV, MDF and CAN "
+        "logs and NMEA)",
     )
     add("--checksum", action="store_true", help="compare contents, not size and time of change")
     add("--quiet", action="store_true", help="no progress, no summary")
@@ -111,13 +114,15 @@ def _bytes(text: str) -> int:
     return int(text)
 
 
-def _mapping(text: str) -> tuple[str, str]:
+def _mapping(text: str) -> list[tuple[str, str]]:
     pattern, found, file = text.partition("=")
+    if os.path.isfile(text):
+        return [(f"*{ending}", text) for ending in _LOGS]
     if not found or not pattern or not os.path.isfile(file):
         raise argparse.ArgumentTypeError(
-            f"'{text}' is none; accepted: PATTERN=FILE, of a mapping that is there"
+            f"'{text}' is none; accepted: FILE or PATTERN=FILE, of a mapping that is there"
         )
-    return pattern, file
+    return [(pattern, file)]
 
 
 def main(arguments: Sequence[str] | None = None) -> int:
@@ -166,7 +171,7 @@ def _export(options: argparse.Namespace) -> int:
             options.output,
             format=options.format,
             vehicle=options.vehicle,
-            mappings=options.mapping,
+            mappings=[each for some in options.mapping for each in some],
             jobs=options.jobs,
             scheduler=options.scheduler,
             memory=options.memory,

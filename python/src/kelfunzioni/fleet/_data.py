@@ -125,7 +125,8 @@ def write_alone(folder: str, decoded: Decoded, format: str) -> str:
         # asammdf looks at the ending, too.
         named = f"{temporary}.{_ENDINGS[format]}"
         try:
-            decoded.table.write(named, _ENDINGS[format])
+            with decoded.given_back():
+                decoded.table.write(named, _ENDINGS[format])
             os.replace(named, temporary)
         finally:
             if os.path.exists(named):

@@ -10,7 +10,7 @@ from typing import Any, Protocol
 
 from .._errors import KelError
 
-__all__ = ["Engine", "EngineLostError", "engine"]
+__all__ = ["Engine", "EngineLostError", "bytes_of", "engine"]
 
 Task = Callable[[], Any]
 
@@ -72,6 +72,22 @@ class _Dask:
                     self._client.cancel(list(futures), force=True)
 
 
+def bytes_of(memory: str) -> int:
+    """Read a size of memory.
+
+    Raises
+    ------
+    KelError
+        It is none.
+    """
+    import dask.utils
+
+    try:
+        return int(dask.utils.parse_bytes(memory))
+    except ValueError:
+        raise KelError(f"'{memory}' is no size of memory; accepted: as 512 MiB") from None
+
+
 @contextlib.contextmanager
 def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Engine]:
     """Start what runs tasks.
@@ -90,15 +106,10 @@ def engine(jobs: int | None, scheduler: str | None, memory: str) -> Iterator[Eng
         yield _Here()
         return
     import dask.config
-    import dask.utils
     import distributed
 
     # Parts of distributed have no types.
     dask_of: Any = distributed
-    try:
-        dask.utils.parse_bytes(memory)
-    except ValueError:
-        raise KelError(f"'{memory}' is no size of memory; accepted: as 512 MiB") from None
 
     quiet = {
         "distributed.worker.daemon": True,

@@ -10,7 +10,8 @@ from dataclasses import dataclass, field
 
 from .. import __version__
 from .._errors import KelError
-from ._engine import Engine, EngineLostError, engine
+from ._decode import content_of
+from ._engine import Engine, EngineLostError, bytes_of, engine
 from ._folder import Folder
 from ._inputs import Source, find
 from ._state import State
@@ -104,6 +105,7 @@ def export(
         The tables cannot be written.
     """
     begun = time.monotonic()
+    most = bytes_of(memory)
     place = Folder(folder)
     summary = Summary()
     with place.locked(format):
@@ -114,6 +116,7 @@ def export(
         summary.failures += found.failures
         asked = {each.file for each in found.sources} | {file for file, _ in found.failures}
         run = _Run(place, state, summary, progress, task_bytes)
+        run.memory = 0 if scheduler else most
         try:
             with engine(jobs, scheduler, memory) as workers:
                 todo = run.plan(workers, found.sources, checksum)
@@ -142,6 +145,7 @@ class _Run:
     ) -> None:
         self._folder, self._state, self._summary = folder, state, summary
         self._progress, self._task_bytes = progress, task_bytes
+        self.memory = 0
         self._spent = {"tasks": 0.0, "cpu": 0.0, "writing": 0.0, "hashing": 0.0}
         summary.work = self._spent
 
@@ -162,7 +166,7 @@ class _Run:
                 if state.recordings[name]["signature"] == known and self._current(name, source)
             ]
             if done and not checksum:
-                claimed.add(done[0])
+                claimed.add(content_of(done[0]))
                 summary.unchanged += 1
             else:
                 unknown.append(source)
@@ -178,13 +182,14 @@ class _Run:
             else:
                 todo.append((source, known, digest))
             claimed.add(name)
-            before[source.file].discard(name)
+            before[source.file] = {e for e in before[source.file] if content_of(e) != name}
         # What a changed file held before is no more, unless it lies in another file now.
         hashed = {source.file for source, *_ in todo} | set(before)
         failed = {file for file, _ in summary.failures}
         for file in hashed - failed:
-            for name in before.get(file, set()) - claimed:
-                state.drop(name)
+            for name in before.get(file, set()):
+                if content_of(name) not in claimed:
+                    state.drop(name)
         return todo
 
     def _current(self, name: str, source: Source) -> bool:
@@ -254,7 +259,7 @@ class _Run:
     def _task(self, format: str, sources: Todo) -> ExportTask:
         name = hashlib.sha256("\n".join(digest for *_, digest in sources).encode()).hexdigest()
         marker = os.path.join(self._folder.run, f"{name[:16]}.json")
-        return ExportTask(self._folder.path, marker, format, tuple(sources))
+        return ExportTask(self._folder.path, marker, format, tuple(sources), self.memory)
 
     def _take(self, task: ExportTask, result: object, sizes: dict[str, int]) -> None:
         summary = self._summary
@@ -269,9 +274,10 @@ class _Run:
         self._state.take(result["done"])
         for row in result["failures"]:
             summary.failures.append((row["file"], row["reason"]))
-        summary.exported += len(result["done"])
+        files = {each["recording"]["file"] for each in result["done"]}
+        summary.exported += len(files)
         summary.rows += sum(each["recording"]["rows"] for each in result["done"])
-        summary.bytes += sum(sizes[each["recording"]["file"]] for each in result["done"])
+        summary.bytes += sum(sizes[each] for each in files)
         for key, name in (("tasks", "seconds"), ("cpu", "cpu"), ("writing", "writing")):
             self._spent[key] += result[name]
 

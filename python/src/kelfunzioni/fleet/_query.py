@@ -65,7 +65,8 @@ CREATE MACRO where_was(identifier, condition) AS TABLE
   FROM found f LEFT JOIN (
       SELECT *, lead(start) OVER (PARTITION BY recording, session ORDER BY start) AS until
       FROM laps) l
-    ON l.recording = f.recording AND l.session = f.session AND f.start >= l.start
+    ON split_part(l.recording, '.', 1) = split_part(f.recording, '.', 1)
+      AND l.session = f.session AND f.start >= l.start
       AND (l.until IS NULL OR f.start < l.until)
   ORDER BY f.vehicle, f.date, f.recording, f.start;
 """

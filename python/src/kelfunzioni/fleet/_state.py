@@ -12,6 +12,7 @@ import pyarrow
 from . import _tables
 from ._compute import pc
 from ._data import GROUP
+from ._decode import content_of
 from ._folder import Folder
 from ._task import RewriteTask
 from ._tracks import name_tracks
@@ -28,6 +29,7 @@ class State:
         self.folder = folder
         self.recordings: dict[str, Row] = {}
         self.owners: dict[str, set[str]] = defaultdict(set)
+        self._of_content: dict[str, set[str]] = defaultdict(set)
         self._contents: dict[str, set[str]] = defaultdict(set)
         self._new: dict[str, list[Row]] = {"channels": [], "laps": []}
         self._redone: set[str] = set()
@@ -38,40 +40,49 @@ class State:
             self.take(marker["done"])
         gone = folder.missing(row["data"] for row in self.recordings.values())
         for name in [each for each, row in self.recordings.items() if row["data"] in gone]:
-            self.drop(name)
+            for each in self.tables_of(name):
+                self.drop(each)
 
     def _add(self, row: Row) -> None:
         self.recordings[row["recording"]] = row
         self.owners[row["file"]].add(row["recording"])
+        self._of_content[content_of(row["recording"])].add(row["recording"])
         self._contents[row["data"]].add(row["recording"])
 
     def take(self, done: Iterable[Row]) -> None:
         """Take over what a task has done. What its files were before is no more."""
+        done = list(done)
         for rows in done:
             row = rows["recording"]
-            name = row["recording"]
-            for before in self.owners[row["file"]] | {name}:
+            for before in self.owners[row["file"]] | self.tables_of(row["recording"]):
                 self.drop(before)
-            self._add(row)
-            self._redone.add(name)
+        for rows in done:
+            self._add(rows["recording"])
+            self._redone.add(rows["recording"]["recording"])
             for table, kept in self._new.items():
                 kept += rows[table]
+
+    def tables_of(self, name: str) -> set[str]:
+        """Names of all tables that a recording's file has."""
+        return set(self._of_content[content_of(name)])
 
     def drop(self, name: str) -> None:
         """Forget a recording. The rows of its data file remain until that is written again."""
         row = self.recordings.pop(name, None)
         if row is not None:
             self.owners[row["file"]].discard(name)
+            self._of_content[content_of(name)].discard(name)
             self._redone.add(name)
             for table, kept in self._new.items():
                 self._new[table] = [each for each in kept if each["recording"] != name]
 
     def moved(self, name: str, file: str, signature: str) -> None:
         """Note that a recording now lies elsewhere, or that only its times have changed."""
-        row = self.recordings[name]
-        self.owners[row["file"]].discard(name)
-        row.update(file=file, signature=signature)
-        self.owners[file].add(name)
+        for each in self.tables_of(name):
+            row = self.recordings[each]
+            self.owners[row["file"]].discard(each)
+            row.update(file=file, signature=signature)
+            self.owners[file].add(each)
 
     def rewrites(self) -> list[RewriteTask]:
         """Tell which data files to write again: small ones, and those with outdated rows."""
