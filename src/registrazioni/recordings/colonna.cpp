@@ -154,12 +154,6 @@ std::optional<double> ColonnaDati::valore(const std::uint8_t* campioni) const {
     return stato == 0 ? std::optional(static_cast<double>(valore)) : std::nullopt;
 }
 
-std::string ColonnaDati::testo(const std::uint8_t* campioni) {
-    char testo[32];
-    kelConvGetString(&conv_, campioni, testo);
-    return testo;
-}
-
 std::string ColonnaDati::nome_misurato() const {
     return misura_ == Misura::byte_basso ? nome + " low byte" : nome;
 }

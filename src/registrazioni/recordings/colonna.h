@@ -33,8 +33,6 @@ public:
 
     /// The value of a record's samples; nothing when the sample has none, or holds a reserved value.
     std::optional<double> valore(const std::uint8_t* campioni) const;
-    /// The library's text of it.
-    std::string testo(const std::uint8_t* campioni);
     /// The solution that its field is of; only where there is a field.
     const Soluzione& soluzione(const std::uint8_t* campioni) const;
 
