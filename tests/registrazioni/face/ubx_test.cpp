@@ -319,6 +319,18 @@ TEST(Ubx, RowsHaveEveryFieldAsNumberAndText) {
     }
 }
 
+TEST(Ubx, MessagesOfOtherClassesAreNoSolutions) {
+    Byte byte;
+    messaggio(byte, 5, 6, equatore());
+    messaggio(byte, 5, 7, nav_pvt());
+    messaggio(byte, 1, 8, equatore());
+    const Registrazione reg(kelRegApriUbx(byte.data(), byte.size(), nullptr));
+    EXPECT_EQ(kelRegRighe(reg.get()), 0u);
+    s_kel_conteggi conteggi{};
+    ASSERT_EQ(kelRegConteggi(reg.get(), &conteggi), 1);
+    EXPECT_EQ(conteggi.altri, 3u);
+}
+
 TEST(Ubx, TimeGoesOnCountingOverTheEndOfAWeek) {
     const std::uint32_t ms[] = {604799000, 604799500, 0, 500, 302400500, 604799999, 302399999, 302399998, 5};
     Byte byte;

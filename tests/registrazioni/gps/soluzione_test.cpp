@@ -176,8 +176,16 @@ TEST(Soluzione, NumbersThatAreNoPlaceAreNothing) {
     Sol centro = equatore();
     metti(centro, 12, std::int32_t{0});
     EXPECT_FALSE(da_nav_sol(centro).luogo) << "the centre of the earth";
+    for (const std::size_t asse : {16u, 20u}) {
+        Sol fianco = centro;
+        metti(fianco, asse, std::int32_t{637823700});
+        EXPECT_TRUE(da_nav_sol(fianco).luogo) << "on another axis";
+    }
     Pvt oltre = equatore_pvt();
     metti(oltre, 28, std::int32_t{900000001});
+    EXPECT_FALSE(da_nav_pvt(oltre).altezza());
+    EXPECT_FALSE(da_nav_pvt(oltre).salita());
+    EXPECT_FALSE(da_nav_pvt(oltre).rotta());
     EXPECT_FALSE(da_nav_pvt(oltre).luogo) << "beyond the pole";
     Pvt giro = equatore_pvt();
     metti(giro, 24, std::int32_t{1800000001});
@@ -229,6 +237,31 @@ TEST(Soluzione, AnyBytesGiveNumbers) {
             for (const CampoGps campo : CAMPI_GPS)
                 ASSERT_TRUE(std::isfinite(valore_gps(s, campo).value_or(0)));
     }
+}
+
+TEST(Soluzione, AFieldThatNobodyKnowsIsNothing) {
+    const auto nessuno = static_cast<CampoGps>(std::size(CAMPI_GPS));
+    EXPECT_EQ(fid_di(nessuno), 0u);
+    EXPECT_FALSE(valore_gps(da_nav_sol(equatore()), nessuno));
+}
+
+// The greatest numbers that a message holds.
+TEST(Soluzione, NavSolHasRoomForWhateverNavPvtHolds) {
+    Pvt p = equatore_pvt();
+    metti(p, 32, std::int32_t{2147483647});
+    metti(p, 40, std::uint32_t{4294967295});
+    metti(p, 44, std::uint32_t{4294967295});
+    metti(p, 48, std::int32_t{-2147483647});
+    metti(p, 52, std::int32_t{2147483647});
+    metti(p, 56, std::int32_t{2147483647});
+    metti(p, 68, std::uint32_t{4294967295});
+    const Sol sol = nav_sol_da_pvt(p);
+    EXPECT_EQ(intero<std::int32_t>(sol, 12), 852562065);
+    EXPECT_EQ(intero<std::uint32_t>(sol, 24), 607400100u);
+    EXPECT_EQ(intero<std::int32_t>(sol, 28), -214748365);
+    EXPECT_EQ(intero<std::int32_t>(sol, 32), 214748365);
+    EXPECT_EQ(intero<std::int32_t>(sol, 36), -214748365);
+    EXPECT_EQ(intero<std::uint32_t>(sol, 40), 429496730u);
 }
 
 TEST(LettoreSoluzioni, OneSolutionAnEpochWhereBothMessagesAre) {

@@ -85,6 +85,12 @@ TEST(TempoGps, WhatIsNoDateIsNoTime) {
     EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 60, 0, 0));
     EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 0, 61, 0));
     EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 0, 0, 1000000001));
+    EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 0, 0, -1000000001));
+    EXPECT_TRUE(utc_da_data(2024, 1, 1, 0, 0, 0, 1000000000)) << "a second more is one";
+    EXPECT_TRUE(utc_da_data(2024, 1, 1, 0, 0, 0, -1000000000));
+    EXPECT_FALSE(utc_da_data(1979, 12, 31, 0, 0, 0, 0)) << "there was no GPS";
+    EXPECT_FALSE(utc_da_data(1980, 1, 6, 0, 0, 0, -50000000)) << "nor before its first second";
+    EXPECT_TRUE(utc_da_data(1980, 1, 6, 0, 0, 0, -400000)) << "which this is";
     EXPECT_FALSE(utc_da_data(0, 1, 1, 0, 0, 0, 0)) << "a receiver that does not know yet";
 }
 

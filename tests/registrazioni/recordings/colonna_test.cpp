@@ -145,6 +145,14 @@ TEST(Columns, OfAPacketOfAnotherLengthAreNone) {
               Righe{"0 Nobody's [] 0, - units packet"});
 }
 
+TEST(Columns, OfPacketsThatNoTableKnowsAreTheirTextsAlone) {
+    Byte canali = canale(kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, 9), KEL_TIPO_LAP_2G, "Lap");
+    canale(canali, 0, KEL_TIPO_GPS_SATELLITI, "Satellites");
+    canale(canali, 0, KEL_TIPO_TEMPO_PACCHETTO, "Time");
+    EXPECT_EQ(colonne_di(canali), (Righe{"0 Lap [] 0, - units packet", "1 Satellites [] 0, - units packet",
+                                         "2 Time [] 0, - units packet"}));
+}
+
 TEST(Columns, AreInTheUnitThatTheirNumbersHave) {
     Byte canali = canale(KEL_FID_GPS_LATITUDINE, KEL_TIPO_COORDINATA, "As it comes");
     canale(canali, KEL_FID_GPS_LATITUDINE, KEL_TIPO_FLOAT, "In degrees");

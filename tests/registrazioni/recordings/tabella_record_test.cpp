@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <optional>
 #include <string>
@@ -256,6 +257,81 @@ TEST(RecordChoices, ChannelSetsEndAt65536) {
     };
     EXPECT_EQ(detto(65537), "it is longer than 65536 channel records");
     EXPECT_EQ(detto(65536).substr(0, 38), "channel 1 ('n') has sample type 255; k") << "as many as an index holds";
+}
+
+TEST(RecordChoices, RecordsEndAtAMebibyte) {
+    Byte canali = un_byte();
+    fatti::metti(canali, 72, (std::uint32_t{1} << 20) + 1);
+    EXPECT_EQ(rifiuto([&] { TabellaRecord(canali, std::nullopt, {}); }),
+              "the channels ask for records of 1048577 bytes, more than 1048576; compatta goes by their sample types "
+              "instead");
+}
+
+TEST(RecordChoices, TheFramingThatIsAskedForIsThatOfTheTable) {
+    const Byte canali = un_byte();
+    const Byte campioni(45);
+    EXPECT_EQ(TabellaRecord(canali, campioni, con_orario(KEL_ORARIO_U64US)).orario(), KEL_ORARIO_U64US);
+    EXPECT_EQ(TabellaRecord(canali, campioni, con_orario(KEL_ORARIO_U32MS)).orario(), KEL_ORARIO_U32MS);
+    EXPECT_EQ(TabellaRecord(canali, campioni, con_orario(KEL_ORARIO_NESSUNO)).orario(), KEL_ORARIO_NESSUNO);
+    TabellaRecord senza(canali, std::nullopt, con_orario(KEL_ORARIO_NESSUNO));
+    senza.spingi(Byte(300));
+    senza.spingi(Byte(7));
+    EXPECT_EQ(senza.prima(), 300u);
+    EXPECT_EQ(senza.righe(), 7u);
+}
+
+// Two GPS packets and a number, read in any order at once.
+TEST(RecordColumns, OfTwoGpsPacketsAreEachItsOwn) {
+    constexpr kel_funpos NAVSOL = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_UBXNAVSOL);
+    Byte canali = canale(NAVSOL, KEL_TIPO_GPS_NAVSOL, "A");
+    fatti::canale(canali, GIRI, KEL_TIPO_UINT8, "n");
+    fatti::canale(canali, NAVSOL, KEL_TIPO_GPS_NAVSOL, "B");
+    Byte campioni(2 * 105);
+    for (std::size_t riga = 0; riga < 2; ++riga) {
+        campioni[riga * 105 + 47] = static_cast<std::uint8_t>(5 + riga);  // satellites
+        campioni[riga * 105 + 10] = 3;                                    // fix
+        campioni[riga * 105 + 52] = static_cast<std::uint8_t>(200 + riga);
+        campioni[riga * 105 + 53 + 47] = static_cast<std::uint8_t>(9 + riga);
+    }
+    TabellaRecord tabella(canali, campioni, con_orario(KEL_ORARIO_NESSUNO));
+    const auto indice = [&](const char* nome) {
+        const auto& voci = tabella.voci();
+        return static_cast<unsigned>(std::ranges::find(voci, nome, &VoceColonna::nome) - voci.begin());
+    };
+    std::array<std::uint32_t, 2> satelliti_b{};
+    std::array<std::uint32_t, 2> satelliti_a{};
+    std::array<std::uint32_t, 2> fix_a{};
+    std::array<float, 2> numeri{};
+    const s_kel_lettura letture[] = {{indice("B Sats Number"), satelliti_b.data(), nullptr, nullptr},
+                                     {indice("A Sats Number"), satelliti_a.data(), nullptr, nullptr},
+                                     {indice("n"), numeri.data(), nullptr, nullptr},
+                                     {indice("A GPS Fix"), fix_a.data(), nullptr, nullptr}};
+    tabella.leggi(0, 2, letture);
+    EXPECT_EQ(satelliti_b, (std::array<std::uint32_t, 2>{9, 10}));
+    EXPECT_EQ(satelliti_a, (std::array<std::uint32_t, 2>{5, 6}));
+    EXPECT_EQ(fix_a, (std::array<std::uint32_t, 2>{3, 3}));
+    EXPECT_EQ(numeri, (std::array<float, 2>{200, 201}));
+}
+
+TEST(RecordColumns, TakeTheUnitsThatTheirNumbersHave) {
+    Byte canali = canale(KEL_FID_GPS_PACCHETTO, KEL_TIPO_GPS_KEL, "GPS");
+    fatti::canale(canali, KEL_FID_GPS_LATITUDINE, KEL_TIPO_COORDINATA, "As it comes");
+    fatti::canale(canali, KEL_FID_GPS_LATITUDINE, KEL_TIPO_FLOAT, "In degrees");
+    fatti::canale(canali, 0, KEL_TIPO_INT16, "No function");
+    const Byte campioni(66);
+    TabellaRecord tabella(canali, campioni, con_orario(KEL_ORARIO_NESSUNO));
+    const auto mostra = [&](const char* nome, const char* udm) {
+        const auto& voci = tabella.voci();
+        return tabella.mostra_in(
+            static_cast<std::size_t>(std::ranges::find(voci, nome, &VoceColonna::nome) - voci.begin()), udm);
+    };
+    EXPECT_TRUE(mostra("GPS Speed", "mph"));
+    EXPECT_FALSE(mostra("GPS Speed", "deg"));
+    EXPECT_FALSE(mostra("Latitude", "deg")) << "it has no other";
+    EXPECT_FALSE(mostra("As it comes", "deg")) << "its numbers are no degrees";
+    EXPECT_TRUE(mostra("In degrees", "deg"));
+    EXPECT_FALSE(mostra("No function", "deg"));
+    EXPECT_TRUE(mostra("No function", ""));
 }
 
 }  // namespace
