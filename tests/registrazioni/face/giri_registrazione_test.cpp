@@ -28,6 +28,11 @@ constexpr kel_funpos LAP_2G = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIM
 constexpr kel_funpos LAP_1G = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_LAPTIME, FID_SPEC_LAPTIME_KEL1G);
 constexpr kel_funpos GPS_UBX = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_GPS, FID_SPEC_GPS_UBXNAVSOL);
 
+Byte operator+(Byte a, const Byte& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
 struct ChiudiGiri {
     void operator()(s_kel_giri* giri) const { kelGiriChiudi(giri); }
 };
@@ -353,11 +358,6 @@ Byte pista(double da, double a, double sposta = 0, std::uint8_t fix = 3) {
     return byte;
 }
 
-Byte operator+(Byte a, const Byte& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
-
 TEST(LapSessions, DoNotReachIntoEachOther) {
     s_kel_scelte_giri scelte = con_fonte(KEL_GIRI_GPS, &TRAGUARDO);
     EXPECT_EQ(
@@ -415,6 +415,34 @@ TEST(LapLines, PassedTooSoonAgainAreToldOf) {
               "1 30000 at 15.040, 300, 20.9\n"
               "2 58500 at 45.040, 585, 21.7\n"
               "3 in at 103.540, 64, 22.1\n");
+}
+
+TEST(LapLines, PassedTooSoonMoreThanOnceAreCounted) {
+    s_kel_scelte_giri scelte = con_fonte(KEL_GIRI_GPS, &TRAGUARDO);
+    scelte.minimo = 31;
+    EXPECT_EQ(giri_ubx(pista(0, 170), scelte).substr(14, 88),
+              "3 passages of the line less than 31 s after another are left out (minimo)\n0 out at 0.000");
+}
+
+TEST(LapChannels, OfTwoSessionsHaveTheirWaysOutAndInEach) {
+    Byte canali = canale(NUMERO, KEL_TIPO_INT16, "No");
+    canale(canali, TEMPO, KEL_TIPO_TEMPO_GIRO, "Last");
+    const auto uno = [](Byte& byte, int i) {
+        numero_di(byte, i);
+        tempo_di(byte, i);
+    };
+    const Byte prima = record(601, 100, uno);  // its last record is the first behind the line
+    EXPECT_EQ(
+        giri_di(canali, prima + record(700, 100, uno)),
+        "laps from 'No', 'Last'\n"
+        "2 sessions, as time runs backwards or on by more than ten minutes: no lap reaches from one into the next\n"
+        "0 out at 0.000, 1\n"
+        "1 29910 at 0.090, 299\n"
+        "2 29920 at 30.080, 299\n"
+        "0 out at 0.000, 1\n"
+        "1 29910 at 0.090, 299\n"
+        "2 29920 at 30.080, 299\n"
+        "3 in at 60.000, 100\n");
 }
 
 TEST(LapLines, OfASplitThatNobodyPassesAreToldOf) {
