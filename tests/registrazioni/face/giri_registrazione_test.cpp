@@ -191,6 +191,27 @@ TEST(LapChannels, NumbersThatAreNoneAreNotTaken) {
         EXPECT_EQ(giri_di(canali, con(strano)), attesi) << strano;
 }
 
+TEST(LapChannels, ReservedValuesAreNoNumbers) {
+    const Byte canali = canale(NUMERO, KEL_TIPO_INT16, "No");
+    const Byte campioni = record(1000, 100, [](Byte& byte, int i) {
+        aggiungi(byte, i % 300 == 150 ? std::uint16_t{0xCFFF} : static_cast<std::uint16_t>(i / 300));
+    });
+    EXPECT_EQ(giri_di(canali, campioni), giri_di(canali, record(1000, 100, numero_di)));
+}
+
+TEST(LapChannels, OfNumbersAndARunningTimeAreAsExactAsThatTime) {
+    Byte canali = canale(NUMERO, KEL_TIPO_INT16, "No");
+    canale(canali, CORRENTE, KEL_TIPO_TEMPO_GIRO, "Running");
+    const Byte campioni = record(700, 100, [](Byte& byte, int i) {
+        numero_di(byte, i);
+        corrente_di(byte, i + i / 600);
+    });
+    EXPECT_EQ(giri_di(canali, campioni), "laps from 'No'\n"
+"0 out at 0.000, 300\n"
+"1 29900 at 29.980, 299\n"
+"2 in at 59.880, 101\n");
+}
+
 // The packet of the first generation, whose time is a lap's where its number has changed.
 void pacchetto_1g(Byte& byte, int i) {
     aggiungi(byte, std::int32_t{29900 + 10 * (i / 300)});
@@ -356,6 +377,37 @@ Byte pista(double da, double a, double sposta = 0, std::uint8_t fix = 3) {
         messaggio(byte, 1, 6, dati);
     }
     return byte;
+}
+
+TEST(LapSessions, AreNumberedInEachLap) {
+    const Byte byte = pista(0, 50) + pista(0, 50);
+    const Registrazione reg(kelRegApriUbx(byte.data(), byte.size(), nullptr));
+    const Giri giri(kelGiriApri(reg.get(), nullptr));
+    kelGiriAggiungi(giri.get(), nullptr);
+    const s_kel_scelte_giri scelte = con_fonte(KEL_GIRI_GPS, &TRAGUARDO);
+    ASSERT_EQ(kelGiriCalcola(giri.get(), &scelte, nullptr), 1);
+    ASSERT_EQ(kelGiriNumero(giri.get()), 6u);
+    for (unsigned i = 0; i < 6; ++i) {
+        s_kel_giro uno{};
+        uno.sessione = 99;
+        kelGiriGiro(giri.get(), i, &uno);
+        EXPECT_EQ(uno.sessione, i / 3) << i;
+    }
+    // More room than there are fixes: what lies behind them is not touched.
+    std::vector<s_kel_fix> fix(151 + 3, {-7, -7, -7});
+    EXPECT_EQ(kelGiriFix(giri.get(), 3, fix.data(), fix.size()), 151u);
+    EXPECT_NE(fix[150].latitudine, -7);
+    EXPECT_EQ(fix[151].latitudine, -7);
+}
+
+TEST(LapLines, HaveTheWidthThatIsGiven) {
+    const auto con = [](double larghezza) {
+        const s_kel_linea linea{Pista::LAT, Pista::LON + 0.0001, 0, larghezza};  // 7.9 m beside the track
+        return giri_ubx(pista(0, 80), con_fonte(KEL_GIRI_GPS, &linea)).substr(0, 14);
+    };
+    EXPECT_EQ(con(0), "laps from GPS\n") << "30 m";
+    EXPECT_EQ(con(17), "laps from GPS\n");
+    EXPECT_EQ(con(14), "no lap is clos");
 }
 
 TEST(LapSessions, DoNotReachIntoEachOther) {

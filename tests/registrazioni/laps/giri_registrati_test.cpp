@@ -156,6 +156,7 @@ TEST(LoggedLaps, WaitASecondOrEightRecordsForTheOtherOfNumberAndTime) {
     EXPECT_EQ(con({{}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}}), "1: 50000, 2: 50000");
     EXPECT_EQ(con({0, 50, {}, {}, {}, {}, {}, {}, {}, {}, 60}), "1: 50000 at 50000, 2: 50000 at 60000")
         << "records whose time is not known are counted";
+    EXPECT_EQ(con({0, {}, 50, 51, 52, 53, 54, 55, 56, 60}), "2: 50000") << "also where it is known later on";
 }
 
 TEST(LoggedLaps, OfNumbersWithoutTimesOfRecordsAreNone) {

@@ -114,6 +114,30 @@ TEST(Passages, CountOnceTheLineLiesTenMetresBehind) {
     EXPECT_FALSE(trovati.avanti[0].lento);
 }
 
+TEST(Passages, WithoutADirectionCountAllTheSame) {
+    // A receiver that is driven at 6 m/s, says that it stands, and gives a direction: so there is none to believe.
+    auto tutti = piano_a(6);
+    for (Fix& uno : tutti)
+        uno.velocita = 0.5;
+    EXPECT_EQ(passati(tutti).avanti.size(), 1u);
+    EXPECT_EQ(passati(tutti, 80).avanti.size(), 1u) << "any";
+    EXPECT_TRUE(passati(tutti).avanti[0].lento) << "by what it says";
+}
+
+TEST(Passages, BetweenTwoFixesOfOneMomentAreAtThatMoment) {
+    auto tutti = piano_a(10);
+    for (std::size_t i = 6; i < tutti.size(); ++i)
+        tutti[i].tempo -= 1;
+    EXPECT_EQ(passati(tutti).avanti.at(0).tempo, 5);
+}
+
+TEST(Passages, DoNotReachFromOneSessionIntoTheNext) {
+    auto tutti = piano_a(10);
+    for (std::size_t i = 6; i < tutti.size(); ++i)
+        tutti[i].tempo -= 6;
+    EXPECT_EQ(passati(tutti).avanti.size(), 0u);
+}
+
 TEST(Passages, SoonerThanTheShortestLapAreLeftOut) {
     // There and back, again and again: every 20 s in the same direction.
     const auto dove = [](double t) { return 50 * std::sin(t * 2 * 3.14159265358979 / 20); };
