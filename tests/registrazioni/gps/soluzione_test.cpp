@@ -239,6 +239,17 @@ TEST(Soluzione, AnyBytesGiveNumbers) {
     }
 }
 
+TEST(Soluzione, NavPvtHasItsPlaceInTenMillionthsOfADegree) {
+    Pvt p = equatore_pvt();
+    metti(p, 24, std::int32_t{-1041070001});
+    metti(p, 28, std::int32_t{448231002});
+    metti(p, 32, std::int32_t{-12345});
+    const Soluzione s = da_nav_pvt(p);
+    EXPECT_DOUBLE_EQ(s.luogo->longitudine, -104.1070001);
+    EXPECT_DOUBLE_EQ(s.luogo->latitudine, 44.8231002);
+    EXPECT_DOUBLE_EQ(s.luogo->altezza, -12.345);
+}
+
 TEST(Soluzione, AFieldThatNobodyKnowsIsNothing) {
     const auto nessuno = static_cast<CampoGps>(std::size(CAMPI_GPS));
     EXPECT_EQ(fid_di(nessuno), 0u);

@@ -138,6 +138,19 @@ TEST(Passages, DoNotReachFromOneSessionIntoTheNext) {
     EXPECT_EQ(passati(tutti).avanti.size(), 0u);
 }
 
+TEST(Passages, OfNoiseAreInTheMiddleOfTheFirstAndTheLastWithinTwoSeconds) {
+    const double dove[] = {-30, -15, 3, -9, 3, -9, 3, 12, 30};
+    const auto con = [&dove](double passo) {
+        std::vector<Fix> tutti;
+        for (int t = 0; t < 9; ++t)
+            tutti.push_back(fix(t * passo, 0, dove[t], 0.5, 0.0));  // a receiver that stands has no direction
+        return passati(tutti).avanti.at(0).tempo;
+    };
+    // At 11/6 and at 23/4 of the steps.
+    EXPECT_NEAR(con(0.2), (11 / 6.0 + 23 / 4.0) / 2 * 0.2, 1e-6);
+    EXPECT_NEAR(con(0.8), 23 / 4.0 * 0.8, 1e-6) << "3 s lie between them: the last one";
+}
+
 TEST(Passages, SoonerThanTheShortestLapAreLeftOut) {
     // There and back, again and again: every 20 s in the same direction.
     const auto dove = [](double t) { return 50 * std::sin(t * 2 * 3.14159265358979 / 20); };

@@ -201,6 +201,14 @@ TEST(Framing, OfAStreamThatBeginsWithTwoRecordsOrOneIsNotTold) {
         << "two stamps in even steps, and a byte over";
 }
 
+TEST(Framing, SaysNothingOfTheStepsOfOneStamp) {
+    const Byte byte = registrazione(21, Orario::u32ms, 2, [](std::size_t) { return 1000; });
+    EXPECT_EQ(
+        rifiuto([&] { return trovata(Byte(byte.begin(), byte.begin() + 26), 21); }),
+        "the framing of the samples is not clear: none fits (26 bytes); orario may be none: 1 record of 21 bytes and "
+        "5 bytes over; u32ms: 1 record of 25 bytes and 1 byte over; u64us: 0 records of 29 bytes and 26 bytes over");
+}
+
 TEST(Framing, CountsInSingularAndPlural) {
     EXPECT_EQ(lunghezza_errata(1, 2), "1 byte is no whole number of records of 2 bytes: 0 records and 1 byte over");
     EXPECT_EQ(lunghezza_errata(5, 3), "5 bytes are no whole number of records of 3 bytes: 1 record and 2 bytes over");
