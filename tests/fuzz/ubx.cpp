@@ -3,6 +3,7 @@
 // Proves that the reader finds the messages that a plain reader finds, however the stream arrives, that every byte is
 // counted once, and that any solution can be shown, as the device shows it and in WGS 84.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "gps/campi_gps.h"
 #include "gps/flusso_ubx.h"
 #include "gps/lettore_soluzioni.h"
+#include "gps/navpvt.h"
 #include "ingredienti.h"
 
 namespace {
@@ -50,6 +52,15 @@ std::vector<MessaggioUbx> messaggi_di(Byte byte) {
     return trovati;
 }
 
+// The payload of NAV-SOL that the solution has, or would have.
+std::array<std::uint8_t, kel_registrazioni::NAV_SOL_BYTE> nav_sol(const kel_registrazioni::LettoreSoluzioni& lettore) {
+    if (lettore.da_pvt())
+        return kel_registrazioni::nav_sol_da_pvt(lettore.payload().first<kel_registrazioni::NAV_PVT_BYTE>());
+    std::array<std::uint8_t, kel_registrazioni::NAV_SOL_BYTE> sol{};
+    std::ranges::copy(lettore.payload(), sol.begin());
+    return sol;
+}
+
 void mostra_dispositivo(const kel::strumento::CanaleNavSol& canale,
                         std::span<const std::uint8_t, kel_registrazioni::NAV_SOL_BYTE> payload) {
     const auto soluzione = canale.leggi(payload);
@@ -80,7 +91,7 @@ void mostra(const kel::strumento::CanaleNavSol& canale, Byte flusso) {
         return arrivati.size();
     });
     while (lettore.prossima()) {
-        mostra_dispositivo(canale, lettore.nav_sol());
+        mostra_dispositivo(canale, nav_sol(lettore));
         mostra_wgs84(lettore.soluzione());
     }
     const auto& conta = lettore.conteggi();

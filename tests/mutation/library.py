@@ -209,16 +209,18 @@ def instrumented(text, mutants):
             first, last = left.popleft()
             if last > end:
                 raise SystemExit(f"pieces overlap: {pieces[first, last][0]}")
-            line = text.count("\n", 0, last) + 1
-            parts += [text[begin:first], switched(rendered(first, last), pieces[first, last]), f"\n#line {line}\n"]
+            here = f"\n#line {text.count(chr(10), 0, first) + 1}\n"
+            after = f"\n#line {text.count(chr(10), 0, last) + 1}\n"
+            parts += [text[begin:first], switched(rendered(first, last), pieces[first, last], here), after]
             begin = last
         return "".join(parts) + text[begin:end]
 
     return '#include "switch.h"\n#line 1\n' + rendered(0, len(text))
 
 
-def switched(original, mutants):
+def switched(original, mutants, here):
+    """A piece with its mutants; `here` tells the compiler before each which line it is on, so that `blamed` finds it."""
     if mutants[0].kind == "statement":
-        return f"{{ if ({' && '.join(f'!kel_mutant({mutant.number})' for mutant in mutants)}) {original} }}"
-    asked = "".join(f"kel_mutant({mutant.number}) ? ({mutant.text}) : " for mutant in mutants)
-    return f"({asked}({original}))"
+        return f"{{ if ({' && '.join(f'!kel_mutant({mutant.number})' for mutant in mutants)}) {here}{original} }}"
+    asked = "".join(f"kel_mutant({mutant.number}) ? ({here}{mutant.text}) : " for mutant in mutants)
+    return f"({asked}({here}{original}))"

@@ -116,7 +116,7 @@ def named_constant(source, cursor, at):
         return
     head = "".join(token.spelling + " " for token in meant.get_tokens()).split("=")[0]
     constant = meant.kind == K.VAR_DECL and is_number(meant.type) and meant.type.is_const_qualified() and "constexpr" in head
-    if constant or meant.kind == K.ENUM_CONSTANT_DECL:
+    if constant or meant.kind == K.ENUM_CONSTANT_DECL and not meant.semantic_parent.is_scoped_enum():
         yield from one_more_and_less(source, cursor)
 
 

@@ -151,8 +151,7 @@ struct Tutti {
     std::vector<std::unique_ptr<ArrowArray>> figli;
     ~Tutti() {
         for (const auto& figlio : figli)
-            if (figlio && figlio->release != nullptr)
-                figlio->release(figlio.get());
+            figlio->release(figlio.get());
     }
 };
 

@@ -111,8 +111,7 @@ std::unique_ptr<ArrowSchema> campo(const VoceColonna& voce, const char* formato)
 struct Tutti : Sostegno {
     ~Tutti() {
         for (const auto& figlio : figli)
-            if (figlio && figlio->release != nullptr)
-                figlio->release(figlio.get());
+            figlio->release(figlio.get());
     }
 };
 

@@ -1,6 +1,6 @@
 #include "gps/lettore_soluzioni.h"
 
-#include <algorithm>
+#include <span>
 
 #include "common/interi.h"
 
@@ -13,7 +13,6 @@ bool LettoreSoluzioni::prendi(std::uint32_t settimana_ms, bool pvt) {
     }
     epoca_ = settimana_ms;
     epoca_da_pvt_ = pvt;
-    (pvt ? conteggi_.nav_pvt : conteggi_.nav_sol) = true;
     ++conteggi_.soluzioni;
     return true;
 }
@@ -29,14 +28,8 @@ bool LettoreSoluzioni::prossima() {
         } else if (dati.size() != (sol ? NAV_SOL_BYTE : NAV_PVT_BYTE)) {
             ++conteggi_.lunghezza_errata;
         } else if (prendi(intero<std::uint32_t>(dati, 0), pvt)) {
-            if (sol) {
-                std::copy_n(dati.begin(), NAV_SOL_BYTE, nav_sol_.begin());
-                soluzione_ = da_nav_sol(nav_sol_);
-            } else {
-                const std::span<const std::uint8_t, NAV_PVT_BYTE> payload(dati.data(), NAV_PVT_BYTE);
-                nav_sol_ = nav_sol_da_pvt(payload);
-                soluzione_ = da_nav_pvt(payload);
-            }
+            const std::span<const std::uint8_t> tutti(dati);
+            soluzione_ = sol ? da_nav_sol(tutti.first<NAV_SOL_BYTE>()) : da_nav_pvt(tutti.first<NAV_PVT_BYTE>());
             return true;
         }
     }

@@ -2,10 +2,10 @@
 #ifndef KEL_REGISTRAZIONI_LETTORE_SOLUZIONI_H
 #define KEL_REGISTRAZIONI_LETTORE_SOLUZIONI_H
 
-#include <array>
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "gps/flusso_ubx.h"
@@ -20,8 +20,6 @@ struct ConteggiSoluzioni {
     std::uint64_t stessa_epoca = 0;      ///< left out, because the other kind of message came first
     std::uint64_t altri = 0;             ///< messages of other kinds
     std::uint64_t lunghezza_errata = 0;  ///< NAV-SOL and NAV-PVT of another length
-    bool nav_sol = false;                ///< solutions shown came from NAV-SOL
-    bool nav_pvt = false;
     std::map<std::pair<std::uint8_t, std::uint8_t>, std::uint64_t> per_tipo;  ///< all messages, by class and id
 };
 
@@ -29,8 +27,8 @@ class LettoreSoluzioni {
 public:
     explicit LettoreSoluzioni(LettoreUbx::Fonte fonte) : lettore_(std::move(fonte)) {}
 
-    /// The next solution; false at the end of the stream, and where nothing more has come yet. If both messages describe an epoch (a time of week), the one that
-    /// comes first is taken, so that nothing has to wait.
+    /// The next solution; false at the end of the stream, and where nothing more has come yet. If both messages describe an
+    /// epoch (a time of week), the one that comes first is taken, so that nothing has to wait.
     bool prossima();
 
     /// Where its message has its payload, bytes from the start of the stream; and whether it is a NAV-PVT.
@@ -41,8 +39,6 @@ public:
     std::size_t in_attesa() const { return lettore_.in_attesa(); }
 
     const Soluzione& soluzione() const { return soluzione_; }
-    /// The payload of NAV-SOL that it has, or would have.
-    std::span<const std::uint8_t, NAV_SOL_BYTE> nav_sol() const { return nav_sol_; }
 
     const ConteggiUbx& byte() const { return lettore_.conteggi(); }
     const ConteggiSoluzioni& conteggi() const { return conteggi_; }
@@ -54,7 +50,6 @@ private:
     MessaggioUbx messaggio_;
     ConteggiSoluzioni conteggi_;
     Soluzione soluzione_;
-    std::array<std::uint8_t, NAV_SOL_BYTE> nav_sol_{};
     std::optional<std::uint32_t> epoca_;  // of the last solution
     bool epoca_da_pvt_ = false;
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "common/interi.h"
 
@@ -38,12 +37,10 @@ double accuratezza_posizione(Byte payload) {
     return std::hypot(intero<std::uint32_t>(payload, 40), intero<std::uint32_t>(payload, 44)) / MILLE;
 }
 
+// Whatever the message holds in mm has room in as many bits of cm.
 template <typename Intero>
 Intero arrotondato(double valore) {
-    const double tondo = std::round(valore);
-    const bool sta = tondo >= static_cast<double>(std::numeric_limits<Intero>::min()) &&
-                     tondo <= static_cast<double>(std::numeric_limits<Intero>::max());
-    return sta ? static_cast<Intero>(tondo) : Intero{0};
+    return static_cast<Intero>(std::llround(valore));
 }
 
 void scrivi(std::span<std::uint8_t> byte, std::size_t da, const Ecef& e) {

@@ -18,7 +18,9 @@ Ecef centimetri(std::span<const std::uint8_t> byte, std::size_t da) {
 }  // namespace
 
 std::optional<double> Soluzione::altezza() const {
-    return luogo && con_altezza(fix) ? std::optional(luogo->altezza) : std::nullopt;
+    if (!luogo || !con_altezza(fix))
+        return std::nullopt;
+    return luogo->altezza;
 }
 
 std::optional<double> Soluzione::andatura() const {
@@ -26,11 +28,15 @@ std::optional<double> Soluzione::andatura() const {
 }
 
 std::optional<double> Soluzione::rotta() const {
-    return velocita && velocita->orizzontale() > 0 ? std::optional(velocita->rotta()) : std::nullopt;
+    if (!velocita || velocita->orizzontale() == 0)
+        return std::nullopt;
+    return velocita->rotta();
 }
 
 std::optional<double> Soluzione::salita() const {
-    return velocita && con_altezza(fix) ? std::optional(velocita->su) : std::nullopt;
+    if (!velocita || !con_altezza(fix))
+        return std::nullopt;
+    return velocita->su;
 }
 
 Soluzione da_nav_sol(std::span<const std::uint8_t, NAV_SOL_BYTE> payload) {

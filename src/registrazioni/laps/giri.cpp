@@ -167,8 +167,7 @@ void dividi(std::span<Giro> giri, const Guida& guida, std::span<const Linea> int
         std::sort(tempi.begin(), tempi.end());
         uno.quando = tempi.empty() ? 1 : tempi[tempi.size() / 2];
     }
-    std::stable_sort(tutti.begin(), tutti.end(),
-                     [](const Intermedio& a, const Intermedio& b) { return a.quando < b.quando; });
+    std::ranges::sort(tutti, {}, &Intermedio::quando);
     for (Giro& giro : giri) {
         giro.settori.assign(intermedi.empty() ? 0 : intermedi.size() + 1, std::nullopt);
         if (!giro.ms || !giro.inizio || intermedi.empty())

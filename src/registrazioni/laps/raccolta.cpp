@@ -58,10 +58,8 @@ Fix fix_di(const Soluzione& soluzione, OrologioGps& orologio) {
     fix.valido = true;
     fix.latitudine = soluzione.luogo->latitudine;
     fix.longitudine = soluzione.luogo->longitudine;
-    if (soluzione.velocita) {
-        fix.velocita = soluzione.velocita->orizzontale();
-        fix.rotta = soluzione.velocita->rotta();
-    }
+    fix.velocita = soluzione.velocita->orizzontale();  // whoever has a place has a velocity
+    fix.rotta = soluzione.velocita->rotta();
     return fix;
 }
 
@@ -224,7 +222,7 @@ std::vector<Giro> RaccoltaRecord::giri_del_registratore(const Guida& guida) cons
         giro.numero = uno.numero;
         giro.ms = uno.ms;
         giro.campioni = uno.record - std::exchange(prima, uno.record);
-        if (uno.fine && !guida.fix().empty()) {
+        if (uno.fine) {  // then records have times, and the way has a fix for each
             giro.fine = uno.fine;
             giro.inizio = *uno.fine - uno.ms / 1000.0;
             giro.sessione = guida.sessione(uno.record);

@@ -29,7 +29,7 @@ std::string nome_sottocampo(kel_funpos pacchetto, kel_funpos fid) {
         return "Latitude library rule";
     const s_sottocampo* riga =
         getDettagliSottocampo(search_sottocampi_struct(kelFidOggetto(pacchetto), kelFidPosizione(pacchetto)), fid);
-    if (riga != nullptr && riga->testo != nullptr && *riga->testo != '\0')
+    if (*riga->testo != '\0')  // the row is there: the packet has told of the function
         return riga->testo;
     const std::string grandezza = grandezza_fisica_FunzKel[kelFidGrandezza(fid)].testo;
     const std::span<const s_campo_fid> oggetti(oggetto_misurato_FunzKel);
@@ -143,21 +143,11 @@ bool ColonnaDati::ha_valore() const {
 }
 
 std::optional<double> ColonnaDati::valore(const std::uint8_t* campioni) const {
-    if (!ha_valore())
-        return std::nullopt;
-    if (campo_) {
-        const auto numero = valore_gps(soluzione(campioni), *campo_);
-        return numero ? std::optional(*numero * fattore_) : std::nullopt;
-    }
     std::uint32_t stato = 0;
     const float valore = conv_.valore(&conv_, campioni + conv_.offset_campione, &stato);
-    return stato == 0 ? std::optional(static_cast<double>(valore)) : std::nullopt;
-}
-
-std::string ColonnaDati::testo(const std::uint8_t* campioni) {
-    char testo[32];
-    kelConvGetString(&conv_, campioni, testo);
-    return testo;
+    if (stato != 0)
+        return std::nullopt;
+    return valore;
 }
 
 std::string ColonnaDati::nome_misurato() const {

@@ -31,10 +31,8 @@ public:
     /// Shows another unit of its function; false when the function has no such unit.
     bool mostra_in(const IFunzioni& catalogo, const s_kel_canale& canale, const std::string& nuova);
 
-    /// The value of a record's samples; nothing when the sample has none, or holds a reserved value.
+    /// The value of a record's samples, where it has values and is no field of a solution; nothing for a reserved value.
     std::optional<double> valore(const std::uint8_t* campioni) const;
-    /// The library's text of it.
-    std::string testo(const std::uint8_t* campioni);
     /// The solution that its field is of; only where there is a field.
     const Soluzione& soluzione(const std::uint8_t* campioni) const;
 

@@ -94,7 +94,7 @@ Inquadratura presa(const EsameOrario& esame, const std::string& perche) {
     std::string testo = std::string("time stamps: ") + nome_orario(esame.orario);
     if (esame.orario != Orario::nessuno && esame.record > 1)
         testo += ", every " + misurato(esame.orario, esame.intervallo);
-    return {esame.orario, esame.provato(), testo + perche};
+    return {esame.orario, testo + perche};
 }
 
 }  // namespace
@@ -135,7 +135,7 @@ Inquadratura scegli_inquadratura(std::span<const std::uint8_t> testa, std::size_
     const auto provatoIntero = [](const EsameOrario& e) { return e.provato() && e.entra(); };
     if (quanti(provatoIntero) == 1)
         return presa(primo(provatoIntero), "");
-    if (quanti(provato) == 1 && quanti(provatoIntero) == 0)
+    if (quanti(provato) == 1)
         return presa(primo(provato), "");  // the end has cut its last record off
     if (quanti(provato) > 1)
         indeciso("time stamps run in even steps under more than one", esami, lunghezza, parole);
@@ -155,7 +155,7 @@ Inquadratura scegli_inquadratura(std::span<const std::uint8_t> testa, std::size_
                                   : std::string(", as nothing runs forward in even steps"));
     if (quanti(solo) == 1)
         return presa(primo(solo), ", as no other framing fits the length");
-    indeciso(quanti(coppia) > 1 ? "two records are too few to tell" : "none fits", esami, lunghezza, parole);
+    indeciso("none fits", esami, lunghezza, parole);
 }
 
 Inquadratura verifica_inquadratura(std::span<const std::uint8_t> testa, std::size_t dimensione,
@@ -170,7 +170,7 @@ Inquadratura verifica_inquadratura(std::span<const std::uint8_t> testa, std::siz
         meglio == esami.end() ? "" : std::string("; ") + parole.orario + " " + descritto(*meglio, lunghezza);
     if (!suo.entra() && !suo.provato())
         throw Errore(lunghezza_errata(lunghezza.value_or(0), suo.passo) + consiglio);
-    Inquadratura inquadratura{scelto, suo.provato(), ""};
+    Inquadratura inquadratura{scelto, ""};
     const std::string opzione = std::string("warning: ") + parole.orario + " " + nome_orario(scelto);
     if (scelto != Orario::nessuno && suo.record > 1 && !suo.regolare)
         inquadratura.detto = opzione + ": the time stamps do not run forward in even steps" + consiglio;

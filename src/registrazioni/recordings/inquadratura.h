@@ -12,7 +12,7 @@
 #include <string>
 
 #include "common/parole.h"
-#include "recordings/lettore_record.h"
+#include "recordings/orario.h"
 
 namespace kel_registrazioni {
 
@@ -34,8 +34,7 @@ struct EsameOrario {
 /// A framing, and what is to be said of it.
 struct Inquadratura {
     Orario orario = Orario::nessuno;
-    bool provata = false;  ///< the time stamps themselves tell that it is right
-    std::string detto;     ///< one line; "" when there is nothing to say
+    std::string detto;  ///< one line; "" when there is nothing to say
 };
 
 /// @param testa       the first bytes of the samples.

@@ -243,7 +243,7 @@ void TabellaRecord::leggi_soluzioni(std::uint64_t da, std::size_t quante, std::s
     for (const s_kel_lettura& una : letture)
         if (colonne_[una.colonna].campo())
             sue.push_back(una);
-    std::ranges::stable_sort(sue, {}, [this](const s_kel_lettura& una) { return colonne_[una.colonna].indice; });
+    std::ranges::sort(sue, {}, [this](const s_kel_lettura& una) { return colonne_[una.colonna].indice; });
     for (std::size_t i = 0; i < sue.size();) {
         const ColonnaDati& prima = colonne_[sue[i].colonna];
         std::size_t oltre = i;

@@ -7,7 +7,7 @@
 
 #include "common/parole.h"
 #include "recordings/colonna.h"
-#include "recordings/lettore_record.h"
+#include "recordings/orario.h"
 #include "recordings/tabella.h"
 
 namespace kel_registrazioni {

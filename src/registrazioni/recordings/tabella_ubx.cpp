@@ -23,11 +23,12 @@ CampoGps campo_di(std::size_t colonna) {
 TabellaUbx::TabellaUbx(std::optional<Byte> flusso)
     : catalogo_(IFunzioni::CreateMe()),
       spinta_(!flusso),
+      finita_(!spinta_),
       byte_(flusso.value_or(Byte{})),
       attesi_(byte_),
       lettore_([this](std::uint8_t* dove, std::size_t quanti) {
           if (attesi_.empty())
-              return finita_ || !spinta_ ? std::size_t{0} : LettoreUbx::ANCORA;
+              return finita_ ? std::size_t{0} : LettoreUbx::ANCORA;
           const Byte dati = attesi_.first(std::min(quanti, attesi_.size()));
           std::ranges::copy(dati, dove);
           attesi_ = attesi_.subspan(dati.size());
@@ -38,13 +39,9 @@ TabellaUbx::TabellaUbx(std::optional<Byte> flusso)
         const AspettoGps& suo = aspetto(campo);
         voci_.push_back({suo.nome, nome_lungo(*catalogo_, fid_di(campo)), suo.udm, fid_di(campo), 0, valori_di(campo),
                          suo.decimali, suo.nome, campo_di_faccia(campo), campo == CampoGps::velocita});
+        if (campo == CampoGps::velocita)
+            mostra_in(voci_.size() - 1, catalogo_->getUnitaBase(KEL_FID_GPS_VELOCITA));
     }
-    for (std::size_t i = 1; i < voci_.size(); ++i)
-        if (campo_di(i) == CampoGps::velocita)
-            mostra_in(i, catalogo_->getUnitaBase(KEL_FID_GPS_VELOCITA));
-    if (spinta_)
-        return;
-    finita_ = true;
     raccogli();
 }
 

@@ -47,7 +47,7 @@ private:
     std::unique_ptr<IFunzioni> catalogo_;
     double fattore_ = 1;  // from m/s to the unit of the speed
     bool spinta_;
-    bool finita_ = false;
+    bool finita_;
     bool interrotta_ = false;             // a piece could not be taken as a whole
     Byte byte_;                           // the caller's stream, or the payloads of raccolti_
     Byte attesi_;                         // given to the reader next

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "gps/navpvt.h"
@@ -255,6 +256,179 @@ TEST(Ubx, HasItsTwelveColumns) {
     }
     s_kel_descrizione d{};
     EXPECT_EQ(kelRegDescrivi(reg.get(), 12, &d), 0);
+}
+
+// On the equator at longitude 0, 100 m up: 3 m/s up, 10 east and 5 north. Week 2307, 28 March 2024.
+Byte equatore() {
+    Byte dati;
+    aggiungi(dati, std::uint32_t{400463250});
+    aggiungi(dati, std::int32_t{0});
+    aggiungi(dati, std::uint16_t{2307});
+    dati.push_back(3);
+    dati.push_back(0x0D);
+    for (const std::int32_t cm : {637823700, 0, 0})
+        aggiungi(dati, cm);
+    aggiungi(dati, std::uint32_t{70000});
+    for (const std::int32_t cm_s : {300, 1000, 500})
+        aggiungi(dati, cm_s);
+    aggiungi(dati, std::uint32_t{350});
+    aggiungi(dati, std::uint16_t{250});
+    dati.push_back(0);
+    dati.push_back(7);
+    aggiungi(dati, std::uint32_t{0});
+    return dati;
+}
+
+TEST(Ubx, RowsHaveEveryFieldAsNumberAndText) {
+    Byte byte;
+    messaggio(byte, 1, 6, equatore());
+    const Registrazione reg(kelRegApriUbx(byte.data(), byte.size(), nullptr));
+    ASSERT_EQ(kelRegRighe(reg.get()), 1u);
+    struct Attesa {
+        double valore;
+        const char* testo;
+    };
+    const Attesa attese[] = {{400463250, "400463250"},
+                             {1711638845250000, "2024-03-28T15:14:05.250Z"},
+                             {3, "3"},
+                             {7, "7"},
+                             {0, "0.00000000"},
+                             {0, "0.00000000"},
+                             {100, "100.000"},
+                             {41.673, "41.673"},  // 3.6 times the root of 134
+                             {63.43494882292201, "63.43"},
+                             {3, "3.000"},
+                             {700, "700.000"},
+                             {3.5, "3.500"}};
+    for (unsigned i = 0; i < 12; ++i) {
+        s_kel_descrizione d{};
+        kelRegDescrivi(reg.get(), i, &d);
+        double numero = 0;
+        std::uint32_t intero = 0;
+        std::int64_t istante = 0;
+        unsigned char valido = 0;
+        std::array<char, 32> testo{};
+        void* dove = d.valori == KEL_VALORI_UINT32    ? static_cast<void*>(&intero)
+                     : d.valori == KEL_VALORI_ISTANTE ? static_cast<void*>(&istante)
+                                                      : &numero;
+        const s_kel_lettura lettura{i, dove, &valido, testo.data()};
+        ASSERT_EQ(kelRegLeggi(reg.get(), 0, 1, &lettura, 1), 1);
+        EXPECT_NEAR(numero + intero + static_cast<double>(istante), attese[i].valore, 0.003) << d.nome;
+        EXPECT_STREQ(testo.data(), attese[i].testo) << d.nome;
+        EXPECT_EQ(valido, 1) << d.nome;
+    }
+}
+
+TEST(Ubx, MessagesOfOtherClassesAreNoSolutions) {
+    Byte byte;
+    messaggio(byte, 5, 6, equatore());
+    messaggio(byte, 5, 7, nav_pvt());
+    messaggio(byte, 1, 8, equatore());
+    const Registrazione reg(kelRegApriUbx(byte.data(), byte.size(), nullptr));
+    EXPECT_EQ(kelRegRighe(reg.get()), 0u);
+    s_kel_conteggi conteggi{};
+    ASSERT_EQ(kelRegConteggi(reg.get(), &conteggi), 1);
+    EXPECT_EQ(conteggi.altri, 3u);
+}
+
+TEST(Ubx, TimeGoesOnCountingOverTheEndOfAWeek) {
+    const std::uint32_t ms[] = {604799000, 604799500, 0, 500, 302400500, 604799999, 302399999, 302399998, 5};
+    Byte byte;
+    for (const std::uint32_t uno : ms) {
+        Byte dati = equatore();
+        for (std::size_t i = 0; i < 4; ++i)
+            dati[i] = static_cast<std::uint8_t>(uno >> 8 * i);
+        messaggio(byte, 1, 6, dati);
+    }
+    const Registrazione reg(kelRegApriUbx(byte.data(), byte.size(), nullptr));
+    std::array<double, 9> tempi{};
+    ASSERT_EQ(kelRegTempi(reg.get(), 0, 9, tempi.data()), 1);
+    const std::array<double, 9> attesi = {604799,     604799.5, 604800, 604800.5, 907200.5, 1209599.999,
+                                          907199.999,  // by half a week, not more: the receiver was wrong
+                                          907199.998,  //
+                                          604800.005};
+    for (std::size_t i = 0; i < 9; ++i)
+        EXPECT_DOUBLE_EQ(tempi[i], attesi[i]) << i;
+    ArrowArrayStream flusso{};
+    ASSERT_EQ(kelRegArrow(reg.get(), 0, 6, 0, &flusso, nullptr), 1);
+    ArrowArray blocco{};
+    ASSERT_EQ(flusso.get_next(&flusso, &blocco), 0);
+    const auto* micro = static_cast<const std::int64_t*>(blocco.children[0]->buffers[1]);
+    EXPECT_EQ(micro[1], 604799500000);
+    EXPECT_EQ(micro[4], 907200500000);
+    EXPECT_EQ(micro[5], 1209599999000);
+    blocco.release(&blocco);
+    flusso.release(&flusso);
+}
+
+TEST(Ubx, OnlyTheSpeedHasOtherUnits) {
+    Byte byte;
+    messaggio(byte, 1, 6, equatore());
+    const Registrazione reg(kelRegApriUbx(byte.data(), byte.size(), nullptr));
+    const unsigned velocita = colonna(reg.get(), "Speed");
+    for (unsigned i = 0; i < 12; ++i)
+        EXPECT_EQ(kelRegUnita(reg.get(), i, "mph"), i == velocita ? 1 : 0) << i;
+    EXPECT_EQ(kelRegUnita(reg.get(), velocita, "furlong"), 0);
+    EXPECT_EQ(kelRegUnita(reg.get(), velocita, ""), 0);
+    s_kel_descrizione d{};
+    kelRegDescrivi(reg.get(), velocita, &d);
+    EXPECT_STREQ(d.udm, "mph") << "as it was before what is none";
+    std::array<char, 32> testo{};
+    const s_kel_lettura lettura{velocita, nullptr, nullptr, testo.data()};
+    ASSERT_EQ(kelRegLeggi(reg.get(), 0, 1, &lettura, 1), 1);
+    EXPECT_STREQ(testo.data(), "25.894");
+    const s_kel_lettura salita{colonna(reg.get(), "Climb"), nullptr, nullptr, testo.data()};
+    ASSERT_EQ(kelRegLeggi(reg.get(), 0, 1, &salita, 1), 1);
+    EXPECT_STREQ(testo.data(), "3.000") << "the others stay in theirs";
+}
+
+TEST(Ubx, RowsOfAPieceAreAtHandUntilTheNext) {
+    Byte byte;
+    for (int i = 0; i < 3; ++i)
+        messaggio(byte, 1, 6, Pista::nav_sol(i));
+    messaggio(byte, 1, 7, nav_pvt());
+    const Registrazione reg(kelRegApriUbx(nullptr, 0, nullptr));
+    const auto spingi = [&](std::size_t da, std::size_t a) {
+        return kelRegSpingi(reg.get(), byte.data() + da, a - da, nullptr);
+    };
+    const auto righe = [&] { return std::pair(kelRegPrima(reg.get()), kelRegRighe(reg.get())); };
+    using Righe = std::pair<std::uint64_t, std::uint64_t>;
+    EXPECT_EQ(righe(), Righe(0, 0));
+    ASSERT_EQ(spingi(0, 61), 1);
+    EXPECT_EQ(righe(), Righe(0, 1));
+    EXPECT_EQ(kelRegAvanzo(reg.get()), 1u) << "the first byte of the next message";
+    ASSERT_EQ(spingi(61, 62), 1);
+    EXPECT_EQ(righe(), Righe(1, 0));
+    EXPECT_EQ(kelRegAvanzo(reg.get()), 2u);
+    ASSERT_EQ(spingi(62, byte.size()), 1);
+    EXPECT_EQ(righe(), Righe(1, 3));
+    EXPECT_EQ(kelRegAvanzo(reg.get()), 0u);
+    std::array<unsigned char, KEL_NAV_SOL_BYTE> payload{};
+    EXPECT_EQ(kelRegNavSol(reg.get(), 0, payload.data()), 0) << "gone";
+    for (unsigned i = 1; i < 3; ++i) {
+        ASSERT_EQ(kelRegNavSol(reg.get(), i, payload.data()), 1);
+        const Byte mandato = Pista::nav_sol(i);
+        EXPECT_TRUE(std::equal(mandato.begin(), mandato.end(), payload.begin())) << i;
+    }
+    ASSERT_EQ(kelRegNavSol(reg.get(), 3, payload.data()), 1);
+    EXPECT_EQ(payload[47], 9) << "satellites of the other kind of message";
+    std::array<double, 3> tempi{};
+    ASSERT_EQ(kelRegTempi(reg.get(), 1, 3, tempi.data()), 1);
+    EXPECT_EQ(tempi, (std::array<double, 3>{345601, 345602, 345700}));
+    ASSERT_EQ(spingi(0, 33), 1);
+    ASSERT_EQ(kelRegSpingi(reg.get(), nullptr, 0, nullptr), 1);
+    EXPECT_EQ(righe(), Righe(4, 0));
+    EXPECT_EQ(kelRegAvanzo(reg.get()), 33u) << "cut off by the end";
+    s_kel_errore errore{};
+    EXPECT_EQ(kelRegSpingi(reg.get(), byte.data(), 1, &errore), 0);
+    EXPECT_STREQ(errore.testo, "the stream has ended");
+    errore = {};
+    EXPECT_EQ(kelRegSpingi(reg.get(), nullptr, 0, &errore), 0);
+    EXPECT_STREQ(errore.testo, "the stream has ended");
+    const Registrazione intero(kelRegApriUbx(byte.data(), 33, nullptr));
+    EXPECT_EQ(kelRegAvanzo(intero.get()), 33u);
+    EXPECT_EQ(kelRegSpingi(intero.get(), nullptr, 0, &errore), 0);
+    EXPECT_STREQ(errore.testo, "the stream has ended");
 }
 
 }  // namespace

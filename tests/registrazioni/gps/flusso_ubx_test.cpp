@@ -165,6 +165,19 @@ TEST(FlussoUbx, MessageOfEveryLengthIsReadInPiecesOfEverySize) {
     }
 }
 
+TEST(FlussoUbx, AMessageThatThePiecesCutInTwoIsWholeAlsoWhereTheBufferIsFull) {
+    Byte byte;
+    for (int i = 0; i < 5000; ++i) {
+        const Byte uno = telaio(0x01, 0x06, dati52(static_cast<std::uint8_t>(i)));
+        byte.insert(byte.end(), uno.begin(), uno.end());
+    }
+    for (const std::size_t pezzo : {66030u, 65570u, 131000u}) {
+        const Trovato trovato = leggi(byte, byte.size(), pezzo);
+        EXPECT_EQ(trovato.navsol.size(), 5000u) << pezzo;
+        EXPECT_EQ(trovato.conteggi.byte_fuori, 0u);
+    }
+}
+
 TEST(FlussoUbx, WrongChecksumDoesNotSwallowTheMessageInsideIt) {
     // A damaged length makes the first message reach over the second one.
     Byte guasta = telaio(0x01, 0x06, dati52(3));

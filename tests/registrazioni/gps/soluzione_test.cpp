@@ -176,8 +176,16 @@ TEST(Soluzione, NumbersThatAreNoPlaceAreNothing) {
     Sol centro = equatore();
     metti(centro, 12, std::int32_t{0});
     EXPECT_FALSE(da_nav_sol(centro).luogo) << "the centre of the earth";
+    for (const std::size_t asse : {16u, 20u}) {
+        Sol fianco = centro;
+        metti(fianco, asse, std::int32_t{637823700});
+        EXPECT_TRUE(da_nav_sol(fianco).luogo) << "on another axis";
+    }
     Pvt oltre = equatore_pvt();
     metti(oltre, 28, std::int32_t{900000001});
+    EXPECT_FALSE(da_nav_pvt(oltre).altezza());
+    EXPECT_FALSE(da_nav_pvt(oltre).salita());
+    EXPECT_FALSE(da_nav_pvt(oltre).rotta());
     EXPECT_FALSE(da_nav_pvt(oltre).luogo) << "beyond the pole";
     Pvt giro = equatore_pvt();
     metti(giro, 24, std::int32_t{1800000001});
@@ -231,6 +239,42 @@ TEST(Soluzione, AnyBytesGiveNumbers) {
     }
 }
 
+TEST(Soluzione, NavPvtHasItsPlaceInTenMillionthsOfADegree) {
+    Pvt p = equatore_pvt();
+    metti(p, 24, std::int32_t{-1041070001});
+    metti(p, 28, std::int32_t{448231002});
+    metti(p, 32, std::int32_t{-12345});
+    const Soluzione s = da_nav_pvt(p);
+    EXPECT_DOUBLE_EQ(s.luogo->longitudine, -104.1070001);
+    EXPECT_DOUBLE_EQ(s.luogo->latitudine, 44.8231002);
+    EXPECT_DOUBLE_EQ(s.luogo->altezza, -12.345);
+}
+
+TEST(Soluzione, AFieldThatNobodyKnowsIsNothing) {
+    const auto nessuno = static_cast<CampoGps>(std::size(CAMPI_GPS));
+    EXPECT_EQ(fid_di(nessuno), 0u);
+    EXPECT_FALSE(valore_gps(da_nav_sol(equatore()), nessuno));
+}
+
+// The greatest numbers that a message holds.
+TEST(Soluzione, NavSolHasRoomForWhateverNavPvtHolds) {
+    Pvt p = equatore_pvt();
+    metti(p, 32, std::int32_t{2147483647});
+    metti(p, 40, std::uint32_t{4294967295});
+    metti(p, 44, std::uint32_t{4294967295});
+    metti(p, 48, std::int32_t{-2147483647});
+    metti(p, 52, std::int32_t{2147483647});
+    metti(p, 56, std::int32_t{2147483647});
+    metti(p, 68, std::uint32_t{4294967295});
+    const Sol sol = nav_sol_da_pvt(p);
+    EXPECT_EQ(intero<std::int32_t>(sol, 12), 852562065);
+    EXPECT_EQ(intero<std::uint32_t>(sol, 24), 607400100u);
+    EXPECT_EQ(intero<std::int32_t>(sol, 28), -214748365);
+    EXPECT_EQ(intero<std::int32_t>(sol, 32), 214748365);
+    EXPECT_EQ(intero<std::int32_t>(sol, 36), -214748365);
+    EXPECT_EQ(intero<std::uint32_t>(sol, 40), 429496730u);
+}
+
 TEST(LettoreSoluzioni, OneSolutionAnEpochWhereBothMessagesAre) {
     std::string byte;
     for (std::uint32_t ms = 0; ms < 5000; ms += 1000)
@@ -243,7 +287,6 @@ TEST(LettoreSoluzioni, OneSolutionAnEpochWhereBothMessagesAre) {
     EXPECT_EQ(epoche, (std::vector<std::uint32_t>{0, 1000, 2000, 3000, 4000, 5000, 6000}));
     EXPECT_EQ(l.conteggi().soluzioni, 7u);
     EXPECT_EQ(l.conteggi().stessa_epoca, 6u);
-    EXPECT_TRUE(l.conteggi().nav_sol && l.conteggi().nav_pvt);
 }
 
 TEST(LettoreSoluzioni, OneMessageTwiceIsTwoSolutions) {

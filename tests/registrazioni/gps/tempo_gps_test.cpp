@@ -70,6 +70,7 @@ TEST(TempoGps, DateOfAMessageIsRoundedToItsMilliseconds) {
     };
     EXPECT_EQ(testo(0), "2024-02-29T23:59:05.000Z");
     EXPECT_EQ(testo(250000400), "2024-02-29T23:59:05.250Z");
+    EXPECT_EQ(testo(999499999), "2024-02-29T23:59:05.999Z");
     EXPECT_EQ(testo(-400000), "2024-02-29T23:59:05.000Z");
     EXPECT_EQ(testo(-50000000), "2024-02-29T23:59:04.950Z");
     EXPECT_EQ(testo(999600000, 59), "2024-03-01T00:00:00.000Z");
@@ -85,6 +86,12 @@ TEST(TempoGps, WhatIsNoDateIsNoTime) {
     EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 60, 0, 0));
     EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 0, 61, 0));
     EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 0, 0, 1000000001));
+    EXPECT_FALSE(utc_da_data(2024, 1, 1, 0, 0, 0, -1000000001));
+    EXPECT_TRUE(utc_da_data(2024, 1, 1, 0, 0, 0, 1000000000)) << "a second more is one";
+    EXPECT_TRUE(utc_da_data(2024, 1, 1, 0, 0, 0, -1000000000));
+    EXPECT_FALSE(utc_da_data(1979, 12, 31, 0, 0, 0, 0)) << "there was no GPS";
+    EXPECT_FALSE(utc_da_data(1980, 1, 6, 0, 0, 0, -50000000)) << "nor before its first second";
+    EXPECT_TRUE(utc_da_data(1980, 1, 6, 0, 0, 0, -400000)) << "which this is";
     EXPECT_FALSE(utc_da_data(0, 1, 1, 0, 0, 0, 0)) << "a receiver that does not know yet";
 }
 

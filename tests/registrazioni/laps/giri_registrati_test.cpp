@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -98,6 +99,68 @@ TEST(LoggedLaps, OfSessionsThatAreJoinedDoNotReachAcross) {
          std::vector<std::pair<double, int>>{{0, 0}, {10, 1}, {70, 2}, {5, 2}, {20, 3}, {80, 4}})
         giri.aggiungi(tempo, {numero, {}, {}});
     EXPECT_EQ(testo(giri.chiudi()), "1: 60000 at 70000, 3: 60000 at 80000");
+}
+
+struct Record {
+    std::optional<double> tempo;
+    StatoCronometro stato;
+};
+
+std::string giri_di(const std::vector<Record>& tutti) {
+    GiriRegistrati giri;
+    for (const Record& uno : tutti)
+        giri.aggiungi(uno.tempo, uno.stato);
+    return testo(giri.chiudi());
+}
+
+TEST(LoggedLaps, BeginWhereANumberAppears) {
+    EXPECT_EQ(giri_di({{0, {}}, {10, {1, {}, {}}}, {70, {2, {}, {}}}, {130, {3, {}, {}}}}),
+              "1: 60000 at 70000, 2: 60000 at 130000");
+    EXPECT_EQ(giri_di({{0, {5, {}, {}}}, {10, {4, {}, {}}}, {70, {5, {}, {}}}, {130, {4, {}, {}}}}),
+              "4: 60000 at 70000")
+        << "a number that falls closes none";
+}
+
+TEST(LoggedLaps, ANumberThatFallsOrGoesBesideATimeThatStaysIsNone) {
+    EXPECT_EQ(giri_di({{0, {5, 60000, {}}}, {10, {0, 60000, {}}}, {12, {0, 60000, {}}}}), "");
+    EXPECT_EQ(giri_di({{0, {1, 50000, {}}}, {60, {2, 50000, {}}}, {61.5, {{}, 50000, {}}}}), "");
+    EXPECT_EQ(giri_di({{0, {1, 50000, {}}}, {60, {2, 50000, {}}}, {61.5, {2, 50000, {}}}}), "2: 50000 at 60000");
+    EXPECT_EQ(giri_di({{0, {1, 50000, {}}}, {60, {2, -1, {}}}}), "") << "a time below 0 is none";
+}
+
+TEST(LoggedLaps, ThatWaitForTheirTimeAreClosedWhereTheSessionEnds) {
+    EXPECT_EQ(giri_di({{0, {0, 50000, {}}}, {50, {1, 50000, {}}}, {5, {1, 50000, {}}}, {60, {2, 51000, {}}}}),
+              "1: 50000 at 50000, 2: 51000 at 60000");
+}
+
+TEST(LoggedLaps, BelieveARunningTimeOfUpToAMinute) {
+    const auto con = [](int corrente) { return giri_di({{0, {0, 0, {}}}, {100, {1, 60000, corrente}}}); };
+    EXPECT_EQ(con(0), "1: 60000 at 100000");
+    EXPECT_EQ(con(60000), "1: 60000 at 40000");
+    EXPECT_EQ(con(60001), "1: 60000 at 100000");
+    EXPECT_EQ(con(-1), "1: 60000 at 100000");
+}
+
+TEST(LoggedLaps, WaitASecondOrEightRecordsForTheOtherOfNumberAndTime) {
+    // The number changes, and again before or behind the end of the waiting; the time stays.
+    const auto con = [](const std::vector<std::optional<double>>& tempi) {
+        std::vector<Record> tutti = {{tempi.front(), {0, 50000, {}}}};
+        for (std::size_t i = 1; i + 1 < tempi.size(); ++i)
+            tutti.push_back({tempi[i], {1, 50000, {}}});
+        tutti.push_back({tempi.back(), {2, 50000, {}}});
+        return giri_di(tutti);
+    };
+    EXPECT_EQ(con({0, 50, 50.9, 60}), "2: 50000 at 50000") << "not waited long enough: one change";
+    EXPECT_EQ(con({0, 50, 51, 60}), "1: 50000 at 50000, 2: 50000 at 60000");
+    EXPECT_EQ(con({{}, {}, {}, {}, {}, {}, {}, {}, {}, {}}), "2: 50000");
+    EXPECT_EQ(con({{}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}}), "1: 50000, 2: 50000");
+    EXPECT_EQ(con({0, 50, {}, {}, {}, {}, {}, {}, {}, {}, 60}), "1: 50000 at 50000, 2: 50000 at 60000")
+        << "records whose time is not known are counted";
+    EXPECT_EQ(con({0, {}, 50, 51, 52, 53, 54, 55, 56, 60}), "2: 50000") << "also where it is known later on";
+}
+
+TEST(LoggedLaps, OfNumbersWithoutTimesOfRecordsAreNone) {
+    EXPECT_EQ(giri_di({{{}, {0, {}, {}}}, {{}, {1, {}, {}}}, {{}, {2, {}, {}}}}), "");
 }
 
 // A recording of one channel of packets.

@@ -386,6 +386,25 @@ TEST(FinishLine, IsFoundWhereTheTrackPassesMostOftenAtSpeed) {
     }
 }
 
+// The kart is fastest after three quarters of its time, where it has driven 0.75 - 0.15 / pi of the circle.
+TEST(FinishLine, LiesAcrossTheFastestPlace) {
+    const Guida guida(Ricevitore{10}.guarda(cerchio([](int) { return 30.0; }), -7, 200));
+    const auto trovata = cerca_linea(guida, MINIMO);
+    ASSERT_TRUE(trovata);
+    const double angolo = 2 * std::numbers::pi * (0.75 - 0.15 / std::numbers::pi);
+    const LineaPiana attesa = guida.linea(linea_in(-100 + 100 * std::cos(angolo), 100 * std::sin(angolo), 107.2));
+    const LineaPiana piana = guida.linea(trovata->linea);
+    EXPECT_LT(std::hypot(piana.centro.est - attesa.centro.est, piana.centro.nord - attesa.centro.nord), 25);
+    EXPECT_NEAR(trovata->linea.rotta, 107.2, 15);
+    EXPECT_NEAR(trovata->velocita, 1.3 * 2 * std::numbers::pi * 100 / 30, 0.2);
+    EXPECT_EQ(trovata->linea.larghezza, 30);
+    EXPECT_EQ(trovata->volte, 7u);
+    const LineaPiana cerchio_suo = guida.linea(linea_in(-100, 0, 0));
+    EXPECT_NEAR(std::hypot(piana.centro.est - cerchio_suo.centro.est, piana.centro.nord - cerchio_suo.centro.nord), 100,
+                0.3)
+        << "in the middle of the track";
+}
+
 TEST(FinishLine, IsFoundThoughAReceiverSlipsOnce) {
     auto fix = Ricevitore{10, 0.5}.guarda(cerchio(durata), -7, 200);
     fix[700].velocita = 140;  // m/s; the kart has 21

@@ -58,7 +58,6 @@ TEST(Framing, IsFoundFromTheStampsOfAnyRecordLength) {
                 registrazione(dimensione_record, orario, 100, [passo](std::size_t i) { return 123456 + i * passo; });
             const Inquadratura inquadratura = trovata(byte, dimensione_record);
             EXPECT_EQ(inquadratura.orario, orario) << dimensione_record;
-            EXPECT_TRUE(inquadratura.provata);
             EXPECT_EQ(inquadratura.detto, std::string("time stamps: ") + nome_orario(orario) + ", every 40 ms");
         }
 }
@@ -152,6 +151,69 @@ TEST(Framing, AChoiceThatTheSamplesSpeakAgainstIsTold) {
     EXPECT_EQ(verifica_inquadratura(byte, 20, byte.size(), Orario::u32ms).detto, "");
 }
 
+// Stamps of both kinds run forward in even steps: milliseconds before records of 104 bytes, microseconds before those of 108.
+Byte con_due_orari(std::size_t lunghezza) {
+    Byte byte(lunghezza, 0x5A);
+    const auto scrivi = [&byte](std::size_t da, std::uint64_t valore, std::size_t quanti) {
+        for (std::size_t i = 0; i < quanti && da + i < byte.size(); ++i)
+            byte[da + i] = static_cast<std::uint8_t>(valore >> 8 * i);
+    };
+    for (std::size_t i = 0; i < 4; ++i) {
+        scrivi(i * 104, i * 40, 4);
+        scrivi(i * 108, i * 1500, 8);
+    }
+    return byte;
+}
+
+TEST(Framing, OfTwoKindsOfStampsIsThatWhichTheLengthFits) {
+    EXPECT_EQ(trovata(con_due_orari(4 * 104), 100).detto, "time stamps: u32ms, every 40 ms");
+    EXPECT_EQ(trovata(con_due_orari(4 * 108), 100).detto, "time stamps: u64us, every 1500 us");
+    EXPECT_EQ(
+        rifiuto([] { return trovata(con_due_orari(440), 100); }),
+        "the framing of the samples is not clear: time stamps run in even steps under more than one (440 bytes); "
+        "orario may be none: 4 records of 100 bytes and 40 bytes over; u32ms: 4 records of 104 bytes and 24 bytes "
+        "over, every 40 ms; u64us: 4 records of 108 bytes and 8 bytes over, every 1500 us");
+    EXPECT_EQ(
+        rifiuto([] { return scegli_inquadratura(con_due_orari(440), 100, std::nullopt); }),
+        "the framing of the samples is not clear: time stamps run in even steps under more than one; orario may be "
+        "none: records of 100 bytes; u32ms: records of 104 bytes, every 40 ms; u64us: records of 108 bytes, every "
+        "1500 us");
+}
+
+TEST(Framing, ThatIsProvedHasNoOtherAdvised) {
+    const Byte byte = con_due_orari(440);
+    EXPECT_EQ(verifica_inquadratura(byte, 100, 27 * 104, Orario::u32ms).detto, "") << "both fit";
+    EXPECT_EQ(verifica_inquadratura(byte, 100, 27 * 104, Orario::u64us).detto, "");
+    EXPECT_EQ(verifica_inquadratura(byte, 100, 400, Orario::nessuno).detto, "")
+        << "stamps under which the length is no whole number of records are no advice";
+    EXPECT_EQ(verifica_inquadratura(std::span(byte).first(104), 100, 104, Orario::u32ms).detto, "")
+        << "one stamp makes no steps";
+}
+
+TEST(Framing, OfAStreamThatBeginsWithTwoRecordsOrOneIsNotTold) {
+    const auto tempo = [](std::size_t i) { return 1000 + i * 40; };
+    const std::string niente = "time stamps: none, as nothing runs forward in even steps";
+    const Byte due = registrazione(21, Orario::u32ms, 2, tempo);
+    EXPECT_EQ(scegli_inquadratura(due, 21, std::nullopt).detto, niente);
+    EXPECT_EQ(scegli_inquadratura(std::span(due).first(25), 21, std::nullopt).detto, niente);
+    EXPECT_NE(rifiuto([&] { return scegli_inquadratura(due, 21, 51); }).find(": none fits (51 bytes)"),
+              std::string::npos)
+        << "two stamps in even steps, and a byte over";
+}
+
+TEST(Framing, SaysNothingOfTheStepsOfOneStamp) {
+    const Byte byte = registrazione(21, Orario::u32ms, 2, [](std::size_t) { return 1000; });
+    EXPECT_EQ(
+        rifiuto([&] { return trovata(Byte(byte.begin(), byte.begin() + 26), 21); }),
+        "the framing of the samples is not clear: none fits (26 bytes); orario may be none: 1 record of 21 bytes and "
+        "5 bytes over; u32ms: 1 record of 25 bytes and 1 byte over; u64us: 0 records of 29 bytes and 26 bytes over");
+}
+
+TEST(Framing, CountsInSingularAndPlural) {
+    EXPECT_EQ(lunghezza_errata(1, 2), "1 byte is no whole number of records of 2 bytes: 0 records and 1 byte over");
+    EXPECT_EQ(lunghezza_errata(5, 3), "5 bytes are no whole number of records of 3 bytes: 1 record and 2 bytes over");
+}
+
 TEST(Framing, OfNoBytesAtAllIsNone) {
     EXPECT_EQ(trovata({}, 4).orario, Orario::nessuno);
 }
@@ -167,25 +229,6 @@ TEST(Framing, OfRandomBytesIsNeverStamped) {
         const std::size_t dimensione_record = 1 + caso() % 50;
         const std::string detto = rifiuto([&] { return trovata(byte, dimensione_record); });
         EXPECT_TRUE(detto == "taken: none" || detto.find("none fits") != std::string::npos) << detto;
-    }
-}
-
-TEST(FramedRecords, CountOnWhereTheirMillisecondsBeginAnew) {
-    Byte byte;
-    for (const std::uint32_t orario : {0xFFFFFFD8u, 0u, 40u, 10u})
-        metti(byte, orario, 4), byte.push_back(1);
-    std::size_t dato = 0;
-    LettoreRecord lettore(
-        [&](std::uint8_t* dove, std::size_t) {
-            if (dato == byte.size())
-                return std::size_t{0};
-            *dove = byte[dato++];
-            return std::size_t{1};
-        },
-        1, Orario::u32ms);
-    for (const std::uint64_t atteso : {0xFFFFFFD8ull, 0x100000000ull, 0x100000028ull, 0x10000000Aull}) {
-        ASSERT_TRUE(lettore.prossimo());
-        EXPECT_EQ(lettore.orario(), atteso);
     }
 }
 
