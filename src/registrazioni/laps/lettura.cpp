@@ -23,8 +23,8 @@ std::string mai_chiuso(const Passaggi& passati, const Linea& linea) {
                                                             : "passes no more than once a session";
     std::string testo_linea = "the track " + quanto + " the line " + testo(linea);
     if (!passati.indietro.empty())
-        testo_linea += "; the other way it does, " + std::to_string(passati.indietro.size()) +
-                       " times: the heading is the third number";
+        testo_linea += "; the other way it does, " + contati(passati.indietro.size(), "time") +
+                       ": the heading is the third number";
     return testo_linea;
 }
 
@@ -41,7 +41,7 @@ Lettura giri_gps(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& p
         const auto cercata = cerca_linea(guida, scelte.minimo);
         if (!cercata)
             throw Errore("no lap is closed: no place is passed twice in the same direction at speed, " +
-                         intera(scelte.minimo) + " s apart or more (" + parole.minimo + ")");
+                         breve(scelte.minimo) + " s apart or more (" + parole.minimo + ")");
         linea = cercata->linea;
         trovata = "; finish line found, passed " + std::to_string(cercata->volte) + " times at " +
                   intera(cercata->velocita * scelte.fattore) + " " + scelte.udm + " on average: " + parole.linea + " " +
@@ -53,8 +53,8 @@ Lettura giri_gps(std::vector<Fix> fix, const ScelteGiri& scelte, const Parole& p
         throw Errore("no lap is closed: " + mai_chiuso(passati, *linea));
     dillo("laps from GPS" + trovata);
     if (passati.scartati != 0)
-        dillo(std::to_string(passati.scartati) + " passages of the line less than " + intera(scelte.minimo) +
-              " s after another are left out (" + parole.minimo + ")");
+        dillo(contati(passati.scartati, "passage") + " of the line less than " + breve(scelte.minimo) +
+              " s after another " + (passati.scartati == 1 ? "is" : "are") + " left out (" + parole.minimo + ")");
     return lettura;
 }
 

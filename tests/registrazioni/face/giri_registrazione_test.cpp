@@ -483,7 +483,7 @@ TEST(LapLines, PassedTooSoonAgainAreToldOf) {
     scelte.minimo = 29.75;
     EXPECT_EQ(giri_ubx(pista(0, 110), scelte),
               "laps from GPS\n"
-              "1 passages of the line less than 30 s after another are left out (minimo)\n"
+              "1 passage of the line less than 29.75 s after another is left out (minimo)\n"
               "0 out at 0.000, 151, 20.9\n"
               "1 30000 at 15.040, 300, 20.9\n"
               "2 58500 at 45.040, 585, 21.7\n"
