@@ -70,7 +70,7 @@ def decode(source: Source, *, identity: str | None = None) -> Decoded:
         A file cannot be read.
     """
     found = decode_tables(source, identity=identity)
-    if len(found) > 1:
+    if len(found) != 1:
         raise RecordingError(
             f"it has {len(found)} time bases, which have no rows in common; accepted: decode_tables"
         )
