@@ -238,7 +238,7 @@ def test_what_was_closed_says_so(kart):
     good = {
         "__getitem__": ("Wheel Speed",), "table_of": ("Wheel Speed",), "between": (1.0, 2.0),
         "read": (["Wheel Speed"],), "texts": ("Wheel Speed",), "set_unit": ("Wheel Speed", "km/h"),
-        "write": ("b.csv",), "to_numpy": (), "__arrow_c_stream__": (),
+        "write": (kart / "none.csv",), "to_numpy": (), "__arrow_c_stream__": (),
     }  # fmt: skip
     without_reading = {"as_texts", "batches", "close", "to_arrow", "to_pandas", "to_polars"}
     methods = {
@@ -251,6 +251,7 @@ def test_what_was_closed_says_so(kart):
         for table in (recording, piece):
             with pytest.raises(kel.RecordingError, match="closed"):
                 getattr(table, name)(*arguments)
+    assert not (kart / "none.csv").exists()
     assert all(_tried(lambda one: one.read(), each) for each in piece.batches(2))
     with pytest.raises(kel.RecordingError, match="closed"):
         kel.laps(recording)
