@@ -69,6 +69,7 @@ def _cells(column: Column) -> list[str]:
 
 
 def _write_csv(table: Table, path: Path) -> None:
+    table[:0].read()  # what is closed leaves no empty file behind
     with open(path, "w", newline="", encoding="utf-8") as file:
         writer = csv.writer(file, lineterminator="\n")
         timed = len(table) >= 0 and table.has_time
@@ -201,6 +202,7 @@ def _write_gpx(table: Table, path: Path) -> None:
         table = table.on(place[0])
     latitude, longitude = place
     wanted = [*place, *(each for each in ("Altitude", "UTC") if each in names)]
+    table[:0].read()
     with open(path, "w", encoding="utf-8") as file:
         file.write(
             '<?xml version="1.0" encoding="UTF-8"?>\n'

@@ -385,8 +385,6 @@ class Table:
         """
         from ._export import write
 
-        with self._handle.open():
-            pass  # what is closed leaves no empty file behind
         write(self, path, format, version)
 
     def __repr__(self) -> str:
