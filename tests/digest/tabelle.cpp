@@ -16,7 +16,7 @@ using Byte = std::vector<unsigned char>;
 
 // One column of some rows.
 struct Letta {
-    std::vector<double> valori;  // room for any kind
+    Byte valori;  // room for any kind
     Byte validi;
     std::vector<char> testi;
 
@@ -28,7 +28,7 @@ std::vector<Letta> leggi(s_kel_registrazione* reg, const kel_colonne::Nuclei* nu
     std::vector<Letta> lette(kelRegNumColonne(reg));
     std::vector<s_kel_lettura> letture;
     for (unsigned i = 0; i < lette.size(); ++i) {
-        lette[i] = {std::vector<double>(quante), Byte((quante + 7) / 8), std::vector<char>(quante * 32)};
+        lette[i] = {Byte(quante * sizeof(double)), Byte((quante + 7) / 8), std::vector<char>(quante * 32)};
         letture.push_back({i, lette[i].valori.data(), lette[i].validi.data(), lette[i].testi.data()});
     }
     scegli_nuclei(nuclei);
@@ -40,7 +40,7 @@ std::vector<Letta> leggi(s_kel_registrazione* reg, const kel_colonne::Nuclei* nu
 template <typename Valore>
 Valore valore(const Letta& letta, std::size_t riga) {
     Valore uno;
-    std::memcpy(&uno, reinterpret_cast<const char*>(letta.valori.data()) + riga * sizeof uno, sizeof uno);
+    std::memcpy(&uno, letta.valori.data() + riga * sizeof uno, sizeof uno);
     return uno;
 }
 

@@ -17,8 +17,30 @@ constexpr double FERMO = 1;          // m/s; below, a receiver's direction is no
 constexpr double BASE = 10;          // m between positions that give a direction
 constexpr std::size_t INTORNO = 64;  // fixes to look for them on either side
 constexpr double RADIANTI = std::numbers::pi / 180;
+constexpr double PASSI_METRO = 1024;    // of positions: a millimetre
+constexpr double PASSI_FINI = 1 << 30;  // of speeds and directions
+
+// Sines differ in their last bit from one mathematical library to another. In whole steps the same fixes give the same numbers
+// on every machine, so that of two places that are equally good for a finish line every machine takes the same.
+double a_passi(double valore, double passi) {
+    return std::nearbyint(valore * passi) / passi;
+}
+
+PuntoPiano posto(const VelocitaLocale& metri) {
+    return {a_passi(metri.est, PASSI_METRO), a_passi(metri.nord, PASSI_METRO)};
+}
+
+PuntoPiano verso(double rotta) {
+    return {a_passi(std::sin(rotta * RADIANTI), PASSI_FINI), a_passi(std::cos(rotta * RADIANTI), PASSI_FINI)};
+}
 
 }  // namespace
+
+double distanza(const PuntoPiano& da, const PuntoPiano& a) {
+    const double est = a.est - da.est;
+    const double nord = a.nord - da.nord;
+    return std::sqrt(est * est + nord * nord);
+}
 
 double LineaPiana::oltre(const PuntoPiano& punto) const {
     return (punto.est - centro.est) * dir_est + (punto.nord - centro.nord) * dir_nord;
@@ -31,6 +53,8 @@ double LineaPiana::a_destra(const PuntoPiano& punto) const {
 Guida::Guida(std::vector<Fix> fix) : fix_(std::move(fix)), posto_valido_(fix_.size()), punti_(fix_.size()) {
     for (std::size_t i = 0; i < fix_.size(); ++i) {
         posto_valido_[i] = validi_.size();
+        if (fix_[i].velocita)
+            fix_[i].velocita = a_passi(*fix_[i].velocita, PASSI_FINI);
         if (fix_[i].valido)
             validi_.push_back(i);
     }
@@ -42,8 +66,7 @@ Guida::Guida(std::vector<Fix> fix) : fix_(std::move(fix)), posto_valido_(fix_.si
     const Ecef o = ecef(origine);
     for (const std::size_t i : validi_) {
         const Ecef p = ecef({fix_[i].latitudine, fix_[i].longitudine, 0});
-        const VelocitaLocale d = velocita_locale(origine, {p.x - o.x, p.y - o.y, p.z - o.z});
-        punti_[i] = {d.est, d.nord};
+        punti_[i] = posto(velocita_locale(origine, {p.x - o.x, p.y - o.y, p.z - o.z}));
     }
     dividi_sessioni();
     misura_buco();
@@ -87,9 +110,7 @@ void Guida::misura_metri() {
         if (!nuova && dt <= buco_ && fix_[i].velocita && fix_[i - 1].velocita) {
             metri_[i] += dt * (*fix_[i].velocita + *fix_[i - 1].velocita) / 2;
         } else if (valido && fix_[i].valido) {
-            const double dritto =
-                std::hypot(punti_[i].est - punti_[*valido].est, punti_[i].nord - punti_[*valido].nord);
-            metri_[i] = std::max(metri_[i], metri_[*valido] + dritto);
+            metri_[i] = std::max(metri_[i], metri_[*valido] + distanza(punti_[*valido], punti_[i]));
         }
         if (fix_[i].valido)
             valido = i;
@@ -116,9 +137,7 @@ std::optional<PuntoPiano> Guida::base(std::size_t fix, double& secondi) const {
     const std::size_t sua = sessione(fix);
     std::size_t da = posto;
     std::size_t a = posto;
-    const auto lontano = [this](std::size_t i, std::size_t j) {
-        return std::hypot(punti_[i].est - punti_[j].est, punti_[i].nord - punti_[j].nord) >= BASE / 2;
-    };
+    const auto lontano = [this](std::size_t i, std::size_t j) { return distanza(punti_[i], punti_[j]) >= BASE / 2; };
     while (da > 0 && posto - da < INTORNO && sessione(validi_[da - 1]) == sua && !lontano(validi_[da], fix))
         --da;
     while (a + 1 < validi_.size() && a - posto < INTORNO && sessione(validi_[a + 1]) == sua &&
@@ -137,17 +156,17 @@ std::optional<double> Guida::velocita(std::size_t fix) const {
         return fix_[fix].velocita;
     double secondi = 0;
     const auto via = fix_[fix].valido ? base(fix, secondi) : std::nullopt;
-    return via ? std::optional(std::hypot(via->est, via->nord) / secondi) : std::nullopt;
+    return via ? std::optional(distanza({}, *via) / secondi) : std::nullopt;
 }
 
 std::optional<PuntoPiano> Guida::direzione(std::size_t fix) const {
     if (fix_[fix].rotta && fix_[fix].velocita.value_or(0) >= FERMO)
-        return PuntoPiano{std::sin(*fix_[fix].rotta * RADIANTI), std::cos(*fix_[fix].rotta * RADIANTI)};
+        return verso(*fix_[fix].rotta);
     if (fix_[fix].rotta && fix_[fix].velocita)
         return std::nullopt;
     double secondi = 0;
     const auto via = fix_[fix].valido ? base(fix, secondi) : std::nullopt;
-    const double lunga = via ? std::hypot(via->est, via->nord) : 0;
+    const double lunga = via ? distanza({}, *via) : 0;
     return lunga >= BASE / 2 ? std::optional(PuntoPiano{via->est / lunga, via->nord / lunga}) : std::nullopt;
 }
 
@@ -155,8 +174,9 @@ LineaPiana Guida::linea(const Linea& linea) const {
     const Geodetica origine{latitudine_, longitudine_, 0};
     const Ecef o = ecef(origine);
     const Ecef p = ecef({linea.latitudine, linea.longitudine, 0});
-    const VelocitaLocale d = velocita_locale(origine, {p.x - o.x, p.y - o.y, p.z - o.z});
-    return {{d.est, d.nord}, std::sin(linea.rotta * RADIANTI), std::cos(linea.rotta * RADIANTI), linea.larghezza};
+    const PuntoPiano direzione = verso(linea.rotta);
+    return {posto(velocita_locale(origine, {p.x - o.x, p.y - o.y, p.z - o.z})), direzione.est, direzione.nord,
+            linea.larghezza};
 }
 
 Linea Guida::linea(const PuntoPiano& centro, const PuntoPiano& direzione, double larghezza) const {

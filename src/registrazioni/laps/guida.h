@@ -17,6 +17,9 @@ struct PuntoPiano {
     double nord = 0;
 };
 
+/// From one to the other, m.
+double distanza(const PuntoPiano& da, const PuntoPiano& a);
+
 /// A line on the same plane.
 struct LineaPiana {
     PuntoPiano centro;
@@ -29,6 +32,7 @@ struct LineaPiana {
     double a_destra(const PuntoPiano& punto) const;
 };
 
+/// Positions are in whole steps of a millimetre, so that every machine finds the same laps.
 class Guida {
 public:
     /// Time that runs backwards begins a new session, and so does a pause of more than ten minutes.

@@ -83,10 +83,12 @@ private:
         const PuntoPiano dove{p.est + parte * (q.est - p.est), p.nord + parte * (q.nord - p.nord)};
         if (std::fabs(linea_.a_destra(dove)) > linea_.larghezza / 2 || !nella_direzione(prima, dopo, verso))
             return;
-        const double velocita =
-            guida_.velocita(prima).value_or(0) * (1 - parte) + guida_.velocita(dopo).value_or(0) * parte;
+        const double v = guida_.velocita(prima).value_or(0);
+        const double velocita = v + parte * (guida_.velocita(dopo).value_or(0) - v);  // v itself where both are v
         const double tempo = f_prima.tempo + parte * dt;
-        Attesa nuova{{tempo, dopo, velocita, velocita<AL_PASSO, dt> guida_.buco()}, tempo, dove, avanti};
+        const bool lento = velocita < AL_PASSO;
+        const bool senza_fix = dt > guida_.buco();
+        Attesa nuova{{tempo, dopo, velocita, lento, senza_fix}, tempo, dove, avanti};
         if (attesa_)  // to and fro
             nuova.primo = attesa_->primo;
         attesa_ = nuova;
@@ -113,9 +115,7 @@ private:
     }
 
     void conferma(std::size_t dopo, double oltre) {
-        const PuntoPiano& q = guida_.punto(dopo);
-        const double via = std::hypot(q.est - attesa_->dove.est, q.nord - attesa_->dove.nord);
-        if (via < CONFERMA)
+        if (distanza(attesa_->dove, guida_.punto(dopo)) < CONFERMA)
             return;
         if ((oltre >= 0) == attesa_->avanti)
             accetta();

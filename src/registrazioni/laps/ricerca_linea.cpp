@@ -27,8 +27,9 @@ struct Candidato {
     double velocita = 0;  // on average of the times
 };
 
+// Of equals the first one driven over.
 bool meglio(const Candidato& a, const Candidato& b) {
-    return std::tuple(a.volte, a.velocita) > std::tuple(b.volte, b.velocita);
+    return std::tuple(a.volte, a.velocita, b.fix) > std::tuple(b.volte, b.velocita, a.fix);
 }
 
 // A speed that one moving fix in ten is above: the greatest may be a receiver's slip, and then nothing else were fast.
@@ -75,9 +76,8 @@ public:
         Candidato candidato{fix, 0, 0};
         std::optional<std::size_t> ultimo;
         for (const std::size_t i : vicini) {
-            const PuntoPiano& p = guida_.punto(i);
             const PuntoPiano direzione = *guida_.direzione(i);
-            if (std::hypot(p.est - qui.est, p.nord - qui.nord) > raggio_ ||
+            if (distanza(qui, guida_.punto(i)) > raggio_ ||
                 direzione.est * verso.est + direzione.nord * verso.nord < COSENO_MINIMO)
                 continue;
             if (!ultimo || std::fabs(guida_.fix()[i].tempo - guida_.fix()[*ultimo].tempo) >= minimo) {

@@ -26,8 +26,8 @@ TEST(Way, LiesOnAPlaneAroundTheFirstFixThatHasAPosition) {
     const LineaPiana piana = guida.linea(piano::linea(300, -40, 30, 12));
     EXPECT_NEAR(piana.centro.est, guida.punto(2).est, 1e-9) << "the same place is the same point";
     EXPECT_NEAR(piana.centro.nord, guida.punto(2).nord, 1e-9);
-    EXPECT_NEAR(piana.dir_est, 0.5, 1e-12);
-    EXPECT_NEAR(piana.dir_nord, 0.8660254037844387, 1e-12);
+    EXPECT_NEAR(piana.dir_est, 0.5, 1e-9);
+    EXPECT_NEAR(piana.dir_nord, 0.8660254037844387, 1e-9);
     EXPECT_EQ(piana.larghezza, 12);
 }
 
@@ -160,9 +160,9 @@ TEST(Way, TakesTheReceiversSpeedAndDirectionWhereThereAreAny) {
     const Guida guida({fix(0, 0, 0, 7.0, 90.0), fix(1, 0, 10, 1.0, 30.0), fix(2, 0, 20, 0.99, 30.0), fix(3, 0, 30, 7.0),
                        fix(4, 0, 40, {}, 90.0), senza_fix(5, 3.0), senza_fix(6)});
     EXPECT_EQ(guida.velocita(0), 7.0);
-    EXPECT_NEAR(guida.direzione(0)->est, 1, 1e-12);
-    EXPECT_NEAR(guida.direzione(1)->est, 0.5, 1e-12);
-    EXPECT_NEAR(guida.direzione(1)->nord, 0.8660254037844387, 1e-12);
+    EXPECT_NEAR(guida.direzione(0)->est, 1, 1e-9);
+    EXPECT_NEAR(guida.direzione(1)->est, 0.5, 1e-9);
+    EXPECT_NEAR(guida.direzione(1)->nord, 0.8660254037844387, 1e-9);
     EXPECT_FALSE(guida.direzione(2)) << "below 1 m/s a receiver's direction is noise";
     EXPECT_NEAR(guida.direzione(3)->nord, 1, 1e-6) << "by the positions";
     EXPECT_NEAR(guida.direzione(4)->nord, 1, 1e-6) << "a direction without a speed is not believed";

@@ -9,11 +9,6 @@
 #include "corsa.h"
 #include "famiglie.h"
 
-// Recordings are read through files and threads of the other programs' kind: their operations are left out here.
-std::span<const digest::Famiglia> digest::famiglie_registrazioni() {
-    return {};
-}
-
 int main(int argc, char** argv) {
     digest::Corsa corsa(false);
     corsa.fino(argc > 1 ? static_cast<std::uint32_t>(std::strtoul(argv[1], nullptr, 10)) : 2000);
