@@ -17,6 +17,7 @@ from ._function import Function, FunctionLike, as_function
 from ._records import Channel, ColumnRecord, ConverterRecord
 from ._samples import Samples, locate
 from ._sampletype import SampleType, SampleTypeLike, as_sample_type
+from ._texts import decoded
 
 __all__ = ["Converter"]
 
@@ -228,8 +229,7 @@ class Converter:
         place = locate(samples, self._type, self._offset)
         texts = np.zeros(place.count, f"S{_TEXT}")
         self._read(place, testi=_address(texts))
-        decoded: npt.NDArray[np.str_] = np.char.decode(texts, "utf-8", "replace")
-        return decoded[:: -1 if place.backwards else 1].reshape(place.shape)
+        return decoded(texts)[:: -1 if place.backwards else 1].reshape(place.shape)
 
     def _read(self, place: Samples, **targets: int) -> None:
         if place.count:

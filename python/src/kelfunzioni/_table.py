@@ -20,6 +20,7 @@ from ._errors import KelError, NotFoundError, RecordingError, nearest
 from ._function import Function
 from ._handle import Handle, checked, number, text_of
 from ._records import Description, Reading
+from ._texts import decoded
 
 if TYPE_CHECKING:
     import pandas
@@ -247,8 +248,7 @@ class Table:
         raw = np.zeros(self._count, f"S{_TEXT}")
         readings = (Reading * 1)(Reading(colonna=place, testi=_address(raw)))
         self._fill(readings)
-        decoded: npt.NDArray[np.str_] = np.char.decode(raw, "utf-8", "replace")
-        return decoded
+        return decoded(raw)
 
     def _fill(self, readings: c.Array[Reading]) -> None:
         with self._handle.open() as reg:
@@ -338,7 +338,7 @@ class Table:
         import pandas
 
         columns = self.read()
-        index = pandas.Index(self.time, name="time") if self.has_time else None
+        index = pandas.Index(self.time, name="time", copy=False) if self.has_time else None
         frame = pandas.DataFrame(
             {name: column.values for name, column in columns.items()}, index=index, copy=False
         )

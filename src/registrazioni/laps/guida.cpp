@@ -17,8 +17,8 @@ constexpr double FERMO = 1;          // m/s; below, a receiver's direction is no
 constexpr double BASE = 10;          // m between positions that give a direction
 constexpr std::size_t INTORNO = 64;  // fixes to look for them on either side
 constexpr double RADIANTI = std::numbers::pi / 180;
-constexpr double PASSI_METRO = 1024;    // of positions: a millimetre
-constexpr double PASSI_FINI = 1 << 30;  // of speeds and directions
+constexpr double PASSI_METRO = 1 << 20;  // of positions: a micrometre
+constexpr double PASSI_FINI = 1 << 30;   // of speeds and directions
 
 // Sines differ in their last bit from one mathematical library to another. In whole steps the same fixes give the same numbers
 // on every machine, so that of two places that are equally good for a finish line every machine takes the same.

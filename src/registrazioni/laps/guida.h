@@ -32,7 +32,7 @@ struct LineaPiana {
     double a_destra(const PuntoPiano& punto) const;
 };
 
-/// Positions are in whole steps of a millimetre, so that every machine finds the same laps.
+/// Positions are in whole steps of a micrometre, so that every machine finds the same laps.
 class Guida {
 public:
     /// Time that runs backwards begins a new session, and so does a pause of more than ten minutes.
