@@ -55,6 +55,7 @@ def distance(table: Table, speed: str | None = None) -> npt.NDArray[np.float64]:
     >>> bool(900 < plot.distance(recording)[-1] / 3 < 1500)
     True
     """
+    _check(table)
     if speed is None:
         speed = _speed(table)
     table = table.table_of(speed)
@@ -112,6 +113,11 @@ def progress(
     >>> float(metres[0]), float(seconds[0]), round(float(seconds[-1]), 3)
     (0.0, 0.0, 48.782)
     """
+    _check(table)
+    if not isinstance(lap, Lap):
+        raise TypeError(f"a lap is {type(lap).__name__}; accepted: one of laps()")
+    if length is not None and not (isinstance(length, (int, float)) and 0 < length < np.inf):
+        raise KelError(f"a lap is {length!r} long; accepted: metres")
     if lap.milliseconds is None:
         raise KelError(f"lap {lap.number} is not closed; accepted: one with a time")
     rows = _at_speed(table, []).between(lap.start, lap.start + lap.seconds)
@@ -177,7 +183,8 @@ def channels(
     >>> [axis.get_ylabel() for axis in figure.axes]
     ['Wheel Speed\nkm/h', 'Engine RPM\nrpm']
     """
-    if not names:
+    _check(table, figure)
+    if not isinstance(names, str) and not len(names):
         raise KelError("there are no channels to draw; accepted: names of columns")
     columns = table.read(names)
     label = _along(over)
@@ -233,7 +240,11 @@ def laps(
     """
     from ._laptime import format_lap
 
+    _check(table, figure)
     chosen = list(driven)
+    for lap in chosen:
+        if not isinstance(lap, Lap):
+            raise TypeError(f"a lap is {type(lap).__name__}; accepted: one of laps()")
     if isinstance(driven, Laps):
         chosen = sorted(
             (lap for lap in driven if lap.state == "good"), key=lambda lap: not lap.best
@@ -295,6 +306,7 @@ def track(table: Table, color: str | None = None, *, figure: Figure | None = Non
     >>> figure.axes[1].get_ylabel()
     'Speed, km/h'
     """
+    _check(table, figure)
     names = place_columns(table)
     if names is None:
         raise RecordingError("there are no columns of latitude and longitude")
@@ -323,6 +335,13 @@ def track(table: Table, color: str | None = None, *, figure: Figure | None = Non
     return figure
 
 
+def _check(table: object, figure: object = None) -> None:
+    if not isinstance(table, Table):
+        raise TypeError(f"a table is {type(table).__name__}; accepted: the rows of a recording")
+    if figure is not None and not hasattr(figure, "subplots"):
+        raise TypeError(f"a figure is {type(figure).__name__}; accepted: one of matplotlib")
+
+
 def _figure(panels: int) -> Figure:
     from matplotlib.figure import Figure
 
@@ -331,7 +350,7 @@ def _figure(panels: int) -> Figure:
 
 def _along(over: str) -> str:
     labels = {"time": "time, s", "distance": "distance, m"}
-    if over not in labels:
+    if not isinstance(over, str) or over not in labels:
         raise KelError(
             f"nothing can be drawn over {over!r}; {nearest(str(over), labels)}"
             f"accepted: {', '.join(labels)}"

@@ -4,21 +4,13 @@ import dataclasses
 import inspect
 import itertools
 import os
-import warnings
 
 import numpy as np
 import pytest
+from hostile import HOSTILE, tried
 
 import kelfunzioni as kel
 from kelfunzioni import mapping
-
-HOSTILE = [
-    None, "", "\0", "\udcff", "x" * 5000, b"\xff\xfe", -1, 2**70, 1.5, float("nan"), float("inf"),
-    True, [], [None], {}, object(), np.zeros(3), np.zeros((2, 3), np.int16)[:, ::-1],
-    np.array(["a"]), np.zeros(3, object), np.zeros(3, ">i4"), slice(None, None, -1), print,
-]  # fmt: skip
-# What a wrong argument may be told by. KelError is a ValueError.
-TOLD = (TypeError, ValueError, LookupError, OSError, OverflowError)
 
 
 @pytest.fixture(scope="module")
@@ -36,20 +28,6 @@ def things(kart, tmp_path_factory):
     ]  # fmt: skip
 
 
-def _tried(call, *arguments, **named):
-    """Call it; whether it was refused."""
-    with warnings.catch_warnings():
-        warnings.simplefilter("ignore")
-        try:
-            found = call(*arguments, **named)
-            if inspect.isgenerator(found):
-                next(found, None)
-        except TOLD as error:
-            assert str(error), (call, arguments, named)
-            return True
-        return False
-
-
 def _functions():
     for module in (kel, mapping):
         for name in module.__all__:
@@ -65,10 +43,10 @@ def _functions():
 @pytest.mark.parametrize(("name", "call"), list(_functions()))
 def test_functions(name, call, tmp_path, monkeypatch):
     monkeypatch.chdir(tmp_path)
-    refused = [_tried(call, each) for each in HOSTILE]
+    refused = [tried(call, each) for each in HOSTILE]
     assert any(refused), name
     for pair in itertools.product(HOSTILE[:12], HOSTILE[::4]):
-        _tried(call, *pair)
+        tried(call, *pair)
 
 
 def test_methods(things, tmp_path, monkeypatch):
@@ -83,7 +61,7 @@ def test_methods(things, tmp_path, monkeypatch):
             if name in ("close", "to_pandas", "to_polars", "to_arrow", "count", "index"):
                 continue
             for each in HOSTILE:
-                _tried(getattr(thing, name), each)
+                tried(getattr(thing, name), each)
                 seen += 1
     assert seen > 500
     for thing in things:  # they are as good as before
@@ -184,19 +162,19 @@ def test_every_argument_of_every_public_function(calls, tmp_path, monkeypatch):
     monkeypatch.chdir(tmp_path)
     assert sorted(calls) == sorted(_public())
     for name, (call, arguments, named) in calls.items():
-        assert not _tried(call, *arguments, **named), name
+        assert not tried(call, *arguments, **named), name
         missed = []
         for place in range(len(arguments)):
             refused = [
-                _tried(call, *arguments[:place], each, *arguments[place + 1 :], **named)
+                tried(call, *arguments[:place], each, *arguments[place + 1 :], **named)
                 for each in HOSTILE
             ]
             missed += [] if any(refused) else [place]
         for key in named:
-            refused = [_tried(call, *arguments, **{**named, key: each}) for each in HOSTILE]
+            refused = [tried(call, *arguments, **{**named, key: each}) for each in HOSTILE]
             missed += [] if any(refused) or key in FLAGS else [key]
         assert not missed, (name, missed)
-        assert not _tried(call, *arguments, **named), name
+        assert not tried(call, *arguments, **named), name
 
 
 def test_files_that_are_damaged_or_have_names_of_any_bytes(kart, tmp_path):
@@ -218,10 +196,10 @@ def test_files_that_are_damaged_or_have_names_of_any_bytes(kart, tmp_path):
             with open(path, "wb") as file:
                 file.write(whole[: max(length, 0)])
             for reader in readers.values():
-                _tried(reader, os.fsdecode(path))
+                tried(reader, os.fsdecode(path))
     for path in (tmp_path, os.fsdecode(folder) + "/\udcff none"):
         for name, reader in readers.items():
-            assert _tried(reader, path), (name, path)
+            assert tried(reader, path), (name, path)
     good = os.fsdecode(os.path.join(folder, b"\xff\xfe.samples"))
     with open(good, "wb") as file:
         file.write(samples)
@@ -252,6 +230,6 @@ def test_what_was_closed_says_so(kart):
             with pytest.raises(kel.RecordingError, match="closed"):
                 getattr(table, name)(*arguments)
     assert not (kart / "none.csv").exists()
-    assert all(_tried(lambda one: one.read(), each) for each in piece.batches(2))
+    assert all(tried(lambda one: one.read(), each) for each in piece.batches(2))
     with pytest.raises(kel.RecordingError, match="closed"):
         kel.laps(recording)

@@ -6,6 +6,7 @@ from pathlib import Path
 
 import numpy as np
 import pytest
+from hostile import HOSTILE, tried
 from matplotlib.figure import Figure
 
 import kelfunzioni as kel
@@ -81,3 +82,24 @@ def test_wrong_arguments(recording, kart):
         plot.track(recording, "none")
     with pytest.raises(kel.RecordingError, match="accepted: km/h"):
         plot.distance(recording, "Engine RPM")
+
+
+def test_every_argument_of_every_function(recording):
+    """Each argument in turn is wrong, and the others right. A new function needs a good call."""
+    driven = kel.laps(recording)
+    calls = {
+        "channels": ((recording, ["Wheel Speed"]), {"over": "distance", "figure": None}),
+        "distance": ((recording, "Wheel Speed"), {}),
+        "laps": ((recording, "Wheel Speed", driven), {"figure": None}),
+        "progress": ((recording, driven.best, 1000.0), {}),
+        "track": ((recording, "Wheel Speed"), {"figure": None}),
+    }
+    assert sorted(calls) == sorted(plot.__all__)
+    for name, (arguments, named) in calls.items():
+        call = getattr(plot, name)
+        assert not tried(call, *arguments, **named), name
+        for place in range(len(arguments)):
+            others = arguments[:place], arguments[place + 1 :]
+            assert any([tried(call, *others[0], each, *others[1], **named) for each in HOSTILE])
+        for key in named:
+            assert any([tried(call, *arguments, **{**named, key: each}) for each in HOSTILE])
