@@ -195,7 +195,8 @@ KEL_API const char* kelRegCanale(const s_kel_registrazione* reg, unsigned canale
 /// @since 0.1.0
 KEL_API size_t kelRegPasso(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 
-/// Which framing was found, and what speaks against the one that was asked for: one line, "" for nothing to say.
+/// Which framing was found, what speaks against the one that was asked for, and the packets that hold no numbers and so have
+/// no column (dates): one line, "" for nothing to say.
 /// @since 0.1.0
 KEL_API const char* kelRegDetto(const s_kel_registrazione* reg) KEL_NOEXCEPT;
 

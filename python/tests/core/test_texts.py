@@ -22,7 +22,8 @@ def test_texts_are_numpys(texts: list[bytes]) -> None:
     raw = np.array(texts, "S32")
     expected = np.char.decode(raw, "utf-8", "replace")
     assert decoded(raw).tolist() == expected.tolist()
-    assert decoded(raw).dtype == expected.dtype
+    # Of no texts an older numpy makes an array of numbers.
+    assert decoded(raw).dtype == (expected.dtype if texts else "<U1")
 
 
 def test_texts_keep_their_shape() -> None:

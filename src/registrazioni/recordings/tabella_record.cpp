@@ -94,12 +94,31 @@ VoceColonna TabellaRecord::voce(const ColonnaDati& colonna) const {
     return voce;
 }
 
+// A date and time packet holds no numbers: nobody is to look for its column in vain.
+void TabellaRecord::di_senza_colonna() {
+    const char* parole = detto_.empty() ? "no column for '" : "; no column for '";
+    for (std::size_t i = 0; i < nomi_.size(); ++i) {
+        bool ne_ha = false;
+        for (const ColonnaDati& una : colonne_)
+            ne_ha |= una.indice == i;
+        if (ne_ha)
+            continue;
+        detto_ += parole;
+        detto_ += nomi_[i];
+        detto_ += '\'';
+        parole = ", '";
+    }
+}
+
 void TabellaRecord::inquadra(std::optional<std::uint64_t> lunghezza) {
     const Byte testa = byte_.first(std::min(byte_.size(), dimensione_testa(lunghezza.has_value(), dimensione_)));
     const Inquadratura inquadratura = chiesto_
                                           ? verifica_inquadratura(testa, dimensione_, lunghezza, *chiesto_, parole_)
                                           : scegli_inquadratura(testa, dimensione_, lunghezza, parole_);
-    detto_ = testa.empty() ? "" : inquadratura.detto;
+    if (!testa.empty()) {
+        detto_ = inquadratura.detto;
+        di_senza_colonna();
+    }
     orario_ = inquadratura.orario;
     passo_ = dimensione_ + byte_orario(orario_);
     inquadrata_ = true;

@@ -41,6 +41,7 @@ public:
     }
 
 private:
+    void di_senza_colonna();
     void inquadra(std::optional<std::uint64_t> lunghezza);
     void mostra();
     VoceColonna voce(const ColonnaDati& colonna) const;

@@ -12,6 +12,7 @@
 
 #include "kelregistrazioni.h"
 #include "prova.h"
+#include "registrazioni/recordings/fatti.h"
 
 namespace {
 
@@ -60,6 +61,28 @@ Righe leggi(s_kel_registrazione* reg, unsigned colonna, std::uint64_t da, std::s
         righe.testi.emplace_back(testi.data() + i * 32);
     }
     return righe;
+}
+
+// A packet of the date and time has no numbers, and its text is the same for all.
+TEST(Recordings, TellOfPacketsThatHaveNoColumn) {
+    const kel_funpos data = kelFidComponi(FID_PHI_PACKAGE, FID_DETTAGLI_DATETIME, 0);
+    auto canali = fatti::canale(kelFidComponi(FID_PHI_SPEED, 0, FID_POS_WHEEL), 1, "Speed");
+    fatti::canale(canali, data, KEL_TIPO_DATA_ORA, "Date");
+    fatti::canale(canali, data, KEL_TIPO_DATA_ORA, "Clock");
+    const std::size_t record = 2 + 2 * kelFunGetSamplSize(KEL_TIPO_DATA_ORA);
+    const fatti::Byte campioni(10 * record);
+    s_kel_apertura apertura{};
+    apertura.orario = KEL_ORARIO_NESSUNO;
+    const auto detto = [&] {
+        const Registrazione reg(
+            kelRegApri(canali.data(), canali.size(), campioni.data(), campioni.size(), &apertura, nullptr));
+        return reg ? std::to_string(kelRegNumColonne(reg.get())) + " " + kelRegDetto(reg.get()) : "refused";
+    };
+    EXPECT_EQ(detto(), "1 no column for 'Date', 'Clock'");
+    apertura.pacchetti = 1;
+    EXPECT_EQ(detto(), "3 ");
+    apertura = {};
+    EXPECT_EQ(detto(), "1 time stamps: none, as nothing runs forward in even steps; no column for 'Date', 'Clock'");
 }
 
 TEST(Recordings, HaveAColumnForEachChannelAndSubfield) {
